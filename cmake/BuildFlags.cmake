@@ -1,0 +1,14 @@
+# What every target of the project is compiled with. The sanitizers apply to the whole build.
+add_library(feecenter_build_flags INTERFACE)
+target_compile_options(feecenter_build_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast
+                                                       -Wcast-qual -Werror)
+target_include_directories(feecenter_build_flags INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+
+if(FEECENTER_SANITIZE)
+  add_compile_options(-fsanitize=${FEECENTER_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${FEECENTER_SANITIZE})
+  if(FEECENTER_SANITIZE MATCHES thread AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    # Boost.Asio's headers use a fence, which g++ warns that ThreadSanitizer cannot see.
+    target_compile_options(feecenter_build_flags INTERFACE -Wno-tsan)
+  endif()
+endif()

@@ -1,0 +1,16 @@
+find_package(Boost 1.74 REQUIRED COMPONENTS thread)
+find_package(Threads REQUIRED)
+find_package(PkgConfig REQUIRED)
+find_package(fmt REQUIRED)
+find_package(CLI11 REQUIRED)
+pkg_check_modules(bson REQUIRED IMPORTED_TARGET libbson-1.0)
+pkg_check_modules(lzma REQUIRED IMPORTED_TARGET liblzma)
+pkg_check_modules(xxhash REQUIRED IMPORTED_TARGET libxxhash)
+pkg_check_modules(tomlplusplus REQUIRED IMPORTED_TARGET tomlplusplus)
+
+# libcsv comes without a package file.
+find_path(CSV_INCLUDE_DIR csv.h REQUIRED)
+find_library(CSV_LIBRARY csv REQUIRED)
+add_library(csv::csv UNKNOWN IMPORTED)
+set_target_properties(csv::csv PROPERTIES IMPORTED_LOCATION ${CSV_LIBRARY}
+                                          INTERFACE_INCLUDE_DIRECTORIES ${CSV_INCLUDE_DIR})

@@ -1,0 +1,51 @@
+#ifndef HOST_ACCOUNT_H
+#define HOST_ACCOUNT_H
+
+#include <boost/shared_ptr.hpp>
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "host/data.h"
+
+namespace qmservice {
+
+/// A trading account.
+///
+/// getHashKey(0) is the account's key in every table: it depends on accountId alone, so it stays the same for the
+/// account's life, whatever becomes of the other fields.
+class CAccountInfo : public RecordOf<CAccountInfo> {
+public:
+    CAccountInfo() = default;
+    CAccountInfo(const CAccountInfo&) = default;
+    CAccountInfo& operator=(const CAccountInfo&) = default;
+    ~CAccountInfo() override;
+
+    [[nodiscard]] uint64 getHashKey(uint64 seed) const override;
+
+    /// 1 and 5 futures, 2 stock, 3 credit, 6 stock option, 7 Shanghai-Hong Kong connect, 8 income swap, 10 NEEQ,
+    /// 11 Shenzhen-Hong Kong connect, 12 prime-brokerage full, 16 income-swap futures.
+    std::int32_t accountType = 0;
+    /// The platform the account trades on; the configuration knows which platforms are simulations.
+    std::int32_t platformId = 0;
+    /// The account's number, unique within a host.
+    std::string accountId;
+    /// What a person calls the account.
+    std::string accountName;
+};
+
+/// What a host's data center holds for one account. Immutable.
+class CAccountData {
+public:
+    explicit CAccountData(boost::shared_ptr<CAccountInfo> accountInfo) : info(std::move(accountInfo)) {}
+
+    /// The account record, shared with the data center; may be empty.
+    [[nodiscard]] boost::shared_ptr<CAccountInfo> getAccountInfo() const { return info; }
+
+private:
+    boost::shared_ptr<CAccountInfo> info;
+};
+
+}  // namespace qmservice
+
+#endif  // HOST_ACCOUNT_H

@@ -1,0 +1,63 @@
+#ifndef HOST_CATALOGUE_H
+#define HOST_CATALOGUE_H
+
+#include <boost/shared_ptr.hpp>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/account.h"
+#include "host/instrument.h"
+
+namespace qmservice {
+
+// Every operation below may be called from any thread, also while the caller holds a lock of the fee center: a host
+// must not call back into the fee center from inside one.
+
+/// The host's instrument catalogue. Records handed out are shared with the catalogue.
+class IInstrumentCenter {
+public:
+    IInstrumentCenter() = default;
+    IInstrumentCenter(const IInstrumentCenter&) = delete;
+    IInstrumentCenter& operator=(const IInstrumentCenter&) = delete;
+    virtual ~IInstrumentCenter() = default;
+
+    /// The instrument whose joined key hashes to `instrumentKey`; empty when unknown.
+    virtual boost::shared_ptr<CInstrument> findInstrument(uint64 instrumentKey) = 0;
+
+    /// Fills `instruments` with every instrument of one type, by the catalogue's string key. The fee center asks for
+    /// the types 2 and 1024.
+    virtual void getInstrumentMap(int type, std::map<std::string, boost::shared_ptr<CInstrument>>& instruments) = 0;
+
+    /// Fills `instruments` with every instrument of the kinds in the mask: 1 stock, 8 credit, 32 stock option,
+    /// 128 Shanghai-Hong Kong connect, 256 NEEQ, 16384 Shenzhen-Hong Kong connect.
+    virtual void getInstrumentList(std::vector<boost::shared_ptr<CInstrument>>& instruments, int kindMask) = 0;
+};
+
+/// The host's account store.
+class IDataCenter {
+public:
+    IDataCenter() = default;
+    IDataCenter(const IDataCenter&) = delete;
+    IDataCenter& operator=(const IDataCenter&) = delete;
+    virtual ~IDataCenter() = default;
+
+    /// The data of the account with this key; empty when unknown.
+    virtual boost::shared_ptr<CAccountData> getAccountData(uint64 accountKey) = 0;
+};
+
+/// The host's central object.
+class TraderCenter {
+public:
+    /// Never empty while the host runs.
+    static boost::shared_ptr<TraderCenter> instance();
+
+    /// The catalogue, owned by the host.
+    [[nodiscard]] IInstrumentCenter* getInstCenter() const;
+    /// The account store; never empty while the host runs.
+    [[nodiscard]] boost::shared_ptr<IDataCenter> getDataCenter() const;
+};
+
+}  // namespace qmservice
+
+#endif  // HOST_CATALOGUE_H

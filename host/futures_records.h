@@ -1,0 +1,50 @@
+#ifndef HOST_FUTURES_RECORDS_H
+#define HOST_FUTURES_RECORDS_H
+
+#include <cstdint>
+#include <string>
+
+#include "host/data.h"
+
+namespace qmservice {
+
+/// Futures commission of one instrument. A fee is the sum of its by-money and its by-volume part.
+class CCommissionRateDetail : public RecordOf<CCommissionRateDetail> {
+public:
+    CCommissionRateDetail() = default;
+    CCommissionRateDetail(const CCommissionRateDetail&) = default;
+    CCommissionRateDetail& operator=(const CCommissionRateDetail&) = default;
+    ~CCommissionRateDetail() override;
+
+    std::string instrumentId;            ///< code of the instrument that the commission applies to
+    double openRatioByMoney = 0;         ///< fee for opening, fraction of turnover
+    double openRatioByVolume = 0;        ///< fee for opening, yuan per lot
+    double closeRatioByMoney = 0;        ///< fee for closing, fraction of turnover
+    double closeRatioByVolume = 0;       ///< fee for closing, yuan per lot
+    double closeTodayRatioByMoney = 0;   ///< fee for closing on the same day, fraction of turnover
+    double closeTodayRatioByVolume = 0;  ///< fee for closing on the same day, yuan per lot
+    double commissionExtra1 = 0;         ///< further fee value
+    double commissionExtra2 = 0;         ///< further fee value
+};
+
+/// Futures margin of one instrument for one hedge flag.
+class CMarginRateDetail : public RecordOf<CMarginRateDetail> {
+public:
+    CMarginRateDetail() = default;
+    CMarginRateDetail(const CMarginRateDetail&) = default;
+    CMarginRateDetail& operator=(const CMarginRateDetail&) = default;
+    ~CMarginRateDetail() override;
+
+    std::int32_t hedgeFlag = 0;           ///< character code '1', '2' or '3'
+    double longMarginRatio = 0;           ///< long margin, fraction of value
+    double longMarginRatioByVolume = 0;   ///< long margin, yuan per lot
+    double shortMarginRatio = 0;          ///< short margin, fraction of value
+    double shortMarginRatioByVolume = 0;  ///< short margin, yuan per lot
+    std::int32_t marginMode = 0;          ///< part of the record's content key
+    double marginExtra1 = 0;              ///< further margin value
+    double marginExtra2 = 0;              ///< further margin value
+};
+
+}  // namespace qmservice
+
+#endif  // HOST_FUTURES_RECORDS_H
