@@ -1,7 +1,8 @@
 # What every target of the project is compiled with. The sanitizers apply to the whole build.
 add_library(feecenter_build_flags INTERFACE)
 target_compile_options(feecenter_build_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast
-                                                       -Wcast-qual -Werror)
+                                                       -Wcast-qual
+                                                       $<$<BOOL:${FEECENTER_WERROR}>:-Werror>)
 target_include_directories(feecenter_build_flags INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
 
 if(FEECENTER_SANITIZE)

@@ -1,4 +1,8 @@
 find_package(Boost 1.74 REQUIRED COMPONENTS thread)
+if(Boost_VERSION VERSION_GREATER_EQUAL 1.87)
+  message(FATAL_ERROR "Boost ${Boost_VERSION} has no boost::asio::io_service, which the boundary with the host names; "
+                      "use one from 1.74 to 1.86")
+endif()
 find_package(Threads REQUIRED)
 find_package(PkgConfig REQUIRED)
 find_package(fmt REQUIRED)

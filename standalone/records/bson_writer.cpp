@@ -1,6 +1,6 @@
 #include "standalone/records/bson_writer.h"
 
-#include <locale.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): uselocale is POSIX, not C++
 
 #include <limits>
 #include <memory>

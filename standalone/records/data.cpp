@@ -27,13 +27,13 @@ void IData::toStream(std::ostream& out) const {
 
 bool IData::isEqual(const IData& other) const { return typeid(*this) == typeid(other); }
 
-std::ptrdiff_t IData::getOffset(const std::string&) const { return -1; }
+std::ptrdiff_t IData::getOffset(const std::string& /*field*/) const { return -1; }
 
 void IData::toBsonWithBson(_bson_t* document) const {
     records::BsonWriter(document).append("_type", std::string_view(classNameOf(*this)));
     appendElementsWithNoTypeIdWithBson(document);
 }
 
-void IData::appendElementsWithNoTypeIdWithBson(_bson_t*) const {}
+void IData::appendElementsWithNoTypeIdWithBson(_bson_t* /*document*/) const {}
 
 }  // namespace qmservice

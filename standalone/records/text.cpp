@@ -11,7 +11,7 @@ namespace {
 bool isControl(unsigned char byte) { return byte < 0x20 || byte == 0x7f; }
 
 void appendHex(std::string& out, unsigned char byte) {
-    static constexpr char digits[] = "0123456789abcdef";
+    static constexpr std::string_view digits = "0123456789abcdef";
     out += {'\\', 'x', digits[byte >> 4], digits[byte & 0xf]};
 }
 

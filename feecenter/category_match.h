@@ -1,0 +1,66 @@
+#ifndef FEECENTER_CATEGORY_MATCH_H
+#define FEECENTER_CATEGORY_MATCH_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "feecenter/category_number.h"
+#include "host/records.h"
+#include "host/services.h"
+
+namespace qmservice {
+
+inline bool isInSystemCategory(const CInstrument& instrument, int category) {
+    return utils::CSingletonT<CppCategory>::instance()->isStockInCategoryForTS(instrument.market, instrument.code,
+                                                                               instrument.productId, category);
+}
+
+/// Whether the instrument is in the user's custom category. The number is compared with how many entries the map has,
+/// not looked up in it. This is intended: with numbers of 10001 and more it leaves the test without effect for any map
+/// of ordinary size.
+template <class Entry>
+bool isInCustomCategory(const CInstrument& instrument, const Entry& entry, int category) {
+    if (static_cast<std::size_t>(category) >= entry.customCategories.size()) {
+        return false;
+    }
+    static const std::vector<std::string> noMembers;
+    const auto members = entry.customCategories.find(category);
+    return utils::CSingletonT<CppCategory>::instance()->isStockInCustomCategory(
+        instrument.market, instrument.code, members == entry.customCategories.end() ? noMembers : members->second);
+}
+
+template <class Entry>
+bool isInGroupCategory(const CInstrument& instrument, const Entry& entry) {
+    return !entry.groupCategories.empty() &&
+           utils::CSingletonT<CppCategory>::instance()->isStockInGroupCategory(
+               instrument.market, instrument.code, instrument.productId, entry.groupCategories, entry.customCategories);
+}
+
+/// The rule that every family shares but Shenzhen connect: whether a custom entry of this category number applies to
+/// the instrument.
+template <class Entry>
+bool matchesCategory(const CInstrument& instrument, const Entry& entry, int category) {
+    if (isInSystemCategory(instrument, category)) {
+        return true;
+    }
+    if (category >= 10001 && category <= 20001) {
+        return isInCustomCategory(instrument, entry, category);
+    }
+    return category >= 70001 && category <= 80001 && isInGroupCategory(instrument, entry);
+}
+
+/// The first entry, in priority order, that `matches` accepts; null when none does. Empty entries are passed over.
+template <class Entries, class Matches>
+auto firstMatch(const Entries& entries, const Matches& matches) -> decltype(entries.front().get()) {
+    for (const auto& entry : entries) {
+        if (entry && matches(*entry)) {
+            return entry.get();
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace qmservice
+
+#endif  // FEECENTER_CATEGORY_MATCH_H

@@ -1,0 +1,160 @@
+#include <boost/smart_ptr/make_shared.hpp>
+#include <boost/thread/lock_types.hpp>
+#include <cmath>
+#include <utility>
+
+#include "CFeeCenter.h"
+#include "feecenter/family_tables.h"
+#include "feecenter/host_calls.h"
+
+// Futures and income-swap lookups: the same tables, two defaults.
+
+namespace qmservice {
+namespace {
+
+using Margins = std::vector<boost::shared_ptr<CMarginRateDetail>>;
+
+/// What the tables hold for an instrument of an account.
+struct StoredRates {
+    boost::shared_ptr<CCommissionRateDetail> commission;
+    Margins margins;  ///< one per key, empty where the key has no record, as for an unset slot
+
+    [[nodiscard]] bool found() const { return commission || !margins.empty(); }
+};
+
+StoredRates findRates(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey) {
+    StoredRates rates;
+    if (const uint64* key = findEntry(tables.commissionKeys, accountKey, instrumentKey)) {
+        rates.commission = findPooled(tables.commissionDetails, *key);
+    }
+    if (const auto* keys = findEntry(tables.marginKeys, accountKey, instrumentKey)) {
+        rates.margins.reserve(keys->size());
+        for (const uint64 key : *keys) {
+            rates.margins.push_back(findPooled(tables.marginDetails, key));
+        }
+    }
+    return rates;
+}
+
+boost::shared_ptr<CInstrumentFee> makeFee(boost::shared_ptr<CInstrument> instrument, StoredRates&& rates) {
+    auto fee = boost::make_shared<CInstrumentFee>();
+    fee->instrument = std::move(instrument);
+    fee->commissionDetail = std::move(rates.commission);
+    fee->marginDetails = std::move(rates.margins);
+    return fee;
+}
+
+/// A copy of a default fee with a commission detail of its own: a host's copy() may be shallow, and a default is never
+/// written. Empty when the host's copy is of no use.
+boost::shared_ptr<CInstrumentFee> detachedCopy(const boost::shared_ptr<CInstrumentFee>& original) {
+    auto fee = boost::dynamic_pointer_cast<CInstrumentFee>(original->copy());
+    if (!fee || !fee->commissionDetail) {
+        return {};
+    }
+    if (fee == original) {
+        fee = boost::make_shared<CInstrumentFee>(*original);
+    }
+    if (fee->commissionDetail == original->commissionDetail) {
+        fee->commissionDetail = boost::make_shared<CCommissionRateDetail>(*original->commissionDetail);
+    }
+    return fee;
+}
+
+/// The default fee made out for the instrument; empty when the instrument or the copy is.
+boost::shared_ptr<CInstrumentFee> defaultFor(const boost::shared_ptr<CInstrumentFee>& original,
+                                             const boost::shared_ptr<CInstrument>& instrument) {
+    auto fee = instrument ? detachedCopy(original) : boost::shared_ptr<CInstrumentFee>();
+    if (!fee) {
+        return {};
+    }
+    fee->instrument = instrument;
+    fee->commissionDetail->instrumentId = instrument->code;
+    return fee;
+}
+
+bool tradesOnSimulation(uint64 accountKey) {
+    const auto data = TraderCenter::instance()->getDataCenter()->getAccountData(accountKey);
+    const auto account = data ? data->getAccountInfo() : boost::shared_ptr<CAccountInfo>();
+    return account && ConfigCollector::instance()->isSimulationPlatform(account->platformId);
+}
+
+/// An exchange fee of -1 means not set and counts as 0.
+double setOrZero(double exchangeFee) {
+    constexpr double kTolerance = 1e-5;
+    return std::fabs(exchangeFee + 1.0) <= kTolerance ? 0.0 : exchangeFee;
+}
+
+struct ExchangeFees {
+    double open;
+    double close;
+    double closeToday;
+};
+
+ExchangeFees exchangeFees(const CInstrument& instrument, double divisor) {
+    return {setOrZero(instrument.getOpenFee()) / divisor, setOrZero(instrument.getCloseFee()) / divisor,
+            setOrZero(instrument.getCloseTodayFee()) / divisor};
+}
+
+void setByMoney(CCommissionRateDetail& commission, const ExchangeFees& fees) {
+    commission.openRatioByMoney = fees.open;
+    commission.closeRatioByMoney = fees.close;
+    commission.closeTodayRatioByMoney = fees.closeToday;
+}
+
+void setByVolume(CCommissionRateDetail& commission, const ExchangeFees& fees) {
+    commission.openRatioByVolume = fees.open;
+    commission.closeRatioByVolume = fees.close;
+    commission.closeTodayRatioByVolume = fees.closeToday;
+}
+
+/// A simulation charges what the exchange itself charges, where the instrument tells it.
+void applyExchangeFee(CCommissionRateDetail& commission, const CInstrument& instrument) {
+    constexpr std::int32_t kPerLot = 1;
+    constexpr std::int32_t kPerTurnover = 2;  // quoted in ten-thousandths
+    constexpr ExchangeFees kNone{0, 0, 0};
+    const std::int32_t feeType = instrument.getFeeType();
+    if (feeType == kPerLot) {
+        setByMoney(commission, kNone);
+        setByVolume(commission, exchangeFees(instrument, 1));
+    } else if (feeType == kPerTurnover) {
+        setByMoney(commission, exchangeFees(instrument, 10000));
+        setByVolume(commission, kNone);
+    }
+}
+
+}  // namespace
+
+boost::shared_ptr<CInstrumentFee> CFeeCenter::getFutureFee(uint64 accountKey, uint64 instrumentKey) {
+    const boost::shared_lock<boost::shared_mutex> lock(futureMutex);
+    auto rates = findRates(FamilyTables::futures(*this), accountKey, instrumentKey);
+    const auto instrument = findInstrument(instrumentKey);
+    if (rates.found()) {
+        if (rates.margins.empty()) {
+            rates.margins = defaultFutureFee->marginDetails;
+        }
+        return makeFee(instrument, std::move(rates));
+    }
+    auto fee = defaultFor(defaultFutureFee, instrument);
+    if (fee && tradesOnSimulation(accountKey)) {
+        applyExchangeFee(*fee->commissionDetail, *instrument);
+    }
+    return fee;
+}
+
+boost::shared_ptr<CInstrumentFee> CFeeCenter::getIncomeSwapFutureFee(uint64 accountKey, uint64 instrumentKey) {
+    const boost::shared_lock<boost::shared_mutex> lock(futureMutex);
+    auto rates = findRates(FamilyTables::futures(*this), accountKey, instrumentKey);
+    const auto instrument = findInstrument(instrumentKey);
+    // Margins that were not found stay empty here: the default's are not put in their place. This is intended.
+    return rates.found() ? makeFee(instrument, std::move(rates)) : defaultFor(defaultIncomeSwapFutureFee, instrument);
+}
+
+bool CFeeCenter::getFutureFees(const boost::shared_ptr<CAccountInfo>& account,
+                               std::vector<boost::shared_ptr<CInstrumentFee>>& fees) {
+    // Instruments with margins but no commission are not listed. This is intended.
+    return listFees(futureMutex, futureCommissionKeys, account, fees, [this](uint64 accountKey, uint64 instrumentKey) {
+        return getFutureFee(accountKey, instrumentKey);
+    });
+}
+
+}  // namespace qmservice

@@ -1,0 +1,89 @@
+#include "feecenter/future_tables.h"
+
+#include <boost/smart_ptr/make_shared.hpp>
+#include <cstddef>
+#include <limits>
+#include <utility>
+
+#include "feecenter/content_key.h"
+
+namespace qmservice {
+namespace {
+
+constexpr std::size_t kSlots = 3;
+constexpr uint64 kUnset = std::numeric_limits<uint64>::max();
+
+template <class Detail>
+boost::shared_ptr<CCommissionRateDetail> makeCommission(const Detail& detail) {
+    auto record = boost::make_shared<CCommissionRateDetail>();
+    record->openRatioByMoney = detail.openRatioByMoney;
+    record->openRatioByVolume = detail.openRatioByVolume;
+    record->closeRatioByMoney = detail.closeRatioByMoney;
+    record->closeRatioByVolume = detail.closeRatioByVolume;
+    record->closeTodayRatioByMoney = detail.closeTodayRatioByMoney;
+    record->closeTodayRatioByVolume = detail.closeTodayRatioByVolume;
+    record->commissionExtra1 = detail.commissionExtra1;
+    record->commissionExtra2 = detail.commissionExtra2;
+    return record;
+}
+
+template <class Detail>
+boost::shared_ptr<CMarginRateDetail> makeMargin(const Detail& detail) {
+    auto record = boost::make_shared<CMarginRateDetail>();
+    record->hedgeFlag = detail.hedgeFlag;
+    record->longMarginRatio = detail.longMarginRatio;
+    record->longMarginRatioByVolume = detail.longMarginRatioByVolume;
+    record->shortMarginRatio = detail.shortMarginRatio;
+    record->shortMarginRatioByVolume = detail.shortMarginRatioByVolume;
+    record->marginExtra1 = detail.marginExtra1;
+    record->marginExtra2 = detail.marginExtra2;
+    return record;
+}
+
+/// Points a slot of the instrument's margin keys at a record. Keys that are not there yet start as three unset slots.
+void setSlot(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey, std::size_t slot, uint64 marginKey) {
+    std::vector<uint64>* stored = findEntry(tables.marginKeys, accountKey, instrumentKey);
+    if (stored != nullptr && !stored->empty()) {
+        (*stored)[slot] = marginKey;
+        return;
+    }
+    std::vector<uint64> keys(kSlots, kUnset);
+    keys[slot] = marginKey;
+    setEntry(tables.marginKeys, accountKey, instrumentKey, std::move(keys));
+}
+
+/// How many slots the instrument's margin keys have. A load keeps them in the order of its records, which may be fewer
+/// than a hedge flag asks for.
+std::size_t slotCount(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey) {
+    const std::vector<uint64>* keys = findEntry(tables.marginKeys, accountKey, instrumentKey);
+    return keys != nullptr && !keys->empty() ? keys->size() : kSlots;
+}
+
+}  // namespace
+
+template <class Detail>
+void storeCommissionRates(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey, const Detail& detail) {
+    storeCommission(tables, accountKey, instrumentKey, contentKey(detail), [&] { return makeCommission(detail); });
+}
+
+template <class Detail>
+void storeMarginRates(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey, const Detail& detail) {
+    if (detail.hedgeFlag < '1' || detail.hedgeFlag > '3') {
+        return;
+    }
+    const auto slot = static_cast<std::size_t>(detail.hedgeFlag - '1');
+    const uint64 marginKey = contentKey(detail);
+
+    const boost::unique_lock<boost::shared_mutex> lock(tables.mutex);
+    if (slot < slotCount(tables, accountKey, instrumentKey)) {
+        poolRecord(tables.marginDetails, marginKey, [&] { return makeMargin(detail); });
+        setSlot(tables, accountKey, instrumentKey, slot, marginKey);
+    }
+}
+
+template void storeCommissionRates(const FutureTables&, uint64, uint64, const CCommissionRateDetail&);
+template void storeCommissionRates(const FutureTables&, uint64, uint64, const CCustomCommissionRateDetail&);
+template void storeMarginRates(const FutureTables&, uint64, uint64, const CMarginRateDetail&);
+template void storeMarginRates(const FutureTables&, uint64, uint64, const CCustomMarginRateDetail&);
+
+}  // namespace qmservice

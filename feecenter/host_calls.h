@@ -1,0 +1,26 @@
+#ifndef FEECENTER_HOST_CALLS_H
+#define FEECENTER_HOST_CALLS_H
+
+#include <boost/shared_ptr.hpp>
+
+#include "host/records.h"
+#include "host/services.h"
+
+namespace qmservice {
+
+/// The trade unit of answers for which the instrument's own is not asked.
+constexpr int kDefaultTradeUnit = 100;
+
+/// The catalogue's instrument with this key; empty when unknown.
+inline boost::shared_ptr<CInstrument> findInstrument(uint64 instrumentKey) {
+    return TraderCenter::instance()->getInstCenter()->findInstrument(instrumentKey);
+}
+
+/// The key under which every table files an instrument.
+inline uint64 instrumentKeyOf(const CInstrument& instrument) {
+    return utils::hash(utils::voStockKey(instrument.market, instrument.code));
+}
+
+}  // namespace qmservice
+
+#endif  // FEECENTER_HOST_CALLS_H

@@ -1,0 +1,67 @@
+#include <boost/smart_ptr/make_shared.hpp>
+#include <string>
+
+#include "CFeeCenter.h"
+#include "feecenter/host_calls.h"
+#include "feecenter/markets.h"
+#include "feecenter/stock_limits.h"
+
+namespace qmservice {
+
+boost::shared_ptr<CInstrumentFee> CFeeCenter::getPbFullFee(uint64 accountKey, uint64 instrumentKey, int unitVolume) {
+    const auto instrument = findInstrument(instrumentKey);
+    if (!instrument) {
+        return emptyFee;
+    }
+    auto fee = findFeeByMarket(instrument->market, accountKey, instrumentKey, unitVolume);
+    return fee ? fee : makeFullDefaultFee(instrument, unitVolume);
+}
+
+boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string& market, uint64 accountKey,
+                                                              uint64 instrumentKey, int unitVolume) {
+    if (isStockMarket(market)) {
+        auto fee = getStockFee(accountKey, instrumentKey, unitVolume);
+        if (fee) {
+            fee->stkOptionFeeRate = getStkOptionFee(accountKey, instrumentKey)->stkOptionFeeRate;
+        }
+        return fee;
+    }
+    if (isFutureMarket(market) || market == "IF" || market == "CFFEX" || market == "INE") {
+        return getFutureFee(accountKey, instrumentKey);
+    }
+    if (market == "HGT" || market == "SSEHKEX") {
+        return getHgtFee(accountKey, instrumentKey);
+    }
+    if (market == "SGT" || market == "SZSEHKEX") {
+        return getSgtFee(accountKey, instrumentKey);
+    }
+    if (market == "HK") {
+        // Both channels are asked and their answers dropped: a Hong Kong instrument always gets the full default. This
+        // is intended.
+        getHgtFee(accountKey, instrumentKey);
+        getSgtFee(accountKey, instrumentKey);
+        return emptyFee;
+    }
+    if (market == "SHO" || market == "SZO") {
+        return getStkOptionFee(accountKey, instrumentKey);
+    }
+    if (isForeignMarket(market)) {
+        return getIncomeSwapFutureFee(accountKey, instrumentKey);
+    }
+    return market == "NEEQ" ? getNeeqFee(accountKey, instrumentKey, unitVolume) : emptyFee;
+}
+
+boost::shared_ptr<CInstrumentFee> CFeeCenter::makeFullDefaultFee(const boost::shared_ptr<CInstrument>& instrument,
+                                                                 int unitVolume) {
+    auto fee = boost::make_shared<CInstrumentFee>();
+    fee->stkRateLimit = withTradeUnit(defaultStockRateLimit, unitVolume);
+    fee->instrument = instrument;
+    fee->commissionDetail = defaultFutureFee->commissionDetail;
+    fee->marginDetails = defaultFutureFee->marginDetails;
+    fee->stkOptionFeeRate = defaultStkOptionFeeRate;
+    fee->hgtRateLimit = defaultHgtRateLimit;
+    fee->sgtRateLimit = defaultSgtRateLimit;
+    return fee;
+}
+
+}  // namespace qmservice

@@ -1,0 +1,235 @@
+#ifndef CFEECENTER_H
+#define CFEECENTER_H
+
+#include <boost/asio/io_service.hpp>
+#include <boost/asio/io_service_strand.hpp>
+#include <boost/shared_ptr.hpp>
+#include <boost/thread/shared_mutex.hpp>
+#include <boost/unordered_map.hpp>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "IFeeCenter.h"
+#include "feecenter_export.h"
+
+namespace qmservice {
+
+class CCommissionRateDetail;
+class CCustomCommissionRateDetail;
+class CCustomFutureInstrumentFee;
+class CCustomHGTExchangeRateLimit;
+class CCustomHGTInstrumentFee;
+class CCustomMarginRateDetail;
+class CCustomSgtExchangeRateLimit;
+class CCustomSgtInstrumentFee;
+class CCustomStkExchangeRateLimit;
+class CCustomStockInstrumentFee;
+class CInstrument;
+class CMarginRateDetail;
+class CStkExchangeRateLimit;
+class CStockOptionFeeItem;
+class CStockOptionFeeRate;
+class FamilyTables;
+
+using uint64 = std::uint64_t;
+
+// A host may compile with -Wnon-virtual-dtor; here it is known and documented.
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+#endif
+
+/// The fee center: per family of accounts its tables, the lock that guards them and a default record.
+///
+/// Each family keeps every distinct rate record once, in a pool under a key of its contents, and per account only which
+/// pool key each instrument has. Pooled records are never written, replaced or removed; tables only grow.
+///
+/// Changes run one at a time on the strand that the host's engine keeps under the fee center's name, and take a
+/// family's lock exclusively around each single entry. Queries run on the caller's thread under the lock in shared
+/// mode. No operation holds two family locks. The host must not destroy the object while jobs for it are queued or
+/// running, and every host service must exist before it is built.
+///
+/// The protected members are for a class derived to look inside or to test; the family operations take no part in
+/// routing and post nothing.
+class FEECENTER_EXPORT CFeeCenter : public IFeeCenter {
+public:
+    /// Takes the strand called `name` from the host's engine and builds the default records. Throws std::bad_alloc, and
+    /// what the engine throws.
+    explicit CFeeCenter(const std::string& name);
+    CFeeCenter(const CFeeCenter&) = delete;
+    CFeeCenter& operator=(const CFeeCenter&) = delete;
+    ~CFeeCenter();
+
+    void initFees(const boost::shared_ptr<CAccountInfo>& account,
+                  const std::vector<boost::shared_ptr<IData>>& records) override;
+    void updateCustomFee(const boost::shared_ptr<CAccountInfo>& account,
+                         const boost::shared_ptr<IData>& customFee) override;
+    boost::shared_ptr<CInstrumentFee> getFee(const boost::shared_ptr<CAccountInfo>& account,
+                                             const std::string& stockKey) override;
+    boost::shared_ptr<CInstrumentFee> getFee(const boost::shared_ptr<CAccountInfo>& account, const std::string& market,
+                                             const std::string& code) override;
+    bool getFees(const boost::shared_ptr<CAccountInfo>& account,
+                 std::vector<boost::shared_ptr<CInstrumentFee>>& out) override;
+
+protected:
+    /// Account key -> (instrument key -> pool key).
+    using AccountTable = std::map<uint64, boost::unordered_map<uint64, uint64>>;
+    template <class Record>
+    using Pool = boost::unordered_map<uint64, boost::shared_ptr<Record>>;
+
+    // Loads: store an account's fee records. Run on the strand.
+    void doInitStockFee(const boost::shared_ptr<CAccountInfo>& account,
+                        const std::vector<boost::shared_ptr<IData>>& records);
+    void doInitCreditFee(const boost::shared_ptr<CAccountInfo>& account,
+                         const std::vector<boost::shared_ptr<IData>>& records);
+    void doInitNeeqFee(const boost::shared_ptr<CAccountInfo>& account,
+                       const std::vector<boost::shared_ptr<IData>>& records);
+    void doInitStkOptionFee(const boost::shared_ptr<CAccountInfo>& account,
+                            const std::vector<boost::shared_ptr<IData>>& records);
+    void doInitFutureFee(const boost::shared_ptr<CAccountInfo>& account,
+                         const std::vector<boost::shared_ptr<IData>>& records);
+    void doInitHgtFee(const boost::shared_ptr<CAccountInfo>& account,
+                      const std::vector<boost::shared_ptr<IData>>& records);
+    void doInitSgtFee(const boost::shared_ptr<CAccountInfo>& account,
+                      const std::vector<boost::shared_ptr<IData>>& records);
+
+    // Updates: apply one custom fee to the catalogue's instruments. Run on the strand.
+    void doUpdateStockCustomFee(const boost::shared_ptr<CAccountInfo>& account,
+                                const boost::shared_ptr<CCustomStockInstrumentFee>& fee);
+    void doUpdateCreditCustomFee(const boost::shared_ptr<CAccountInfo>& account,
+                                 const boost::shared_ptr<CCustomStockInstrumentFee>& fee);
+    void doUpdateNeeqCustomFee(const boost::shared_ptr<CAccountInfo>& account,
+                               const boost::shared_ptr<CCustomStockInstrumentFee>& fee);
+    void doUpdateStkOptionCustomFee(const boost::shared_ptr<CAccountInfo>& account,
+                                    const boost::shared_ptr<CCustomStockInstrumentFee>& fee);
+    void doUpdateFutureCustomFee(const boost::shared_ptr<CAccountInfo>& account,
+                                 const boost::shared_ptr<CCustomFutureInstrumentFee>& customFee);
+    void doUpdateFutureInstrumentFee(const boost::shared_ptr<CAccountInfo>& account,
+                                     const boost::shared_ptr<CInstrumentFee>& fee);
+    void doUpdateHgtCustomFee(const boost::shared_ptr<CAccountInfo>& account,
+                              const boost::shared_ptr<CCustomHGTInstrumentFee>& fee);
+    void doUpdateSgtCustomFee(const boost::shared_ptr<CAccountInfo>& account,
+                              const boost::shared_ptr<CCustomSgtInstrumentFee>& fee);
+
+    // Lookups of one instrument: a new fee whose account is empty, or an empty pointer where there is no fee. Those of
+    // stock, credit, NEEQ, stock option and the connect channels are never empty. The trade unit is what the limit of a
+    // fallback answer must carry in unitVolume.
+    boost::shared_ptr<CInstrumentFee> getStockFee(uint64 accountKey, uint64 instrumentKey, int tradeUnit);
+    boost::shared_ptr<CInstrumentFee> getCreditFee(uint64 accountKey, uint64 instrumentKey, int tradeUnit);
+    boost::shared_ptr<CInstrumentFee> getNeeqFee(uint64 accountKey, uint64 instrumentKey, int tradeUnit);
+    boost::shared_ptr<CInstrumentFee> getStkOptionFee(uint64 accountKey, uint64 instrumentKey);
+    boost::shared_ptr<CInstrumentFee> getFutureFee(uint64 accountKey, uint64 instrumentKey);
+    boost::shared_ptr<CInstrumentFee> getIncomeSwapFutureFee(uint64 accountKey, uint64 instrumentKey);
+    boost::shared_ptr<CInstrumentFee> getPbFullFee(uint64 accountKey, uint64 instrumentKey, int unitVolume);
+    boost::shared_ptr<CInstrumentFee> getHgtFee(uint64 accountKey, uint64 instrumentKey);
+    boost::shared_ptr<CInstrumentFee> getSgtFee(uint64 accountKey, uint64 instrumentKey);
+
+    // Lists: as getFees, for one family.
+    bool getStockFees(const boost::shared_ptr<CAccountInfo>& account,
+                      std::vector<boost::shared_ptr<CInstrumentFee>>& fees);
+    bool getCreditFees(const boost::shared_ptr<CAccountInfo>& account,
+                       std::vector<boost::shared_ptr<CInstrumentFee>>& fees);
+    bool getNeeqFees(const boost::shared_ptr<CAccountInfo>& account,
+                     std::vector<boost::shared_ptr<CInstrumentFee>>& fees);
+    bool getStkOptionFees(const boost::shared_ptr<CAccountInfo>& account,
+                          std::vector<boost::shared_ptr<CInstrumentFee>>& fees);
+    bool getFutureFees(const boost::shared_ptr<CAccountInfo>& account,
+                       std::vector<boost::shared_ptr<CInstrumentFee>>& fees);
+    bool getHgtFees(const boost::shared_ptr<CAccountInfo>& account,
+                    std::vector<boost::shared_ptr<CInstrumentFee>>& fees);
+    bool getSgtFees(const boost::shared_ptr<CAccountInfo>& account,
+                    std::vector<boost::shared_ptr<CInstrumentFee>>& fees);
+
+    // Not exported: the steps of getFee and getPbFullFee.
+
+    /// Asks the lookup of the account kind's family; empty for a kind without one.
+    FEECENTER_LOCAL boost::shared_ptr<CInstrumentFee> findFamilyFee(int accountType, const CInstrument& instrument,
+                                                                    uint64 accountKey, uint64 instrumentKey,
+                                                                    int tradeUnit);
+
+    /// What getPbFullFee answers where the instrument's market has a family; empty where it has none.
+    FEECENTER_LOCAL boost::shared_ptr<CInstrumentFee> findFeeByMarket(const std::string& market, uint64 accountKey,
+                                                                      uint64 instrumentKey, int unitVolume);
+    /// A fee with every family's default at once.
+    FEECENTER_LOCAL boost::shared_ptr<CInstrumentFee> makeFullDefaultFee(
+        const boost::shared_ptr<CInstrument>& instrument, int unitVolume);
+
+    /// Builds the eight default records; the constructor's last step.
+    void initDefaultFees();
+
+    // Content keys: records whose rates agree after scaling by 1e8 and truncating, and whose trade units are equal,
+    // have equal keys. The record must not be empty. The integer is the trade unit.
+    uint64 getHashKey(const boost::shared_ptr<CCommissionRateDetail>& detail);
+    uint64 getHashKey(const boost::shared_ptr<CCustomCommissionRateDetail>& detail);
+    uint64 getHashKey(const boost::shared_ptr<CMarginRateDetail>& detail);
+    uint64 getHashKey(const boost::shared_ptr<CCustomMarginRateDetail>& detail);
+    uint64 getHashKey(const boost::shared_ptr<CStkExchangeRateLimit>& limit, int n);
+    uint64 getHashKey(const boost::shared_ptr<CCustomStkExchangeRateLimit>& limit, int n);
+    uint64 getHashKey(const boost::shared_ptr<CCustomHGTExchangeRateLimit>& limit, int n);
+    uint64 getHashKey(const boost::shared_ptr<CCustomSgtExchangeRateLimit>& limit, int n);
+
+    // Every change runs here.
+    boost::shared_ptr<boost::asio::io_service::strand> strand;
+
+    // Each mutex guards the tables that follow it, up to the default. The defaults are constant after construction and
+    // read without a lock.
+    boost::shared_mutex stockMutex;
+    Pool<CStkExchangeRateLimit> stockRateLimitPool;
+    AccountTable stockAccountTable;
+    boost::shared_ptr<CStkExchangeRateLimit> defaultStockRateLimit;
+
+    boost::shared_mutex creditMutex;
+    Pool<CStkExchangeRateLimit> creditRateLimitPool;
+    AccountTable creditAccountTable;
+    boost::shared_ptr<CStkExchangeRateLimit> defaultCreditRateLimit;
+
+    boost::shared_mutex hgtMutex;
+    Pool<CCustomHGTExchangeRateLimit> hgtRateLimitPool;
+    AccountTable hgtAccountTable;
+    boost::shared_ptr<CCustomHGTExchangeRateLimit> defaultHgtRateLimit;
+
+    boost::shared_mutex sgtMutex;
+    Pool<CCustomSgtExchangeRateLimit> sgtRateLimitPool;
+    AccountTable sgtAccountTable;
+    boost::shared_ptr<CCustomSgtExchangeRateLimit> defaultSgtRateLimit;
+
+    // Queries hold this lock, the update holds stockMutex: a query never waits for an update. stkOptionTableMutex keeps
+    // the tables whole between the two.
+    boost::shared_mutex stkOptionMutex;
+    Pool<CStockOptionFeeItem> stkOptionItemPool;
+    std::map<uint64, boost::unordered_map<uint64, std::map<std::string, uint64>>> stkOptionAccountTable;
+    std::map<uint64, boost::unordered_map<uint64, double>> stkOptionBaseRateTable;  ///< read, filled by nothing
+    boost::shared_ptr<CStockOptionFeeRate> defaultStkOptionFeeRate;
+
+    boost::shared_mutex futureMutex;
+    Pool<CCommissionRateDetail> futureCommissionDetails;
+    AccountTable futureCommissionKeys;
+    Pool<CMarginRateDetail> futureMarginDetails;
+    std::map<uint64, boost::unordered_map<uint64, std::vector<uint64>>> futureMarginKeys;
+    boost::shared_ptr<CInstrumentFee> defaultFutureFee;
+    boost::shared_ptr<CInstrumentFee> defaultIncomeSwapFutureFee;
+
+    boost::shared_mutex neeqMutex;
+    Pool<CStkExchangeRateLimit> neeqRateLimitPool;
+    AccountTable neeqAccountTable;
+    boost::shared_ptr<CStkExchangeRateLimit> defaultNeeqRateLimit;
+
+    /// Empty for the object's whole life: the answer where a lookup has none.
+    boost::shared_ptr<CInstrumentFee> emptyFee;
+
+    /// A leaf lock: held only around one read of the stock-option tables or one write, with no host call under it.
+    boost::shared_mutex stkOptionTableMutex;
+
+private:
+    friend class FamilyTables;  // the library's own view of each family's members
+};
+
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif
+
+}  // namespace qmservice
+
+#endif  // CFEECENTER_H

@@ -1,0 +1,231 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "support/call_log.h"
+#include "support/limit_family_test.h"
+
+// The rule that every family but Shenzhen connect shares: which custom limit applies to an instrument.
+
+namespace {
+
+using namespace qmservice;
+
+using Members = std::vector<std::string>;
+
+/// A map of `size` entries with the numbers first, first + 1, ...
+std::map<int, Members> mapOf(int size, int first = 0) {
+    std::map<int, Members> entries;
+    for (int i = 0; i < size; ++i) {
+        entries.emplace_hint(entries.end(), first + i, Members());
+    }
+    return entries;
+}
+
+/// How a family takes custom limits. Stock options alone name their categories.
+template <class LimitFamily>
+struct Numbered : LimitFamily {
+    static std::string category(test::FakeHost& /*host*/, int number) { return std::to_string(number); }
+};
+
+struct StkOption {
+    using CustomLimit = CCustomStkExchangeRateLimit;
+    using CustomFee = CCustomStockInstrumentFee;
+    static constexpr auto name = "StkOption";
+    static constexpr int kind = 6;
+    static constexpr int kindMask = 32;
+    static constexpr auto table = &test::OpenFeeCenter::stkOptionAccountTable;
+    static constexpr auto update = &test::OpenFeeCenter::doUpdateStkOptionCustomFee;
+
+    static std::string category(test::FakeHost& host, int number) {
+        const std::string text = "category no. " + std::to_string(number);
+        host.categoryNumbers[text] = number;
+        return text;
+    }
+};
+
+template <class Family>
+class CategoryMatchTest : public test::FeeCenterTest {
+protected:
+    using CustomLimit = typename Family::CustomLimit;
+
+    /// A custom limit with which every category test of its number can be asked.
+    boost::shared_ptr<CustomLimit> limitOf(int number) {
+        auto made = boost::make_shared<CustomLimit>();
+        made->category = Family::category(host, number);
+        made->customCategories = mapOf(number > 0 && number < 80005 ? number + 1 : 3);
+        made->groupCategories = {boost::make_shared<CGroupCategorySubInfo>()};
+        return made;
+    }
+
+    /// Whether the custom limit reaches the instrument; `calls` then holds the category tests asked.
+    bool applies(const boost::shared_ptr<CustomLimit>& rates) {
+        auto fee = boost::make_shared<typename Family::CustomFee>();
+        fee->rateLimits = {rates};
+        const test::CallLog log(host);
+        (center.*Family::update)(test::makeAccount(Family::kind, 7), fee);
+        calls.clear();
+        for (const auto& call : log.calls()) {
+            if (call.compare(0, 9, "isStockIn") == 0) {
+                calls.push_back(call);
+            }
+        }
+        return (center.*Family::table).count(7) != 0;
+    }
+
+    void answerEveryTestButTheSystemsWithYes() {
+        host.inCustomCategory = [](const auto&, const auto&, const auto&) { return true; };
+        host.inGroupCategory = [](const auto&, const auto&, const auto&, const auto&, const auto&) { return true; };
+    }
+
+    const boost::shared_ptr<CInstrument> instrument = [this] {
+        auto listed = boost::make_shared<CInstrument>();
+        listed->market = "MM";
+        listed->code = "CC";
+        listed->productId = "PP";
+        return host.add(listed, Family::kindMask, 0);
+    }();
+    const std::string system = "isStockInCategoryForTS";
+    const std::string custom = "isStockInCustomCategory";
+    const std::string group = "isStockInGroupCategory";
+    std::vector<std::string> calls;
+};
+
+using MatchingFamilies = ::testing::Types<Numbered<test::Stock>, Numbered<test::Credit>, Numbered<test::Neeq>,
+                                          Numbered<test::Hgt>, StkOption>;
+TYPED_TEST_SUITE(CategoryMatchTest, MatchingFamilies, test::FamilyName);
+
+TYPED_TEST(CategoryMatchTest, SystemCategoryMatchesAnyNumberAndNothingElseIsAsked) {
+    for (const int number : {-1, 0, 5, 10001, 20001, 70001, 80001, 90000}) {
+        this->host.systemMembers = {{number, {"MM", "CC"}}};
+        (this->center.*TypeParam::table).clear();
+        EXPECT_TRUE(this->applies(this->limitOf(number))) << "category " << number;
+        EXPECT_EQ(this->calls, (std::vector<std::string>{this->system})) << "category " << number;
+    }
+}
+
+TYPED_TEST(CategoryMatchTest, NumberOutsideBothRangesIsAskedOfTheSystemCategoryOnly) {
+    this->answerEveryTestButTheSystemsWithYes();
+    for (const int number : {-70001, -10001, -1, 0, 1, 10000, 20002, 70000, 80002}) {
+        EXPECT_FALSE(this->applies(this->limitOf(number))) << "category " << number;
+        EXPECT_EQ(this->calls, (std::vector<std::string>{this->system})) << "category " << number;
+    }
+}
+
+TYPED_TEST(CategoryMatchTest, CustomRangeIsAskedOfTheCustomCategoryAfterTheSystems) {
+    this->answerEveryTestButTheSystemsWithYes();
+    for (const int number : {10001, 15000, 20001}) {
+        (this->center.*TypeParam::table).clear();
+        EXPECT_TRUE(this->applies(this->limitOf(number))) << "category " << number;
+        EXPECT_EQ(this->calls, (std::vector<std::string>{this->system, this->custom})) << "category " << number;
+    }
+}
+
+TYPED_TEST(CategoryMatchTest, CustomCategoryThatSaysNoDoesNotMatchAndNoGroupIsAsked) {
+    this->host.inCustomCategory = [](const auto&, const auto&, const auto&) { return false; };
+    EXPECT_FALSE(this->applies(this->limitOf(10001)));
+    EXPECT_EQ(this->calls, (std::vector<std::string>{this->system, this->custom}));
+}
+
+TYPED_TEST(CategoryMatchTest, CustomCategoryIsAskedOnlyWhenTheMapHasMoreEntriesThanTheNumber) {
+    this->answerEveryTestButTheSystemsWithYes();
+    const auto limit = this->limitOf(10001);
+    for (const int size : {0, 3, 10000, 10001}) {
+        limit->customCategories = mapOf(size);
+        EXPECT_FALSE(this->applies(limit)) << size << " entries";
+        EXPECT_EQ(this->calls, (std::vector<std::string>{this->system})) << size << " entries";
+    }
+    limit->customCategories = mapOf(10002);
+    EXPECT_TRUE(this->applies(limit));
+}
+
+TYPED_TEST(CategoryMatchTest, SmallMapThatHoldsTheNumberDoesNotMatch) {
+    this->answerEveryTestButTheSystemsWithYes();
+    const auto limit = this->limitOf(15000);
+    limit->customCategories = {{1, {"CC"}}, {2, {"CC"}}, {15000, {"CC"}}};
+    EXPECT_FALSE(this->applies(limit));
+}
+
+TYPED_TEST(CategoryMatchTest, CustomCategoryGetsMarketCodeAndTheMembersOfItsNumber) {
+    std::vector<std::string> seen;
+    this->host.inCustomCategory = [&](const auto& market, const auto& code, const Members& members) {
+        seen = {market, code};
+        seen.insert(seen.end(), members.begin(), members.end());
+        return false;
+    };
+    const auto limit = this->limitOf(10001);
+    limit->customCategories[10000] = {"wrong"};
+    limit->customCategories[10001] = {"one", "two"};
+    this->applies(limit);
+    EXPECT_EQ(seen, (std::vector<std::string>{"MM", "CC", "one", "two"}));
+}
+
+TYPED_TEST(CategoryMatchTest, MissingNumberIsAskedWithNoMembersAndTheCallersMapDoesNotGrow) {
+    Members seen = {"not asked"};
+    this->host.inCustomCategory = [&](const auto&, const auto&, const Members& members) {
+        seen = members;
+        return true;
+    };
+    const auto limit = this->limitOf(10001);
+    limit->customCategories = mapOf(10002, -10002);
+    EXPECT_TRUE(this->applies(limit));
+    EXPECT_TRUE(seen.empty());
+    EXPECT_EQ(limit->customCategories.size(), 10002U);
+    EXPECT_EQ(limit->customCategories.count(10001), 0U);
+}
+
+TYPED_TEST(CategoryMatchTest, GroupRangeIsAskedOfTheGroupCategoryAfterTheSystems) {
+    this->answerEveryTestButTheSystemsWithYes();
+    for (const int number : {70001, 75000, 80001}) {
+        (this->center.*TypeParam::table).clear();
+        EXPECT_TRUE(this->applies(this->limitOf(number))) << "category " << number;
+        EXPECT_EQ(this->calls, (std::vector<std::string>{this->system, this->group})) << "category " << number;
+    }
+}
+
+TYPED_TEST(CategoryMatchTest, GroupThatSaysNoDoesNotMatch) {
+    this->host.inGroupCategory = [](const auto&, const auto&, const auto&, const auto&, const auto&) { return false; };
+    EXPECT_FALSE(this->applies(this->limitOf(70001)));
+    EXPECT_EQ(this->calls, (std::vector<std::string>{this->system, this->group}));
+}
+
+TYPED_TEST(CategoryMatchTest, GroupWithoutPartsIsNeverAsked) {
+    this->answerEveryTestButTheSystemsWithYes();
+    const auto limit = this->limitOf(70001);
+    limit->groupCategories.clear();
+    EXPECT_FALSE(this->applies(limit));
+    EXPECT_EQ(this->calls, (std::vector<std::string>{this->system}));
+}
+
+TYPED_TEST(CategoryMatchTest, GroupNeedsNoCustomCategories) {
+    this->answerEveryTestButTheSystemsWithYes();
+    const auto limit = this->limitOf(70001);
+    limit->customCategories.clear();
+    EXPECT_TRUE(this->applies(limit));
+}
+
+TYPED_TEST(CategoryMatchTest, GroupGetsInstrumentPartsAndACopyOfTheCustomCategories) {
+    const auto limit = this->limitOf(70001);
+    limit->customCategories = {{3, {"one"}}, {4, {}}};
+    std::vector<std::string> seen;
+    std::vector<boost::shared_ptr<CGroupCategorySubInfo>> seenParts;
+    std::map<int, Members> seenCategories;
+    const std::map<int, Members>* seenMap = nullptr;
+    this->host.inGroupCategory = [&](const auto& market, const auto& code, const auto& product, const auto& parts,
+                                     const auto& categories) {
+        seen = {market, code, product};
+        seenParts = parts;
+        seenCategories = categories;
+        seenMap = &categories;
+        return false;
+    };
+    this->applies(limit);
+    EXPECT_EQ(seen, (std::vector<std::string>{"MM", "CC", "PP"}));
+    EXPECT_EQ(seenParts, limit->groupCategories);
+    EXPECT_EQ(seenCategories, limit->customCategories);
+    EXPECT_NE(seenMap, &limit->customCategories);
+}
+
+}  // namespace

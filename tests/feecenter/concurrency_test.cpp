@@ -1,0 +1,153 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <boost/asio/io_service.hpp>
+#include <future>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "support/fee_center_test.h"
+#include "support/versioned_fees.h"
+
+// Queries from many threads beside changes on the strand. Every rate record is made from one version number, so that a
+// reader can tell which version it was given and whether it is whole.
+
+namespace {
+
+using namespace qmservice;
+using test::VersionedFees;
+
+TEST(VersionedFeesTest, RecordOfTwoVersionsIsNoticed) {
+    CStkExchangeRateLimit limit;
+    EXPECT_EQ(test::versionOf(limit), -1);
+    test::setVersion(limit, 3);
+    EXPECT_EQ(test::versionOf(limit), 3);
+    limit.rate6 += 1;
+    EXPECT_EQ(test::versionOf(limit), -1);
+
+    CCustomHGTExchangeRateLimit connect;
+    test::setVersion(connect, 4);
+    EXPECT_EQ(test::versionOf(connect), 4);
+    connect.rate14 += 1;
+    EXPECT_EQ(test::versionOf(connect), -1);
+
+    CStockOptionFeeItem item;
+    item.fee1 = 5;
+    item.fee2 = 10;
+    item.fee3 = 15;
+    item.fee4 = 20;
+    item.fee5 = 25;
+    EXPECT_EQ(test::versionOf(item), 5);
+    item.fee5 = 20;
+    EXPECT_EQ(test::versionOf(item), -1);
+}
+
+class ConcurrencyTest : public test::FeeCenterTest {
+protected:
+    VersionedFees fees{host, center};
+};
+
+TEST_F(ConcurrencyTest, OneThreadAloneSeesEveryVersionInTurn) {
+    EXPECT_EQ(fees.complaint(0, 0), "");
+    for (int version = 1; version <= 6; ++version) {
+        fees.post(version);
+        EXPECT_EQ(fees.complaint(version - 1, version - 1), "");
+        host.runJobs();
+        EXPECT_EQ(fees.complaint(version, version), "");
+    }
+}
+
+TEST_F(ConcurrencyTest, AnswerThatIsTooOldOrTooNewIsNoticed) {
+    fees.post(1);
+    fees.post(2);
+    host.runJobs();
+    EXPECT_NE(fees.complaint(3, 4), "");
+    EXPECT_NE(fees.complaint(0, 1), "");
+}
+
+/// Runs the host's jobs on one real thread until it goes.
+class StrandThread {
+public:
+    explicit StrandThread(test::FakeHost& host)
+        : work(std::make_unique<boost::asio::io_service::work>(host.service())), thread([&host] {
+              host.service().restart();
+              host.service().run();
+          }) {}
+    StrandThread(const StrandThread&) = delete;
+    StrandThread& operator=(const StrandThread&) = delete;
+    /// Waits for the jobs queued.
+    ~StrandThread() {
+        work.reset();
+        thread.join();
+    }
+
+private:
+    std::unique_ptr<boost::asio::io_service::work> work;
+    std::thread thread;
+};
+
+TEST_F(ConcurrencyTest, ReadersSeeOnlyWholeVersionsThatTheHistoryAllows) {
+    constexpr int kVersions = 300;
+    constexpr int kReaders = 4;
+    std::atomic<int> posted{0};
+    std::atomic<int> done{0};
+
+    const auto read = [&] {
+        std::string complaint;
+        bool last = false;
+        while (complaint.empty() && !last) {
+            last = done == kVersions;
+            complaint = fees.complaint(done, [&posted] { return posted.load(); });
+        }
+        return complaint;
+    };
+
+    std::vector<std::future<std::string>> readers;
+    {
+        const StrandThread strandThread(host);
+        for (int reader = 0; reader < kReaders; ++reader) {
+            readers.push_back(std::async(std::launch::async, read));
+        }
+        for (int version = 1; version <= kVersions; ++version) {
+            posted = version;
+            fees.post(version);
+            center.strand->post([&done, version] { done = version; });
+        }
+    }
+    for (auto& reader : readers) {
+        EXPECT_EQ(reader.get(), "");
+    }
+    EXPECT_EQ(fees.complaint(kVersions, kVersions), "");
+}
+
+TEST_F(ConcurrencyTest, ChangesPostedFromManyThreadsAllTakeEffect) {
+    constexpr int kPosters = 4;
+    constexpr int kEach = 25;
+    const auto account = test::makeAccount(2, 77);
+    std::vector<boost::shared_ptr<CInstrument>> instruments;
+    for (int i = 0; i < kPosters * kEach; ++i) {
+        instruments.push_back(host.addInstrument("SH", "P" + std::to_string(i)));
+    }
+    {
+        const StrandThread strandThread(host);
+        std::vector<std::future<void>> posters;
+        for (int poster = 0; poster < kPosters; ++poster) {
+            posters.push_back(std::async(std::launch::async, [&, poster] {
+                for (int i = poster * kEach; i < (poster + 1) * kEach; ++i) {
+                    center.initFees(
+                        account, {test::makeFee(instruments[static_cast<std::size_t>(i)], test::makeLimit(0.001 * i))});
+                }
+            }));
+        }
+        for (auto& poster : posters) {
+            poster.get();
+        }
+    }
+    for (int i = 0; i < kPosters * kEach; ++i) {
+        EXPECT_EQ(center.getFee(account, "SH", "P" + std::to_string(i))->stkRateLimit->rate1, 0.001 * i);
+    }
+}
+
+}  // namespace

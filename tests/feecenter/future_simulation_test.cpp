@@ -1,0 +1,153 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/future_builders.h"
+
+// On a simulation platform the futures default takes the exchange's own fees.
+
+namespace {
+
+using namespace qmservice;
+using test::kAccount;
+using Rates = std::vector<double>;
+
+constexpr int kSimulation = 9;
+
+/// An instrument that answers the fee queries itself, whatever its fields hold.
+class QuotedInstrument : public CInstrument {
+public:
+    QuotedInstrument(std::int32_t type, double open, double close, double closeToday)
+        : quotedType(type), quotedOpen(open), quotedClose(close), quotedCloseToday(closeToday) {
+        market = "SHFE";
+        code = "rb2605";
+    }
+    [[nodiscard]] std::int32_t getFeeType() const override { return quotedType; }
+    [[nodiscard]] double getOpenFee() const override { return quotedOpen; }
+    [[nodiscard]] double getCloseFee() const override { return quotedClose; }
+    [[nodiscard]] double getCloseTodayFee() const override { return quotedCloseToday; }
+
+private:
+    std::int32_t quotedType;
+    double quotedOpen;
+    double quotedClose;
+    double quotedCloseToday;
+};
+
+class FutureSimulationTest : public test::FutureTest {
+protected:
+    FutureSimulationTest() {
+        account->platformId = kSimulation;
+        host.simulationPlatforms = {kSimulation};
+        host.accounts[kAccount] = boost::make_shared<CAccountData>(account);
+        // A default whose rates are not zero, so that what is set and what is left can be told apart.
+        center.defaultFutureFee->commissionDetail = test::makeCommission(10);
+    }
+
+    void quote(std::int32_t type, double open, double close, double closeToday) {
+        instrument = host.add(boost::make_shared<QuotedInstrument>(type, open, close, closeToday), 0, 2);
+    }
+
+    Rates answer() {
+        const auto fee = center.getFutureFee(kAccount, test::instrumentKey("SHFE", "rb2605"));
+        return fee ? test::ratesOf(*fee->commissionDetail) : Rates();
+    }
+
+    boost::shared_ptr<CInstrument> instrument;
+    const Rates unadjusted{11, 12, 13, 14, 15, 16, 17, 18};
+};
+
+TEST_F(FutureSimulationTest, FeePerLotSetsByVolumeAsItStandsAndByMoneyToZero) {
+    quote(1, 3.5, 4.5, -5.5);
+    EXPECT_EQ(answer(), (Rates{0, 3.5, 0, 4.5, 0, -5.5, 17, 18}));
+}
+
+TEST_F(FutureSimulationTest, FeeByTurnoverSetsByMoneyInTenThousandthsAndByVolumeToZero) {
+    quote(2, 0.5, 2.5, 10);
+    EXPECT_EQ(answer(), (Rates{0.00005, 0, 0.00025, 0, 0.001, 0, 17, 18}));
+}
+
+TEST_F(FutureSimulationTest, OtherFeeTypesChangeNothing) {
+    for (const int type : {0, 3, -1, 257}) {
+        quote(type, 3.5, 4.5, 5.5);
+        EXPECT_EQ(answer(), unadjusted) << type;
+    }
+}
+
+TEST_F(FutureSimulationTest, UnsetFeePerLotIsZero) {
+    quote(1, -1.0, -1.000009, -0.999991);
+    EXPECT_EQ(answer(), (Rates{0, 0, 0, 0, 0, 0, 17, 18}));
+}
+
+TEST_F(FutureSimulationTest, FeePerLotBesideTheToleranceIsSet) {
+    quote(1, -1.00002, -0.99998, 1.0);
+    EXPECT_EQ(answer(), (Rates{0, -1.00002, 0, -0.99998, 0, 1.0, 17, 18}));
+}
+
+TEST_F(FutureSimulationTest, UnsetFeeByTurnoverIsZero) {
+    quote(2, -1.0, -0.999991, -1.000009);
+    EXPECT_EQ(answer(), (Rates{0, 0, 0, 0, 0, 0, 17, 18}));
+}
+
+TEST_F(FutureSimulationTest, FeeByTurnoverBesideTheToleranceIsSet) {
+    quote(2, -1.00002, -0.99998, 0);
+    const Rates rates = answer();
+    EXPECT_DOUBLE_EQ(rates[0], -0.000100002);
+    EXPECT_DOUBLE_EQ(rates[2], -0.000099998);
+    EXPECT_EQ(rates[4], 0);
+}
+
+TEST_F(FutureSimulationTest, MarginsAreTheDefaults) {
+    quote(1, 3.5, 4.5, 5.5);
+    const auto fee = center.getFutureFee(kAccount, test::instrumentKey(*instrument));
+    ASSERT_EQ(fee->marginDetails.size(), 3U);
+    EXPECT_EQ(fee->marginDetails[2]->hedgeFlag, '3');
+    EXPECT_EQ(fee->instrument, instrument);
+    EXPECT_EQ(fee->commissionDetail->instrumentId, "rb2605");
+}
+
+TEST_F(FutureSimulationTest, DefaultItselfIsNotAdjusted) {
+    quote(1, 3.5, 4.5, 5.5);
+    ASSERT_NE(answer(), unadjusted);
+    EXPECT_EQ(test::ratesOf(*center.defaultFutureFee->commissionDetail), unadjusted);
+    EXPECT_EQ(center.defaultFutureFee->commissionDetail->instrumentId, "id");
+}
+
+TEST_F(FutureSimulationTest, AccountUnknownToTheDataCenterIsNotAdjusted) {
+    quote(1, 3.5, 4.5, 5.5);
+    host.accounts.clear();
+    EXPECT_EQ(answer(), unadjusted);
+}
+
+TEST_F(FutureSimulationTest, AccountDataWithoutAccountIsNotAdjusted) {
+    quote(1, 3.5, 4.5, 5.5);
+    host.accounts[kAccount] = boost::make_shared<CAccountData>(nullptr);
+    EXPECT_EQ(answer(), unadjusted);
+}
+
+TEST_F(FutureSimulationTest, PlatformThatIsNoSimulationIsNotAdjusted) {
+    quote(1, 3.5, 4.5, 5.5);
+    account->platformId = kSimulation + 1;
+    EXPECT_EQ(answer(), unadjusted);
+}
+
+TEST_F(FutureSimulationTest, AccountsOwnRatesAreNotAdjusted) {
+    quote(1, 3.5, 4.5, 5.5);
+    load({test::makeFutureFee(instrument, test::makeCommission(40))});
+    EXPECT_EQ(answer(), (Rates{41, 42, 43, 44, 45, 46, 47, 48}));
+}
+
+TEST_F(FutureSimulationTest, HostIsAskedForAccountAndPlatformOnceAndOnlyForADefault) {
+    quote(1, 3.5, 4.5, 5.5);
+    std::vector<std::string> calls;
+    host.onCall = [&](const std::string& operation) { calls.push_back(operation); };
+    answer();
+    EXPECT_EQ(calls, (std::vector<std::string>{"findInstrument", "getAccountData", "isSimulationPlatform"}));
+    load({test::makeFutureFee(instrument, test::makeCommission(40))});
+    calls.clear();
+    answer();
+    EXPECT_EQ(calls, std::vector<std::string>{"findInstrument"});
+}
+
+}  // namespace

@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/call_log.h"
+#include "support/limit_family_test.h"
+
+// Custom fees of the families that keep one limit per instrument.
+
+namespace {
+
+using namespace qmservice;
+
+template <class Family>
+class LimitOverrideTest : public test::LimitFamilyTest<Family> {
+protected:
+    using CustomLimit = typename Family::CustomLimit;
+
+    /// The numbers in which each system category test was asked, all answered with "no".
+    std::vector<int> numbersAsked(const std::vector<std::string>& categories) {
+        std::vector<int> numbers;
+        this->host.inSystemCategory = [&](const auto&, const auto&, const auto&, int number) {
+            numbers.push_back(number);
+            return false;
+        };
+        std::vector<boost::shared_ptr<CustomLimit>> limits;
+        for (const auto& category : categories) {
+            limits.push_back(this->custom(category, 0.1));
+        }
+        this->apply(limits);
+        this->host.inSystemCategory = nullptr;
+        return numbers;
+    }
+};
+TYPED_TEST_SUITE(LimitOverrideTest, test::LimitFamilies, test::FamilyName);
+
+TYPED_TEST(LimitOverrideTest, MatchedInstrumentTakesTheLimitAndOthersStay) {
+    const auto a = this->instrument("A");
+    const auto b = this->instrument("B");
+    const auto c = this->instrument("C");
+    this->load({this->record(a, this->limit(0.1)), this->record(b, this->limit(0.1))});
+    this->host.systemMembers.insert({5, {"XX", "A"}});
+    this->apply({this->custom("5", 0.5)});
+    EXPECT_EQ(this->storedRate(*a), 0.5);
+    EXPECT_EQ(this->storedRate(*b), 0.1);
+    EXPECT_EQ(this->storedRate(*c), -1);
+}
+
+TYPED_TEST(LimitOverrideTest, AccountNeedsNoEarlierTable) {
+    const auto a = this->instrument("A");
+    this->applyToAll(this->custom("5", 0.5));
+    EXPECT_EQ(this->storedRate(*a), 0.5);
+    EXPECT_EQ((this->center.*TypeParam::table).size(), 1U);
+}
+
+TYPED_TEST(LimitOverrideTest, OnlyInstrumentsOfTheFamilysKindAreReached) {
+    std::vector<std::pair<int, boost::shared_ptr<CInstrument>>> byMask;
+    for (const int mask : {1, 8, 32, 128, 256, 16384}) {
+        byMask.emplace_back(mask, this->host.addInstrument("XX", std::to_string(mask), mask));
+    }
+    this->applyToAll(this->custom("5", 0.5));
+    for (const auto& listed : byMask) {
+        EXPECT_EQ(this->storedRate(*listed.second), listed.first == TypeParam::kindMask ? 0.5 : -1)
+            << "kind mask " << listed.first;
+    }
+}
+
+TYPED_TEST(LimitOverrideTest, CustomFeeWithoutLimitsChangesNothingAndAsksTheHostNothing) {
+    this->instrument("A");
+    this->host.inSystemCategory = [](const auto&, const auto&, const auto&, int) { return true; };
+    const test::CallLog log(this->host);
+    this->apply({});
+    EXPECT_TRUE(log.calls().empty());
+    EXPECT_TRUE((this->center.*TypeParam::table).empty());
+}
+
+TYPED_TEST(LimitOverrideTest, EmptyPointersAmongLimitsAndInstrumentsArePassedOver) {
+    this->host.instruments.push_back({nullptr, TypeParam::kindMask, 0});
+    const auto a = this->instrument("A");
+    this->host.systemMembers.insert({5, {"XX", "A"}});
+    this->apply({nullptr, this->custom("5", 0.5), nullptr});
+    EXPECT_EQ(this->storedRate(*a), 0.5);
+    EXPECT_EQ(this->poolSize(), 1U);
+}
+
+TYPED_TEST(LimitOverrideTest, FirstMatchingLimitWins) {
+    const auto a = this->instrument("A");
+    const auto b = this->instrument("B");
+    this->host.systemMembers = {{2, {"XX", "A"}}, {3, {"XX", "A"}}, {3, {"XX", "B"}}};
+    this->apply({this->custom("1", 0.1), this->custom("2", 0.2), this->custom("3", 0.3)});
+    EXPECT_EQ(this->storedRate(*a), 0.2);
+    EXPECT_EQ(this->storedRate(*b), 0.3);
+}
+
+TYPED_TEST(LimitOverrideTest, LimitsAfterTheFirstMatchAreNotAsked) {
+    this->instrument("A");
+    std::vector<int> asked;
+    this->host.inSystemCategory = [&](const auto&, const auto&, const auto&, int number) {
+        asked.push_back(number);
+        return number == 2;
+    };
+    this->apply({this->custom("1", 0.1), this->custom("2", 0.2), this->custom("3", 0.3)});
+    EXPECT_EQ(asked, (std::vector<int>{1, 2}));
+}
+
+TYPED_TEST(LimitOverrideTest, CategoryTestGetsMarketCodeAndProductId) {
+    auto listed = boost::make_shared<CInstrument>();
+    listed->market = "MM";
+    listed->code = "CC";
+    listed->productId = "PP";
+    listed->name = "NN";
+    this->host.add(listed, TypeParam::kindMask, 0);
+    std::vector<std::string> seen;
+    this->host.inSystemCategory = [&](const auto& market, const auto& code, const auto& product, int) {
+        seen = {market, code, product};
+        return false;
+    };
+    this->apply({this->custom("5", 0.5)});
+    EXPECT_EQ(seen, (std::vector<std::string>{"MM", "CC", "PP"}));
+}
+
+TYPED_TEST(LimitOverrideTest, CategoryTextIsReadAsItsLeadingNumber) {
+    this->instrument("A");
+    EXPECT_EQ(this->numbersAsked({"12", " 12x", "\t\n 7", "+3", "-5", "007", "12.9", "1 2"}),
+              (std::vector<int>{12, 12, 7, 3, -5, 7, 12, 1}));
+}
+
+TYPED_TEST(LimitOverrideTest, CategoryTextWithoutANumberIsZero) {
+    this->instrument("A");
+    EXPECT_EQ(this->numbersAsked({"", "abc", "x12", "+", "- 5", " "}), (std::vector<int>{0, 0, 0, 0, 0, 0}));
+}
+
+TYPED_TEST(LimitOverrideTest, CategoryTextBeyondAnIntIsTheLowHalfOfALongThatStopsAtItsLimits) {
+    this->instrument("A");
+    EXPECT_EQ(this->numbersAsked({"2147483647", "2147483648", "4294967301", "99999999999999999999",
+                                  "-99999999999999999999", "-2147483648"}),
+              (std::vector<int>{INT_MAX, INT_MIN, 5, -1, 0, INT_MIN}));
+}
+
+TYPED_TEST(LimitOverrideTest, EqualTradeUnitsShareTheLimitAndOthersGetTheirOwn) {
+    const auto a = this->instrument("A");
+    const auto b = this->instrument("B");
+    const auto c = this->instrument("C");
+    this->host.tradeUnits[{"XX", "C"}] = 500;
+    this->applyToAll(this->custom("5", 0.5));
+    EXPECT_EQ(this->poolSize(), 2U);
+    EXPECT_EQ(this->stored(*a), this->stored(*b));
+    EXPECT_EQ((*this->stored(*a)).*TypeParam::unit, 100);
+    EXPECT_EQ((*this->stored(*c)).*TypeParam::unit, 500);
+}
+
+TYPED_TEST(LimitOverrideTest, PooledRecordDoesNotFollowTheCustomLimit) {
+    const auto a = this->instrument("A");
+    const auto rates = this->custom("5", 0.5);
+    this->applyToAll(rates);
+    rates->rate1 = 0.9;
+    EXPECT_EQ(this->storedRate(*a), 0.5);
+}
+
+TYPED_TEST(LimitOverrideTest, PooledRecordIsKeptWhenTheFeeComesAgain) {
+    const auto a = this->instrument("A");
+    this->applyToAll(this->custom("5", 0.5));
+    const auto first = this->stored(*a);
+    this->applyToAll(this->custom("5", 0.5));
+    EXPECT_EQ(this->stored(*a), first);
+    EXPECT_EQ(this->poolSize(), 1U);
+}
+
+TYPED_TEST(LimitOverrideTest, LaterCustomFeeOverridesAnEarlierOne) {
+    const auto a = this->instrument("A");
+    this->applyToAll(this->custom("5", 0.5));
+    this->applyToAll(this->custom("5", 0.6));
+    EXPECT_EQ(this->storedRate(*a), 0.6);
+}
+
+TYPED_TEST(LimitOverrideTest, CustomLimitGoesBeforeAConfiguredOne) {
+    const auto a = this->instrument("A");
+    this->configured(*a) = this->limit(0.7);
+    this->applyToAll(this->custom("5", 0.5));
+    EXPECT_EQ(this->limitOf(*a)->rate1, 0.5);
+}
+
+}  // namespace

@@ -1,0 +1,185 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "support/family_marks.h"
+
+namespace {
+
+using namespace qmservice;
+using test::kAccount;
+
+class PrimeBrokerageTest : public test::FeeCenterTest {
+protected:
+    /// The answer for an instrument of the market, at the unit volume of 100 unless told.
+    boost::shared_ptr<CInstrumentFee> find(const std::string& market, int unitVolume = 100) {
+        instrument = host.addInstrument(market, "1");
+        return center.getPbFullFee(kAccount, test::instrumentKey(*instrument), unitVolume);
+    }
+
+    void mark(const std::string& market) { test::markFamilies(center, kAccount, test::instrumentKey(market, "1")); }
+
+    [[nodiscard]] bool called(const std::string& operation) const {
+        return std::find(calls.begin(), calls.end(), operation) != calls.end();
+    }
+
+    std::vector<std::string> calls;
+    boost::shared_ptr<CInstrument> instrument;
+};
+
+TEST_F(PrimeBrokerageTest, InstrumentUnknownToTheCatalogueHasNoFeeWhateverTheTablesHold) {
+    mark("SH");
+    EXPECT_FALSE(center.getPbFullFee(kAccount, test::instrumentKey("SH", "1"), 100));
+}
+
+TEST_F(PrimeBrokerageTest, StockFeeGetsTheOptionRateOfTheSameKey) {
+    mark("SH");
+    const auto fee = find("SH");
+    EXPECT_EQ(fee->stkRateLimit, center.stockRateLimitPool.at(1));
+    EXPECT_EQ(fee->stkOptionFeeRate->items.at("000"), center.stkOptionItemPool.at(1));
+    EXPECT_EQ(test::describe(fee), test::kStockWithOption);
+}
+
+TEST_F(PrimeBrokerageTest, StockFeeWithoutEntriesHasTheStockAndOptionDefaultsAndNoOthers) {
+    const auto fee = find("SZ");
+    EXPECT_EQ(fee->stkRateLimit, center.defaultStockRateLimit);
+    EXPECT_EQ(fee->stkOptionFeeRate, center.defaultStkOptionFeeRate);
+    EXPECT_FALSE(fee->commissionDetail);
+    EXPECT_TRUE(fee->marginDetails.empty());
+    EXPECT_FALSE(fee->hgtRateLimit);
+    EXPECT_FALSE(fee->sgtRateLimit);
+}
+
+TEST_F(PrimeBrokerageTest, StockFallbackCarriesTheUnitVolumeHandedIn) {
+    EXPECT_EQ(find("SH", 300)->stkRateLimit->unitVolume, 300);
+    EXPECT_EQ(center.defaultStockRateLimit->unitVolume, 100);
+}
+
+TEST_F(PrimeBrokerageTest, NeeqFallbackCarriesTheUnitVolumeHandedInAndTheNeeqDefault) {
+    center.defaultNeeqRateLimit->rate1 = 33;
+    const auto fee = find("NEEQ", 300);
+    EXPECT_EQ(fee->stkRateLimit->rate1, 33);
+    EXPECT_EQ(fee->stkRateLimit->unitVolume, 300);
+    EXPECT_FALSE(fee->stkOptionFeeRate);
+}
+
+TEST_F(PrimeBrokerageTest, FuturesMarketWithoutRatesGetsTheFuturesDefaultNotTheFullOne) {
+    for (const char* market : {"CFFEX", "SHFE"}) {
+        const auto fee = find(market);
+        EXPECT_EQ(fee->commissionDetail->instrumentId, "1") << market;
+        EXPECT_EQ(fee->marginDetails.size(), 3U) << market;
+        EXPECT_FALSE(fee->stkRateLimit) << market;
+    }
+}
+
+TEST_F(PrimeBrokerageTest, ForeignMarketWithoutRatesGetsTheIncomeSwapDefault) {
+    const auto fee = find("CMEO");
+    EXPECT_EQ(fee->marginDetails.at(0)->longMarginRatio, 0.01);
+    EXPECT_FALSE(fee->stkRateLimit);
+}
+
+TEST_F(PrimeBrokerageTest, ConnectMarketWithoutEntryGetsTheChannelsDefaultNotTheFullOne) {
+    EXPECT_EQ(find("SSEHKEX")->hgtRateLimit, center.defaultHgtRateLimit);
+    EXPECT_EQ(find("SZSEHKEX")->sgtRateLimit, center.defaultSgtRateLimit);
+    EXPECT_EQ(test::describe(find("SSEHKEX")), "hgt 0;");
+    EXPECT_EQ(test::describe(find("SZSEHKEX")), "sgt 0;");
+}
+
+TEST_F(PrimeBrokerageTest, HongKongGetsTheFullDefaultThoughBothChannelsHaveARate) {
+    mark("HK");
+    EXPECT_EQ(test::describe(find("HK")), test::kFullDefault);
+}
+
+TEST_F(PrimeBrokerageTest, HongKongAsksBothChannels) {
+    host.onCall = [this](const std::string& operation) { calls.push_back(operation); };
+    find("HK");
+    EXPECT_TRUE(called("getHGTExchangeRateLimitPtr"));
+    EXPECT_TRUE(called("getSgtExchangeRateLimitPtr"));
+    EXPECT_FALSE(called("getRateLimitPtr"));
+}
+
+TEST_F(PrimeBrokerageTest, HongKongChannelsConfiguredLimitsAreDroppedToo) {
+    host.hgtLimits[{"HK", "1"}] = test::markedLimit<CCustomHGTExchangeRateLimit>(7);
+    host.sgtLimits[{"HK", "1"}] = test::markedLimit<CCustomSgtExchangeRateLimit>(8);
+    EXPECT_EQ(test::describe(find("HK")), test::kFullDefault);
+}
+
+TEST_F(PrimeBrokerageTest, FullDefaultSharesEveryDefaultRecord) {
+    const auto fee = find("XX");
+    EXPECT_EQ(fee->instrument, instrument);
+    EXPECT_FALSE(fee->account);
+    EXPECT_EQ(fee->stkRateLimit, center.defaultStockRateLimit);
+    EXPECT_EQ(fee->commissionDetail, center.defaultFutureFee->commissionDetail);
+    EXPECT_EQ(fee->marginDetails, center.defaultFutureFee->marginDetails);
+    EXPECT_EQ(fee->stkOptionFeeRate, center.defaultStkOptionFeeRate);
+    EXPECT_EQ(fee->hgtRateLimit, center.defaultHgtRateLimit);
+    EXPECT_EQ(fee->sgtRateLimit, center.defaultSgtRateLimit);
+    EXPECT_EQ(fee->commissionDetail->instrumentId, "");
+    EXPECT_NE(find("XX"), fee);
+}
+
+TEST_F(PrimeBrokerageTest, FullDefaultsMarginListIsItsOwn) {
+    find("XX")->marginDetails.clear();
+    EXPECT_EQ(center.defaultFutureFee->marginDetails.size(), 3U);
+}
+
+TEST_F(PrimeBrokerageTest, FullDefaultOfAnotherUnitVolumeHasACopyOfTheStockDefault) {
+    const auto fee = find("XX", 200);
+    EXPECT_NE(fee->stkRateLimit, center.defaultStockRateLimit);
+    EXPECT_EQ(fee->stkRateLimit->unitVolume, 200);
+    EXPECT_EQ(fee->stkRateLimit->rate1, 0.00015);
+    EXPECT_EQ(fee->stkRateLimit->rate6, 0.001);
+    EXPECT_EQ(center.defaultStockRateLimit->unitVolume, 100);
+}
+
+TEST_F(PrimeBrokerageTest, FullDefaultDoesNotAskForAConfiguredLimit) {
+    host.rateLimits[{"XX", "1"}] = test::makeLimit(55);
+    EXPECT_EQ(find("XX")->stkRateLimit, center.defaultStockRateLimit);
+}
+
+TEST_F(PrimeBrokerageTest, QueryPassesOneHundredWhateverTheInstrumentsTradeUnit) {
+    for (const char* market : {"SH", "NEEQ", "XX"}) {
+        host.addInstrument(market, "1");
+        host.tradeUnits[{market, "1"}] = 7;
+        const auto fee = center.getFee(test::makeAccount(12, kAccount), market, "1");
+        EXPECT_EQ(fee->stkRateLimit->unitVolume, 100) << market;
+    }
+}
+
+TEST_F(PrimeBrokerageTest, QueryStampsAccountAndInstrumentOnTheFullDefault) {
+    const auto account = test::makeAccount(12, kAccount);
+    instrument = host.addInstrument("XX", "1");
+    const auto fee = center.getFee(account, "XX", "1");
+    EXPECT_EQ(fee->account, account);
+    EXPECT_EQ(fee->instrument, instrument);
+    EXPECT_FALSE(center.defaultFutureFee->account);
+}
+
+// A market that the host calls foreign as well: the earlier test in the order decides.
+
+TEST_F(PrimeBrokerageTest, ForeignTestComesAfterTheOtherMarketsAndBeforeNeeq) {
+    const std::pair<const char*, std::string> expected[] = {
+        {"SH", test::kStockWithOption}, {"SHFE", test::kFuture},    {"IF", test::kFuture},   {"CFFEX", test::kFuture},
+        {"INE", test::kFuture},         {"HGT", test::kHgt},        {"SSEHKEX", test::kHgt}, {"SGT", test::kSgt},
+        {"SZSEHKEX", test::kSgt},       {"HK", test::kFullDefault}, {"SHO", test::kOption},  {"SZO", test::kOption},
+        {"NEEQ", test::kIncomeSwap},    {"XX", test::kIncomeSwap}};
+    for (const auto& row : expected) {
+        host.foreignMarkets.insert(row.first);
+        mark(row.first);
+        EXPECT_EQ(test::describe(find(row.first)), row.second) << row.first;
+    }
+}
+
+TEST_F(PrimeBrokerageTest, HostIsAskedForAForeignMarketOnlyWhereNoEarlierTestHolds) {
+    host.onCall = [this](const std::string& operation) { calls.push_back(operation); };
+    for (const char* market : {"SH", "DCE", "INE", "HGT", "SGT", "HK", "SHO"}) {
+        find(market);
+    }
+    EXPECT_FALSE(called("isWPMarket"));
+    find("NEEQ");
+    EXPECT_TRUE(called("isWPMarket"));
+}
+
+}  // namespace

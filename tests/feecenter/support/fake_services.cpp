@@ -1,0 +1,205 @@
+#include <algorithm>
+#include <boost/smart_ptr/make_shared.hpp>
+#include <utility>
+
+#include "host/services.h"
+#include "support/fake_host.h"
+
+// The operations that a host defines, answered from FakeHost.
+
+namespace {
+
+using test::FakeHost;
+
+/// The host, after the test has been told of the call.
+FakeHost& host(const char* operation) {
+    FakeHost::instance().called(operation);
+    return FakeHost::instance();
+}
+
+template <class Map, class Key>
+typename Map::mapped_type findOr(const Map& map, const Key& key, typename Map::mapped_type otherwise) {
+    const auto found = map.find(key);
+    return found != map.end() ? found->second : std::move(otherwise);
+}
+
+class Catalogue : public qmservice::IInstrumentCenter {
+public:
+    boost::shared_ptr<qmservice::CInstrument> findInstrument(qmservice::uint64 instrumentKey) override {
+        return findOr(host("findInstrument").catalogue, instrumentKey, {});
+    }
+
+    void getInstrumentMap(int type,
+                          std::map<std::string, boost::shared_ptr<qmservice::CInstrument>>& instruments) override {
+        for (const auto& listed : host("getInstrumentMap").instruments) {
+            if ((listed.types & type) != 0) {
+                instruments[keyOf(listed.instrument.get())] = listed.instrument;
+            }
+        }
+    }
+
+    void getInstrumentList(std::vector<boost::shared_ptr<qmservice::CInstrument>>& instruments, int kindMask) override {
+        for (const auto& listed : host("getInstrumentList").instruments) {
+            if ((listed.kindMask & kindMask) != 0) {
+                instruments.push_back(listed.instrument);
+            }
+        }
+    }
+
+private:
+    /// An empty instrument is listed under an empty key.
+    static std::string keyOf(const qmservice::CInstrument* instrument) {
+        return instrument != nullptr ? utils::voStockKey(instrument->market, instrument->code) : std::string();
+    }
+};
+
+class Accounts : public qmservice::IDataCenter {
+public:
+    boost::shared_ptr<qmservice::CAccountData> getAccountData(qmservice::uint64 accountKey) override {
+        return findOr(host("getAccountData").accounts, accountKey, {});
+    }
+};
+
+}  // namespace
+
+namespace utils {
+
+std::string voStockKey(const std::string& market, const std::string& code) {
+    FakeHost::instance().keyCalled("voStockKey");
+    return market + "|" + code;
+}
+
+void splitVoStockKey(const std::string& key, std::string& market, std::string& code) {
+    FakeHost::instance().keyCalled("splitVoStockKey");
+    const auto bar = key.find('|');
+    market = key.substr(0, bar);
+    code = bar == std::string::npos ? std::string() : key.substr(bar + 1);
+}
+
+qmservice::uint64 hash(const std::string& text) {
+    FakeHost::instance().keyCalled("hash");
+    // FNV-1a.
+    qmservice::uint64 value = 0xcbf29ce484222325U;
+    for (const char c : text) {
+        value = (value ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
+    }
+    return value;
+}
+
+template <>
+qmservice::CppCategory* CSingletonT<qmservice::CppCategory>::instance() {
+    static qmservice::CppCategory category;
+    return &category;
+}
+
+template <>
+qmservice::StockTypeCenter* CSingletonT<qmservice::StockTypeCenter>::instance() {
+    static qmservice::StockTypeCenter center;
+    return &center;
+}
+
+template <>
+net::RPCEngine* CSingletonT<net::RPCEngine>::instance() {
+    static net::RPCEngine engine;
+    return &engine;
+}
+
+}  // namespace utils
+
+namespace net {
+
+boost::shared_ptr<boost::asio::io_service::strand> RPCEngine::getStrand(const std::string& name) {
+    return host("getStrand").strand(name);
+}
+
+}  // namespace net
+
+namespace qmservice {
+
+uint64 crc64(uint64 seed, const char* data, std::size_t length) {
+    FakeHost::instance().keyCalled("crc64");
+    // Bit by bit, the polynomial of CRC-64/XZ reflected.
+    uint64 value = ~seed;
+    for (std::size_t i = 0; i < length; ++i) {
+        value ^= static_cast<unsigned char>(data[i]);
+        for (int bit = 0; bit < 8; ++bit) {
+            value = (value & 1U) != 0 ? (value >> 1U) ^ 0xC96C5795D7870F42U : value >> 1U;
+        }
+    }
+    return ~value;
+}
+
+int getTradeMinUnit(const std::string& market, const std::string& code) {
+    return findOr(host("getTradeMinUnit").tradeUnits, FakeHost::Name(market, code), 100);
+}
+
+boost::shared_ptr<TraderCenter> TraderCenter::instance() {
+    static const auto center = boost::make_shared<TraderCenter>();
+    return center;
+}
+
+IInstrumentCenter* TraderCenter::getInstCenter() const {
+    static Catalogue catalogue;
+    return &catalogue;
+}
+
+boost::shared_ptr<IDataCenter> TraderCenter::getDataCenter() const {
+    static const auto accounts = boost::make_shared<Accounts>();
+    return accounts;
+}
+
+boost::shared_ptr<ConfigCollector> ConfigCollector::instance() {
+    static const auto collector = boost::make_shared<ConfigCollector>();
+    return collector;
+}
+
+boost::shared_ptr<CStkExchangeRateLimit> ConfigCollector::getRateLimitPtr(std::string market, std::string code) {
+    return findOr(host("getRateLimitPtr").rateLimits, FakeHost::Name(std::move(market), std::move(code)), {});
+}
+
+boost::shared_ptr<CCustomHGTExchangeRateLimit> ConfigCollector::getHGTExchangeRateLimitPtr(std::string market,
+                                                                                           std::string code) {
+    return findOr(host("getHGTExchangeRateLimitPtr").hgtLimits, FakeHost::Name(std::move(market), std::move(code)), {});
+}
+
+boost::shared_ptr<CCustomSgtExchangeRateLimit> ConfigCollector::getSgtExchangeRateLimitPtr(std::string market,
+                                                                                           std::string code) {
+    return findOr(host("getSgtExchangeRateLimitPtr").sgtLimits, FakeHost::Name(std::move(market), std::move(code)), {});
+}
+
+bool ConfigCollector::isSimulationPlatform(int platformId) const {
+    return host("isSimulationPlatform").simulationPlatforms.count(platformId) != 0;
+}
+
+bool CppCategory::isStockInCategoryForTS(const std::string& market, const std::string& code,
+                                         const std::string& productId, int category) {
+    const FakeHost& fake = host("isStockInCategoryForTS");
+    return fake.inSystemCategory ? fake.inSystemCategory(market, code, productId, category)
+                                 : fake.systemMembers.count({category, FakeHost::Name(market, code)}) != 0;
+}
+
+bool CppCategory::isStockInCustomCategory(const std::string& market, const std::string& code,
+                                          const std::vector<std::string>& members) {
+    const FakeHost& fake = host("isStockInCustomCategory");
+    return fake.inCustomCategory ? fake.inCustomCategory(market, code, members)
+                                 : std::find(members.begin(), members.end(), code) != members.end();
+}
+
+bool CppCategory::isStockInGroupCategory(const std::string& market, const std::string& code,
+                                         const std::string& productId,
+                                         const std::vector<boost::shared_ptr<CGroupCategorySubInfo>>& parts,
+                                         std::map<int, std::vector<std::string>> customCategories) {
+    const FakeHost& fake = host("isStockInGroupCategory");
+    return fake.inGroupCategory ? fake.inGroupCategory(market, code, productId, parts, customCategories)
+                                : fake.groupMembers.count(FakeHost::Name(market, code)) != 0;
+}
+
+int CppCategory::getCategorId(const std::string& name) {
+    return findOr(host("getCategorId").categoryNumbers, name, -1);
+}
+
+bool StockTypeCenter::isWPMarket(const std::string& market) const {
+    return host("isWPMarket").foreignMarkets.count(market) != 0;
+}
+
+}  // namespace qmservice

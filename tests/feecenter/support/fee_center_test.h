@@ -1,0 +1,30 @@
+#ifndef TESTS_FEECENTER_SUPPORT_FEE_CENTER_TEST_H
+#define TESTS_FEECENTER_SUPPORT_FEE_CENTER_TEST_H
+
+#include <gtest/gtest.h>
+
+#include "support/builders.h"
+#include "support/fake_host.h"
+#include "support/open_fee_center.h"
+
+namespace test {
+
+/// Empties the host before the fee center takes its strand from it.
+struct FreshHost {
+    FreshHost() { FakeHost::instance().reset(); }
+};
+
+/// An empty host and a fee center on it.
+class FeeCenterTest : public ::testing::Test {
+protected:
+    /// Queued jobs hold the fee center: they run while it still exists.
+    ~FeeCenterTest() override { host.reset(); }
+
+    FreshHost freshHost;
+    FakeHost& host = FakeHost::instance();
+    OpenFeeCenter center;
+};
+
+}  // namespace test
+
+#endif  // TESTS_FEECENTER_SUPPORT_FEE_CENTER_TEST_H

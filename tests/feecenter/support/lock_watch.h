@@ -1,0 +1,109 @@
+#ifndef TESTS_FEECENTER_SUPPORT_LOCK_WATCH_H
+#define TESTS_FEECENTER_SUPPORT_LOCK_WATCH_H
+
+#include <boost/thread/lock_types.hpp>
+#include <boost/thread/shared_mutex.hpp>
+#include <chrono>
+#include <future>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "support/fake_host.h"
+#include "support/lock_probe.h"
+#include "support/open_fee_center.h"
+
+namespace test {
+
+struct NamedMutex {
+    const char* name;
+    boost::shared_mutex* mutex;
+};
+
+/// The fee center's locks, the stock-option tables' last.
+inline std::vector<NamedMutex> allMutexes(OpenFeeCenter& center) {
+    return {{"stock", &center.stockMutex},
+            {"credit", &center.creditMutex},
+            {"hgt", &center.hgtMutex},
+            {"sgt", &center.sgtMutex},
+            {"stkOption", &center.stkOptionMutex},
+            {"future", &center.futureMutex},
+            {"neeq", &center.neeqMutex},
+            {"stkOptionTable", &center.stkOptionTableMutex}};
+}
+
+/// Notes under which locks each host service and key function is called, as long as it lives.
+class LockWatch {
+public:
+    LockWatch(FakeHost& watched, OpenFeeCenter& center) : host(watched) {
+        host.onCall = [this, &center](const std::string& operation) {
+            const std::string held = heldLocks(center);
+            calls.insert(operation + ": " + (held.empty() ? "none" : held));
+        };
+        host.onKeyCall = host.onCall;
+    }
+    LockWatch(const LockWatch&) = delete;
+    LockWatch& operator=(const LockWatch&) = delete;
+    ~LockWatch() {
+        host.onCall = nullptr;
+        host.onKeyCall = nullptr;
+    }
+
+    /// Each as "operation: locks held", or "operation: none".
+    std::set<std::string> calls;
+
+private:
+    FakeHost& host;
+};
+
+/// Holds locks exclusively until it goes.
+class HeldLocks {
+public:
+    /// Every lock of the fee center but the named ones.
+    HeldLocks(OpenFeeCenter& center, const std::set<std::string>& except) {
+        for (const NamedMutex& named : allMutexes(center)) {
+            if (except.count(named.name) == 0) {
+                locks.emplace_back(*named.mutex);
+            }
+        }
+    }
+
+private:
+    std::vector<boost::unique_lock<boost::shared_mutex>> locks;
+};
+
+/// Whether `work` gets through on a thread of its own while this thread holds what it holds. The time limit is reached
+/// only by work that waits for one of those locks; `release` must let it go on then.
+template <class Work, class Release>
+bool getsThrough(const Work& work, const Release& release) {
+    auto done = std::async(std::launch::async, work);
+    const bool through = done.wait_for(std::chrono::seconds(60)) == std::future_status::ready;
+    release();
+    done.get();
+    return through;
+}
+
+/// Whether `work`, on a thread of its own, waits to hold `mutex` exclusively while another thread holds it shared. A
+/// lock that somebody waits for so turns further readers away, and that is what is watched for.
+template <class Work>
+bool waitsToWrite(boost::shared_mutex& mutex, const Work& work) {
+    boost::shared_lock<boost::shared_mutex> reader(mutex);
+    auto done = std::async(std::launch::async, work);
+    bool waits = false;
+    while (!waits && done.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready) {
+        waits = !std::async(std::launch::async, [&mutex] {
+                     const bool entered = mutex.try_lock_shared();
+                     if (entered) {
+                         mutex.unlock_shared();
+                     }
+                     return entered;
+                 }).get();
+    }
+    reader.unlock();
+    done.get();
+    return waits;
+}
+
+}  // namespace test
+
+#endif  // TESTS_FEECENTER_SUPPORT_LOCK_WATCH_H
