@@ -1,0 +1,42 @@
+#ifndef STANDALONE_HOST_H
+#define STANDALONE_HOST_H
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+
+#include "IFeeCenter.h"
+#include "standalone/market.h"
+
+namespace standalone {
+
+/// Puts a market into the process's services: catalogue, accounts, trade units, configured limits, categories, foreign
+/// markets and simulation platforms, in place of what they held. Each service changes in one step: a call that runs
+/// at the same time sees all of the old contents or all of the new. The market is copied, its records are shared; no
+/// instrument or account may be without its record. When memory runs out the services keep what they hold. Safe from
+/// any thread.
+void install(const Market& market);
+
+/// Empties the services that install() fills.
+void uninstall();
+
+/// Starts the engine that runs the strands, with `threads` threads of its own. Strands exist, and take jobs, before it
+/// runs and after it has stopped; their jobs wait. An exception that leaves a job is told on standard error, and the
+/// jobs after it run. Throws std::invalid_argument for fewer than one thread and std::logic_error when the engine runs
+/// already.
+void startEngine(int threads);
+
+/// Finishes the jobs that are queued and stops the threads; the engine can be started again. Nothing happens when it
+/// does not run. Throws std::logic_error on one of the engine's own threads.
+void stopEngine();
+
+/// Waits until every job that was posted to the strand of that name before this call has run. Throws std::logic_error
+/// when the engine does not run and on one of its own threads. The engine must not be stopped meanwhile.
+void waitForStrand(const std::string& name);
+
+/// Hands an account's fee records and then its custom fees, in their order, to a fee center, as a client does when the
+/// back end answers. Returns at once; wait for the fee center's strand. The records are shared until then.
+void feed(qmservice::IFeeCenter& feeCenter, const Account& account);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_HOST_H

@@ -1,0 +1,247 @@
+#include <set>
+#include <unordered_map>
+#include <utility>
+
+#include "host/keys.h"
+#include "standalone/loader/category_columns.h"
+#include "standalone/loader/rule_line.h"
+#include "standalone/loader/tables.h"
+#include "standalone/loader/words.h"
+
+namespace standalone::loader {
+namespace {
+
+constexpr int kFirstGroup = 70001;
+constexpr int kLastGroup = 80001;
+
+std::string numbered(int category) { return "the category " + std::to_string(category); }
+
+// A category that a bad line mentions is known all the same: what refers to it is no error.
+
+// --- system categories
+
+void checkName(Load& load, const std::string& file, const ReadRule& read,
+               const std::unordered_map<std::string, std::size_t>& names) {
+    const RuleLine& line = read.line;
+    const auto sameNumber = load.categories.system.find(line.category);
+    if (sameNumber != load.categories.system.end()) {
+        const CategoryRule& first = load.market.categories[sameNumber->second];
+        if (first.name.empty() || first.name == line.name) return;
+        load.errors.add(file, read.position.line,
+                        numbered(line.category) + " is named " + inQuotes(line.name) + " here but " +
+                            inQuotes(first.name) + " at " + load.market.where(first.position) + "; give it one name");
+        return;
+    }
+    const auto sameName = names.find(line.name);
+    if (sameName == names.end()) return;
+    const CategoryRule& first = load.market.categories[sameName->second];
+    load.errors.add(file, read.position.line,
+                    numbered(line.category) + " is named " + inQuotes(line.name) + ", but so is " +
+                        numbered(first.category) + " at " + load.market.where(first.position) +
+                        "; give it another name");
+}
+
+void addRule(Load& load, const std::string& file, const ReadRule& read,
+             std::unordered_map<std::string, std::size_t>& names) {
+    const RuleLine& line = read.line;
+    if (line.category == 0) {
+        load.categories.membersComplete = false;
+        return;
+    }
+    const std::size_t place = load.market.categories.size();
+    if (!line.name.empty()) {
+        checkName(load, file, read, names);
+        names.emplace(line.name, place);
+    }
+    load.categories.system.emplace(line.category, place);
+    load.market.categories.push_back({line.category, line.name, line.market, line.code, line.product, read.position});
+}
+
+bool isWholeNumber(std::string_view text) {
+    const std::string_view digits = text.substr(text.front() == '-' ? 1 : 0);
+    return !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// Categories are looked up by name or by number, with one text for both.
+void readCategoryName(RuleLine& line, Cell& cell) {
+    if (isWholeNumber(cell.text)) {
+        cell.refuseFound("a name that cannot be taken for the number of a category", "give it another name");
+    } else {
+        readText(cell, line.name);
+    }
+}
+
+void readSystemCategories(Load& load) {
+    const std::string file = "categories.csv";
+    if (!load.hasFile(file)) return;
+    const RuleColumn name{"name", Need::kFilled, readCategoryName};
+    const std::vector<RuleColumn> columns{numberColumn("category", &RuleLine::category), name,
+                                          marketColumn(load, Need::kOptional), codeColumn(Need::kOptional),
+                                          productColumn()};
+    std::unordered_map<std::string, std::size_t> names;
+    const bool complete =
+        readTable<RuleLine>(load, file, columns, [&](const ReadRule& read) { addRule(load, file, read, names); });
+    load.categories.membersComplete = load.categories.membersComplete && complete;
+}
+
+// --- custom categories
+
+/// The lines that have said something already, by what they speak of.
+template <class Subject>
+using FirstLines = std::map<Subject, Position>;
+
+template <class Subject>
+bool isFirst(Load& load, const std::string& file, const ReadRule& read, const Subject& subject, const std::string& text,
+             FirstLines<Subject>& lines) {
+    const auto [first, isNew] = lines.emplace(subject, read.position);
+    if (isNew) return true;
+    load.errors.add(file, read.position.line,
+                    text + " already at " + load.market.where(first->second) + "; remove one of the lines");
+    return false;
+}
+
+using Member = std::pair<int, std::size_t>;
+
+void addMember(Load& load, const std::string& file, const ReadRule& read, FirstLines<Member>& lines) {
+    const RuleLine& line = read.line;
+    const std::optional<std::size_t> place = findInstrument(load, file, read);
+    if (line.category == 0) {
+        load.categories.membersComplete = false;
+        return;
+    }
+    std::vector<std::string>& members = load.categories.custom[line.category];
+    const std::string text = line.market + " " + inQuotes(line.code) + " is in " + numbered(line.category);
+    if (!place || !isFirst(load, file, read, {line.category, *place}, text, lines)) return;
+    members.push_back(utils::voStockKey(line.market, line.code));
+}
+
+void readCustomCategories(Load& load) {
+    const std::string file = "custom_categories.csv";
+    if (!load.hasFile(file)) return;
+    const std::vector<RuleColumn> columns{numberColumn("category", &RuleLine::category),
+                                          marketColumn(load, Need::kFilled), codeColumn(Need::kFilled)};
+    FirstLines<Member> lines;
+    const bool complete =
+        readTable<RuleLine>(load, file, columns, [&](const ReadRule& read) { addMember(load, file, read, lines); });
+    load.categories.membersComplete = load.categories.membersComplete && complete;
+}
+
+// --- group categories
+
+using Part = std::pair<int, int>;
+
+void addPart(Load& load, const std::string& file, const ReadRule& read, FirstLines<Part>& lines) {
+    const RuleLine& line = read.line;
+    if (line.group == 0) {
+        load.categories.groupsComplete = false;
+        return;
+    }
+    auto& parts = load.categories.groups[line.group];
+    const std::string text = numbered(line.category) + " is a part of the group " + std::to_string(line.group);
+    if (line.category == 0 || !isFirst(load, file, read, {line.group, line.category}, text, lines)) return;
+    qmservice::CGroupCategorySubInfo part;
+    part.category = line.category;
+    part.excluded = line.excluded;
+    parts.push_back(part);
+}
+
+void readGroupCategories(Load& load) {
+    const std::string file = "group_categories.csv";
+    if (!load.hasFile(file)) return;
+    static const Words modes{{"include", 0}, {"exclude", 1}};
+    const std::vector<RuleColumn> columns{
+        {"group", Need::kFilled,
+         [](RuleLine& line, Cell& cell) { readInteger(cell, kFirstGroup, kLastGroup, line.group); }},
+        memberCategoryColumn(load),
+        {"mode", Need::kFilled, [](RuleLine& line, Cell& cell) { readWord(cell, modes, line.excluded); }}};
+    FirstLines<Part> lines;
+    const bool complete =
+        readTable<RuleLine>(load, file, columns, [&](const ReadRule& read) { addPart(load, file, read, lines); });
+    load.categories.groupsComplete = load.categories.groupsComplete && complete;
+}
+
+bool isMember(const CategoryRegister& categories, int category) {
+    return categories.system.count(category) != 0 || categories.custom.count(category) != 0;
+}
+
+void readCategory(Cell& cell, int& category, const std::string& kinds, const std::function<bool(int)>& known,
+                  bool complete) {
+    int number = 0;
+    if (!readInteger(cell, 1, std::numeric_limits<int>::max(), number)) return;
+    if (known(number)) {
+        category = number;
+    } else if (complete) {
+        cell.refuseFound("the number of a " + kinds + " category of the folder", "correct it or add the category");
+    } else {
+        cell.drop();
+    }
+}
+
+/// A category that custom fees may name: `refuse` tells why a category of the folder that is not `tested` never
+/// matches.
+RuleColumn feeCategoryColumn(const CategoryRegister& all, const std::string& kinds,
+                             const std::function<bool(int)>& tested, const std::function<void(Cell&, int)>& refuse) {
+    return {"category", Need::kFilled, [=, &all](RuleLine& line, Cell& cell) {
+                const bool complete = all.membersComplete && all.groupsComplete;
+                int category = 0;
+                readCategory(
+                    cell, category, kinds,
+                    [&](int number) { return isMember(all, number) || all.groups.count(number) != 0; }, complete);
+                if (category == 0) return;
+                if (tested(category)) {
+                    line.category = category;
+                } else if (complete) {
+                    refuse(cell, category);
+                } else {
+                    cell.drop();
+                }
+            }};
+}
+
+/// A custom category stands for its members only as a part of a group: by itself the fee center does not look into it.
+void refuseCustomCategory(Cell& cell) {
+    cell.refuse(" holds " + inQuotes(cell.text) +
+                ", a custom category, which matches no instrument by itself; put it into a group of "
+                "group_categories.csv and name the group here");
+}
+
+void refuseAllButSystemCategory(Cell& cell, const std::string& kind) {
+    cell.refuse(" holds " + inQuotes(cell.text) + ", a " + kind +
+                " category, but Shenzhen connect tests system categories alone; name a category of categories.csv");
+}
+
+}  // namespace
+
+RuleColumn memberCategoryColumn(const Load& load) {
+    return {"category", Need::kFilled, [&load](RuleLine& line, Cell& cell) {
+                const CategoryRegister& all = load.categories;
+                readCategory(
+                    cell, line.category, "system or custom", [&](int number) { return isMember(all, number); },
+                    all.membersComplete);
+            }};
+}
+
+RuleColumn categoryColumn(const Load& load) {
+    const CategoryRegister& all = load.categories;
+    return feeCategoryColumn(
+        all, "system or group",
+        [&all](int number) { return all.system.count(number) != 0 || all.groups.count(number) != 0; },
+        [](Cell& cell, int /*category*/) { refuseCustomCategory(cell); });
+}
+
+RuleColumn systemCategoryColumn(const Load& load) {
+    const CategoryRegister& all = load.categories;
+    return feeCategoryColumn(
+        all, "system", [&all](int number) { return all.system.count(number) != 0; },
+        [&all](Cell& cell, int category) {
+            refuseAllButSystemCategory(cell, all.groups.count(category) != 0 ? "group" : "custom");
+        });
+}
+
+void readCategories(Load& load) {
+    readSystemCategories(load);
+    readCustomCategories(load);
+    readGroupCategories(load);
+}
+
+}  // namespace standalone::loader

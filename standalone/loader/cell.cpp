@@ -1,0 +1,153 @@
+#include "standalone/loader/cell.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+
+#include "standalone/loader/words.h"
+
+namespace standalone::loader {
+namespace {
+
+const std::string kPlainNumber = "a plain number such as 0.00025";
+
+/// Whether the whole text was read as a number; `error` tells a number out of range from a text that is none.
+template <class Number>
+bool readWhole(std::string_view text, Number& value, std::errc& error) {
+    const char* const end = text.data() + text.size();
+    const std::from_chars_result read = std::from_chars(text.data(), end, value);
+    error = read.ec;
+    return read.ptr == end && read.ec != std::errc::invalid_argument;
+}
+
+std::optional<double> plainNumber(std::string_view text) {
+    double value = 0;
+    std::errc error{};
+    if (!readWhole(text, value, error) || error != std::errc() || !std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
+std::string written(double value) {
+    std::array<char, 512> digits{};
+    const std::to_chars_result end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
+    return std::string(digits.data(), end.ptr);
+}
+
+bool endsWith(std::string_view text, std::string_view end) {
+    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+/// How to write a number that ends in a sign for hundredths and so on; the exponent keeps every digit.
+std::string mendParts(std::string_view text, std::string_view sign, const std::string& exponent) {
+    if (!endsWith(text, sign)) return {};
+    std::string number(text.substr(0, text.size() - sign.size()));
+    number.erase(number.find_last_not_of(' ') + 1);
+    const std::optional<double> value = plainNumber(number + exponent);
+    if (!value) return {};
+    return "rates are plain fractions: write " + written(*value);
+}
+
+std::string mendCommas(std::string_view text) {
+    if (text.find(',') == std::string_view::npos) return {};
+    std::string bare(text);
+    bare.erase(std::remove(bare.begin(), bare.end(), ','), bare.end());
+    if (!plainNumber(bare)) return {};
+    const std::size_t comma = text.find(',');
+    const bool grouped = comma != 0 && text.size() - comma == 4;
+    return grouped ? "digits are not grouped: write " + bare : "write a point, not a comma, and do not group digits";
+}
+
+std::string mendPlus(std::string_view text) {
+    if (text.empty() || text.front() != '+' || !plainNumber(text.substr(1))) return {};
+    return "leave out the plus sign";
+}
+
+std::string mendNumber(std::string_view text) {
+    for (const std::string& mend : {mendParts(text, "%", "e-2"), mendParts(text, "\xEF\xBC\x85", "e-2"),
+                                    mendParts(text, "\xE2\x80\xB0", "e-3"), mendCommas(text), mendPlus(text)}) {
+        if (!mend.empty()) return mend;
+    }
+    return {};
+}
+
+}  // namespace
+
+bool Cell::refuse(const std::string& message) {
+    row.errors.add(row.file, line, "column " + std::string(column) + message);
+    return drop();
+}
+
+bool Cell::refuseFound(const std::string& expected, const std::string& mend) {
+    const std::string found = empty() ? " is empty" : " holds " + inQuotes(text);
+    return refuse(found + ", but " + expected + " was expected" + "; " + (mend.empty() ? "correct it" : mend));
+}
+
+bool Cell::drop() {
+    row.whole = false;
+    return false;
+}
+
+std::vector<std::string> wordsOf(const Words& words) {
+    std::vector<std::string> names;
+    for (const auto& [name, value] : words) names.push_back(name);
+    return names;
+}
+
+bool readNumber(Cell& cell, double& value) {
+    double number = 0;
+    std::errc error{};
+    if (!readWhole(cell.text, number, error)) return cell.refuseFound(kPlainNumber, mendNumber(cell.text));
+    if (error == std::errc::result_out_of_range) {
+        return cell.refuseFound("a number that a double holds, 0 or from 1e-307 to 1e308");
+    }
+    if (!std::isfinite(number)) return cell.refuseFound(kPlainNumber);
+    value = number;
+    return true;
+}
+
+bool readNumberFromZero(Cell& cell, double& value) {
+    double number = 0;
+    if (!readNumber(cell, number)) return false;
+    if (number < 0) return cell.refuseFound("a number that is not negative");
+    value = number;
+    return true;
+}
+
+bool readInteger(Cell& cell, int low, int high, int& value) {
+    int number = 0;
+    std::errc error{};
+    const bool whole = readWhole(cell.text, number, error) && error == std::errc();
+    if (!whole || number < low || number > high) {
+        return cell.refuseFound("a whole number from " + std::to_string(low) + " to " + std::to_string(high));
+    }
+    value = number;
+    return true;
+}
+
+bool readWord(Cell& cell, const Words& words, int& value) {
+    const auto found =
+        std::find_if(words.begin(), words.end(), [&](const auto& word) { return word.first == cell.text; });
+    if (found == words.end()) {
+        const std::vector<std::string> names = wordsOf(words);
+        return cell.refuse(" holds " + inQuotes(cell.text) + ", but " + oneOf(names) + " was expected" +
+                           mendByOneOf(cell.text, names));
+    }
+    value = found->second;
+    return true;
+}
+
+bool readText(Cell& cell, std::string& value) {
+    value = cell.text;
+    return true;
+}
+
+bool readName(Cell& cell, std::string& value) {
+    if (hasBlank(cell.text)) return cell.refuseFound("a text without spaces and control characters");
+    return readText(cell, value);
+}
+
+}  // namespace standalone::loader

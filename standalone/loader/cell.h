@@ -1,0 +1,65 @@
+#ifndef STANDALONE_LOADER_CELL_H
+#define STANDALONE_LOADER_CELL_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "standalone/loader/error_log.h"
+
+namespace standalone::loader {
+
+/// What is known of a row while its cells are read.
+struct RowState {
+    ErrorLog& errors;
+    const std::string& file;
+    bool whole = true;  ///< every cell so far could be used
+};
+
+/// One cell of a table, with the way to complain about it. A view: the row outlives it.
+class Cell {
+public:
+    Cell(std::string_view cellText, std::string_view columnName, std::size_t lineNumber, RowState& rowState)
+        : text(cellText), column(columnName), line(lineNumber), row(rowState) {}
+
+    [[nodiscard]] bool empty() const { return text.empty(); }
+
+    /// Reports that the cell is bad; the message goes on behind the column's name. The answer is false.
+    bool refuse(const std::string& message);
+
+    /// Reports `"text", but EXPECTED was expected` and so on; `mend` tells how to mend it, else it is to be corrected.
+    bool refuseFound(const std::string& expected, const std::string& mend = {});
+
+    /// Makes the row unusable without a word: the cause is reported where it lies. The answer is false.
+    bool drop();
+
+    const std::string_view text;
+    const std::string_view column;
+    const std::size_t line;
+
+private:
+    RowState& row;
+};
+
+/// Words of a cell and what they stand for.
+using Words = std::vector<std::pair<std::string, int>>;
+
+std::vector<std::string> wordsOf(const Words& words);
+
+// Each reads the whole cell into `value`. False, with `value` untouched and the error reported, when it cannot.
+
+/// A finite number, written with a point and without grouping. The locale does not matter.
+bool readNumber(Cell& cell, double& value);
+bool readNumberFromZero(Cell& cell, double& value);
+bool readInteger(Cell& cell, int low, int high, int& value);
+bool readWord(Cell& cell, const Words& words, int& value);
+/// Any text.
+bool readText(Cell& cell, std::string& value);
+/// A text without spaces and control characters.
+bool readName(Cell& cell, std::string& value);
+
+}  // namespace standalone::loader
+
+#endif  // STANDALONE_LOADER_CELL_H

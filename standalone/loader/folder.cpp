@@ -1,0 +1,151 @@
+#include "standalone/loader/folder.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "standalone/loader/words.h"
+
+namespace standalone::loader {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kInstruments = "instruments";
+
+/// The files that a folder may have; empty names any .csv file.
+struct KnownFolder {
+    std::string name;  ///< with the slash behind it; empty for the market folder itself
+    std::vector<std::string> files;
+};
+
+const std::vector<KnownFolder>& knownFolders() {
+    static const std::vector<KnownFolder> folders{
+        {"", {"market.toml", "accounts.csv", "categories.csv", "custom_categories.csv", "group_categories.csv"}},
+        {kInstruments + "/", {}},
+        {"fees/", {"stock.csv", "credit.csv", "neeq.csv", "hgt.csv", "sgt.csv", "commission.csv", "margin.csv"}},
+        {"configured/", {"stock.csv", "hgt.csv", "sgt.csv"}},
+        {"custom/",
+         {"stock.csv", "credit.csv", "neeq.csv", "option.csv", "hgt.csv", "sgt.csv", "commission.csv", "margin.csv"}}};
+    return folders;
+}
+
+bool endsWith(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+bool leftAlone(const std::string& name) { return name.front() == '.' || endsWith(name, ".md"); }
+
+/// The names in a folder in ascending order; the error says why there are none.
+std::vector<std::string> namesIn(const fs::path& folder, std::error_code& error) {
+    std::vector<std::string> names;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (!leftAlone(name)) names.push_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+class Scan {
+public:
+    explicit Scan(Load& underWay) : load(underWay) {}
+
+    bool run() {
+        std::error_code error;
+        const std::vector<std::string> names = namesIn(load.folder, error);
+        if (error) return refuseFolder(error);
+        for (const std::string& name : names) visitTop(name);
+        reportMissing();
+        return true;
+    }
+
+private:
+    bool refuseFolder(const std::error_code& error) {
+        const std::string name = load.market.folder.empty() ? "\"\"" : load.market.folder;
+        std::error_code ignored;
+        const fs::file_status status = fs::status(load.folder, ignored);
+        if (!fs::exists(status)) {
+            load.errors.add(name, 0, "there is no such folder; name the folder that holds market.toml");
+        } else if (!fs::is_directory(status)) {
+            load.errors.add(name, 0, "this is not a folder; name the folder that holds market.toml");
+        } else {
+            load.errors.add(name, 0, "the folder cannot be read (" + error.message() + "); make it readable");
+        }
+        return false;
+    }
+
+    void visitTop(const std::string& name) {
+        const auto& folders = knownFolders();
+        const auto folder = std::find_if(folders.begin(), folders.end(),
+                                         [&](const KnownFolder& known) { return known.name == name + "/"; });
+        if (folder == folders.end()) {
+            visitFile(folders.front(), name);
+        } else {
+            visitFolder(*folder, name);
+        }
+    }
+
+    void visitFolder(const KnownFolder& folder, const std::string& name) {
+        std::error_code error;
+        const std::vector<std::string> names = namesIn(load.folder / name, error);
+        if (error) {
+            isWhole = isWhole && name != kInstruments;
+            load.errors.add(name, 0,
+                            error == std::errc::not_a_directory
+                                ? "a file stands where a folder of this name was expected; rename it or remove it"
+                                : "the folder cannot be read (" + error.message() + "); make it readable");
+        }
+        for (const std::string& file : names) visitFile(folder, file);
+    }
+
+    void visitFile(const KnownFolder& folder, const std::string& file) {
+        const bool known = folder.files.empty()
+                               ? endsWith(file, ".csv")
+                               : std::find(folder.files.begin(), folder.files.end(), file) != folder.files.end();
+        if (!known) {
+            reportUnknown(folder, file);
+        } else if (folder.files.empty()) {
+            load.instrumentFiles.push_back(folder.name + file);
+        } else {
+            load.tables.push_back(folder.name + file);
+        }
+    }
+
+    void reportUnknown(const KnownFolder& folder, const std::string& file) {
+        std::vector<std::string> names = folder.files;
+        if (folder.name.empty()) {
+            for (const KnownFolder& known : knownFolders()) {
+                if (!known.name.empty()) names.push_back(known.name.substr(0, known.name.size() - 1));
+            }
+        }
+        const std::string expected = folder.files.empty() ? "tables ending in .csv" : oneOf(names);
+        misspelt.push_back(nearest(file, names));
+        load.errors.add(folder.name + file, 0,
+                        "the format does not know this name, only " + expected + " here; rename it or remove it" +
+                            suggestion(file, names));
+    }
+
+    // What seems to be there under a misspelt name has been reported with that name.
+    [[nodiscard]] bool isMisspelt(const std::string& name) const {
+        return std::find(misspelt.begin(), misspelt.end(), name) != misspelt.end();
+    }
+
+    void reportMissing() {
+        for (const std::string name : {"market.toml", "accounts.csv"}) {
+            if (load.hasFile(name) || isMisspelt(name)) continue;
+            load.errors.add(name, 0, "the file is missing, but it is needed; add it");
+        }
+        if (!load.instrumentFiles.empty() || isMisspelt(kInstruments) || !isWhole) return;
+        load.errors.add(kInstruments, 0, "there is no table of instruments; add at least one file instruments/*.csv");
+    }
+
+    Load& load;
+    std::vector<std::string> misspelt;  ///< names that an unknown one was taken for
+    bool isWhole = true;                ///< the folder of instruments, if any, could be read
+};
+
+}  // namespace
+
+bool scanFolder(Load& load) { return Scan(load).run(); }
+
+}  // namespace standalone::loader

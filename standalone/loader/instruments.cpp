@@ -1,0 +1,113 @@
+#include <boost/make_shared.hpp>
+#include <limits>
+
+#include "standalone/loader/lists.h"
+#include "standalone/loader/rule_line.h"
+#include "standalone/loader/table.h"
+#include "standalone/loader/tables.h"
+#include "standalone/loader/words.h"
+
+namespace standalone::loader {
+namespace {
+
+using qmservice::CInstrument;
+
+constexpr double kNotSet = -1.0;
+
+struct InstrumentLine {
+    InstrumentLine() { record.openFee = record.closeFee = record.closeTodayFee = kNotSet; }
+
+    CInstrument record;
+    Lists lists;
+    int tradeUnit = 0;
+};
+
+using InstrumentColumn = Column<InstrumentLine>;
+
+void readCode(Cell& cell, std::string& code) {
+    if (cell.text.find('*') != std::string_view::npos) {
+        cell.refuseFound("a code without \"*\"", "\"*\" belongs into patterns of other tables");
+    } else if (namesChannel(cell.text)) {
+        cell.refuse(" holds " + inQuotes(cell.text) +
+                    ", but HGT and SGT are the names of the connect channels, and the instrument could not be asked "
+                    "for; give it a code without them");
+    } else {
+        readName(cell, code);
+    }
+}
+
+InstrumentColumn textColumn(const std::string& name, Need need, std::string CInstrument::*field) {
+    return {name, need, [field](InstrumentLine& line, Cell& cell) { readText(cell, line.record.*field); }};
+}
+
+InstrumentColumn sizeColumn(const std::string& name, double CInstrument::*field) {
+    return {name, Need::kOptional,
+            [field](InstrumentLine& line, Cell& cell) { readNumberFromZero(cell, line.record.*field); }};
+}
+
+InstrumentColumn feeColumn(const std::string& name, double CInstrument::*field) {
+    return {name, Need::kOptional,
+            [field](InstrumentLine& line, Cell& cell) { readNumberFromZero(cell, line.record.*field); }};
+}
+
+std::vector<InstrumentColumn> instrumentColumns(const Load& load) {
+    static const Words feeTypes{{"per_lot", 1}, {"per_turnover", 2}};
+    return {
+        {"market", Need::kFilled,
+         [&load](InstrumentLine& line, Cell& cell) { readMarketName(load, cell, line.record.market); }},
+        {"code", Need::kFilled, [](InstrumentLine& line, Cell& cell) { readCode(cell, line.record.code); }},
+        textColumn("name", Need::kFilled, &CInstrument::name),
+        {"lists", Need::kPresent, [](InstrumentLine& line, Cell& cell) { readLists(cell, line.lists); }},
+        textColumn("product", Need::kOptional, &CInstrument::productId),
+        {"trade_unit", Need::kOptional,
+         [](InstrumentLine& line, Cell& cell) {
+             readInteger(cell, 1, std::numeric_limits<int>::max(), line.tradeUnit);
+         }},
+        sizeColumn("multiplier", &CInstrument::volumeMultiple),
+        sizeColumn("tick", &CInstrument::priceTick),
+        {"fee_type", Need::kOptional,
+         [](InstrumentLine& line, Cell& cell) { readWord(cell, feeTypes, line.record.feeType); }},
+        feeColumn("open_fee", &CInstrument::openFee),
+        feeColumn("close_fee", &CInstrument::closeFee),
+        feeColumn("close_today_fee", &CInstrument::closeTodayFee),
+    };
+}
+
+int tradeUnitOf(const Load& load, const InstrumentLine& line) {
+    if (line.tradeUnit != 0) return line.tradeUnit;
+    const std::size_t* market = load.markets.find(line.record.market);
+    return market == nullptr ? 0 : load.market.markets[*market].tradeUnit;
+}
+
+void addInstrument(Load& load, const std::string& file, const ReadLine<InstrumentLine>& read) {
+    const CInstrument& record = read.line.record;
+    load.instrumentsWhole = load.instrumentsWhole && read.whole;
+    if (record.market.empty() || record.code.empty()) {
+        load.instrumentsComplete = false;
+        return;
+    }
+    std::vector<ListedInstrument>& all = load.market.instruments;
+    if (const auto first = load.instruments.add(record.market, record.code, all.size())) {
+        load.errors.add(file, read.position.line,
+                        "the instrument " + record.market + " " + inQuotes(record.code) + " stands already at " +
+                            load.market.where(all[*first].position) + "; remove one of the lines");
+        return;
+    }
+    all.push_back({boost::make_shared<CInstrument>(record), read.line.lists.kindMask, read.line.lists.types,
+                   tradeUnitOf(load, read.line), read.position});
+}
+
+}  // namespace
+
+void readInstruments(Load& load) {
+    const std::vector<InstrumentColumn> columns = instrumentColumns(load);
+    for (const std::string& file : load.instrumentFiles) {
+        const bool complete = readTable<InstrumentLine>(
+            load, file, columns, [&](const ReadLine<InstrumentLine>& read) { addInstrument(load, file, read); });
+        load.instrumentsComplete = load.instrumentsComplete && complete;
+    }
+    load.instrumentsComplete = load.instrumentsComplete && !load.instrumentFiles.empty();
+    load.instrumentsWhole = load.instrumentsWhole && load.instrumentsComplete;
+}
+
+}  // namespace standalone::loader

@@ -1,0 +1,19 @@
+#ifndef STANDALONE_LOADER_LISTS_H
+#define STANDALONE_LOADER_LISTS_H
+
+#include <string>
+
+#include "standalone/loader/cell.h"
+#include "standalone/loader/instrument_index.h"
+
+namespace standalone::loader {
+
+/// Reads the names of lists, separated by spaces. False, with the error reported, when one is unknown.
+bool readLists(Cell& cell, Lists& lists);
+
+/// The names of some lists: `stock`, `futures or futures_extra`.
+std::string listNames(const Lists& lists);
+
+}  // namespace standalone::loader
+
+#endif  // STANDALONE_LOADER_LISTS_H

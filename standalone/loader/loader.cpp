@@ -1,0 +1,54 @@
+#include "standalone/loader.h"
+
+#include <algorithm>
+
+#include "standalone/loader/folder.h"
+#include "standalone/loader/load.h"
+#include "standalone/loader/market_toml.h"
+#include "standalone/loader/tables.h"
+
+namespace standalone {
+namespace loader {
+
+bool Load::hasFile(const std::string& file) const {
+    return std::find(tables.begin(), tables.end(), file) != tables.end();
+}
+
+namespace {
+
+void readFolder(Load& load) {
+    readMarketToml(load);
+    readAccounts(load);
+    readInstruments(load);
+    readCategories(load);
+    readConfiguredLimits(load);
+    readFees(load);
+    readCustomFees(load);
+}
+
+}  // namespace
+}  // namespace loader
+
+std::string LoadError::text() const { return file + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + message; }
+
+std::string Market::where(Position position) const {
+    const std::string& file = files.at(position.file);
+    return position.line == 0 ? file : file + ":" + std::to_string(position.line);
+}
+
+LoadResult loadMarket(const std::string& folder) {
+    loader::Load load;
+    load.folder = folder;
+    load.market.folder = folder;
+    if (loader::scanFolder(load)) loader::readFolder(load);
+    LoadResult result;
+    result.errors = load.errors.takeSorted();
+    if (result.ok()) {
+        result.market = std::move(load.market);
+    } else {
+        result.market.folder = folder;
+    }
+    return result;
+}
+
+}  // namespace standalone

@@ -1,0 +1,70 @@
+#ifndef STANDALONE_LOADER_RULE_LINE_H
+#define STANDALONE_LOADER_RULE_LINE_H
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "standalone/loader/instrument_index.h"
+#include "standalone/loader/table.h"
+
+namespace standalone::loader {
+
+/// More rates than any family has.
+constexpr std::size_t kMostRates = 14;
+
+/// What a line of the tables of rates and categories may hold; a table fills the fields that it has columns for. A text
+/// that could not be read is empty, a number 0.
+struct RuleLine {
+    std::optional<std::size_t> account;  ///< to Market::accounts
+    std::string market;
+    std::string code;
+    std::string product;
+    std::string name;
+    std::string item;
+    int update = 0;
+    int category = 0;
+    int group = 0;
+    int excluded = 0;
+    int hedgeFlag = 0;
+    int marginMode = 0;
+    int unitVolume = 0;
+    std::array<double, kMostRates> rates{};
+};
+
+using RuleColumn = Column<RuleLine>;
+using ReadRule = ReadLine<RuleLine>;
+
+// The columns that several tables share. They refer to the load, which outlives them.
+
+/// An account of one of the kinds, for the named table.
+RuleColumn accountColumn(const Load& load, const std::string& file, const std::vector<int>& kinds);
+RuleColumn marketColumn(const Load& load, Need need);
+RuleColumn codeColumn(Need need);
+RuleColumn productColumn();
+RuleColumn hedgeFlagColumn();
+RuleColumn marginModeColumn();
+/// A whole number from 1.
+RuleColumn numberColumn(const std::string& name, int RuleLine::*field, Need need = Need::kFilled);
+/// The rates of a family that market.toml names.
+std::vector<RuleColumn> namedRates(const Load& load, const std::string& family);
+/// The rates of futures, under fixed names.
+std::vector<RuleColumn> commissionRates();
+std::vector<RuleColumn> marginRates();
+
+std::vector<RuleColumn> joined(std::vector<RuleColumn> columns, const std::vector<RuleColumn>& more);
+
+/// The name of a market of the folder; it may be unknown without an error when the markets could not be read.
+bool readMarketName(const Load& load, Cell& cell, std::string& market);
+
+/// The places in the catalogue of the instruments that a line means; an error is reported when there are none.
+std::vector<std::size_t> matchInstruments(Load& load, const std::string& file, const ReadRule& read,
+                                          const Lists& lists);
+
+/// The place in the catalogue of the one instrument that a line names, reported when there is none.
+std::optional<std::size_t> findInstrument(Load& load, const std::string& file, const ReadRule& read);
+
+}  // namespace standalone::loader
+
+#endif  // STANDALONE_LOADER_RULE_LINE_H

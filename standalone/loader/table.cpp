@@ -1,0 +1,138 @@
+#include "standalone/loader/table.h"
+
+#include <algorithm>
+
+#include "standalone/loader/text_file.h"
+#include "standalone/loader/words.h"
+
+namespace standalone::loader {
+
+TableReader::TableReader(Load& underWay, const std::string& fileName, std::vector<ColumnHeader> tableColumns,
+                         bool unknownColumns)
+    : load(underWay),
+      file(fileName),
+      columns(std::move(tableColumns)),
+      fileNumber(load.addFile(file)),
+      text(readText(load.folder / file, file, load.errors)) {
+    isComplete = text.has_value();
+    if (isComplete) readHeader(unknownColumns);
+}
+
+void TableReader::headerFault(std::size_t line, const std::string& message) {
+    load.errors.add(file, line, message);
+    headerGood = false;
+}
+
+bool TableReader::lineFault(const std::string& message) {
+    load.errors.add(file, row.line, message);
+    return isComplete = false;
+}
+
+std::vector<std::string> TableReader::names() const {
+    std::vector<std::string> all;
+    for (const ColumnHeader& column : columns) all.push_back(column.name);
+    return all;
+}
+
+std::size_t TableReader::columnOf(const std::string& name) const {
+    const auto found =
+        std::find_if(columns.begin(), columns.end(), [&](const ColumnHeader& column) { return column.name == name; });
+    return found == columns.end() ? kNoColumn : static_cast<std::size_t>(found - columns.begin());
+}
+
+bool TableReader::hasColumn(std::size_t column) const {
+    return std::find(columnOfCell.begin(), columnOfCell.end(), column) != columnOfCell.end();
+}
+
+void TableReader::readHeader(bool unknownColumns) {
+    rows.emplace(*text);
+    rows->next(row);
+    if (!row.fault.empty()) {
+        lineFault(row.fault);
+        rows.reset();
+        return;
+    }
+    if (separatedOtherwise()) {
+        lineFault("the header has no comma but " + inQuotes(row.cells.front().text) +
+                  ", and commas were expected between the columns; save the table as comma-separated values");
+        rows.reset();
+        return;
+    }
+    std::vector<bool> excused(columns.size(), false);
+    for (const CsvCell& cell : row.cells) matchHeader(cell, unknownColumns, excused);
+    reportMissing(row.line, excused);
+}
+
+bool TableReader::separatedOtherwise() const {
+    return row.cells.size() == 1 && row.cells.front().text.find_first_of(";\t") != std::string::npos;
+}
+
+void TableReader::matchHeader(const CsvCell& cell, bool unknownColumns, std::vector<bool>& excused) {
+    const std::size_t column = columnOf(cell.text);
+    const bool repeated = column != kNoColumn && hasColumn(column);
+    if (repeated)
+        headerFault(cell.line, "the column " + inQuotes(cell.text) + " stands twice in the header; keep one of them");
+    if (column == kNoColumn && unknownColumns) reportUnknown(cell, excused);
+    columnOfCell.push_back(repeated ? kNoColumn : column);
+}
+
+void TableReader::reportUnknown(const CsvCell& cell, std::vector<bool>& excused) {
+    if (cell.text.empty()) {
+        headerFault(cell.line, "column " + std::to_string(columnOfCell.size() + 1) +
+                                   " has no name in the header; name it or remove it");
+        return;
+    }
+    const std::string near = nearest(cell.text, names());
+    if (!near.empty()) excused[columnOf(near)] = true;
+    headerFault(cell.line, "the header names an unknown column " + inQuotes(cell.text) + ", but the columns here are " +
+                               oneOf(names(), columns.size()) +
+                               (near.empty() ? "" : "; did you mean " + inQuotes(near) + "?"));
+}
+
+// A needed column that seems to be there under a misspelt name has been reported with that name.
+void TableReader::reportMissing(std::size_t line, const std::vector<bool>& excused) {
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        if (columns[column].need == Need::kOptional || hasColumn(column)) continue;
+        isComplete = false;
+        if (!excused[column])
+            headerFault(line,
+                        "the header lacks the column " + inQuotes(columns[column].name) + ", which is needed; add it");
+    }
+}
+
+bool TableReader::usable() {
+    if (!row.fault.empty()) return lineFault(row.fault);
+    if (row.cells.size() == columnOfCell.size()) return true;
+    const bool few = row.cells.size() < columnOfCell.size();
+    return lineFault(std::string("the line has too ") + (few ? "few" : "many") + " cells: " +
+                     std::to_string(row.cells.size()) + " where the header has " + std::to_string(columnOfCell.size()) +
+                     (few ? "; add the missing ones, empty ones too"
+                          : "; remove the extra ones, or quote a cell that holds a comma"));
+}
+
+bool TableReader::next() {
+    while (rows && rows->next(row)) {
+        if (usable()) return true;
+    }
+    return false;
+}
+
+bool TableReader::readCells(const std::function<void(std::size_t, Cell&)>& set) {
+    RowState state{load.errors, file, headerGood};
+    for (std::size_t i = 0; i < row.cells.size(); ++i) {
+        const std::size_t column = columnOfCell[i];
+        if (column == kNoColumn) continue;
+        Cell cell(row.cells[i].text, columns[column].name, row.cells[i].line, state);
+        if (cell.text.size() > kMostCharacters && characters(cell.text) > kMostCharacters) {
+            cell.refuse(" holds " + inQuotes(cell.text) + " of " + std::to_string(characters(cell.text)) +
+                        " characters, but at most " + std::to_string(kMostCharacters) + " are taken; shorten it");
+        } else if (!cell.empty()) {
+            set(column, cell);
+        } else if (columns[column].need == Need::kFilled) {
+            cell.refuse(" is empty, but every line needs a value there; fill it in");
+        }
+    }
+    return state.whole;
+}
+
+}  // namespace standalone::loader

@@ -1,0 +1,132 @@
+#include "standalone/loader/toml_section.h"
+
+#include <algorithm>
+
+#include "standalone/loader/words.h"
+
+namespace standalone::loader {
+namespace {
+
+const char* const kMend = " was expected; correct it";
+
+std::string found(const toml::node& node) {
+    if (const auto* text = node.as_string(); text != nullptr && text->get().empty()) return "is empty";
+    if (const auto* text = node.as_string()) return "holds the text " + inQuotes(text->get());
+    if (const auto* number = node.as_integer()) return "holds " + std::to_string(number->get());
+    if (const auto* flag = node.as_boolean()) return flag->get() ? "holds true" : "holds false";
+    if (node.is_table()) return "is a table";
+    if (node.is_array()) return "is a list";
+    return node.is_floating_point() ? "holds a number with a fraction" : "holds a date or time";
+}
+
+std::string range(int low, int high) {
+    if (low == high) return std::to_string(low);
+    return "a whole number from " + std::to_string(low) + " to " + std::to_string(high);
+}
+
+bool fits(const toml::node& node, int low, int high) {
+    const auto* number = node.as_integer();
+    return number != nullptr && number->get() >= low && number->get() <= high;
+}
+
+}  // namespace
+
+std::string TomlSection::fullName(std::string_view key) const {
+    const std::string full = name.empty() ? std::string(key) : name + "." + std::string(key);
+    return inQuotes(full);
+}
+
+void TomlSection::refuse(std::string_view key, const std::string& message) {
+    const toml::node* node = table.get(key);
+    const std::size_t line = (node == nullptr ? table.source() : node->source()).begin.line;
+    errors.add(file, line, fullName(key) + " " + message);
+    isGood = false;
+}
+
+const toml::node* TomlSection::take(std::string_view key, Need need) {
+    asked.emplace_back(key);
+    const toml::node* node = table.get(key);
+    if (node == nullptr && need == Need::kNeeded) refuse(key, "is missing, but it is needed; add it");
+    return node;
+}
+
+void TomlSection::readInteger(std::string_view key, Need need, int low, int high, int& value) {
+    const toml::node* node = take(key, need);
+    if (node == nullptr) return;
+    if (fits(*node, low, high)) {
+        value = static_cast<int>(node->as_integer()->get());
+    } else {
+        refuse(key, found(*node) + ", but " + range(low, high) + kMend);
+    }
+}
+
+void TomlSection::readText(std::string_view key, Need need, std::string& value) {
+    const toml::node* node = take(key, need);
+    if (node == nullptr) return;
+    const auto* text = node->as_string();
+    if (text == nullptr || text->get().empty()) {
+        refuse(key, found(*node) + ", but a text in quotes" + kMend);
+    } else if (characters(text->get()) > kMostCharacters) {
+        refuse(key, found(*node) + " of " + std::to_string(characters(text->get())) + " characters, but at most " +
+                        std::to_string(kMostCharacters) + " are taken; shorten it");
+    } else {
+        value = text->get();
+    }
+}
+
+void TomlSection::readFlag(std::string_view key, Need need, bool& value) {
+    const toml::node* node = take(key, need);
+    if (node == nullptr) return;
+    if (const auto* flag = node->as_boolean()) {
+        value = flag->get();
+    } else {
+        refuse(key, found(*node) + ", but true or false" + kMend);
+    }
+}
+
+void TomlSection::readIntegers(std::string_view key, int low, int high, std::vector<int>& values) {
+    const toml::node* node = take(key, Need::kOptional);
+    if (node == nullptr) return;
+    const toml::array* list = node->as_array();
+    if (list == nullptr) {
+        refuse(key, found(*node) + ", but a list of whole numbers such as [9001]" + kMend);
+        return;
+    }
+    for (const toml::node& element : *list) {
+        if (fits(element, low, high)) {
+            values.push_back(static_cast<int>(element.as_integer()->get()));
+        } else {
+            isGood = false;
+            errors.add(file, element.source().begin.line,
+                       "an element of " + fullName(key) + " " + found(element) + ", but " + range(low, high) + kMend);
+        }
+    }
+}
+
+const toml::table* TomlSection::readTable(std::string_view key, Need need) {
+    const toml::node* node = take(key, need);
+    if (node == nullptr) return nullptr;
+    if (!node->is_table()) refuse(key, found(*node) + ", but a table" + kMend);
+    return node->as_table();
+}
+
+std::vector<std::string> TomlSection::keys() const {
+    std::vector<std::pair<toml::source_position, std::string>> found;
+    for (const auto& [key, node] : table) found.emplace_back(key.source().begin, std::string(key.str()));
+    std::stable_sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<std::string> inOrder;
+    for (auto& [position, key] : found) inOrder.push_back(std::move(key));
+    return inOrder;
+}
+
+void TomlSection::refuseOtherKeys() {
+    for (const auto& [key, node] : table) {
+        if (std::find(asked.begin(), asked.end(), key.str()) != asked.end()) continue;
+        errors.add(file, key.source().begin.line,
+                   fullName(key.str()) + " is not a key of the format, which knows " + oneOf(asked) + " here" +
+                       suggestion(key.str(), asked));
+        isGood = false;
+    }
+}
+
+}  // namespace standalone::loader

@@ -1,0 +1,120 @@
+#ifndef STANDALONE_MARKET_H
+#define STANDALONE_MARKET_H
+
+#include <boost/shared_ptr.hpp>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/records.h"
+
+namespace standalone {
+
+/// A line of a market folder: an index into Market::files and a line number from 1; line 0 is the file as a whole.
+struct Position {
+    std::uint32_t file = 0;
+    std::uint32_t line = 0;
+};
+
+struct MarketPlace {
+    std::string market;  ///< the market string of the records
+    std::string title;
+    int tradeUnit = 0;  ///< of instruments that name none
+    bool foreign = false;
+};
+
+/// The lists of the catalogue, as bits of the kind mask.
+enum KindMask : int {
+    kStockList = 1,
+    kCreditList = 8,
+    kOptionList = 32,
+    kHgtList = 128,
+    kNeeqList = 256,
+    kSgtList = 16384
+};
+
+/// The types of the catalogue's maps; 0 is none.
+enum CatalogueType : int { kNoType = 0, kFutures = 2, kFuturesExtra = 1024 };
+
+struct ListedInstrument {
+    boost::shared_ptr<qmservice::CInstrument> record;
+    int kindMask = 0;  ///< the lists it is in
+    int types = 0;     ///< the map types it is in, as bits
+    int tradeUnit = 0;
+    Position position;
+};
+
+/// One fee record as the back end would send it.
+struct FeeRecord {
+    boost::shared_ptr<qmservice::CInstrumentFee> record;
+    Position position;              ///< futures: of the commission, or of the first margin when there is none
+    std::vector<Position> margins;  ///< where each of the record's margin details stands
+};
+
+/// One custom fee. `entries` tells where each entry of the record's lists stands; for futures first the commission
+/// details, then the margin details.
+struct CustomFee {
+    boost::shared_ptr<qmservice::IData> record;
+    std::vector<Position> entries;
+};
+
+struct Account {
+    boost::shared_ptr<qmservice::CAccountInfo> record;
+    std::vector<FeeRecord> fees;        ///< in the order in which they are handed to initFees
+    std::vector<CustomFee> customFees;  ///< in the order in which they are handed to updateCustomFee
+    Position position;
+};
+
+template <class Limit>
+struct ConfiguredLimit {
+    std::string market;
+    std::string code;
+    boost::shared_ptr<Limit> limit;
+    Position position;
+};
+
+/// One line of a system category; an empty text stands for any.
+struct CategoryRule {
+    int category = 0;
+    std::string name;
+    std::string market;
+    std::string code;  ///< may hold '*'
+    std::string product;
+    Position position;
+};
+
+enum class RateUnit { kFraction, kYuan };
+
+/// What one rate field of a family's record means.
+struct RateName {
+    std::string field;   ///< the record's field, such as "rate1"
+    std::string column;  ///< column of the tables
+    std::string title;   ///< what a person reads
+    RateUnit unit = RateUnit::kFraction;
+};
+
+/// Everything that a market folder holds, as records ready for a host and a fee center. Immutable once loaded.
+struct Market {
+    std::string folder;
+    std::string title;
+    int engineThreads = 2;
+    std::vector<std::string> files;  ///< relative to the folder
+    std::vector<MarketPlace> markets;
+    std::vector<int> simulationPlatforms;
+    std::vector<ListedInstrument> instruments;
+    std::vector<Account> accounts;
+    std::vector<ConfiguredLimit<qmservice::CStkExchangeRateLimit>> stockLimits;
+    std::vector<ConfiguredLimit<qmservice::CCustomHGTExchangeRateLimit>> hgtLimits;
+    std::vector<ConfiguredLimit<qmservice::CCustomSgtExchangeRateLimit>> sgtLimits;
+    std::vector<CategoryRule> categories;
+    /// By family ("stock", "credit", "neeq", "hgt", "sgt", "option"): every rate field of the family in field order.
+    std::map<std::string, std::vector<RateName>> rateNames;
+
+    /// "fees/stock.csv:12".
+    [[nodiscard]] std::string where(Position position) const;
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_MARKET_H
