@@ -1,0 +1,158 @@
+#include "feedesk/answer.h"
+
+#include <algorithm>
+#include <array>
+
+#include "feedesk/account_kinds.h"
+
+namespace feedesk {
+namespace {
+
+using namespace qmservice;  // NOLINT(google-build-using-namespace): the record classes
+using standalone::RateName;
+using Values = std::vector<double>;
+
+const std::array<const char*, 3> kHedgeNames = {"speculation", "arbitrage", "hedging"};
+constexpr const char* kOptionPart = "option";
+
+// The rates that market.toml names, in the order of their fields.
+
+Values values(const CStkExchangeRateLimit& l) { return {l.rate1, l.rate2, l.rate3, l.rate4, l.rate5, l.rate6}; }
+
+Values values(const CStockOptionFeeItem& item) { return {item.fee1, item.fee2, item.fee3, item.fee4, item.fee5}; }
+
+template <class Record>
+Values values(const ConnectExchangeRateLimit<Record>& l) {
+    return {l.rate1, l.rate2, l.rate3,  l.rate4,  l.rate5,  l.rate6,  l.rate7,
+            l.rate8, l.rate9, l.rate10, l.rate11, l.rate12, l.rate13, l.rate14};
+}
+
+TitledRates single(const std::string& title, const std::string& column, Unit unit, double value) {
+    return {title, {{column, unit, value}}};
+}
+
+/// A rate of which nobody says what it is: its column is its title.
+TitledRates unnamed(const std::string& column, double value) { return single(column, column, Unit::kNumber, value); }
+
+/// A fee or margin that is the sum of a fraction and of yuan per lot.
+TitledRates byMoneyAndVolume(const std::string& title, const std::string& prefix, double byMoney, double byVolume) {
+    return {title, {{prefix + "_by_money", Unit::kFraction, byMoney}, {prefix + "_by_volume", Unit::kYuan, byVolume}}};
+}
+
+class AnswerMaker {
+public:
+    AnswerMaker(const Tracer& usedTracer, const standalone::Market& loadedMarket)
+        : tracer(usedTracer), market(loadedMarket) {}
+
+    template <class Limit>
+    void addLimit(const std::string& part, const boost::shared_ptr<Limit>& limit, const boost::shared_ptr<Limit>& dyed,
+                  int tradeUnit) {
+        FeeLine& line = add(part, tracer.origin(dyed));
+        line.rates = named(part, values(*limit));
+        line.rates.push_back(single("Trade unit", "trade_unit", Unit::kCount, tradeUnit));
+    }
+
+    void addOption(const CStockOptionFeeRate& fee, const CStockOptionFeeRate& dyed) {
+        for (const auto& [key, item] : fee.items) {
+            const auto dyedItem = dyed.items.find(key);
+            FeeLine& line = add(kOptionPart, tracer.origin(dyedItem == dyed.items.end() ? nullptr : dyedItem->second));
+            line.item = line.label = key;
+            line.rates = named(kOptionPart, values(*item));
+            line.rates.push_back(single("Base rate", "base_rate", Unit::kNumber, fee.baseRate));
+        }
+    }
+
+    void addFutures(const CInstrumentFee& fee, const CInstrumentFee& dyed) {
+        if (!fee.commissionDetail && fee.marginDetails.empty()) {
+            return;
+        }
+        FeeLine& line = add("commission", tracer.origin(dyed.commissionDetail));
+        if (fee.commissionDetail) {
+            line.rates = commission(*fee.commissionDetail);
+        }
+        for (std::size_t slot = 0; slot < fee.marginDetails.size(); ++slot) {
+            addMargin(slot, fee.marginDetails[slot],
+                      slot < dyed.marginDetails.size() ? dyed.marginDetails[slot] : nullptr);
+        }
+    }
+
+    std::vector<FeeLine> lines;
+
+private:
+    FeeLine& add(const std::string& part, const Origin& origin) {
+        lines.push_back({part, "", "", origin, {}});
+        return lines.back();
+    }
+
+    [[nodiscard]] std::vector<TitledRates> named(const std::string& family, const Values& rates) const {
+        const std::vector<RateName>& names = market.rateNames.at(family);
+        std::vector<TitledRates> titled;
+        std::transform(names.begin(), names.end(), rates.begin(), std::back_inserter(titled),
+                       [](const RateName& name, double rate) {
+                           const bool isYuan = name.unit == standalone::RateUnit::kYuan;
+                           return single(name.title, name.column, isYuan ? Unit::kYuan : Unit::kFraction, rate);
+                       });
+        return titled;
+    }
+
+    static std::vector<TitledRates> commission(const CCommissionRateDetail& detail) {
+        return {byMoneyAndVolume("Open", "open", detail.openRatioByMoney, detail.openRatioByVolume),
+                byMoneyAndVolume("Close", "close", detail.closeRatioByMoney, detail.closeRatioByVolume),
+                byMoneyAndVolume("Close today", "close_today", detail.closeTodayRatioByMoney,
+                                 detail.closeTodayRatioByVolume),
+                unnamed("commission_extra1", detail.commissionExtra1),
+                unnamed("commission_extra2", detail.commissionExtra2)};
+    }
+
+    void addMargin(std::size_t slot, const boost::shared_ptr<CMarginRateDetail>& detail,
+                   const boost::shared_ptr<CMarginRateDetail>& dyed) {
+        FeeLine& line = add("margin", tracer.origin(dyed));
+        // A slot that is not set stands where its hedge flag belongs.
+        const auto flag = detail ? detail->hedgeFlag : static_cast<std::int32_t>('1' + slot);
+        line.item = std::string(1, static_cast<char>(flag));
+        line.label = flag >= '1' && flag <= '3' ? kHedgeNames.at(static_cast<std::size_t>(flag - '1')) : line.item;
+        if (detail) {
+            line.rates = margin(*detail);
+        }
+    }
+
+    static std::vector<TitledRates> margin(const CMarginRateDetail& detail) {
+        return {byMoneyAndVolume("Long", "long", detail.longMarginRatio, detail.longMarginRatioByVolume),
+                byMoneyAndVolume("Short", "short", detail.shortMarginRatio, detail.shortMarginRatioByVolume),
+                single("Mode", "margin_mode", Unit::kCount, detail.marginMode),
+                unnamed("margin_extra1", detail.marginExtra1), unnamed("margin_extra2", detail.marginExtra2)};
+    }
+
+    const Tracer& tracer;
+    const standalone::Market& market;
+};
+
+/// Whose names of market.toml the rates of a stock-like answer have: the account kind's, where it trades on NEEQ its.
+std::string stockFamily(const CInstrumentFee& fee) {
+    return fee.instrument->market == "NEEQ" && fee.account->accountType == kPrimeBrokerageAccount
+               ? "neeq"
+               : accountKind(fee.account->accountType).family;
+}
+
+}  // namespace
+
+Answer makeAnswer(const CInstrumentFee& fee, const CInstrumentFee& dyed, const Tracer& tracer,
+                  const standalone::Market& market) {
+    AnswerMaker maker(tracer, market);
+    if (fee.stkRateLimit) {
+        maker.addLimit(stockFamily(fee), fee.stkRateLimit, dyed.stkRateLimit, fee.stkRateLimit->unitVolume);
+    }
+    if (fee.stkOptionFeeRate && dyed.stkOptionFeeRate) {
+        maker.addOption(*fee.stkOptionFeeRate, *dyed.stkOptionFeeRate);
+    }
+    maker.addFutures(fee, dyed);
+    if (fee.hgtRateLimit) {
+        maker.addLimit("hgt", fee.hgtRateLimit, dyed.hgtRateLimit, fee.hgtRateLimit->tradeMinUnit);
+    }
+    if (fee.sgtRateLimit) {
+        maker.addLimit("sgt", fee.sgtRateLimit, dyed.sgtRateLimit, fee.sgtRateLimit->tradeMinUnit);
+    }
+    return {fee.account, fee.instrument, std::move(maker.lines)};
+}
+
+}  // namespace feedesk

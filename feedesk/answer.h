@@ -1,0 +1,56 @@
+#ifndef FEEDESK_ANSWER_H
+#define FEEDESK_ANSWER_H
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+#include <vector>
+
+#include "feedesk/provenance.h"
+#include "host/records.h"
+#include "standalone/market.h"
+
+namespace feedesk {
+
+enum class Unit {
+    kFraction,  ///< of turnover or value
+    kYuan,      ///< per lot, contract or share
+    kNumber,    ///< of a unit that the records do not tell
+    kCount      ///< no rate: a trade unit, a mode
+};
+
+struct Rate {
+    std::string column;
+    Unit unit = Unit::kFraction;
+    double value = 0;
+};
+
+/// What a person reads under one title: one rate, or two whose fees are added.
+struct TitledRates {
+    std::string title;
+    std::vector<Rate> rates;
+};
+
+/// The rates that one record of an answer holds. The same shape for every family, so that whoever shows answers knows
+/// no family.
+struct FeeLine {
+    std::string part;   ///< "stock", "option", "commission", "margin", "hgt", "sgt"
+    std::string item;   ///< key of the option's fee item, hedge flag of the margin; else empty
+    std::string label;  ///< what a person calls the item
+    Origin origin;
+    std::vector<TitledRates> rates;  ///< empty when it is not set
+};
+
+/// The fee of one instrument for one account, as a fee center answered it.
+struct Answer {
+    boost::shared_ptr<qmservice::CAccountInfo> account;
+    boost::shared_ptr<qmservice::CInstrument> instrument;
+    std::vector<FeeLine> lines;
+};
+
+/// The answer in that shape. `dyed` is the tracer's answer to the same question; neither may be empty.
+Answer makeAnswer(const qmservice::CInstrumentFee& fee, const qmservice::CInstrumentFee& dyed, const Tracer& tracer,
+                  const standalone::Market& market);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_ANSWER_H

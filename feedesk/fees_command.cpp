@@ -1,0 +1,130 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <boost/algorithm/string/case_conv.hpp>
+#include <iterator>
+#include <locale>
+#include <memory>
+
+#include "feedesk/account_kinds.h"
+#include "feedesk/fee_output.h"
+#include "feedesk/numbers.h"
+#include "feedesk/program.h"
+#include "feedesk/text.h"
+#include "standalone/code_pattern.h"
+
+namespace feedesk {
+namespace {
+
+struct FeesArguments {
+    std::string account;
+    std::vector<std::string> markets;  // none: every market
+    std::string pattern = "*";
+};
+
+std::vector<std::string> marketNames(const standalone::Market& market) {
+    std::vector<std::string> names;
+    for (const standalone::MarketPlace& place : market.markets) {
+        names.push_back(place.market);
+    }
+    return names;
+}
+
+/// The market that a person names; it may be in small letters, as in the name of an instrument.
+std::string knownMarket(const std::string& text, const std::vector<std::string>& known) {
+    for (const std::string& name : {text, boost::to_upper_copy(text, std::locale::classic())}) {
+        if (std::find(known.begin(), known.end(), name) != known.end()) {
+            return name;
+        }
+    }
+    throw Failure(kNoAnswer,
+                  fmt::format("the market folder has no market {}; it has {}", echoed(text), fmt::join(known, ", ")));
+}
+
+FeesArguments withKnownMarkets(FeesArguments arguments, const standalone::Market& market) {
+    const std::vector<std::string> known = marketNames(market);
+    for (std::string& name : arguments.markets) {
+        name = knownMarket(name, known);
+    }
+    return arguments;
+}
+
+bool isWanted(const FeesArguments& arguments, const Answer& answer) {
+    const qmservice::CInstrument& instrument = *answer.instrument;
+    const auto& markets = arguments.markets;
+    const bool inMarket =
+        markets.empty() || std::find(markets.begin(), markets.end(), instrument.market) != markets.end();
+    return inMarket && (standalone::matchesPattern(instrument.code, arguments.pattern) ||
+                        standalone::matchesPattern(instrument.name, arguments.pattern));
+}
+
+std::string whyNoList(const standalone::Account& account) {
+    const std::string& id = account.record->accountId;
+    const AccountKind kind = accountKind(account.record->accountType);
+    return kind.listed
+               ? fmt::format(
+                     "account {} has no list of fees: no fee record and no custom fee covers an instrument; "
+                     "`feedesk fee {} INSTRUMENT` still answers",
+                     id, id)
+               : fmt::format("accounts of the kind {} have no list of fees; `feedesk fee {} INSTRUMENT` answers",
+                             kind.name, id);
+}
+
+std::vector<Answer> wanted(const FeesArguments& arguments, const std::vector<Answer>& answers) {
+    std::vector<Answer> found;
+    std::copy_if(answers.begin(), answers.end(), std::back_inserter(found),
+                 [&](const Answer& answer) { return isWanted(arguments, answer); });
+    return found;
+}
+
+/// How to find what the pattern is only a part of; empty when that finds nothing either.
+std::string widerPattern(FeesArguments arguments, const std::vector<Answer>& answers) {
+    const std::string& text = arguments.pattern;
+    if (text.empty()) {
+        return "";
+    }
+    const std::string pattern = (text.front() == '*' ? "" : "*") + text + (text.back() == '*' ? "" : "*");
+    arguments.pattern = pattern;
+    return !wanted(arguments, answers).empty()
+               ? fmt::format("; --match '{}' finds the text inside codes and names", pattern)
+               : "";
+}
+
+std::string whyNoneWanted(const FeesArguments& arguments, const std::vector<Answer>& answers) {
+    return fmt::format("none of the {} in the list of account {} is wanted by the filters{}",
+                       counted(answers.size(), "instrument"), arguments.account, widerPattern(arguments, answers));
+}
+
+ExitStatus fees(const Program& program, const FeesArguments& given) {
+    Session session(program.session);
+    const standalone::Account& account = session.account(given.account);
+    const FeesArguments arguments = withKnownMarkets(given, session.market());
+    const std::optional<Replies> listed = session.listedFees(account);
+    if (!listed) {
+        throw Failure(kNoAnswer, whyNoList(account));
+    }
+    const std::vector<Answer> answers = wanted(arguments, listed->answers);
+    tellUnanswered(*listed, account);
+    if (answers.empty()) {
+        throw Failure(kNoAnswer, whyNoneWanted(arguments, listed->answers));
+    }
+    program.answer(feeOutput(program, session, account, answers), session);
+    return listed->unanswered.empty() ? kAnswered : kNoAnswer;
+}
+
+}  // namespace
+
+void addFees(CLI::App& app, Program& program) {
+    CLI::App* command = app.add_subcommand("fees", "Every fee in an account's list");
+    const auto arguments = std::make_shared<FeesArguments>();
+    command->add_option("ACCOUNT", arguments->account, "Number of the account")->required()->type_name("");
+    command->add_option("--only-market", arguments->markets, "Only this market; may be given again")
+        ->type_name("M")
+        ->allow_extra_args(false);
+    command->add_option("--match", arguments->pattern, "Only codes or names like this; * is any text")
+        ->type_name("PATTERN");
+    addFormatOptions(*command, program);
+    command->callback([&program, arguments] { program.command = [=, &program] { return fees(program, *arguments); }; });
+}
+
+}  // namespace feedesk

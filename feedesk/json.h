@@ -1,0 +1,33 @@
+#ifndef FEEDESK_JSON_H
+#define FEEDESK_JSON_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace feedesk {
+
+/// One JSON object on one line, its members in the order in which they are added.
+class JsonObject {
+public:
+    JsonObject& text(const std::string& name, const std::string& value);
+    /// The shortest text that reads back as the number; null for what is no number.
+    JsonObject& number(const std::string& name, double value);
+    JsonObject& number(const std::string& name, std::size_t value);
+    JsonObject& null(const std::string& name);
+    JsonObject& object(const std::string& name, const JsonObject& value);
+
+    [[nodiscard]] std::string str() const { return "{" + members + "}"; }
+
+private:
+    JsonObject& add(const std::string& name, const std::string& value);
+
+    std::string members;
+};
+
+/// An array with one object a line, and a line end.
+std::string jsonArray(const std::vector<JsonObject>& objects);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_JSON_H

@@ -1,0 +1,3 @@
+#include "feedesk/program.h"
+
+int main(int argc, char** argv) { return feedesk::run(argc, argv); }

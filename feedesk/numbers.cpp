@@ -1,0 +1,87 @@
+#include "feedesk/numbers.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace feedesk {
+namespace {
+
+struct Decimal {
+    bool negative = false;
+    std::string digits;     // without point and leading zeros
+    int pointPosition = 0;  // how many of the digits stand before the point; may be negative or beyond them
+};
+
+/// The shortest digits of a finite number.
+Decimal decimalOf(double value) {
+    std::array<char, 32> buffer{};
+    const char* end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value), std::chars_format::scientific)
+            .ptr;
+    Decimal decimal;
+    decimal.negative = std::signbit(value);
+    const char* next = buffer.data();
+    for (; next != end && *next != 'e'; ++next) {
+        if (*next != '.') {
+            decimal.digits += *next;
+        }
+    }
+    ++next;  // 'e'; from_chars reads no plus sign
+    std::from_chars(*next == '+' ? next + 1 : next, end, decimal.pointPosition);
+    ++decimal.pointPosition;
+    return decimal;
+}
+
+std::string withPoint(const std::string& digits, int pointPosition) {
+    if (pointPosition <= 0) {
+        return fmt::format("0.{:0>{}}{}", "", -pointPosition, digits);
+    }
+    const auto whole = static_cast<std::size_t>(pointPosition);
+    if (whole >= digits.size()) {
+        return fmt::format("{:0<{}}", digits, whole);
+    }
+    return fmt::format("{}.{}", digits.substr(0, whole), digits.substr(whole));
+}
+
+/// `value` times ten to the power of `places`, exactly.
+std::string shifted(double value, int places) {
+    if (!std::isfinite(value)) {
+        return fmt::format("{}", value);
+    }
+    if (value == 0) {
+        return "0";
+    }
+    const Decimal decimal = decimalOf(value);
+    return (decimal.negative ? "-" : "") + withPoint(decimal.digits, decimal.pointPosition + places);
+}
+
+}  // namespace
+
+std::string plainNumber(double value) { return shifted(value, 0); }
+
+std::string percent(double fraction) { return shifted(fraction, 2) + "%"; }
+
+std::string grouped(std::size_t number) {
+    std::string text = fmt::format("{}", number);
+    for (std::size_t end = text.size(); end > 3; end -= 3) {
+        text.insert(end - 3, ",");
+    }
+    return text;
+}
+
+std::string durationText(std::chrono::nanoseconds duration) {
+    const double seconds = std::chrono::duration<double>(duration).count();
+    if (seconds >= 0.1) {
+        return fmt::format("{:.2f} s", seconds);
+    }
+    return seconds >= 0.001 ? fmt::format("{:.1f} ms", seconds * 1e3) : fmt::format("{:.0f} us", seconds * 1e6);
+}
+
+std::string counted(std::size_t number, const std::string& noun) {
+    return fmt::format("{} {}{}", grouped(number), noun, number == 1 ? "" : "s");
+}
+
+}  // namespace feedesk

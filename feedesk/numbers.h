@@ -1,0 +1,30 @@
+#ifndef FEEDESK_NUMBERS_H
+#define FEEDESK_NUMBERS_H
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+
+namespace feedesk {
+
+// Free of the locale; safe from any thread.
+
+/// The shortest decimal text that reads back as `value`, without an exponent: "0.0000341". "nan", "inf" and "-inf" for
+/// what is no number.
+std::string plainNumber(double value);
+
+/// A fraction as percent: "0.00341%" for 0.0000341. The point of plainNumber's text is moved, nothing is multiplied.
+std::string percent(double fraction);
+
+/// With a comma between groups of three digits: "61,234".
+std::string grouped(std::size_t number);
+
+/// "35 us", "4.2 ms", "0.21 s": microseconds below a millisecond, seconds from a tenth of a second.
+std::string durationText(std::chrono::nanoseconds duration);
+
+/// "1 account", "1,234 accounts".
+std::string counted(std::size_t number, const std::string& noun);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_NUMBERS_H

@@ -1,0 +1,135 @@
+#include "feedesk/program.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <cstdio>
+#include <exception>
+#include <sstream>
+
+#include "feedesk/terminal.h"
+#include "feedesk/text.h"
+
+namespace feedesk {
+namespace {
+
+constexpr const char* kAbout = "What trading costs an account: commission, fees and margins.";
+
+constexpr const char* kExamples = R"(Examples:
+  feedesk accounts
+  feedesk fee 1000001 SH:600519 000001.SZ
+  feedesk fee 3000001 SHFE:rb2610 --json
+  feedesk fees 1000001 --only-market SZ --match '30*' --csv
+
+Exit status: 0 answered, 1 the question has no answer, 2 bad usage or bad input.)";
+
+constexpr const char* kUsualFolder = "market";
+constexpr int kMostThreads = 64;
+
+/// Why the text is no number of threads; empty when it is one.
+std::string threadsProblem(const std::string& text) {
+    int number = 0;
+    const char* const end = text.data() + text.size();
+    const std::from_chars_result read = std::from_chars(text.data(), end, number);
+    const bool good = read.ec == std::errc() && read.ptr == end && number >= 1 && number <= kMostThreads;
+    return good ? "" : fmt::format("{} is not a whole number from 1 to {}", echoed(text), kMostThreads);
+}
+
+void describe(CLI::App& app, Program& program) {
+    app.name("feedesk");
+    app.set_version_flag("--version", "feedesk " FEEDESK_VERSION, "Print the version and exit");
+    app.footer(kExamples);
+    app.get_formatter()->column_width(26);
+    app.require_subcommand(1);
+    app.fallthrough();
+    program.session.folder = kUsualFolder;
+    app.add_option("--market", program.session.folder, "Market folder (FEEDESK_MARKET; else ./market)")
+        ->envname("FEEDESK_MARKET")
+        ->type_name("DIR")
+        ->option_text("DIR");
+    app.add_option("--threads", program.session.threads, "Threads of the engine, 1 to 64")
+        ->check(CLI::Validator(threadsProblem, ""))
+        ->type_name("N");
+    app.add_flag("--summary", program.summary, "Tell what was loaded and how long it took");
+    for (const auto add : {addFee, addFees, addAccounts}) {
+        add(app, program);
+    }
+    for (CLI::App* command : app.get_subcommands({})) {
+        command->footer("feedesk --help tells more: the market folder, examples, exit status.");
+    }
+}
+
+/// What is wrong with a command line, one sentence. `error` repeats some arguments as they were written.
+std::string usageProblem(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<std::string> left = app.remaining(true);
+    const bool noCommand = app.get_subcommands().empty();
+    if (!left.empty() && noCommand && left.front().front() != '-') {
+        return fmt::format("there is no command {}", echoed(left.front()));
+    }
+    if (!left.empty()) {
+        return fmt::format("the argument {} was not expected", echoed(left.front()));
+    }
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError) && noCommand) {
+        return "a command is needed";
+    }
+    return singleLine(error.what());
+}
+
+/// Help and version are answers; everything else that ends the reading of a command line is bad usage.
+ExitStatus usage(const CLI::App& app, const CLI::ParseError& error) {
+    std::ostringstream answer;
+    std::ostringstream ignored;
+    if (app.exit(error, answer, ignored) == 0) {
+        writeOutput(answer.str());
+        return kAnswered;
+    }
+    throw Failure(kBadInput, usageProblem(app, error) + "; `feedesk --help` tells how to ask");
+}
+
+ExitStatus answerCommandLine(int argc, const char* const* argv) {
+    CLI::App app(kAbout);
+    Program program;
+    describe(app, program);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return usage(app, error);
+    }
+    return program.command();
+}
+
+}  // namespace
+
+void addFormatOptions(CLI::App& command, Program& program) {
+    CLI::Option* json = command.add_flag_callback(
+        "--json", [&program] { program.format = Format::kJson; }, "Answer as JSON");
+    command
+        .add_flag_callback(
+            "--csv", [&program] { program.format = Format::kCsv; }, "Answer as comma-separated values")
+        ->excludes(json);
+}
+
+void Program::answer(const std::string& text, const Session& opened) const {
+    const std::string last = summary ? opened.summary() + "\n" : "";
+    const bool belowAnswer = format == Format::kTable;
+    writeOutput(belowAnswer ? printable(text + last) : text);
+    if (!belowAnswer) {
+        tell(last);
+    }
+}
+
+void tellProblem(const std::string& sentence) { tell(fmt::format("feedesk: {}\n", singleLine(sentence))); }
+
+int run(int argc, const char* const* argv) {
+    try {
+        return answerCommandLine(argc, argv);
+    } catch (const Failure& failure) {
+        tellProblem(failure.what());
+        return failure.status();
+    } catch (const std::exception& error) {
+        tellProblem(error.what());
+        return kBadInput;
+    }
+}
+
+}  // namespace feedesk

@@ -1,0 +1,44 @@
+#ifndef FEEDESK_PROGRAM_H
+#define FEEDESK_PROGRAM_H
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <string>
+
+#include "feedesk/failure.h"
+#include "feedesk/session.h"
+
+namespace feedesk {
+
+enum class Format { kTable, kJson, kCsv };
+
+/// What the command line asks for, and what the commands share.
+struct Program {
+    SessionOptions session;
+    bool summary = false;
+    Format format = Format::kTable;
+    std::function<ExitStatus()>
+        command;  ///< what to do once the whole command line is read; set by the one that is named
+
+    /// Writes an answer to standard output and, when it is asked for, the session's summary: below a table, else on
+    /// standard error, so that programs can read the answer.
+    void answer(const std::string& text, const Session& opened) const;
+};
+
+/// Writes a sentence to standard error.
+void tellProblem(const std::string& sentence);
+
+/// Adds --json and --csv to a command.
+void addFormatOptions(CLI::App& command, Program& program);
+
+// One command each: adds it to the command line and says what it does.
+void addFee(CLI::App& app, Program& program);
+void addFees(CLI::App& app, Program& program);
+void addAccounts(CLI::App& app, Program& program);
+
+/// Reads the command line, answers and tells what went wrong; the program's exit status.
+int run(int argc, const char* const* argv);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_PROGRAM_H

@@ -1,0 +1,141 @@
+#include "feedesk/text.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+#include "standalone/loader/words.h"
+
+namespace feedesk {
+namespace {
+
+using standalone::loader::unprintable;
+
+constexpr std::size_t kMostNearNames = 3;
+constexpr std::size_t kLongestCharacter = 4;  // bytes
+constexpr std::size_t kLongestEcho = 40;
+
+bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+std::string_view firstCharacter(std::string_view text) {
+    std::size_t length = std::min<std::size_t>(text.size(), 1);
+    while (length < text.size() && continuesCharacter(text[length])) {
+        ++length;
+    }
+    return text.substr(0, length);
+}
+
+std::string withSpaces(std::string_view text, std::string_view kept) {
+    std::string out;
+    while (!text.empty()) {
+        const std::size_t length = kept.find(text.front()) == std::string_view::npos ? unprintable(text) : 0;
+        out += length == 0 ? text.front() : ' ';
+        text.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    return out;
+}
+
+std::size_t lengthGap(const std::string& one, const std::string& other) {
+    return std::max(one.size(), other.size()) - std::min(one.size(), other.size());
+}
+
+/// How many bytes must be inserted, removed or replaced to make one text the other.
+std::size_t editDistance(const std::string& from, const std::string& to) {
+    std::vector<std::size_t> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        std::size_t diagonal = row[0]++;
+        for (std::size_t j = 0; j < to.size(); ++j) {
+            const std::size_t replaced = diagonal + (from[i] == to[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+        }
+    }
+    return row.back();
+}
+
+}  // namespace
+
+std::size_t displayWidth(std::string_view text) {
+    // fmt knows the width of every character and tells it by how much it pads; no character is wider than its bytes.
+    const std::size_t field = text.size() + 1;
+    const std::size_t padding = fmt::formatted_size("{:<{}}", text, field) - text.size();
+    return field - padding;
+}
+
+std::string shortened(std::string_view text, std::size_t width) {
+    // A text of more bytes is too wide whatever it holds.
+    if (text.size() <= width * kLongestCharacter && displayWidth(text) <= width) {
+        return std::string(text);
+    }
+    std::string out;
+    std::size_t used = 1;  // the ellipsis
+    for (std::string_view next = firstCharacter(text); !next.empty(); next = firstCharacter(text)) {
+        used += displayWidth(next);
+        if (used > width) {
+            break;
+        }
+        out += next;
+        text.remove_prefix(next.size());
+    }
+    return out + "…";
+}
+
+std::string singleLine(std::string_view text) { return withSpaces(text, ""); }
+
+std::string printable(std::string_view text) { return withSpaces(text, "\n"); }
+
+std::string echoed(const std::string& text) {
+    const bool plain =
+        !text.empty() && text.size() <= kLongestEcho && text.find('"') == std::string::npos && singleLine(text) == text;
+    return plain ? text : standalone::loader::inQuotes(text);
+}
+
+std::vector<std::string> words(std::string_view text) {
+    std::vector<std::string> found;
+    while (!text.empty()) {
+        const std::string_view word = text.substr(0, text.find(' '));
+        if (!word.empty()) {
+            found.emplace_back(word);
+        }
+        text.remove_prefix(std::min(text.size(), word.size() + 1));
+    }
+    return found;
+}
+
+std::vector<std::string> fillLines(const std::vector<std::string>& pieces, std::size_t width) {
+    std::vector<std::string> lines;
+    for (const std::string& piece : pieces) {
+        if (!lines.empty() && displayWidth(lines.back()) + 1 + displayWidth(piece) <= width) {
+            lines.back() += " " + piece;
+        } else {
+            lines.push_back(piece);
+        }
+    }
+    return lines;
+}
+
+std::vector<std::string> nearNames(const std::string& text, const std::vector<std::string>& known) {
+    const std::size_t farthest = std::max<std::size_t>(1, text.size() / 3);
+    std::vector<std::pair<std::size_t, std::string>> candidates;
+    for (const std::string& name : known) {
+        if (lengthGap(text, name) > farthest) {
+            continue;
+        }
+        const std::size_t distance = editDistance(text, name);
+        if (distance <= farthest) {
+            candidates.emplace_back(distance, name);
+        }
+    }
+    std::sort(candidates.begin(), candidates.end());
+    candidates.resize(std::min(candidates.size(), kMostNearNames));
+    std::vector<std::string> names;
+    for (auto& candidate : candidates) {
+        names.push_back(std::move(candidate.second));
+    }
+    return names;
+}
+
+}  // namespace feedesk

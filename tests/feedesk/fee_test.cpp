@@ -1,0 +1,286 @@
+#include <bson/bson.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "feedesk/session.h"
+#include "tests/feedesk/support/market_folder.h"
+#include "tests/feedesk/support/program.h"
+
+namespace feedesk::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class Fee : public testing::Test {
+protected:
+    Outcome fee(const std::string& arguments, const std::string& environment = "") const {
+        return ask(folder.path(), "fee " + arguments, environment);
+    }
+
+    MarketFolder folder;
+};
+
+/// A parsed JSON array of objects.
+class Json {
+public:
+    explicit Json(const std::string& text)
+        // libbson reads objects only.
+        : document(wrapped(text)) {}
+    Json(const Json&) = delete;
+    Json& operator=(const Json&) = delete;
+    ~Json() { bson_destroy(document); }
+
+    [[nodiscard]] bool parsed() const { return document != nullptr; }
+    [[nodiscard]] std::string text(const std::string& path) const {
+        bson_iter_t found;
+        return find(path, found) && BSON_ITER_HOLDS_UTF8(&found) ? bson_iter_utf8(&found, nullptr) : "?";
+    }
+    [[nodiscard]] double number(const std::string& path) const {
+        bson_iter_t found;
+        return find(path, found) && BSON_ITER_HOLDS_NUMBER(&found) ? bson_iter_as_double(&found) : -1;
+    }
+    [[nodiscard]] bool isNull(const std::string& path) const {
+        bson_iter_t found;
+        return find(path, found) && BSON_ITER_HOLDS_NULL(&found);
+    }
+
+private:
+    static bson_t* wrapped(const std::string& text) {
+        const std::string object = "{\"a\":" + text + "}";
+        return bson_new_from_json(reinterpret_cast<const std::uint8_t*>(object.data()),
+                                  static_cast<ssize_t>(object.size()), nullptr);
+    }
+    [[nodiscard]] bool find(const std::string& path, bson_iter_t& found) const {
+        bson_iter_t begin;
+        return document != nullptr && bson_iter_init(&begin, document) &&
+               bson_iter_find_descendant(&begin, ("a." + path).c_str(), &found);
+    }
+
+    bson_t* document;
+};
+
+TEST_F(Fee, TableShowsTheRatesThatAreNotZeroAndNamesTheOthers) {
+    const Outcome outcome = fee("S100 SH:600519 SZ:300750");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out,
+              "Account S100 (stock) 股票户\n"
+              "\n"
+              "Stock rates\n"
+              "                                  Stamp  Trade\n"
+              "Instrument  Name      Commission   duty   unit  Level       Source\n"
+              "SH:600519   贵州茅台      0.025%  0.05%    100  own record  fees/stock.csv:2\n"
+              "SZ:300750   宁德时代    0.00341%  0.05%    100  own record  fees/stock.csv:3\n"
+              "Rates not shown are 0: Transfer fee.\n");
+}
+
+TEST_F(Fee, TableNumbersTheSourcesWhereRoomIsShort) {
+    const Outcome outcome = fee("S100 SH:600519 SH:600000", "COLUMNS=64");
+    EXPECT_THAT(outcome.out, HasSubstr("own record [1]\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("custom fee [2]\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("\n[1] fees/stock.csv:2\n[2] custom/stock.csv:2\n"));
+}
+
+TEST_F(Fee, TableAddsTheTwoPartsOfACommission) {
+    const Outcome outcome = fee("F100 rb2610");
+    EXPECT_THAT(outcome.out, HasSubstr("0.01% + 0.01 yuan"));
+    EXPECT_THAT(outcome.out, HasSubstr("2.5 yuan"));
+    EXPECT_THAT(outcome.out, HasSubstr("Rates not shown are 0: Close today.\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("Hedge flag     Long  Short  Level       Source\n"
+                                       "SHFE:rb2610 螺纹钢2610\n"
+                                       "  speculation    7%     8%  own record  fees/margin.csv:2\n"));
+}
+
+TEST_F(Fee, TableSaysWhatIsNotSet) {
+    EXPECT_THAT(fee("F300 rb2610").out, HasSubstr("Hedge flag     Long  Short  Level       Source\n"
+                                                  "SHFE:rb2610 螺纹钢2610\n"
+                                                  "  speculation     -      -  not set\n"
+                                                  "  arbitrage     12%    13%  custom fee  custom/margin.csv:2\n"
+                                                  "  hedging         -      -  not set\n"));
+}
+
+TEST_F(Fee, TableShowsTheItemsOfAnOption) {
+    EXPECT_THAT(fee("O100 10001").out, HasSubstr("Item   Handling fee  Level       Source\n"
+                                                 "SHO:10001 50ETF购12月2500\n"
+                                                 "  000      1.3 yuan  custom fee  custom/option.csv:2\n"
+                                                 "  0D              0  custom fee  custom/option.csv:3\n"));
+}
+
+TEST_F(Fee, SimulationPlatformShowsTheExchangesFee) {
+    const std::string out = fee("F200 rb2610").out;
+    EXPECT_THAT(out, HasSubstr("3 yuan  4 yuan"));
+    EXPECT_THAT(out, HasSubstr("exchange fee"));
+}
+
+TEST_F(Fee, EveryAccountFitsTheWidth) {
+    for (const std::string question :
+         {"S100 600519 SH:000001 SZ:000001", "F100 rb2610 au2612", "F200 rb2610", "F300 rb2610", "O100 10001",
+          "O200 10001", "H100 HK:00700", "P100 600519 HK:00700 10001 rb2610", "W100 600519 rb2610"}) {
+        for (const std::size_t width : {80U, 60U, 44U}) {
+            const Outcome outcome = fee(question, "COLUMNS=" + std::to_string(width));
+            EXPECT_EQ(outcome.status, 0);
+            EXPECT_LE(widestLine(outcome.out), width) << question << "\n" << outcome.out;
+        }
+    }
+}
+
+TEST_F(Fee, JsonHoldsTheExactNumbers) {
+    const Outcome outcome = fee("S100 SZ:300750 SH:000001 --json");
+    const Json json(outcome.out);
+    ASSERT_TRUE(json.parsed()) << outcome.out;
+    EXPECT_EQ(json.text("0.account"), "S100");
+    EXPECT_EQ(json.text("0.kind"), "stock");
+    EXPECT_EQ(json.text("0.instrument.market"), "SZ");
+    EXPECT_EQ(json.text("0.instrument.code"), "300750");
+    EXPECT_EQ(json.text("0.instrument.name"), "宁德时代");
+    EXPECT_EQ(json.text("0.part"), "stock");
+    EXPECT_EQ(json.text("0.item"), "");
+    EXPECT_EQ(json.text("0.level"), "own record");
+    EXPECT_EQ(json.text("0.source"), "fees/stock.csv:3");
+    EXPECT_EQ(json.number("0.rates.commission"), 0.0000341);
+    EXPECT_EQ(json.number("0.rates.transfer_fee"), 0);
+    EXPECT_EQ(json.number("0.rates.stamp_duty"), 0.0005);
+    EXPECT_EQ(json.number("0.rates.trade_unit"), 100);
+    EXPECT_EQ(json.text("1.instrument.name"), "上证 \"A\", 指数");
+    EXPECT_EQ(json.text("1.level"), "built-in default");
+    EXPECT_TRUE(json.isNull("1.source"));
+    EXPECT_EQ(json.number("1.rates.commission"), 0.00015);
+    EXPECT_EQ(json.text("2.account"), "?");
+}
+
+TEST_F(Fee, JsonHasOneObjectForEachRecordOfAFuture) {
+    const Outcome outcome = fee("F100 rb2610 --json");
+    const Json json(outcome.out);
+    ASSERT_TRUE(json.parsed()) << outcome.out;
+    EXPECT_EQ(json.text("0.part"), "commission");
+    EXPECT_EQ(json.number("0.rates.open_by_money"), 0.0001);
+    EXPECT_EQ(json.number("0.rates.open_by_volume"), 0.01);
+    EXPECT_EQ(json.number("0.rates.close_by_volume"), 2.5);
+    EXPECT_EQ(json.text("1.part"), "margin");
+    EXPECT_EQ(json.text("1.item"), "1");
+    EXPECT_EQ(json.number("1.rates.long_by_money"), 0.07);
+    EXPECT_EQ(json.number("1.rates.short_by_money"), 0.08);
+}
+
+TEST_F(Fee, CsvHasOneLineForEachItem) {
+    EXPECT_EQ(fee("O100 10001 --csv").out,
+              "account,kind,market,code,name,part,item,level,source,handling_fee,fee2,fee3,fee4,fee5,base_rate\n"
+              "O100,option,SHO,10001,50ETF购12月2500,option,000,custom fee,custom/option.csv:2,1.3,0,0,0,0,0\n"
+              "O100,option,SHO,10001,50ETF购12月2500,option,0D,custom fee,custom/option.csv:3,0,0,0,0,0,0\n");
+}
+
+TEST_F(Fee, CsvQuotesNames) {
+    EXPECT_THAT(fee("S100 SH:000001 --csv").out, HasSubstr("SH,000001,\"上证 \"\"A\"\", 指数\",stock,"));
+}
+
+TEST_F(Fee, ConnectAccountTakesTheChannelsName) {
+    const Outcome outcome = fee("H100 HGT:00700 --csv");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.out, HasSubstr("H100,hgt,HK,00700,腾讯控股,hgt,,own record,fees/hgt.csv:2,0.0003,"));
+}
+
+TEST_F(Fee, UnknownInstrumentHasNoAnswer) {
+    const Outcome outcome = fee("S100 SH:600518");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "feedesk: the market folder has no instrument SH:600518; did you mean SH:600519?\n");
+}
+
+TEST_F(Fee, KnownInstrumentsAreAnsweredBesideAnUnknownOne) {
+    const Outcome outcome = fee("S100 SH:600518 SH:600519");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.out, HasSubstr("SH:600519"));
+    EXPECT_EQ(outcome.err, "feedesk: the market folder has no instrument SH:600518; did you mean SH:600519?\n");
+}
+
+TEST_F(Fee, InstrumentOutsideTheListsOfTheKindIsAnsweredWithANoteBelowTheTable) {
+    const Outcome outcome = fee("F100 SH:600519");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_THAT(outcome.out,
+                HasSubstr("\n\nSH:600519 is in no list of futures instruments; the fee center answers all the\n"
+                          "same, with built-in default\n"));
+}
+
+TEST_F(Fee, NoteStaysOutOfAnAnswerForPrograms) {
+    for (const std::string form : {"--json", "--csv"}) {
+        const Outcome outcome = fee("S100 HK:00700 SH:600519 " + form);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.out, Not(HasSubstr("in no list")));
+        EXPECT_EQ(outcome.err,
+                  "feedesk: HK:00700 is in no list of stock instruments; the fee center answers all the same, with "
+                  "built-in default\n");
+    }
+}
+
+TEST_F(Fee, KindsThatTradeEverythingHaveNoNote) {
+    for (const std::string account : {"P100", "W100"}) {
+        const Outcome outcome = fee(account + " SH:600519 rb2610");
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.out, Not(HasSubstr("in no list")));
+    }
+}
+
+TEST_F(Fee, CharactersThatTheTerminalObeysAreShownAsSpaces) {
+    folder.write("accounts.csv",
+                 "account,name,kind\nS100,a\xC2\x9B"
+                 "31m\xE2\x80\xAE"
+                 "b\x1B[0m,stock\nF100,f,futures\n"
+                 "F300,f,futures\nF400,f,futures\nO100,o,option\nH100,h,hgt\n");
+    EXPECT_THAT(fee("S100 SH:600519").out, testing::StartsWith("Account S100 (stock) a 31m b [0m\n"));
+    EXPECT_THAT(ask(folder.path(), "accounts --json").out, HasSubstr("\"a\\u009b31m\\u202eb\\u001b[0m\""));
+}
+
+TEST_F(Fee, ArgumentsAreRepeatedReadably) {
+    EXPECT_THAT(fee("'' SH:600519").err, HasSubstr("has no account \"\";"));
+    EXPECT_EQ(fee("S100 ''").err, "feedesk: the market folder has no instrument \"\"\n");
+    EXPECT_EQ(fee("S100 \"$(printf '\\033[31mx')\"").err,
+              "feedesk: the market folder has no instrument \"\\x1b[31mx\"\n");
+}
+
+TEST_F(Fee, InstrumentWithoutAnswerDoesNotKeepTheOthersFromTheirs) {
+    Session session({folder.path(), 0});
+    const Replies replies = session.fees(session.account("S100"), {{"SH", "nothing"}, {"SH", "600519"}});
+    ASSERT_EQ(replies.answers.size(), 1U);
+    EXPECT_EQ(replies.answers[0].instrument->code, "600519");
+    ASSERT_EQ(replies.unanswered.size(), 1U);
+    EXPECT_EQ(replies.unanswered[0].code, "nothing");
+}
+
+TEST_F(Fee, AmbiguousCodeHasNoAnswer) {
+    const Outcome outcome = fee("S100 000001");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "feedesk: several markets have the code 000001: write SH:000001 or SZ:000001\n");
+}
+
+TEST_F(Fee, UnknownAccountHasNoAnswerButNearNames) {
+    const Outcome outcome = fee("S101 SH:600519");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "feedesk: the market folder has no account S101; did you mean S100?\n");
+}
+
+TEST_F(Fee, AccountThatIsLikeNoOtherIsToldWhereAccountsAre) {
+    const Outcome outcome = fee("nobody SH:600519");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "feedesk: the market folder has no account nobody; `feedesk accounts` lists the accounts\n");
+}
+
+TEST_F(Fee, SummaryCountsWhatWasLoadedAndAsked) {
+    // Records: two stocks each for the two lines of S100, one of H100, one of F100 and one of F400.
+    const Outcome outcome = fee("S100 SH:600519 SH:600000 --summary");
+    EXPECT_THAT(
+        lines(outcome.out).back(),
+        testing::MatchesRegex("loaded 9 instruments, 12 accounts, 7 fee records, 5 custom fees in [0-9.]+ (us|ms|s); "
+                              "answered 2 queries in [0-9.]+ (us|ms|s)"));
+}
+
+TEST_F(Fee, SummaryStaysOutOfAnAnswerForPrograms) {
+    const Outcome outcome = fee("S100 SH:600519 --csv --summary");
+    EXPECT_THAT(outcome.out, Not(HasSubstr("loaded")));
+    EXPECT_THAT(outcome.err, HasSubstr("answered 1 query in "));
+}
+
+}  // namespace
+}  // namespace feedesk::test

@@ -1,0 +1,60 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/feedesk/support/program.h"
+
+namespace feedesk::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::MatchesRegex;
+
+TEST(Help, FitsEightyColumns) {
+    for (const std::string command : {"", "fee ", "fees ", "accounts "}) {
+        const Outcome outcome = runProgram(command + "--help");
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.out, HasSubstr("Usage: feedesk " + command));
+        EXPECT_LE(widestLine(outcome.out), 80U) << outcome.out;
+    }
+}
+
+TEST(Help, ShowsExamplesAndExitStatuses) {
+    const Outcome outcome = runProgram("--help");
+    EXPECT_THAT(outcome.out, HasSubstr("feedesk fee 1000001 SH:600519"));
+    EXPECT_THAT(outcome.out, HasSubstr("Exit status: 0 answered, 1 the question has no answer, 2 bad usage"));
+}
+
+TEST(Version, IsOneLine) {
+    const Outcome outcome = runProgram("--version");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.out, MatchesRegex("feedesk [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST(Usage, ThatIsWrongIsBadInput) {
+    for (const std::string arguments : {"", "nonsense", "fee", "fee S100", "fees", "accounts --json --csv",
+                                        "--threads 0 accounts", "--threads 65 accounts", "accounts --wrong"}) {
+        const Outcome outcome = runProgram(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments;
+        EXPECT_EQ(outcome.out, "") << arguments;
+        EXPECT_THAT(outcome.err, MatchesRegex("feedesk: [^\n]+; `feedesk --help` tells how to ask\n")) << arguments;
+    }
+}
+
+TEST(Usage, ThreadsThatAreNoNumberAreNamed) {
+    EXPECT_THAT(runProgram("--threads x accounts").err, HasSubstr("--threads: x is not a whole number from 1 to 64;"));
+}
+
+TEST(Usage, UnknownCommandAndArgumentAreNamed) {
+    EXPECT_THAT(runProgram("nonsense").err, HasSubstr("there is no command nonsense;"));
+    EXPECT_THAT(runProgram("accounts --wrong").err, HasSubstr("the argument --wrong was not expected;"));
+    EXPECT_THAT(runProgram("accounts ''").err, HasSubstr("the argument \"\" was not expected;"));
+}
+
+TEST(Help, NamesTheKindsOfValuesOnly) {
+    const std::string help = runProgram("--help").out;
+    EXPECT_THAT(help, HasSubstr("--threads N  "));
+    EXPECT_THAT(help, HasSubstr("--market DIR  "));
+}
+
+}  // namespace
+}  // namespace feedesk::test

@@ -1,0 +1,29 @@
+#ifndef TESTS_FEEDESK_SUPPORT_MARKET_FOLDER_H
+#define TESTS_FEEDESK_SUPPORT_MARKET_FOLDER_H
+
+#include <filesystem>
+#include <string>
+
+namespace feedesk::test {
+
+/// A small market folder in a temporary directory, removed at the end. What it holds stands in market_folder.cpp; the
+/// tests' expectations are worked out from it by hand.
+class MarketFolder {
+public:
+    MarketFolder();
+    MarketFolder(const MarketFolder&) = delete;
+    MarketFolder& operator=(const MarketFolder&) = delete;
+    ~MarketFolder();
+
+    /// Replaces one file.
+    void write(const std::string& file, const std::string& content) const;
+
+    [[nodiscard]] std::string path() const { return directory.string(); }
+
+private:
+    std::filesystem::path directory;
+};
+
+}  // namespace feedesk::test
+
+#endif  // TESTS_FEEDESK_SUPPORT_MARKET_FOLDER_H

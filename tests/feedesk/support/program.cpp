@@ -1,0 +1,92 @@
+#include "tests/feedesk/support/program.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+namespace feedesk::test {
+namespace {
+
+class TemporaryDirectory {
+public:
+    TemporaryDirectory() {
+        std::string name = (std::filesystem::temp_directory_path() / "feedesk_run_XXXXXX").string();
+        directory = mkdtemp(name.data());
+    }
+    TemporaryDirectory(const TemporaryDirectory&) = delete;
+    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
+    ~TemporaryDirectory() {
+        std::error_code ignored;
+        std::filesystem::remove_all(directory, ignored);
+    }
+
+    [[nodiscard]] std::string file(const std::string& name) const { return (directory / name).string(); }
+
+private:
+    std::filesystem::path directory;
+};
+
+std::string content(const std::string& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+bool beginsCharacter(unsigned char byte) { return (byte & 0xC0U) != 0x80U; }
+
+/// The tests' texts hold ASCII, the ellipsis (three bytes, one column) and Chinese characters (three bytes, two
+/// columns).
+std::size_t columns(std::string line) {
+    const std::string ellipsis = "…";
+    std::size_t count = 0;
+    for (std::size_t at = line.find(ellipsis); at != std::string::npos; at = line.find(ellipsis)) {
+        line.replace(at, ellipsis.size(), ".");
+    }
+    for (const char c : line) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (beginsCharacter(byte)) {
+            count += byte < 0x80U ? 1 : 2;
+        }
+    }
+    return count;
+}
+
+}  // namespace
+
+Outcome runProgram(const std::string& arguments, const std::string& environment) {
+    const TemporaryDirectory directory;
+    const std::string out = directory.file("out");
+    const std::string err = directory.file("err");
+    const std::string command = "unset FEEDESK_MARKET; COLUMNS=80 " + environment + " " FEEDESK_PROGRAM " " + arguments;
+    // The redirections come first, so that the arguments may redirect again.
+    const int result = std::system(("exec >" + out + " 2>" + err + " </dev/null; " + command).c_str());
+    return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, content(out), content(err)};
+}
+
+Outcome ask(const std::string& folder, const std::string& arguments, const std::string& environment) {
+    return runProgram("--market " + folder + " " + arguments, environment);
+}
+
+std::vector<std::string> lines(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<std::string> found;
+    for (std::string line; std::getline(stream, line);) {
+        found.push_back(line);
+    }
+    return found;
+}
+
+std::size_t widestLine(const std::string& text) {
+    std::size_t widest = 0;
+    for (const std::string& line : lines(text)) {
+        widest = std::max(widest, columns(line));
+    }
+    return widest;
+}
+
+}  // namespace feedesk::test

@@ -1,0 +1,31 @@
+#ifndef TESTS_FEEDESK_SUPPORT_PROGRAM_H
+#define TESTS_FEEDESK_SUPPORT_PROGRAM_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace feedesk::test {
+
+/// What a run of the program left behind.
+struct Outcome {
+    int status = -1;  ///< -1: it was killed
+    std::string out;
+    std::string err;
+};
+
+/// Runs the built program through a shell; `arguments` are the shell's text. COLUMNS is 80 unless `environment` sets
+/// it.
+Outcome runProgram(const std::string& arguments, const std::string& environment = "");
+
+/// The same on a market folder of the tests.
+Outcome ask(const std::string& folder, const std::string& arguments, const std::string& environment = "");
+
+std::vector<std::string> lines(const std::string& text);
+
+/// How many columns of a terminal the widest line takes; counted apart from the program's own way.
+std::size_t widestLine(const std::string& text);
+
+}  // namespace feedesk::test
+
+#endif  // TESTS_FEEDESK_SUPPORT_PROGRAM_H

@@ -1,0 +1,85 @@
+#include "feedesk/text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace feedesk {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(DisplayWidth, CountsChineseCharactersTwice) {
+    EXPECT_EQ(displayWidth(""), 0U);
+    EXPECT_EQ(displayWidth("rb2610"), 6U);
+    EXPECT_EQ(displayWidth("贵州茅台"), 8U);
+    EXPECT_EQ(displayWidth("50ETF购12月"), 11U);
+}
+
+TEST(Shortened, LeavesWhatFits) { EXPECT_EQ(shortened("贵州茅台", 8), "贵州茅台"); }
+
+TEST(Shortened, EndsInAnEllipsisWithinTheWidth) {
+    EXPECT_EQ(shortened("贵州茅台", 7), "贵州茅…");
+    EXPECT_EQ(shortened("贵州茅台", 6), "贵州…");
+    EXPECT_EQ(shortened("abcdef", 4), "abc…");
+}
+
+TEST(SingleLine, PutsSpacesForControlCharacters) { EXPECT_EQ(singleLine("a\tb\nc\x7f茅"), "a b c 茅"); }
+
+TEST(Shortened, TakesNoLongerForALongText) {
+    // A search that measured the rest anew for each character would take minutes.
+    EXPECT_EQ(shortened(std::string(10'000'000, 'x'), 4), "xxx…");
+}
+
+TEST(SingleLine, PutsOneSpaceForEachCharacterThatTurnsTheDirection) {
+    EXPECT_EQ(singleLine("a\xC2\x80"
+                         "b\xC2\x9F"
+                         "c\xE2\x80\x8E"
+                         "d\xE2\x80\xAE"
+                         "e\xE2\x81\xA6"
+                         "f\xE2\x81\xA9g"),
+              "a b c d e f g");
+}
+
+TEST(SingleLine, LeavesTheNeighboursOfThoseCharacters) {
+    const std::string text = "\xC2\xA0\xE2\x80\x8D\xE2\x80\xA6\xE2\x81\xA5…茅";
+    EXPECT_EQ(singleLine(text), text);
+}
+
+TEST(Printable, KeepsLineEnds) { EXPECT_EQ(printable("a\tb\nc\xC2\x85"), "a b\nc "); }
+
+TEST(Echoed, IsPlainTextAsItIs) { EXPECT_EQ(echoed("SH:600519 茅台"), "SH:600519 茅台"); }
+
+TEST(Echoed, IsQuotedWhereItCouldNotBeRead) {
+    EXPECT_EQ(echoed(""), "\"\"");
+    EXPECT_EQ(echoed("a\nb\x1B"), "\"a\\nb\\x1b\"");
+    EXPECT_EQ(echoed(std::string(41, 'x')), "\"" + std::string(40, 'x') + "...\"");
+}
+
+TEST(Words, AreWhatStandsBetweenSpaces) {
+    EXPECT_THAT(words("  Stamp duty  (sale) "), ElementsAre("Stamp", "duty", "(sale)"));
+    EXPECT_THAT(words(""), IsEmpty());
+}
+
+TEST(FillLines, FillsEachLineBeforeTheNext) {
+    EXPECT_THAT(fillLines({"Stamp", "duty", "(sale)"}, 10), ElementsAre("Stamp duty", "(sale)"));
+    EXPECT_THAT(fillLines({"Stamp", "duty", "(sale)"}, 9), ElementsAre("Stamp", "duty", "(sale)"));
+}
+
+TEST(FillLines, GivesAPieceThatIsTooWideALineOfItsOwn) {
+    EXPECT_THAT(fillLines({"a", "settlement", "b"}, 4), ElementsAre("a", "settlement", "b"));
+}
+
+TEST(NearNames, AreNearestFirst) {
+    EXPECT_THAT(nearNames("1000002", {"1000013", "1000002x", "1000001"}),
+                ElementsAre("1000001", "1000002x", "1000013"));
+}
+
+TEST(NearNames, AreAtMostThree) {
+    EXPECT_THAT(nearNames("S10", {"S11", "S12", "S13", "S14"}), ElementsAre("S11", "S12", "S13"));
+}
+
+TEST(NearNames, LeaveOutWhatIsFar) { EXPECT_THAT(nearNames("S100", {"F200", "X"}), IsEmpty()); }
+
+}  // namespace
+}  // namespace feedesk
