@@ -132,6 +132,7 @@ std::vector<std::string> nearNames(const std::string& text, const std::vector<st
     std::sort(candidates.begin(), candidates.end());
     candidates.resize(std::min(candidates.size(), kMostNearNames));
     std::vector<std::string> names;
+    names.reserve(candidates.size());
     for (auto& candidate : candidates) {
         names.push_back(std::move(candidate.second));
     }

@@ -46,7 +46,7 @@ private:
     bool feedLine(std::string_view text);
     bool feed(std::string_view part, std::size_t& taken);
     [[nodiscard]] std::string faultAt(std::string_view text, std::size_t offset) const;
-    bool fail(CsvRow& row, std::string fault);
+    bool fail(CsvRow& row, std::string message);
 
     std::string_view text;
     std::vector<std::size_t> lineStarts;

@@ -91,9 +91,9 @@ void readItem(RuleLine& line, Cell& cell) {
 }
 
 void setItem(CCustomStkExchangeRateLimit& limit, const RuleLine& line) {
-    limit.optionFirstKeyCode = line.item[0];
-    limit.optionSecondKeyCode = line.item[1];
-    limit.optionThirdKeyCode = line.item[2];
+    limit.optionFirstKeyCode = static_cast<unsigned char>(line.item[0]);
+    limit.optionSecondKeyCode = static_cast<unsigned char>(line.item[1]);
+    limit.optionThirdKeyCode = static_cast<unsigned char>(line.item[2]);
 }
 
 void setMarginFields(CCustomMarginRateDetail& detail, const RuleLine& line) {

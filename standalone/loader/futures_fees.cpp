@@ -63,7 +63,7 @@ void readCommissions(Load& load, FuturesFees& fees) {
 }
 
 boost::shared_ptr<CMarginRateDetail> marginDetail(const RuleLine& line) {
-    const auto detail = boost::make_shared<CMarginRateDetail>();
+    auto detail = boost::make_shared<CMarginRateDetail>();
     detail->hedgeFlag = line.hedgeFlag;
     detail->marginMode = line.marginMode;
     setRates(*detail, kMarginRates<CMarginRateDetail>, line);

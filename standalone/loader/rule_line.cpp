@@ -13,7 +13,8 @@ namespace {
 void readAccount(const Load& load, Cell& cell, const std::string& file, const std::vector<int>& kinds,
                  std::optional<std::size_t>& account) {
     const std::size_t* place = load.accounts.find(std::string(cell.text));
-    if (place == nullptr && !load.accounts.complete) {
+    if (place == nullptr &&
+        !load.accounts.complete) {  // NOLINT(bugprone-branch-clone): two unlike reasons to be silent
         cell.drop();
     } else if (place == nullptr) {
         cell.refuseFound("an account of accounts.csv",

@@ -94,9 +94,10 @@ void TableReader::reportMissing(std::size_t line, const std::vector<bool>& excus
     for (std::size_t column = 0; column < columns.size(); ++column) {
         if (columns[column].need == Need::kOptional || hasColumn(column)) continue;
         isComplete = false;
-        if (!excused[column])
+        if (!excused[column]) {
             headerFault(line,
                         "the header lacks the column " + inQuotes(columns[column].name) + ", which is needed; add it");
+        }
     }
 }
 

@@ -46,7 +46,8 @@ struct ReadLine {
 class TableReader {
 public:
     /// `unknownColumns` false passes over columns with unknown names, which are then no error.
-    TableReader(Load& load, const std::string& file, std::vector<ColumnHeader> columns, bool unknownColumns);
+    TableReader(Load& underWay, const std::string& fileName, std::vector<ColumnHeader> tableColumns,
+                bool unknownColumns);
 
     /// Goes to the next line with the right number of cells; false at the end.
     bool next();

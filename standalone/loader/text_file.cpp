@@ -48,7 +48,7 @@ std::optional<Fault> readBytes(const fs::path& path, std::string& bytes) {
 }
 
 std::size_t lineAt(std::string_view text, std::size_t offset) {
-    const auto end = text.begin() + static_cast<std::ptrdiff_t>(offset);
+    const auto* const end = text.begin() + static_cast<std::ptrdiff_t>(offset);
     return 1 + static_cast<std::size_t>(std::count(text.begin(), end, '\n'));
 }
 

@@ -115,6 +115,7 @@ std::vector<std::string> TomlSection::keys() const {
     for (const auto& [key, node] : table) found.emplace_back(key.source().begin, std::string(key.str()));
     std::stable_sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<std::string> inOrder;
+    inOrder.reserve(found.size());
     for (auto& [position, key] : found) inOrder.push_back(std::move(key));
     return inOrder;
 }
