@@ -14,8 +14,9 @@
 #include "feecenter/limit_family.h"
 #include "feecenter/option_tables.h"
 
-// The update runs under stockMutex and the queries under stkOptionMutex. This is intended: the two never wait for each
-// other. What keeps the tables whole between them is stkOptionTableMutex, always the last lock to be taken.
+// The update runs under stockMutex and the queries under stkOptionMutex. This is intended: neither takes the other's
+// lock. What keeps the tables whole between them is stkOptionTableMutex, always the last lock to be taken: they wait
+// for each other no longer than one read or write of the tables takes.
 
 namespace qmservice {
 namespace {

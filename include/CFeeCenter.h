@@ -195,8 +195,8 @@ protected:
     AccountTable sgtAccountTable;
     boost::shared_ptr<CCustomSgtExchangeRateLimit> defaultSgtRateLimit;
 
-    // Queries hold this lock, the update holds stockMutex: a query never waits for an update. stkOptionTableMutex keeps
-    // the tables whole between the two.
+    // Queries hold this lock, the update holds stockMutex. stkOptionTableMutex keeps the tables whole between the two:
+    // a query waits for an update no longer than one write of the tables takes.
     boost::shared_mutex stkOptionMutex;
     Pool<CStockOptionFeeItem> stkOptionItemPool;
     std::map<uint64, boost::unordered_map<uint64, std::map<std::string, uint64>>> stkOptionAccountTable;

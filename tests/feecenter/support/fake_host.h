@@ -41,7 +41,7 @@ public:
 
     /// Runs queued jobs until none is left; how many ran.
     std::size_t runJobs();
-    /// Runs one job; false when none is queued.
+    /// Runs one step of the queue, which may be several jobs of one strand; false when none is queued.
     bool runOneJob();
 
     using Name = std::pair<std::string, std::string>;  ///< market and code
