@@ -12,9 +12,9 @@ namespace standalone {
 struct LoadError {
     std::string file;      ///< relative to the folder; the folder itself when it cannot be read
     std::size_t line = 0;  ///< from 1; 0 for the file as a whole
-    std::string message;   ///< what was found and what was expected, one sentence
+    std::string message;   ///< what was found and what was expected, one sentence on one line
 
-    /// "file:line: message", or "file: message" for the file as a whole.
+    /// "file:line: message", or "file: message" for the file as a whole; on one line, whatever the file's name holds.
     [[nodiscard]] std::string text() const;
 };
 

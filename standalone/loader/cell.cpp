@@ -62,7 +62,7 @@ std::string mendCommas(std::string_view text) {
 }
 
 std::string mendPlus(std::string_view text) {
-    if (text.empty() || text.front() != '+' || !plainNumber(text.substr(1))) return {};
+    if (text.substr(0, 1) != "+" || !plainNumber(text.substr(1))) return {};
     return "leave out the plus sign";
 }
 
@@ -82,8 +82,8 @@ bool Cell::refuse(const std::string& message) {
 }
 
 bool Cell::refuseFound(const std::string& expected, const std::string& mend) {
-    const std::string found = empty() ? " is empty" : " holds " + inQuotes(text);
-    return refuse(found + ", but " + expected + " was expected" + "; " + (mend.empty() ? "correct it" : mend));
+    return refuse(" holds " + inQuotes(text) + ", but " + expected + " was expected; " +
+                  (mend.empty() ? "correct it" : mend));
 }
 
 bool Cell::drop() {

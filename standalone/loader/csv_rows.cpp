@@ -30,7 +30,7 @@ std::string_view firstCharacter(std::string_view text) {
 }  // namespace
 
 CsvRows::CsvRows(std::string_view textOfRows) : text(textOfRows), lineStarts(startsOfLines(textOfRows)) {
-    if (csv_init(&parser, CSV_STRICT) != 0) throw std::bad_alloc();
+    startParser();
 }
 
 CsvRows::~CsvRows() { csv_free(&parser); }
@@ -48,9 +48,12 @@ void CsvRows::onCell(void* cellText, std::size_t length, void* self) noexcept {
 
 void CsvRows::onRow(int /*terminator*/, void* self) noexcept { static_cast<CsvRows*>(self)->rowDone = true; }
 
+/// Initialising allocates nothing, and fails only where there is no parser.
+void CsvRows::startParser() { static_cast<void>(csv_init(&parser, CSV_STRICT)); }
+
 void CsvRows::restart() {
     csv_free(&parser);
-    if (csv_init(&parser, CSV_STRICT) != 0) throw std::bad_alloc();
+    startParser();
 }
 
 std::string_view CsvRows::line(std::size_t number) const {
@@ -71,9 +74,11 @@ bool CsvRows::feed(std::string_view part, std::size_t& taken) {
 
 bool CsvRows::feedLine(std::string_view lineText) {
     std::size_t taken = 0;
-    if (feed(lineText, taken) && feed("\n", taken)) return true;
-    fault = faultAt(lineText, taken);
-    return false;
+    if (!feed(lineText, taken)) {
+        fault = faultAt(lineText, taken);
+        return false;
+    }
+    return feed("\n", taken);  // a line may always end
 }
 
 std::string CsvRows::faultAt(std::string_view lineText, std::size_t offset) const {

@@ -41,6 +41,7 @@ private:
     static void onCell(void* text, std::size_t length, void* self) noexcept;
     static void onRow(int terminator, void* self) noexcept;
 
+    void startParser();
     void restart();
     [[nodiscard]] std::string_view line(std::size_t number) const;
     bool feedLine(std::string_view text);

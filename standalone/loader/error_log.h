@@ -12,10 +12,9 @@ namespace standalone::loader {
 /// The errors of one load, in the order in which they are found. For one thread.
 class ErrorLog {
 public:
-    /// `line` 0 is the file as a whole.
-    void add(const std::string& file, std::size_t line, std::string message) {
-        errors.push_back({file, line, std::move(message)});
-    }
+    /// `line` 0 is the file as a whole. The message may quote the folder's own text as it is: control characters are
+    /// escaped here.
+    void add(const std::string& file, std::size_t line, const std::string& message);
 
     /// Hands out the errors by file, then line; those of one line stay in the order in which they were found.
     std::vector<LoadError> takeSorted();

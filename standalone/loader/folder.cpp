@@ -89,7 +89,7 @@ private:
         std::error_code error;
         const std::vector<std::string> names = namesIn(load.folder / name, error);
         if (error) {
-            isWhole = isWhole && name != kInstruments;
+            if (name == kInstruments) isWhole = false;
             load.errors.add(name, 0,
                             error == std::errc::not_a_directory
                                 ? "a file stands where a folder of this name was expected; rename it or remove it"

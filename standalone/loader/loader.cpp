@@ -6,6 +6,7 @@
 #include "standalone/loader/load.h"
 #include "standalone/loader/market_toml.h"
 #include "standalone/loader/tables.h"
+#include "standalone/loader/words.h"
 
 namespace standalone {
 namespace loader {
@@ -29,7 +30,9 @@ void readFolder(Load& load) {
 }  // namespace
 }  // namespace loader
 
-std::string LoadError::text() const { return file + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + message; }
+std::string LoadError::text() const {
+    return loader::printable(file) + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + message;
+}
 
 std::string Market::where(Position position) const {
     const std::string& file = files.at(position.file);

@@ -126,7 +126,8 @@ void readFamily(Load& load, TomlSection& families, const std::string& name) {
     bool good = true;
     for (RateName& rate : rates) {
         const toml::table* entry = family.readTable(rate.field, Need::kOptional);
-        if (entry != nullptr) good = readRate(load, *entry, "rates." + name + "." + rate.field, rate) && good;
+        if (entry == nullptr) continue;
+        if (!readRate(load, *entry, "rates." + name + "." + rate.field, rate)) good = false;
     }
     family.refuseOtherKeys();
     refuseSharedColumns(family, rates);
@@ -164,7 +165,7 @@ void giveUp(Load& load) {
 /// The description begins with what the parser was doing; it ends without a stop, as the other messages do.
 std::string described(const toml::parse_error& error) {
     std::string text = "the file is not valid TOML: " + std::string(error.description());
-    while (!text.empty() && (text.back() == '.' || text.back() == '\n')) text.pop_back();
+    while (text.back() == '.' || text.back() == '\n') text.pop_back();
     return text + "; mend the line";
 }
 

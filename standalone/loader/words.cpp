@@ -66,14 +66,17 @@ std::size_t lengthGap(std::string_view a, std::string_view b) {
 }  // namespace
 
 std::string inQuotes(std::string_view text) {
-    std::string out = "\"";
-    for (std::string_view rest = shortened(text); !rest.empty();) {
+    return '"' + printable(shortened(text)) + (text.size() > kLongestQuote ? "...\"" : "\"");
+}
+
+std::string printable(std::string_view text) {
+    std::string out;
+    for (std::string_view rest = text; !rest.empty();) {
         const std::size_t length = unprintable(rest);
         out += length == 0 ? std::string(1, rest.front()) : escaped(rest.substr(0, length));
         rest.remove_prefix(std::max<std::size_t>(length, 1));
     }
-    if (text.size() > kLongestQuote) out += "...";
-    return out += '"';
+    return out;
 }
 
 std::size_t unprintable(std::string_view text) {

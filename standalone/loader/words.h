@@ -13,6 +13,9 @@ namespace standalone::loader {
 /// The text in quotes, for a message: control characters escaped, and shortened when it is long. `text` is UTF-8.
 std::string inQuotes(std::string_view text);
 
+/// The text with control characters escaped, so that it stays one line and a terminal shows all of it. `text` is UTF-8.
+std::string printable(std::string_view text);
+
 /// "a", "a or b", "a, b or c"; past `most` words the rest is counted: "a, b and 7 more".
 std::string oneOf(const std::vector<std::string>& words, std::size_t most = 20);
 

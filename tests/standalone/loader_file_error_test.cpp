@@ -59,6 +59,14 @@ TEST_F(LoaderFileError, UnknownFileUnlikeAnyNamesTheKnownOnes) {
     expectError("configured/everything.csv", 0, {"stock.csv, hgt.csv or sgt.csv"});
 }
 
+TEST_F(LoaderFileError, FileNameWithALineBreakIsToldOnOneLine) {
+    write("two\nlines", "x\n");
+    const LoadResult result = load();
+    ASSERT_EQ(result.errors.size(), 1U);
+    EXPECT_EQ(result.errors[0].file, "two\nlines");
+    EXPECT_THAT(result.errors[0].text(), ::testing::StartsWith("two\\nlines: the format does not know this name"));
+}
+
 TEST_F(LoaderFileError, MisspeltFolderIsNotReportedAsMissingToo) {
     std::filesystem::rename(path("instruments"), path("instrument"));
     expectError("instrument", 0, {"did you mean \"instruments\"?"});

@@ -12,6 +12,23 @@ TEST_F(LoaderTomlError, SyntaxErrorHasItsLine) {
     expectError("market.toml", 5, {"not valid TOML"});
 }
 
+TEST_F(LoaderTomlError, SyntaxErrorThatQuotesALineBreakIsToldOnOneLine) {
+    replace("market.toml", "threads = 3", "threads = t\nx");
+    expectError("market.toml", 5, {"not valid TOML", "'t\\n'"});
+}
+
+TEST_F(LoaderTomlError, MarketNameThatTheTerminalObeysIsEscapedWhereItIsNamed) {
+    append("market.toml", "[markets.\"\\u001b[31m\"]\ntitle = \"Red\"\ntrade_unit = 1\n");
+    append("instruments/a.csv", "SX,1,One,stock,,,,\n");
+    const LoadResult result = load();
+    ASSERT_EQ(result.errors.size(), 2U);
+    EXPECT_EQ(result.errors[0].file, "instruments/a.csv");
+    for (const LoadError& error : result.errors) {
+        EXPECT_THAT(error.message, ::testing::HasSubstr("\\x1b[31m"));
+        EXPECT_THAT(error.message, ::testing::Not(::testing::HasSubstr("\x1b")));
+    }
+}
+
 TEST_F(LoaderTomlError, RepeatedKey) {
     replace("market.toml", "threads = 3", "threads = 3\nthreads = 4");
     expectError("market.toml", 6, {"not valid TOML", "threads"});

@@ -1,0 +1,126 @@
+// Folders and files that the system does not give, texts in another encoding, and shapes of lines at their limits.
+
+#include <sys/resource.h>
+
+#include <filesystem>
+#include <utility>
+
+#include "loader_fixture.h"
+
+namespace standalone {
+namespace {
+
+namespace fs = std::filesystem;
+
+using LoaderReadingError = LoaderTest;
+
+/// While it lives the program may open no more files.
+class NoMoreFiles {
+public:
+    NoMoreFiles() {
+        getrlimit(RLIMIT_NOFILE, &before);
+        rlimit none = before;
+        none.rlim_cur = 0;
+        setrlimit(RLIMIT_NOFILE, &none);
+    }
+    NoMoreFiles(const NoMoreFiles&) = delete;
+    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before); }
+
+private:
+    rlimit before{};
+};
+
+TEST_F(LoaderReadingError, FolderThatCannotBeOpened) {
+    LoadResult result;
+    {
+        const NoMoreFiles limit;
+        result = load();
+    }
+    ASSERT_EQ(result.errors.size(), 1U);
+    EXPECT_EQ(result.errors[0].file, folder.string());
+    EXPECT_EQ(result.errors[0].line, 0U);
+    EXPECT_THAT(result.errors[0].message, ::testing::HasSubstr("the folder cannot be read ("));
+    EXPECT_THAT(result.errors[0].message, ::testing::HasSubstr("make it readable"));
+}
+
+TEST_F(LoaderReadingError, FolderInsideThatCannotBeRead) {
+    remove("configured");
+    fs::create_directory_symlink("configured", path("configured"));
+    expectError("configured", 0, {"the folder cannot be read (", "make it readable"});
+}
+
+TEST_F(LoaderReadingError, InstrumentFolderThatCannotBeReadIsTheOnlyErrorThoughOthersNeedIt) {
+    remove("instruments");
+    fs::create_directory_symlink("instruments", path("instruments"));
+    expectError("instruments", 0, {"the folder cannot be read (", "make it readable"});
+}
+
+TEST_F(LoaderReadingError, NameShorterThanAnEnding) {
+    write("instruments/x", "x\n");
+    expectError("instruments/x", 0, {"does not know this name", "tables ending in .csv"});
+}
+
+TEST_F(LoaderReadingError, MisspeltFileIsNotReportedAsMissingToo) {
+    fs::rename(path("accounts.csv"), path("acounts.csv"));
+    expectError("acounts.csv", 0, {"did you mean \"accounts.csv\"?"});
+}
+
+struct Encoded {
+    const char* name;
+    const char* text;
+    const char* kind;
+};
+
+/// A line of accounts whose name holds these bytes.
+class LoaderEncodingError : public LoaderTest, public ::testing::WithParamInterface<Encoded> {};
+
+TEST_P(LoaderEncodingError, IsNamed) {
+    append("accounts.csv", std::string("Z1,") + GetParam().text + ",stock,");
+    expectError("accounts.csv", 13, {std::string("the text ") + GetParam().kind, "save it as UTF-8"});
+}
+
+// A character of GBK has a first byte from 81 to FE and a second one from 40 to FE that is not 7F.
+INSTANTIATE_TEST_SUITE_P(Texts, LoaderEncodingError,
+                         ::testing::Values(Encoded{"LowestGbkBytes", "\x81\x40", "looks like GBK"},
+                                           Encoded{"HighestGbkBytes", "\xFE\xFE", "looks like GBK"},
+                                           Encoded{"FirstByteTooLow", "\x80\x40", "is not UTF-8"},
+                                           Encoded{"FirstByteTooHigh", "\xFF\x40", "is not UTF-8"},
+                                           Encoded{"SecondByteTooLow", "\x81\x3F", "is not UTF-8"},
+                                           Encoded{"SecondByteThatIsLeftOut", "\x81\x7F", "is not UTF-8"},
+                                           Encoded{"SecondByteTooHigh", "\x81\xFF", "is not UTF-8"}),
+                         [](const auto& text) { return text.param.name; });
+
+TEST_F(LoaderReadingError, HalfACharacterOfGbkAtTheEnd) {
+    append("accounts.csv", "Z1,One,stock,\xD6");
+    expectError("accounts.csv", 13, {"the text is not UTF-8"});
+}
+
+TEST_F(LoaderReadingError, Utf16OfEitherByteOrder) {
+    write("accounts.csv", std::string("\xFE\xFF\0a", 4));
+    expectError("accounts.csv", 1, {"looks like UTF-16"});
+    write("accounts.csv", std::string("\xFF\xFE"
+                                      "a\0",
+                                      4));
+    expectError("accounts.csv", 1, {"looks like UTF-16"});
+}
+
+TEST_F(LoaderReadingError, LoneCarriageReturnAtTheEnd) {
+    append("accounts.csv", "Z1,One,stock,\r");
+    expectError("accounts.csv", 13, {"carriage return"});
+}
+
+TEST_F(LoaderReadingError, CharactersOfSeveralBytesBehindAClosingQuote) {
+    append("accounts.csv", "\"Z1\"\xE4\xB8\xAD\n");
+    expectError("accounts.csv", 13, {"a closing quote is followed by \"\xE4\xB8\xAD\""});
+    replace("accounts.csv", "\xE4\xB8\xAD\n", "\xE4\xB8\xADx\n");
+    expectError("accounts.csv", 13, {"a closing quote is followed by \"\xE4\xB8\xAD\""});
+}
+
+TEST_F(LoaderReadingError, HeaderOfOneColumnIsNotTakenForOtherSeparators) {
+    write("configured/hgt.csv", "market\nHK\n");
+    expectError("configured/hgt.csv", 1, {"lacks the column \"code\""});
+}
+
+}  // namespace
+}  // namespace standalone
