@@ -13,3 +13,10 @@ if(FEECENTER_SANITIZE)
     target_compile_options(feecenter_build_flags INTERFACE -Wno-tsan)
   endif()
 endif()
+
+if(FEECENTER_COVERAGE)
+  # The tests are counted too: an inline function that a test shares with the library exists once in the program, and it is
+  # the linker that chooses which of the two. The tests have threads, so the counters are atomic.
+  add_compile_options(--coverage -fprofile-update=atomic)
+  add_link_options(--coverage)
+endif()

@@ -20,10 +20,8 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getPbFullFee(uint64 accountKey, ui
 boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string& market, uint64 accountKey,
                                                               uint64 instrumentKey, int unitVolume) {
     if (isStockMarket(market)) {
-        auto fee = getStockFee(accountKey, instrumentKey, unitVolume);
-        if (fee) {
-            fee->stkOptionFeeRate = getStkOptionFee(accountKey, instrumentKey)->stkOptionFeeRate;
-        }
+        const auto fee = getStockFee(accountKey, instrumentKey, unitVolume);  // neither of the two is ever empty
+        fee->stkOptionFeeRate = getStkOptionFee(accountKey, instrumentKey)->stkOptionFeeRate;
         return fee;
     }
     if (isFutureMarket(market) || market == "IF" || market == "CFFEX" || market == "INE") {

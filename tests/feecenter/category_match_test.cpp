@@ -162,6 +162,19 @@ TYPED_TEST(CategoryMatchTest, CustomCategoryGetsMarketCodeAndTheMembersOfItsNumb
     EXPECT_EQ(seen, (std::vector<std::string>{"MM", "CC", "one", "two"}));
 }
 
+TYPED_TEST(CategoryMatchTest, SmallestNumberOfTheMapIsAskedWithItsMembers) {
+    Members seen;
+    this->host.inCustomCategory = [&](const auto&, const auto&, const Members& members) {
+        seen = members;
+        return false;
+    };
+    const auto limit = this->limitOf(10001);
+    limit->customCategories = mapOf(10002, 10001);
+    limit->customCategories[10001] = {"one"};
+    this->applies(limit);
+    EXPECT_EQ(seen, Members{"one"});
+}
+
 TYPED_TEST(CategoryMatchTest, MissingNumberIsAskedWithNoMembersAndTheCallersMapDoesNotGrow) {
     Members seen = {"not asked"};
     this->host.inCustomCategory = [&](const auto&, const auto&, const Members& members) {
@@ -169,6 +182,8 @@ TYPED_TEST(CategoryMatchTest, MissingNumberIsAskedWithNoMembersAndTheCallersMapD
         return true;
     };
     const auto limit = this->limitOf(10001);
+    // What lies behind the map in the record must not be taken for the members.
+    limit->groupCategories.push_back(boost::make_shared<CGroupCategorySubInfo>());
     limit->customCategories = mapOf(10002, -10002);
     EXPECT_TRUE(this->applies(limit));
     EXPECT_TRUE(seen.empty());

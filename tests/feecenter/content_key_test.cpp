@@ -58,10 +58,26 @@ TEST_F(ContentKeyTest, RateThatDoesNotFitFoldsAsTheSmallestInteger) {
     EXPECT_TRUE(foldsAs(std::numeric_limits<double>::max(), smallest));
 }
 
-TEST_F(ContentKeyTest, LargestRateThatFitsFoldsAsItself) {
+TEST_F(ContentKeyTest, WholeRateNearTheLimitFoldsAsItself) {
     // 92233720368 * 1e8 is exact in a double.
     EXPECT_TRUE(foldsAs(92233720368.0, "9223372036800000000"));
     EXPECT_TRUE(foldsAs(-92233720368.0, "-9223372036800000000"));
+}
+
+// Doubles next to 2^63 / 1e8 = 92233720368.54775808, and what their products with 1e8 are as doubles, which lie 1024
+// apart below 2^63 and 2048 apart above it.
+
+TEST_F(ContentKeyTest, LargestRateThatFitsFoldsAsItself) {
+    EXPECT_TRUE(foldsAs(92233720368.54774, "9223372036854774784"));    // 2^63 - 1024
+    EXPECT_TRUE(foldsAs(-92233720368.54774, "-9223372036854774784"));  // -2^63 + 1024
+    EXPECT_TRUE(foldsAs(-92233720368.54776, "-9223372036854775808"));  // -2^63
+}
+
+TEST_F(ContentKeyTest, FirstRatesThatDoNotFitFoldAsTheSmallestInteger) {
+    const std::string smallest = "-9223372036854775808";
+    EXPECT_TRUE(foldsAs(92233720368.54776, smallest));   // 2^63
+    EXPECT_TRUE(foldsAs(92233720368.54778, smallest));   // 2^63 + 2048
+    EXPECT_TRUE(foldsAs(-92233720368.54778, smallest));  // -2^63 - 2048
 }
 
 TEST_F(ContentKeyTest, DifferenceBelowTheEighthDecimalPlaceVanishes) {

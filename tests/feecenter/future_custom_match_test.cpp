@@ -187,6 +187,24 @@ TEST_F(FutureCustomMatchTest, MarginDetailIsMatchedByTheSameRule) {
               (std::vector<uint64>{center.getHashKey(list), center.getHashKey(group), test::kUnsetSlot}));
 }
 
+TEST_F(FutureCustomMatchTest, MarginDetailThatTheRuleRefusesChangesNothing) {
+    // The number's own list is missing, and the empty list that is asked in its place holds nothing.
+    auto unlisted = makeCustomMargin("10001", '1', 20);
+    unlisted->customCategories = listsUpTo(10001);
+    unlisted->customCategories[30000] = {"rb2605"};
+    auto refused = makeCustomMargin("70001", '1', 30);
+    refused->groupCategories = {boost::make_shared<CGroupCategorySubInfo>()};
+    const auto withoutParts = makeCustomMargin("70001", '1', 40);
+    auto outside = makeCustomMargin("80002", '1', 50);
+    outside->groupCategories = refused->groupCategories;
+
+    center.doUpdateFutureCustomFee(account, makeCustomFutureFee({}, {unlisted, refused}));
+    host.groupMembers.insert({"SHFE", "rb2605"});
+    center.doUpdateFutureCustomFee(account, makeCustomFutureFee({}, {withoutParts, outside}));
+    EXPECT_TRUE(marginKeys(*rb).empty());
+    EXPECT_TRUE(center.futureMarginDetails.empty());
+}
+
 TEST_F(FutureCustomMatchTest, EmptyInstrumentInTheCatalogueIsPassedOver) {
     host.instruments.push_back({nullptr, 0, 2});
     EXPECT_FALSE(matches(makeCustomCommission("3", 10)));

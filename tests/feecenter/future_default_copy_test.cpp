@@ -119,6 +119,17 @@ TEST_P(FutureDefaultCopyTest, DeepCopyLeavesTheDefaultUnwritten) {
     expectDetachedAnswers();
 }
 
+TEST_P(FutureDefaultCopyTest, CopyOfItsOwnIsTheAnswerItselfAndKeepsItsCommission) {
+    const auto copy = boost::make_shared<CInstrumentFee>();
+    const auto detail = test::makeCommission(30);
+    copy->commissionDetail = detail;
+    original->copier = [copy] { return copy; };
+    EXPECT_EQ(find(), copy);
+    EXPECT_EQ(copy->commissionDetail, detail);
+    EXPECT_EQ(detail->instrumentId, "rb2605");
+    expectOriginalUnchanged();
+}
+
 TEST_P(FutureDefaultCopyTest, ShallowCopyLeavesTheDefaultUnwritten) {
     original->copier = [this] { return boost::make_shared<CInstrumentFee>(*original); };
     expectDetachedAnswers();

@@ -85,6 +85,14 @@ TEST_F(FutureSimulationTest, FeePerLotBesideTheToleranceIsSet) {
     EXPECT_EQ(answer(), (Rates{0, -1.00002, 0, -0.99998, 0, 1.0, 17, 18}));
 }
 
+TEST_F(FutureSimulationTest, ToleranceIsOneHundredThousandth) {
+    // Distances from -1: 0.99995e-5 on either side, and 1.00005e-5.
+    quote(1, -0.9999900005, -1.0000099995, -0.9999899995);
+    EXPECT_EQ(answer(), (Rates{0, 0, 0, 0, 0, -0.9999899995, 17, 18}));
+    quote(1, -1.0000100005, 0, 0);
+    EXPECT_EQ(answer(), (Rates{0, -1.0000100005, 0, 0, 0, 0, 17, 18}));
+}
+
 TEST_F(FutureSimulationTest, UnsetFeeByTurnoverIsZero) {
     quote(2, -1.0, -0.999991, -1.000009);
     EXPECT_EQ(answer(), (Rates{0, 0, 0, 0, 0, 0, 17, 18}));

@@ -103,6 +103,16 @@ TYPED_TEST(LimitLookupTest, FallbackAsksForTheFamilysConfiguredLimitOnly) {
     EXPECT_EQ(log.calls(), (std::vector<std::string>{"findInstrument", TypeParam::askConfigured}));
 }
 
+TYPED_TEST(LimitLookupTest, EntryWhoseRecordIsNotPooledIsAnsweredWithoutLimitAndPoolsNone) {
+    const auto a = this->instrument("A");
+    this->loadOne(a, this->limit(0.1));
+    (this->center.*TypeParam::pool).clear();
+    const auto fee = this->find(*a);
+    ASSERT_TRUE(fee);
+    EXPECT_FALSE((*fee).*TypeParam::slot);
+    EXPECT_TRUE((this->center.*TypeParam::pool).empty());
+}
+
 TYPED_TEST(LimitLookupTest, LookupsAddNothingToTheTables) {
     const auto a = this->instrument("A");
     const auto b = this->instrument("B");
@@ -176,6 +186,18 @@ TYPED_TEST(LimitListTest, ListWithNothingToAppendIsStillTrue) {
     typename TestFixture::Fees fees;
     EXPECT_TRUE(this->list(fees));
     EXPECT_TRUE(fees.empty());
+}
+
+TYPED_TEST(LimitListTest, RoomIsMadeForEveryEntryOfTheTableBeforeAnyIsLeftOut) {
+    for (const char* code : {"A", "B", "C"}) {
+        const auto instrument = this->instrument(code);
+        this->loadOne(instrument, this->limit(0.1));
+        this->host.removeInstrument(*instrument);
+    }
+    typename TestFixture::Fees fees;
+    EXPECT_TRUE(this->list(fees));
+    EXPECT_TRUE(fees.empty());
+    EXPECT_GE(fees.capacity(), 3U);
 }
 
 TYPED_TEST(LimitListTest, EntriesOfOtherAccountsAreNotListed) {

@@ -128,6 +128,11 @@ TYPED_TEST(LimitOverrideTest, CategoryTextIsReadAsItsLeadingNumber) {
               (std::vector<int>{12, 12, 7, 3, -5, 7, 12, 1}));
 }
 
+TYPED_TEST(LimitOverrideTest, CategoryTextIsDecimalWhateverItsPrefix) {
+    this->instrument("A");
+    EXPECT_EQ(this->numbersAsked({"010001", "-010", "0x2711", "0b11"}), (std::vector<int>{10001, -10, 0, 0}));
+}
+
 TYPED_TEST(LimitOverrideTest, CategoryTextWithoutANumberIsZero) {
     this->instrument("A");
     EXPECT_EQ(this->numbersAsked({"", "abc", "x12", "+", "- 5", " "}), (std::vector<int>{0, 0, 0, 0, 0, 0}));

@@ -32,6 +32,11 @@ protected:
         return "";
     }
 
+    void expectNothingStored() {
+        EXPECT_EQ(this->poolSize(), 0U);
+        EXPECT_TRUE((this->center.*Family::table).empty());
+    }
+
     /// Whether `work` gets through while this thread holds every lock but the family's and the `also` named.
     template <class Work>
     bool needsOwnLockOnly(const Work& work, Calls also = {}) {
@@ -172,15 +177,19 @@ TYPED_TEST(LimitLocksTest, ReadersOfTheFamilyDoNotWaitForOneAnother) {
     EXPECT_TRUE(test::getsThrough([&] { this->find(*a); }, [&] { reader.unlock(); }));
 }
 
-TYPED_TEST(LimitLocksTest, LoadTakesTheFamilysLockExclusively) {
+TYPED_TEST(LimitLocksTest, LoadTakesTheFamilysLockExclusivelyBeforeItWritesATable) {
     const auto a = this->instrument("A");
-    EXPECT_TRUE(test::waitsToWrite(this->center.*TypeParam::mutex, [&] { this->loadOne(a, this->limit(0.1)); }));
+    EXPECT_TRUE(test::waitsToWrite(
+        this->center.*TypeParam::mutex, [&] { this->loadOne(a, this->limit(0.1)); },
+        [&] { this->expectNothingStored(); }));
     EXPECT_EQ(this->storedRate(*a), 0.1);
 }
 
-TYPED_TEST(LimitLocksTest, UpdateTakesTheFamilysLockExclusively) {
+TYPED_TEST(LimitLocksTest, UpdateTakesTheFamilysLockExclusivelyBeforeItWritesATable) {
     const auto a = this->instrument("A");
-    EXPECT_TRUE(test::waitsToWrite(this->center.*TypeParam::mutex, [&] { this->applyToAll(this->custom("5", 0.5)); }));
+    EXPECT_TRUE(test::waitsToWrite(
+        this->center.*TypeParam::mutex, [&] { this->applyToAll(this->custom("5", 0.5)); },
+        [&] { this->expectNothingStored(); }));
     EXPECT_EQ(this->storedRate(*a), 0.5);
 }
 

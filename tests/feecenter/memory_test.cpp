@@ -10,7 +10,8 @@
 #include <vector>
 
 #include "support/family_marks.h"
-#include "support/lock_watch.h"
+#include "support/scene.h"
+#include "support/table_checks.h"
 
 // Memory runs out at every single allocation of every operation, for once and for good. What leaves the call is
 // std::bad_alloc; the tables stay whole, no lock stays behind, and the same call gets through afterwards.
@@ -78,142 +79,14 @@ void operator delete[](void* memory, const std::nothrow_t& /*tag*/) noexcept { s
 namespace {
 
 using namespace qmservice;
+using test::differences;
+using test::faultOf;
+using test::kBystander;
+using test::kKnown;
+using test::kNew;
+using test::lossesOf;
 using test::OpenFeeCenter;
-
-constexpr uint64 kBystander = 1;  ///< an account that no operation changes
-constexpr uint64 kKnown = 2;      ///< has entries before the operation
-constexpr uint64 kNew = 3;        ///< has none
-
-/// Calls `visit(name, pool, table, pool, table)` with each family's of the one fee center and then of the other.
-template <class Visit>
-void forEachFamily(const OpenFeeCenter& one, const OpenFeeCenter& other, const Visit& visit) {
-    const auto both = [&](const char* name, auto pool, auto table) {
-        visit(name, one.*pool, one.*table, other.*pool, other.*table);
-    };
-    both("stock", &OpenFeeCenter::stockRateLimitPool, &OpenFeeCenter::stockAccountTable);
-    both("credit", &OpenFeeCenter::creditRateLimitPool, &OpenFeeCenter::creditAccountTable);
-    both("hgt", &OpenFeeCenter::hgtRateLimitPool, &OpenFeeCenter::hgtAccountTable);
-    both("sgt", &OpenFeeCenter::sgtRateLimitPool, &OpenFeeCenter::sgtAccountTable);
-    both("option", &OpenFeeCenter::stkOptionItemPool, &OpenFeeCenter::stkOptionAccountTable);
-    both("commission", &OpenFeeCenter::futureCommissionDetails, &OpenFeeCenter::futureCommissionKeys);
-    both("margin", &OpenFeeCenter::futureMarginDetails, &OpenFeeCenter::futureMarginKeys);
-    both("neeq", &OpenFeeCenter::neeqRateLimitPool, &OpenFeeCenter::neeqAccountTable);
-}
-
-std::vector<uint64> keysIn(uint64 entry) { return {entry}; }
-
-std::vector<uint64> keysIn(const std::vector<uint64>& slots) {
-    std::vector<uint64> keys;
-    for (const uint64 key : slots) {
-        if (key != test::kUnsetSlot) {
-            keys.push_back(key);
-        }
-    }
-    return keys;
-}
-
-std::vector<uint64> keysIn(const std::map<std::string, uint64>& items) {
-    std::vector<uint64> keys;
-    for (const auto& item : items) {
-        keys.push_back(item.second);
-    }
-    return keys;
-}
-
-/// What is wrong with one family's tables by themselves; empty when nothing is.
-template <class Pool, class Table>
-std::string faultOf(const Pool& pool, const Table& table) {
-    for (const auto& record : pool) {
-        if (!record.second) {
-            return "an empty record in the pool";
-        }
-    }
-    for (const auto& account : table) {
-        if (account.second.empty()) {
-            return "an account without instruments";
-        }
-        for (const auto& entry : account.second) {
-            const auto keys = keysIn(entry.second);
-            if (keys.empty()) {
-                return "an instrument without records";
-            }
-            for (const uint64 key : keys) {
-                if (pool.count(key) == 0) {
-                    return "an entry whose record is not in the pool";
-                }
-            }
-        }
-    }
-    return "";
-}
-
-/// What is wrong with the tables and locks by themselves.
-std::string faultOf(OpenFeeCenter& center) {
-    for (const auto& named : test::allMutexes(center)) {
-        if (!named.mutex->try_lock()) {
-            return std::string(named.name) + ": the lock is held";
-        }
-        named.mutex->unlock();
-    }
-    std::string fault;
-    forEachFamily(center, center, [&](const std::string& name, const auto& pool, const auto& table, auto&&...) {
-        const std::string own = faultOf(pool, table);
-        fault += own.empty() ? "" : name + ": " + own + "; ";
-    });
-    return fault;
-}
-
-template <class Pool>
-bool poolHolds(const Pool& pool, const Pool& part) {
-    for (const auto& record : part) {
-        const auto found = pool.find(record.first);
-        if (found == pool.end() || !found->second || !found->second->isEqual(*record.second)) {
-            return false;
-        }
-    }
-    return true;
-}
-
-/// Whether the bystander's entries are the same and no other account has lost an instrument.
-template <class Table>
-bool tableKeeps(const Table& table, const Table& before) {
-    for (const auto& account : before) {
-        const auto found = table.find(account.first);
-        if (found == table.end() || (account.first == kBystander && found->second != account.second)) {
-            return false;
-        }
-        for (const auto& entry : account.second) {
-            if (found->second.count(entry.first) == 0) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-
-/// The families in which something that was there before is gone or changed.
-std::string lossesOf(const OpenFeeCenter& center, const OpenFeeCenter& before) {
-    std::string families;
-    forEachFamily(center, before,
-                  [&](const std::string& name, const auto& pool, const auto& table, const auto& poolBefore,
-                      const auto& tableBefore) {
-                      families += poolHolds(pool, poolBefore) && tableKeeps(table, tableBefore) ? "" : name + " ";
-                  });
-    return families;
-}
-
-/// The families whose tables are not the same, record for record.
-std::string differences(const OpenFeeCenter& center, const OpenFeeCenter& expected) {
-    std::string families;
-    forEachFamily(center, expected,
-                  [&](const std::string& name, const auto& pool, const auto& table, const auto& expectedPool,
-                      const auto& expectedTable) {
-                      const bool same =
-                          table == expectedTable && pool.size() == expectedPool.size() && poolHolds(pool, expectedPool);
-                      families += same ? "" : name + " ";
-                  });
-    return families;
-}
+using test::Scene;
 
 using Account = boost::shared_ptr<CAccountInfo>;
 
@@ -221,60 +94,7 @@ class MemoryTest : public ::testing::Test {
 protected:
     using Run = std::function<void(OpenFeeCenter&)>;
 
-    MemoryTest() {
-        host.inSystemCategory = [](auto&&...) { return true; };
-        host.categoryNumbers["5"] = 5;
-        for (const char* code : {"A", "B"}) {
-            instruments.push_back(host.addInstrument("SH", code, ~0, 2));
-        }
-    }
     ~MemoryTest() override { host.reset(); }
-
-    /// A record with a rate for every family.
-    static boost::shared_ptr<CInstrumentFee> makeFullFee(const boost::shared_ptr<CInstrument>& instrument,
-                                                         double rate) {
-        auto fee = test::makeFutureFee(
-            instrument, test::makeCommission(rate),
-            {test::makeMargin('1', rate), test::makeMargin('2', rate), test::makeMargin('3', rate)});
-        fee->stkRateLimit = test::makeLimit(rate);
-        fee->hgtRateLimit = test::markedLimit<CCustomHGTExchangeRateLimit>(rate);
-        fee->sgtRateLimit = test::markedLimit<CCustomSgtExchangeRateLimit>(rate);
-        return fee;
-    }
-
-    [[nodiscard]] std::vector<boost::shared_ptr<IData>> makeRecords(double rate) const {
-        std::vector<boost::shared_ptr<IData>> records;
-        for (const auto& instrument : instruments) {
-            records.push_back(makeFullFee(instrument, rate++));
-        }
-        return records;
-    }
-
-    static boost::shared_ptr<CCustomStockInstrumentFee> makeStockCustom(double rate, std::int32_t thirdCode) {
-        auto limit = test::makeCustomLimit("5", rate);
-        limit->optionFee1 = rate;
-        limit->optionFirstKeyCode = limit->optionSecondKeyCode = '0';
-        limit->optionThirdKeyCode = thirdCode;
-        return test::makeCustomFee(limit);
-    }
-
-    /// The bystander has every family's rates of both instruments, the known account those of the first.
-    void prepare(OpenFeeCenter& center) const {
-        for (const uint64 key : {kBystander, kKnown}) {
-            auto records = makeRecords(10 * static_cast<double>(key));
-            if (key == kKnown) {
-                records.pop_back();
-            }
-            const auto account = test::makeAccount(0, key);
-            center.doInitStockFee(account, records);
-            center.doInitCreditFee(account, records);
-            center.doInitNeeqFee(account, records);
-            center.doInitHgtFee(account, records);
-            center.doInitSgtFee(account, records);
-            center.doInitFutureFee(account, records);
-            center.doUpdateStkOptionCustomFee(account, makeStockCustom(0.1, '0'));
-        }
-    }
 
     /// Runs `run` under a shortage at each of its allocations in turn, on a new fee center each time. `check` is
     /// called with the fee center after a run that failed, and how many allocations there are is the result.
@@ -282,7 +102,7 @@ protected:
     long exhaust(const Run& run, bool forGood, const Check& check) {
         for (long allocations = 0;; ++allocations) {
             OpenFeeCenter center;
-            prepare(center);
+            scene.prepare(center);
             bool threw = false;
             shortage.begin(allocations, forGood);
             try {
@@ -306,9 +126,9 @@ protected:
     /// A change: what was there stays, and the same call then leads to where it leads without a shortage.
     void expectChangeSurvives(const Run& run) {
         OpenFeeCenter before;
-        prepare(before);
+        scene.prepare(before);
         OpenFeeCenter expected;
-        prepare(expected);
+        scene.prepare(expected);
         run(expected);
         ASSERT_NE(differences(expected, before), "");
         for (const bool forGood : {false, true}) {
@@ -326,7 +146,7 @@ protected:
     /// A query changes nothing, and `answers` holds when it is asked again.
     void expectQuerySurvives(const Run& run, const std::function<bool(OpenFeeCenter&)>& answers) {
         OpenFeeCenter before;
-        prepare(before);
+        scene.prepare(before);
         for (const bool forGood : {false, true}) {
             EXPECT_GT(exhaust(run, forGood,
                               [&](OpenFeeCenter& center) {
@@ -350,7 +170,7 @@ protected:
         const auto account = test::makeAccount(kind, accountKey);
         const auto ask = [&](OpenFeeCenter& center) { return center.getFee(account, market, code); };
         OpenFeeCenter plain;
-        prepare(plain);
+        scene.prepare(plain);
         const std::string expected = test::describe(ask(plain));
         ASSERT_NE(expected, test::kNone);
         expectQuerySurvives([&](OpenFeeCenter& center) { ask(center); },
@@ -359,7 +179,7 @@ protected:
 
     test::FreshHost freshHost;
     test::FakeHost& host = test::FakeHost::instance();
-    std::vector<boost::shared_ptr<CInstrument>> instruments;
+    const Scene scene{{"A", "B"}};
 };
 
 TEST_F(MemoryTest, ShortageStrikesTheChosenAllocation) {
@@ -380,7 +200,7 @@ TEST_F(MemoryTest, ShortageStrikesTheChosenAllocation) {
 
 TEST_F(MemoryTest, CheckerNoticesBrokenTables) {
     OpenFeeCenter center;
-    prepare(center);
+    scene.prepare(center);
     ASSERT_EQ(faultOf(center), "");
     center.stockAccountTable[kNew];
     EXPECT_EQ(faultOf(center), "stock: an account without instruments; ");
@@ -399,7 +219,7 @@ TEST_F(MemoryTest, CheckerNoticesBrokenTables) {
     center.sgtMutex.unlock_shared();
 
     OpenFeeCenter before;
-    prepare(before);
+    scene.prepare(before);
     ASSERT_EQ(lossesOf(center, before) + differences(center, before), "");
     center.neeqAccountTable[kBystander].begin()->second = center.neeqAccountTable[kKnown].begin()->second;
     EXPECT_EQ(lossesOf(center, before), "neeq ");
@@ -447,7 +267,7 @@ void PrintTo(const NamedLoad& load, std::ostream* out) { *out << load.name; }
 class MemoryLoadTest : public MemoryTest, public ::testing::WithParamInterface<NamedLoad> {};
 
 TEST_P(MemoryLoadTest, LoadThatFailedIsRepeated) {
-    const auto records = makeRecords(70);
+    const auto records = scene.records(70);
     for (const uint64 key : {kKnown, kNew}) {
         const auto account = test::makeAccount(0, key);
         expectChangeSurvives([&](OpenFeeCenter& center) { GetParam().run(center, account, records); });
@@ -468,20 +288,21 @@ INSTANTIATE_TEST_SUITE_P(Loads, MemoryLoadTest, ::testing::ValuesIn(kLoads),
                          [](const auto& load) { return std::string(load.param.name); });
 
 TEST_F(MemoryTest, CustomFeeOfAStockFamilyThatFailedIsRepeated) {
-    const auto fee = makeStockCustom(70, '1');
+    const auto fee = Scene::stockCustom(70, '1');
     expectUpdateSurvives(&OpenFeeCenter::doUpdateStockCustomFee, fee);
     expectUpdateSurvives(&OpenFeeCenter::doUpdateCreditCustomFee, fee);
     expectUpdateSurvives(&OpenFeeCenter::doUpdateNeeqCustomFee, fee);
 }
 
 TEST_F(MemoryTest, CustomFeeOfStockOptionsThatFailedIsRepeated) {
-    expectUpdateSurvives(&OpenFeeCenter::doUpdateStkOptionCustomFee, makeStockCustom(70, '1'));
-    expectUpdateSurvives(&OpenFeeCenter::doUpdateStkOptionCustomFee, makeStockCustom(70, '0'));
+    expectUpdateSurvives(&OpenFeeCenter::doUpdateStkOptionCustomFee, Scene::stockCustom(70, '1'));
+    expectUpdateSurvives(&OpenFeeCenter::doUpdateStkOptionCustomFee, Scene::stockCustom(70, '0'));
 }
 
 TEST_F(MemoryTest, CustomFeeOfAConnectChannelThatFailedIsRepeated) {
     const auto hgt = test::markedLimit<CCustomHGTExchangeRateLimit>(70);
     const auto sgt = test::markedLimit<CCustomSgtExchangeRateLimit>(70);
+    hgt->category = sgt->category = "5";
     expectUpdateSurvives(&OpenFeeCenter::doUpdateHgtCustomFee, test::makeCustomFee<CCustomHGTInstrumentFee>(hgt));
     expectUpdateSurvives(&OpenFeeCenter::doUpdateSgtCustomFee, test::makeCustomFee<CCustomSgtInstrumentFee>(sgt));
 }
@@ -493,20 +314,20 @@ TEST_F(MemoryTest, CustomFeeOfFuturesThatFailedIsRepeated) {
 }
 
 TEST_F(MemoryTest, InstrumentUpdateThatFailedIsRepeated) {
-    for (const auto& instrument : instruments) {
-        expectUpdateSurvives(&OpenFeeCenter::doUpdateFutureInstrumentFee, makeFullFee(instrument, 70));
+    for (const auto& instrument : scene.instruments) {
+        expectUpdateSurvives(&OpenFeeCenter::doUpdateFutureInstrumentFee, Scene::fullFee(instrument, 70));
     }
 }
 
 // Posting: nothing is queued by a call that failed, one job by one that did not.
 
 TEST_F(MemoryTest, PostingThatFailedQueuesNothing) {
-    const auto records = makeRecords(70);
-    const auto fee = makeFullFee(instruments.front(), 70);
+    const auto records = scene.records(70);
+    const auto fee = Scene::fullFee(scene.instruments.front(), 70);
     const std::vector<Run> posts = {
         [&, account = test::makeAccount(2, kNew)](OpenFeeCenter& center) { center.initFees(account, records); },
         [&, account = test::makeAccount(1, kNew)](OpenFeeCenter& center) { center.updateCustomFee(account, fee); },
-        [custom = makeStockCustom(70, '1'), account = test::makeAccount(6, kNew)](OpenFeeCenter& center) {
+        [custom = Scene::stockCustom(70, '1'), account = test::makeAccount(6, kNew)](OpenFeeCenter& center) {
             center.updateCustomFee(account, custom);
         }};
     for (const Run& post : posts) {

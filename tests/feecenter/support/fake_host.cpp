@@ -15,6 +15,7 @@ FakeHost& FakeHost::instance() {
 void FakeHost::reset() {
     onCall = nullptr;
     onKeyCall = nullptr;
+    onInstance = nullptr;
     runJobs();
     strands.clear();
     instruments.clear();
@@ -83,6 +84,12 @@ void FakeHost::called(const std::string& operation) const {
 void FakeHost::keyCalled(const char* operation) const {
     if (onKeyCall) {
         onKeyCall(operation);
+    }
+}
+
+void FakeHost::instanceAsked(const char* operation) const {
+    if (onInstance) {
+        onInstance(operation);
     }
 }
 

@@ -50,6 +50,7 @@ public:
         boost::shared_ptr<qmservice::CInstrument> instrument;  ///< may be empty, for a host that lists badly
         int kindMask = 0;
         int types = 0;
+        std::string mapKey = {};  ///< under which the maps hold it; its own joined key where this is empty
     };
 
     std::vector<Listed> instruments;
@@ -70,6 +71,8 @@ public:
     std::function<void(const std::string&)> onCall;
     /// The same for the key functions, which the tests call too: "voStockKey", "splitVoStockKey", "hash", "crc64".
     std::function<void(const std::string&)> onKeyCall;
+    /// The same for asking where a service is, such as "TraderCenter::instance".
+    std::function<void(const std::string&)> onInstance;
     /// What a category test answers, in place of the data above; a custom category without this holds the instruments
     /// whose code is in the list.
     std::function<bool(const std::string& market, const std::string& code, const std::string& product, int category)>
@@ -85,6 +88,7 @@ public:
     boost::shared_ptr<boost::asio::io_service::strand> strand(const std::string& name);
     void called(const std::string& operation) const;
     void keyCalled(const char* operation) const;
+    void instanceAsked(const char* operation) const;
 
     /// Where the jobs run, for a test that runs them on threads of its own.
     boost::asio::io_service& service() { return io; }

@@ -33,7 +33,7 @@ public:
                           std::map<std::string, boost::shared_ptr<qmservice::CInstrument>>& instruments) override {
         for (const auto& listed : host("getInstrumentMap").instruments) {
             if ((listed.types & type) != 0) {
-                instruments[keyOf(listed.instrument.get())] = listed.instrument;
+                instruments[listed.mapKey.empty() ? keyOf(listed.instrument.get()) : listed.mapKey] = listed.instrument;
             }
         }
     }
@@ -88,18 +88,21 @@ qmservice::uint64 hash(const std::string& text) {
 
 template <>
 qmservice::CppCategory* CSingletonT<qmservice::CppCategory>::instance() {
+    FakeHost::instance().instanceAsked("CppCategory::instance");
     static qmservice::CppCategory category;
     return &category;
 }
 
 template <>
 qmservice::StockTypeCenter* CSingletonT<qmservice::StockTypeCenter>::instance() {
+    FakeHost::instance().instanceAsked("StockTypeCenter::instance");
     static qmservice::StockTypeCenter center;
     return &center;
 }
 
 template <>
 net::RPCEngine* CSingletonT<net::RPCEngine>::instance() {
+    FakeHost::instance().instanceAsked("RPCEngine::instance");
     static net::RPCEngine engine;
     return &engine;
 }
@@ -134,21 +137,25 @@ int getTradeMinUnit(const std::string& market, const std::string& code) {
 }
 
 boost::shared_ptr<TraderCenter> TraderCenter::instance() {
+    FakeHost::instance().instanceAsked("TraderCenter::instance");
     static const auto center = boost::make_shared<TraderCenter>();
     return center;
 }
 
 IInstrumentCenter* TraderCenter::getInstCenter() const {
+    FakeHost::instance().instanceAsked("getInstCenter");
     static Catalogue catalogue;
     return &catalogue;
 }
 
 boost::shared_ptr<IDataCenter> TraderCenter::getDataCenter() const {
+    FakeHost::instance().instanceAsked("getDataCenter");
     static const auto accounts = boost::make_shared<Accounts>();
     return accounts;
 }
 
 boost::shared_ptr<ConfigCollector> ConfigCollector::instance() {
+    FakeHost::instance().instanceAsked("ConfigCollector::instance");
     static const auto collector = boost::make_shared<ConfigCollector>();
     return collector;
 }

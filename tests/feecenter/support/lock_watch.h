@@ -84,9 +84,10 @@ bool getsThrough(const Work& work, const Release& release) {
 }
 
 /// Whether `work`, on a thread of its own, waits to hold `mutex` exclusively while another thread holds it shared. A
-/// lock that somebody waits for so turns further readers away, and that is what is watched for.
-template <class Work>
-bool waitsToWrite(boost::shared_mutex& mutex, const Work& work) {
+/// lock that somebody waits for so turns further readers away, and that is what is watched for. `whileItWaits` is
+/// called on this thread, which then holds the mutex shared.
+template <class Work, class WhileItWaits>
+bool waitsToWrite(boost::shared_mutex& mutex, const Work& work, const WhileItWaits& whileItWaits) {
     boost::shared_lock<boost::shared_mutex> reader(mutex);
     auto done = std::async(std::launch::async, work);
     bool waits = false;
@@ -99,9 +100,17 @@ bool waitsToWrite(boost::shared_mutex& mutex, const Work& work) {
                      return entered;
                  }).get();
     }
+    if (waits) {
+        whileItWaits();
+    }
     reader.unlock();
     done.get();
     return waits;
+}
+
+template <class Work>
+bool waitsToWrite(boost::shared_mutex& mutex, const Work& work) {
+    return waitsToWrite(mutex, work, [] {});
 }
 
 }  // namespace test

@@ -1,0 +1,79 @@
+#include "fuzz/load_checks.h"
+
+#include <bson/bson.h>
+
+#include <algorithm>
+#include <tuple>
+
+#include "fuzz/fail.h"
+#include "fuzz/market_checks.h"
+#include "fuzz/market_text.h"
+
+namespace fuzz {
+namespace {
+
+using standalone::LoadError;
+using standalone::LoadResult;
+
+std::size_t linesOf(const std::string& text) {
+    const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    return ends + (text.empty() || text.back() == '\n' ? 0 : 1);
+}
+
+bool isFolder(const Files& files, const std::string& path) {
+    const auto below = files.lower_bound(path + "/");
+    return below != files.end() && below->first.compare(0, path.size() + 1, path + "/") == 0;
+}
+
+/// Names that the format needs, so that their absence is an error of a file that is not there.
+bool isNeeded(const std::string& path) {
+    return path == "market.toml" || path == "accounts.csv" || path == "instruments";
+}
+
+/// Whether the folder has the place, or lacks it although it needs it.
+bool isPlace(const Files& files, const std::string& path, std::size_t line) {
+    const auto file = files.find(path);
+    if (file != files.end()) return line <= linesOf(file->second);
+    return line == 0 && (isFolder(files, path) || isNeeded(path));
+}
+
+/// Whether the text is one line that a terminal shows as it is.
+bool isOneLine(const std::string& text) {
+    const auto isControl = [](char byte) { return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F; };
+    return !text.empty() && bson_utf8_validate(text.data(), text.size(), false) &&
+           std::none_of(text.begin(), text.end(), isControl);
+}
+
+void checkErrors(const Files& files, const std::vector<LoadError>& errors) {
+    for (const LoadError& error : errors) {
+        if (!isPlace(files, error.file, error.line)) fail("an error has a place in the folder: " + error.text());
+        if (!isOneLine(error.message) || !isOneLine(error.text()))
+            fail("an error is one line of text: " + error.text());
+    }
+    const bool sorted = std::is_sorted(errors.begin(), errors.end(), [](const LoadError& a, const LoadError& b) {
+        return std::tie(a.file, a.line) < std::tie(b.file, b.line);
+    });
+    if (!sorted) fail("errors come by file, then line");
+}
+
+/// A load that loaded nothing and found nothing wrong either: the text of a market that is as it was made.
+std::string textOfNothing(const std::string& folder) {
+    LoadResult nothing;
+    nothing.market.folder = folder;
+    return textOf(nothing);
+}
+
+}  // namespace
+
+void checkLoad(const Files& files, const LoadResult& result) {
+    if (result.ok()) {
+        checkWhole(files, result.market);
+        return;
+    }
+    checkErrors(files, result.errors);
+    const LoadResult loaded{result.market, {}};
+    if (textOf(loaded) != textOfNothing(result.market.folder))
+        fail("with an error nothing is loaded\n" + textOf(loaded));
+}
+
+}  // namespace fuzz

@@ -1,0 +1,102 @@
+#include "histories/random_histories.h"
+
+#include <rapidcheck.h>
+
+#include <cstddef>
+#include <unordered_map>
+#include <utility>
+
+#include "histories/run_history.h"
+
+namespace histories {
+namespace {
+
+constexpr std::size_t kSteps = 40;
+constexpr std::size_t kStepBytes = 48;
+
+History randomHistory(rc::Random random) {
+    History history(kSteps, Step(kStepBytes));
+    for (Step& step : history) {
+        for (std::uint8_t& byte : step) {
+            byte = static_cast<std::uint8_t>(random.next());
+        }
+    }
+    return history;
+}
+
+/// Fewer bytes, or lower ones.
+rc::Seq<Step> simplerSteps(const Step& step) {
+    return rc::seq::concat(rc::shrink::removeChunks(step), rc::shrink::eachElement(step, [](std::uint8_t byte) {
+                               return rc::shrink::towards<std::uint8_t>(byte, 0);
+                           }));
+}
+
+/// Fewer steps, or simpler ones.
+rc::Seq<History> simplerHistories(const History& history) {
+    return rc::seq::concat(rc::shrink::removeChunks(history), rc::shrink::eachElement(history, &simplerSteps));
+}
+
+rc::Gen<History> histories() {
+    return [](const rc::Random& random, int /*size*/) {
+        return rc::shrinkable::shrinkRecur(randomHistory(random), &simplerHistories);
+    };
+}
+
+/// Says nothing: what fails is described by its history.
+class Silence : public rc::detail::TestListener {
+public:
+    void onTestCaseFinished(const rc::detail::CaseDescription& /*description*/) override {}
+    void onShrinkTried(const rc::detail::CaseDescription& /*shrink*/, bool /*accepted*/) override {}
+    void onTestFinished(const rc::detail::TestMetadata& /*metadata*/,
+                        const rc::detail::TestResult& /*result*/) override {}
+};
+
+std::string describeFailure(const History& history, Focus focus, const std::string& difference) {
+    return "The fee center and the model differ " + difference + "\n" + describe(history, focus) +
+           "To run it again: FEECENTER_HISTORY=" + toText(history) + " (" + nameOf(focus) + ")\n";
+}
+
+}  // namespace
+
+std::string firstFailure(std::uint64_t seed, int count, const std::function<std::string(const History&)>& failureOf) {
+    std::string failure;  // of the last history that failed, which is the simplest one
+    const auto property = [&] {
+        const History history = *histories();
+        std::string text = failureOf(history);
+        const bool fine = text.empty();
+        if (!fine) {
+            failure = std::move(text);
+        }
+        RC_ASSERT(fine);
+    };
+    rc::detail::TestParams params;
+    params.seed = seed;
+    params.maxSuccess = count;
+    Silence listener;
+    const std::unordered_map<std::string, rc::detail::Reproduce> nothingToReproduce;
+    const auto result =
+        rc::detail::checkTestable(property, rc::detail::TestMetadata(), params, listener, nothingToReproduce);
+    return result.is<rc::detail::SuccessResult>() || !failure.empty() ? failure
+                                                                      : "RapidCheck did not run the histories";
+}
+
+std::string runRandomHistories(std::uint64_t seed, Focus focus, int count, Totals& totals) {
+    bool failed = false;
+    return firstFailure(seed, count, [&](const History& history) {
+        const Outcome outcome = runHistory(history, focus);
+        if (!failed) {
+            ++totals.histories;
+            totals.steps += outcome.steps;
+            totals.answers += outcome.answers;
+        }
+        failed = failed || outcome.difference;
+        return outcome.difference ? describeFailure(history, focus, *outcome.difference) : std::string();
+    });
+}
+
+std::string describe(const Totals& totals) {
+    return "histories: " + std::to_string(totals.histories) + ", steps: " + std::to_string(totals.steps) +
+           ", answers compared: " + std::to_string(totals.answers);
+}
+
+}  // namespace histories

@@ -1,0 +1,223 @@
+#include "histories/side_by_side.h"
+
+#include <algorithm>
+#include <boost/smart_ptr/make_shared.hpp>
+#include <vector>
+
+#include "histories/record_fields.h"
+#include "histories/tables.h"
+
+namespace histories {
+namespace {
+
+/// Thrown by the mark behind a change's job, to stop there.
+struct JobIsDone {};
+
+void copyFacts(const model::Facts& facts, test::FakeHost& host) {
+    host.instruments.clear();
+    for (const auto& listed : facts.listed) {
+        host.instruments.push_back({listed.instrument, listed.kindMask, listed.types});
+    }
+    host.catalogue.clear();
+    for (const auto& entry : facts.catalogue) {
+        host.catalogue[utils::hash(entry.first)] = entry.second;
+    }
+    host.accounts = facts.accounts;
+    host.tradeUnits = facts.tradeUnits;
+    host.rateLimits = facts.rateLimits;
+    host.hgtLimits = facts.hgtLimits;
+    host.sgtLimits = facts.sgtLimits;
+    host.simulationPlatforms = facts.simulationPlatforms;
+    host.foreignMarkets = facts.foreignMarkets;
+    host.categoryNumbers = facts.categoryNumbers;
+    host.systemMembers = facts.systemMembers;
+    host.groupMembers = facts.groupMembers;
+    host.inSystemCategory = facts.inSystemCategory;
+    host.inCustomCategory = facts.inCustomCategory;
+    host.inGroupCategory = facts.inGroupCategory;
+}
+
+Record copyOf(const Record& record) { return record ? record->copy() : record; }
+
+void sortByInstrument(std::vector<Fee>& fees) {
+    std::sort(fees.begin(), fees.end(), [](const Fee& a, const Fee& b) { return a->instrument < b->instrument; });
+}
+
+}  // namespace
+
+SideBySide::Host::Host(const World& world) {
+    fake.reset();
+    copyFacts(world.facts, fake);
+}
+
+SideBySide::SideBySide(World& theWorld)
+    : world(theWorld), host(theWorld), model(std::make_unique<model::Model>(theWorld.facts)) {
+    watchConfiguration();
+}
+
+// Queued jobs hold the fee center and this: they run while both still exist.
+SideBySide::~SideBySide() { host.fake.reset(); }
+
+void SideBySide::initFees(const Account& account, const Records& records) {
+    Records copies;
+    for (const auto& record : records) {
+        copies.push_back(copyOf(record));
+        handed.watch(record);
+        handed.watch(copies.back());
+    }
+    const std::size_t before = model->queued();
+    center.initFees(account, Records(records));
+    model->initFees(account, copies);
+    posted(before);
+}
+
+void SideBySide::updateCustomFee(const Account& account, const Record& record) {
+    const Record copy = copyOf(record);
+    handed.watch(record);
+    handed.watch(copy);
+    const std::size_t before = model->queued();
+    center.updateCustomFee(account, record);
+    model->updateCustomFee(account, copy);
+    posted(before);
+}
+
+/// A mark follows each change on the fee center's strand: left to itself the strand runs several jobs in one go.
+void SideBySide::posted(std::size_t queuedBefore) {
+    modelJobs.push_back(model->queued() - queuedBefore);
+    center.strand->post([this] {
+        if (stepping) {
+            throw JobIsDone();
+        }
+    });
+}
+
+void SideBySide::runJob() {
+    if (modelJobs.empty()) {
+        return;
+    }
+    stepping = true;
+    try {
+        while (host.fake.runOneJob()) {
+        }
+    } catch (const JobIsDone&) {
+        // As it must be.
+    }
+    stepping = false;
+    for (std::size_t jobs = modelJobs.front(); jobs > 0; --jobs) {
+        model->runJob();
+    }
+    modelJobs.pop_front();
+}
+
+void SideBySide::runJobs() {
+    host.fake.runJobs();
+    model->runJobs();
+    modelJobs.clear();
+}
+
+void SideBySide::publish() {
+    copyFacts(world.facts, host.fake);
+    watchConfiguration();
+}
+
+/// A configured limit is one and the same record on both sides.
+void SideBySide::watchConfiguration() {
+    const auto watchAll = [this](const auto& limits) {
+        for (const auto& entry : limits) {
+            if (entry.second && configured.emplace(entry.second.get(), entry.second).second) {
+                sharing.pair(entry.second, entry.second);
+                configuration.watch(entry.second);
+            }
+        }
+    };
+    watchAll(world.facts.rateLimits);
+    watchAll(world.facts.hgtLimits);
+    watchAll(world.facts.sgtLimits);
+}
+
+std::string SideBySide::compareAll() {
+    ++round;
+    std::string text = differenceOfTables(sharing, *model, center);
+    for (const auto& account : world.accounts(Focus::all)) {
+        if (text.empty()) {
+            text = compareFees(account);
+        }
+        if (text.empty()) {
+            text = compareList(account);
+        }
+    }
+    previous.reset();
+    if (text.empty()) {
+        text = differenceOfTables(sharing, *model, center);
+    }
+    if (text.empty()) {
+        text = handed.difference() + configuration.difference();
+    }
+    if (modelJobs.empty()) {
+        handed.clear();
+    }
+    return text;
+}
+
+std::string SideBySide::compareFees(const Account& account) {
+    constexpr std::size_t kTurns = 4;  // each name is asked for by market and code in one round out of four
+    for (std::size_t i = 0; i < world.questions.size(); ++i) {
+        const auto& question = world.questions[i];
+        auto text = compareFee(account, question, false);
+        if (text.empty() && question.joins && (i + round) % kTurns == 0) {
+            text = compareFee(account, question, true);
+        }
+        if (!text.empty()) {
+            return text;
+        }
+    }
+    return {};
+}
+
+std::string SideBySide::compareFee(const Account& account, const World::Question& question, bool byName) {
+    const Fee expected =
+        byName ? model->getFee(account, question.market, question.code) : model->getFee(account, question.key);
+    Fee actual = byName ? center.getFee(account, question.market, question.code) : center.getFee(account, question.key);
+    ++answers;
+    auto text = differenceOfAnswers(sharing, expected, actual);
+    if (!text.empty()) {
+        text = "getFee of the account of " + show(account) + " for \"" + question.key + "\": " + text;
+    }
+    previous = std::move(actual);
+    return text;
+}
+
+std::string SideBySide::compareList(const Account& account) {
+    const auto about = [&](const std::string& what) {
+        return "getFees of the account of " + show(account) + ": " + what;
+    };
+    bool known = false;
+    std::vector<Fee> expected = model->getFees(account, known);
+    const Fee first = boost::make_shared<qmservice::CInstrumentFee>();
+    std::vector<Fee> actual{first};
+    if (center.getFees(account, actual) != known) {
+        return about(known ? "the answer is false" : "the answer is true");
+    }
+    if (actual.empty() || actual.front() != first || !sameFields(*first, qmservice::CInstrumentFee())) {
+        return about("what was in the list before is gone or changed");
+    }
+    actual.erase(actual.begin());
+    if (actual.size() != expected.size()) {
+        return about(std::to_string(actual.size()) + " fees, the model lists " + std::to_string(expected.size()));
+    }
+    if (std::find(actual.begin(), actual.end(), nullptr) != actual.end()) {
+        return about("an empty fee");
+    }
+    sortByInstrument(expected);
+    sortByInstrument(actual);
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        ++answers;
+        const auto text = differenceOfAnswers(sharing, expected[i], actual[i]);
+        if (!text.empty()) {
+            return about("the fee of " + show(expected[i]->instrument) + ", " + text);
+        }
+    }
+    return {};
+}
+
+}  // namespace histories
