@@ -1,0 +1,157 @@
+"""The command line of scripts/mutate."""
+
+import argparse
+import fcntl
+import fnmatch
+import queue
+import signal
+import sys
+import threading
+from pathlib import Path
+
+from mutation import report
+from mutation.mutant import Mutant
+from mutation.results import Results, read_equivalents
+from mutation.tree import find_mutants
+from mutation.trial import PROGRAMS, SURVIVED, Killers, run_program, try_mutant
+from mutation.workbench import DIRECTORY, Base, BuildError, Worker
+
+DESCRIPTION = """Changes one operator, constant, field or statement of feecenter/ at a time, builds the library, runs the
+fast tests, and lists the changes that no test noticed."""
+
+EPILOG = """A run that is interrupted goes on where it was. Results are kept in build/mutate/results.jsonl; those of a
+file are dropped when the file changes. Changes that no test can notice are listed, with why, in
+scripts/mutation/equivalent.toml. The exit status is 0 when every other change was noticed, 1 when one was not or was
+not tried, 2 when nothing could be run."""
+
+
+def parse_arguments(arguments: list[str]) -> argparse.Namespace:
+    parser = argparse.ArgumentParser(prog="scripts/mutate", description=DESCRIPTION, epilog=EPILOG)
+    parser.add_argument("--list", action="store_true", help="print the changes and try none")
+    parser.add_argument("--file", metavar="PATTERN", help="only files whose name matches, such as 'future_*'")
+    parser.add_argument("--only", metavar="ID", action="append", help="only this change, tried anew; may be repeated")
+    parser.add_argument("--survivors", action="store_true", help="try the survivors anew: for changed tests")
+    parser.add_argument("--jobs", metavar="N", type=int, default=2, help="changes tried at the same time (default: 2)")
+    parser.add_argument("--timeout", metavar="SECONDS", type=float, default=20.0,
+                        help="a test program that runs for longer counts as having noticed (default: 20)")  # fmt: skip
+    options = parser.parse_args(arguments)
+    if options.jobs < 1:
+        parser.error("--jobs takes a number of 1 or more")
+    if options.timeout <= 0:
+        parser.error("--timeout takes a number of seconds above 0")
+    return options
+
+
+def select(mutants: list[Mutant], options: argparse.Namespace) -> list[Mutant]:
+    selected = mutants
+    if options.file:
+        selected = [one for one in selected if fnmatch.fnmatch(Path(one.file).name, options.file)]
+        if not selected:
+            raise LookupError(f"--file {options.file}: no file of {DIRECTORY}/ with a change in it matches")
+    if options.only:
+        unknown = set(options.only) - {one.id for one in selected}
+        if unknown:
+            raise LookupError(f"--only {' '.join(sorted(unknown))}: no such change; --list prints them")
+        selected = [one for one in selected if one.id in options.only]
+    return selected
+
+
+def pending(mutants: list[Mutant], results: Results, options: argparse.Namespace) -> list[Mutant]:
+    def is_pending(mutant: Mutant) -> bool:
+        known = results.of(mutant)
+        if options.survivors:
+            return known is not None and known.outcome == SURVIVED
+        return known is None or bool(options.only)
+
+    return [mutant for mutant in mutants if is_pending(mutant)]
+
+
+def check_unchanged(worker: Worker, timeout: float) -> None:
+    """What the tests say of a mutant counts only where they pass without one, however the library is compiled."""
+    for whole in (False, True):
+        if not worker.build(None, whole):
+            raise BuildError("the unchanged library does not build")
+        for program in PROGRAMS:
+            result = run_program(worker, program, program.tests, timeout)
+            if result.outcome != SURVIVED:
+                raise BuildError(f"{result.outcome} without any change: {result.by}")
+
+
+def try_all(mutants: list[Mutant], base: Base, results: Results, options: argparse.Namespace) -> None:
+    waiting: queue.SimpleQueue[Mutant] = queue.SimpleQueue()
+    for mutant in mutants:
+        waiting.put(mutant)
+    progress, killers, stop = report.Progress(len(mutants)), Killers(), threading.Event()
+    failures: list[Exception] = []
+
+    def work(worker: Worker) -> None:
+        while not stop.is_set():
+            try:
+                mutant = waiting.get_nowait()
+            except queue.Empty:
+                return
+            try:
+                outcome = try_mutant(worker, mutant, killers, options.timeout)
+            except Exception as failure:  # shown by the main thread
+                failures.append(failure)
+                stop.set()
+                return
+            results.add(mutant, outcome)
+            progress.add(mutant, outcome)
+
+    workers = [Worker(base, number) for number in range(1, min(options.jobs, len(mutants)) + 1)]
+    check_unchanged(workers[0], options.timeout)
+    threads = [threading.Thread(target=work, args=(worker,)) for worker in workers]
+    for thread in threads:
+        thread.start()
+    try:
+        for thread in threads:
+            thread.join()
+    finally:
+        stop.set()
+    if failures:
+        raise failures[0]
+
+
+def main(project: Path, arguments: list[str]) -> int:
+    options = parse_arguments(arguments)
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
+    try:
+        return run(project, options)
+    except KeyboardInterrupt:
+        print("\nscripts/mutate: interrupted; the next run goes on from here", file=sys.stderr)
+        return 1
+    except (BuildError, LookupError, RuntimeError, ValueError) as error:
+        print(f"scripts/mutate: {error}", file=sys.stderr)
+        return 2
+
+
+def run(project: Path, options: argparse.Namespace) -> int:
+    place = project / "build/mutate"
+    place.mkdir(parents=True, exist_ok=True)
+    with (place / "lock").open("w") as lock:
+        try:
+            fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            raise BuildError(f"another run is at work in {place}") from None
+        return run_alone(project, place, options)
+
+
+def run_alone(project: Path, place: Path, options: argparse.Namespace) -> int:
+    equivalents = read_equivalents(project / "scripts/mutation/equivalent.toml")
+    base = Base(project, place, [program.name for program in PROGRAMS])
+    mutants = find_mutants(base.sources, DIRECTORY, base.unit, base.flags)
+    selected = select(mutants, options)
+    if options.list:
+        for mutant in selected:
+            print(report.describe(mutant))
+        print(f"{len(selected)} changes")
+        return 0
+    results = Results(base.place / "results.jsonl", base.sources)
+    wanted = pending(selected, results, options)
+    if wanted:
+        print(f"{len(wanted)} changes to try of {len(selected)}; building the tests", flush=True)
+        base.make()
+        try_all(wanted, base, results, options)
+    accounted = report.report(selected, results, equivalents, len(selected) == len(mutants))
+    return 0 if accounted else 1

@@ -1,0 +1,114 @@
+"""Runs the fast tests against one mutant."""
+
+import os
+import re
+import signal
+import subprocess
+import threading
+import time
+from collections import defaultdict
+from dataclasses import dataclass
+from pathlib import Path
+
+from mutation.mutant import Mutant
+from mutation.workbench import Worker
+
+KILLED, TIMEOUT, SURVIVED, INVALID = "killed", "timeout", "survived", "invalid"
+
+# A mutant that eats memory must not take the machine with it.
+LIMITS = ["prlimit", f"--as={4 << 30}", "--core=0"]
+
+
+@dataclass(frozen=True)
+class Program:
+    name: str
+    takes_objects: bool = False  # linked with the library's objects, not with the shared library
+    tests: str = "*"  # without those that take long
+
+
+# What is quick and notices most comes first.
+PROGRAMS = (
+    Program("feecenter_test"),
+    Program("posting_test", takes_objects=True),
+    Program("interleavings_test", tests="*LockMatrix*"),
+    Program("memory_test"),
+    Program("bad_host_test", tests="-*EveryCallThatFailed*:*BadHostJobTest*"),
+    Program("histories_test", tests="*RandomHistories*"),
+)
+
+
+@dataclass(frozen=True)
+class Outcome:
+    outcome: str
+    by: str = ""  # the test that noticed, or that ran when the time was over
+    seconds: float = 0.0
+
+
+class Killers:
+    """The tests that noticed the latest mutants of each file: they are asked first about the next one."""
+
+    def __init__(self) -> None:
+        self._lock = threading.Lock()
+        self._tests: dict[str, list[str]] = defaultdict(list)
+
+    def add(self, file: str, test: str) -> None:
+        program, _, name = test.partition(" ")
+        if program == PROGRAMS[0].name and name:
+            with self._lock:
+                tests = self._tests[file]
+                if name in tests:
+                    tests.remove(name)
+                self._tests[file] = [name, *tests][:12]
+
+    def filter(self, file: str) -> str:
+        with self._lock:
+            return ":".join(self._tests[file])
+
+
+def run_tests(program: Path, libraries: Path, tests: str, timeout: float) -> Outcome:
+    command = [*LIMITS, str(program), "--gtest_fail_fast", "--gtest_color=no", f"--gtest_filter={tests}"]
+    environment = dict(os.environ, LD_LIBRARY_PATH=str(libraries))
+    process = subprocess.Popen(command, env=environment, start_new_session=True, cwd=libraries,
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, errors="replace")  # fmt: skip
+    try:
+        output, _ = process.communicate(timeout=timeout)
+        outcome = SURVIVED if process.returncode == 0 else KILLED
+    except subprocess.TimeoutExpired:
+        os.killpg(process.pid, signal.SIGKILL)
+        output, _ = process.communicate()
+        outcome = TIMEOUT
+    started = re.findall(r"^\[ RUN      \] (\S+)", output, re.M)
+    if outcome == SURVIVED and not started:
+        raise RuntimeError(f"{program.name} ran no test: {tests}")
+    failed = re.findall(r"^\[  FAILED  \] (\S+?)[,\s]", output, re.M)
+    return Outcome(outcome, f"{program.name} {(failed or started or ['before any test'])[-1]}")
+
+
+def try_mutant(worker: Worker, mutant: Mutant, killers: Killers, timeout: float) -> Outcome:
+    begin = time.monotonic()
+    outcome = _first_notice(worker, mutant, killers, timeout)
+    if outcome.outcome in (KILLED, TIMEOUT):
+        killers.add(mutant.file, outcome.by)
+    return Outcome(outcome.outcome, outcome.by, round(time.monotonic() - begin, 2))
+
+
+def _first_notice(worker: Worker, mutant: Mutant, killers: Killers, timeout: float) -> Outcome:
+    if not worker.build(mutant):
+        return Outcome(INVALID)
+    likely = killers.filter(mutant.file)
+    if likely:
+        result = run_program(worker, PROGRAMS[0], likely, timeout)
+        if result.outcome != SURVIVED:
+            return result
+    for program in PROGRAMS:
+        result = run_program(worker, program, program.tests, timeout)
+        if result.outcome != SURVIVED:
+            return result
+    return Outcome(SURVIVED)
+
+
+def run_program(worker: Worker, program: Program, tests: str, timeout: float) -> Outcome:
+    file = worker.program(program.name, program.takes_objects)
+    if file is None:
+        return Outcome(INVALID)
+    return run_tests(file, worker.libraries, tests, timeout)
