@@ -35,6 +35,11 @@ protected:
         return center.getStkOptionFees(account, fees);
     }
 
+    void expectNothingStored() {
+        EXPECT_TRUE(center.stkOptionItemPool.empty());
+        EXPECT_TRUE(center.stkOptionAccountTable.empty());
+    }
+
     std::size_t itemCount() { return center.getStkOptionFee(7, key)->stkOptionFeeRate->items.size(); }
 
     /// Whether `work` gets through while this thread holds every lock but the named ones.
@@ -141,13 +146,15 @@ TEST_F(StockOptionLocksTest, LoadNeedsNoLock) {
         needsOnly({}, [&] { center.doInitStkOptionFee(account, {test::makeFee(option, test::makeLimit(0.1))}); }));
 }
 
-TEST_F(StockOptionLocksTest, UpdateTakesTheStockLockExclusively) {
-    EXPECT_TRUE(test::waitsToWrite(center.stockMutex, [&] { update(); }));
+TEST_F(StockOptionLocksTest, UpdateTakesTheStockLockExclusivelyBeforeItWritesATable) {
+    EXPECT_TRUE(test::waitsToWrite(
+        center.stockMutex, [&] { update(); }, [&] { expectNothingStored(); }));
     EXPECT_EQ(itemCount(), 1U);
 }
 
-TEST_F(StockOptionLocksTest, UpdateTakesTheTablesLockExclusively) {
-    EXPECT_TRUE(test::waitsToWrite(center.stkOptionTableMutex, [&] { update(); }));
+TEST_F(StockOptionLocksTest, UpdateTakesTheTablesLockExclusivelyBeforeItWritesATable) {
+    EXPECT_TRUE(test::waitsToWrite(
+        center.stkOptionTableMutex, [&] { update(); }, [&] { expectNothingStored(); }));
     EXPECT_EQ(itemCount(), 1U);
 }
 

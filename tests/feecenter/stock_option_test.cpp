@@ -230,6 +230,20 @@ TEST_F(StockOptionTest, PooledItemIsKeptWhenTheFeeComesAgainAndDoesNotFollowTheL
     EXPECT_EQ(first->fee1, 1.5);
 }
 
+TEST_F(StockOptionTest, EntryIsFiledUnderTheKeyOfThePooledItemThoughTheLimitsCodesDiffer) {
+    auto pooled = item("000", 0.5);
+    pooled->optionFee5 = 1.5e-8;
+    auto same = item("000", 0.5);
+    same->optionFee5 = 14.5e-8;
+    same->optionSecondKeyCode = 8;
+    // Fifth fee and second code: "1" then "4800000000", and "14" then "800000000".
+    ASSERT_EQ(center.getHashKey(pooled, 100), center.getHashKey(same, 100));
+    apply(pooled);
+    apply(same);
+    EXPECT_EQ(items(*option), (Items{{"000", 0.5}}));
+    EXPECT_EQ(rate(*option)->items.at("000")->fee5, 1.5e-8);
+}
+
 TEST_F(StockOptionTest, StockTablesAreNotTouched) {
     apply(item("000", 1.5));
     EXPECT_TRUE(center.stockAccountTable.empty());
