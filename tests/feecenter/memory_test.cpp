@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstddef>
-#include <cstdlib>
 #include <functional>
 #include <new>
 #include <optional>
@@ -11,70 +9,12 @@
 
 #include "support/family_marks.h"
 #include "support/scene.h"
+#include "support/shortage.h"
 #include "support/table_checks.h"
+#include "support/tally.h"
 
 // Memory runs out at every single allocation of every operation, for once and for good. What leaves the call is
 // std::bad_alloc; the tables stay whole, no lock stays behind, and the same call gets through afterwards.
-
-namespace {
-
-/// Which allocation of this thread fails.
-class Shortage {
-public:
-    /// The allocation after `allocations` others fails; all that follow do too where it is for good.
-    void begin(long allocations, bool forGood) {
-        left = allocations;
-        lasting = forGood;
-        active = true;
-        struck = false;
-    }
-
-    /// Whether an allocation failed.
-    bool end() {
-        active = false;
-        return struck;
-    }
-
-    bool fails() {
-        if (!active || left-- > 0) {
-            return false;
-        }
-        struck = true;
-        active = lasting;
-        return true;
-    }
-
-private:
-    long left = 0;
-    bool lasting = false;
-    bool active = false;
-    bool struck = false;
-};
-
-thread_local Shortage shortage;
-
-void* allocate(std::size_t size) noexcept { return shortage.fails() ? nullptr : std::malloc(size != 0 ? size : 1); }
-
-void* allocateOrThrow(std::size_t size) {
-    void* memory = allocate(size);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return allocateOrThrow(size); }
-void* operator new[](std::size_t size) { return allocateOrThrow(size); }
-void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return allocate(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
-void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept { std::free(memory); }
-void operator delete[](void* memory, const std::nothrow_t& /*tag*/) noexcept { std::free(memory); }
 
 namespace {
 
@@ -96,6 +36,8 @@ protected:
 
     ~MemoryTest() override { host.reset(); }
 
+    test::Shortage& shortage = test::Shortage::ofThisThread();
+
     /// Runs `run` under a shortage at each of its allocations in turn, on a new fee center each time. `check` is
     /// called with the fee center after a run that failed, and how many allocations there are is the result.
     template <class Check>
@@ -110,7 +52,9 @@ protected:
             } catch (const std::bad_alloc&) {
                 threw = true;
             }
-            if (!shortage.end()) {
+            const long failed = shortage.end();
+            test::tally("allocations failed", failed);
+            if (failed == 0) {
                 EXPECT_FALSE(threw);
                 host.runJobs();  // a job that was queued holds the fee center
                 return allocations;
@@ -189,13 +133,13 @@ TEST_F(MemoryTest, ShortageStrikesTheChosenAllocation) {
         for (bool& result : results) {
             result = shortage.fails();
         }
-        EXPECT_TRUE(shortage.end());
+        EXPECT_GT(shortage.end(), 0);
         EXPECT_FALSE(results[0]);
         EXPECT_TRUE(results[1]);
         EXPECT_EQ(results[2], forGood);
     }
     shortage.begin(1, true);
-    EXPECT_FALSE(shortage.end());
+    EXPECT_EQ(shortage.end(), 0);
 }
 
 TEST_F(MemoryTest, CheckerNoticesBrokenTables) {
@@ -247,7 +191,9 @@ TEST_F(MemoryTest, ConstructionThatFailedIsRepeated) {
                 center.emplace("fees");
             } catch (const std::bad_alloc&) {
             }
-            struck = shortage.end();
+            const long failed = shortage.end();
+            test::tally("allocations failed", failed);
+            struck = failed > 0;
             EXPECT_EQ(center.has_value(), !struck);
             center.reset();
             EXPECT_TRUE(center.emplace("fees").defaultIncomeSwapFutureFee);

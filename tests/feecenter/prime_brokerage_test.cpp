@@ -100,6 +100,19 @@ TEST_F(PrimeBrokerageTest, HongKongAsksBothChannels) {
     EXPECT_FALSE(called("getRateLimitPtr"));
 }
 
+TEST_F(PrimeBrokerageTest, StockOptionRateIsTheOneOfAfterTheStockLookup) {
+    instrument = host.addInstrument("SH", "1");
+    const uint64 instrumentKey = test::instrumentKey(*instrument);
+    host.onCall = [&](const std::string& operation) {
+        if (operation == "getRateLimitPtr") {
+            center.stkOptionItemPool[1] = boost::make_shared<CStockOptionFeeItem>();
+            center.stkOptionAccountTable[kAccount][instrumentKey]["999"] = 1;
+        }
+    };
+    const auto rate = center.getPbFullFee(kAccount, instrumentKey, 100)->stkOptionFeeRate;
+    EXPECT_EQ(rate->items.count("999"), 1U);
+}
+
 TEST_F(PrimeBrokerageTest, HongKongChannelsConfiguredLimitsAreDroppedToo) {
     host.hgtLimits[{"HK", "1"}] = test::markedLimit<CCustomHGTExchangeRateLimit>(7);
     host.sgtLimits[{"HK", "1"}] = test::markedLimit<CCustomSgtExchangeRateLimit>(8);
