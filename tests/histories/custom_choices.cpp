@@ -22,22 +22,31 @@ constexpr std::array<int, 16> kFirstKeyCodes{'0', '0', '0', '0', '0', '1', '1', 
 constexpr std::array<int, 16> kSecondKeyCodes{'0', '0', '0', 'D', 'D', 'D', '1', '1',
                                               '1', '1', 'd', 'E', 'C', 0,   -1,  'D' + 256};
 
-/// More categories than the least custom category's number. `last` is the number of the last one.
-Members manyCategories(int last) {
-    constexpr int kCount = 10002;
+/// The instruments' codes that a large custom category holds.
+const std::vector<std::string> kLargeCategory{"600000", "600001", "rb2605", "00700", "830400", "510050"};
+
+/// So many categories, with members in those of the given numbers.
+Members manyCategories(int count, const std::vector<int>& filled) {
     Members members;
-    for (int number = 0; number < kCount - 1; ++number) {
+    for (const int number : filled) {
+        members[number] = kLargeCategory;
+    }
+    for (int number = 0; members.size() < static_cast<std::size_t>(count); ++number) {
         members[number];
     }
-    members[last] = {"600000", "600001", "rb2605", "00700", "830400", "510050"};
     return members;
 }
 
-/// The first has the number that its size lets through, the second has it not.
+/// The first has the only number that its size lets through, the second has it not, and the third lets every number
+/// through and has members at the edges of the range.
 const Members& largeMembers(std::size_t which) {
-    static const std::array<Members, 2> large{manyCategories(10001), manyCategories(20002)};
+    static const std::array<Members, 3> large{manyCategories(10002, {10001}), manyCategories(10002, {20002}),
+                                              manyCategories(20004, {10000, 10001, 15000, 20001, 20002})};
     return large[which];
 }
+
+/// The numbers at the edges of the custom categories' range, and a name for one of them.
+constexpr std::array<const char*, 6> kEdges{"mine", "10001", "20001", "10000", "20002", "15000"};
 
 const Members& smallMembers(std::size_t which) {
     static const std::array<Members, 8> small{
@@ -67,8 +76,8 @@ template <class Limit>
 void chooseCategory(Bytes& bytes, std::string& category, Limit& limit) {
     constexpr std::size_t kRarely = 32;  // copies of the large map are slow
     if (bytes.oneIn(kRarely)) {
-        category = bytes.oneIn(2) ? "mine" : "10001";
-        limit.customCategories = largeMembers(bytes.pick(2));
+        category = bytes.of(kEdges);
+        limit.customCategories = largeMembers(bytes.pick(3));
         return;
     }
     category = bytes.of(kCategoryTexts);

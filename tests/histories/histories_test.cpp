@@ -5,6 +5,7 @@
 #include <iostream>
 #include <string>
 
+#include "histories/focus_test.h"
 #include "histories/random_histories.h"
 #include "histories/run_history.h"
 
@@ -15,15 +16,9 @@ namespace {
 #ifdef HISTORIES_ANSWERS
 constexpr std::uint64_t kAnswers = HISTORIES_ANSWERS;
 #else
-constexpr std::uint64_t kAnswers = 3'000'000;
+constexpr std::uint64_t kAnswers = 1'500'000;
 #endif
 constexpr int kRound = 8;  ///< histories of one seed
-
-/// The same from run to run, so that a build that passed passes again, unless FEECENTER_SEED gives another.
-std::uint64_t firstSeed() {
-    const char* seed = std::getenv("FEECENTER_SEED");
-    return seed != nullptr ? std::strtoull(seed, nullptr, 10) : 20260101;
-}
 
 /// FEECENTER_HISTORY runs one history alone, as a failure prints it.
 void replay(const std::string& text, Focus focus) {
@@ -54,20 +49,6 @@ TEST_P(RandomHistories, AnswerAsTheModelDoes) {
     std::cout << describe(totals) << ", seed " << seed << " (" << nameOf(focus) << ")\n";
     ASSERT_TRUE(failure.empty()) << failure << "FEECENTER_SEED=" << seed;
     EXPECT_GE(totals.answers, kAnswers);
-}
-
-std::string testNameOf(const ::testing::TestParamInfo<Focus>& focus) {
-    switch (focus.param) {
-        case Focus::stockLike:
-            return "StockLike";
-        case Focus::futures:
-            return "Futures";
-        case Focus::connect:
-            return "Connect";
-        case Focus::all:
-            break;
-    }
-    return "AllKinds";
 }
 
 INSTANTIATE_TEST_SUITE_P(Focus, RandomHistories, ::testing::ValuesIn(kFocuses), &testNameOf);

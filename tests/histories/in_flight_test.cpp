@@ -6,9 +6,7 @@
 #include <boost/make_shared.hpp>
 #include <functional>
 #include <iostream>
-#include <map>
 #include <string>
-#include <utility>
 
 #include "histories/focus_test.h"
 #include "histories/random_histories.h"
@@ -88,21 +86,6 @@ TEST(InFlightChecksTest, SeeAnEqualRecordInThePlaceOfTheSharedOne) {
     const auto failure = failureWith(Focus::connect, [](const Query&, Fee& fee) {
         if (fee && fee->hgtRateLimit) {
             fee->hgtRateLimit = boost::make_shared<qmservice::CCustomHGTExchangeRateLimit>(*fee->hgtRateLimit);
-        }
-    });
-    EXPECT_THAT(failure, HasSubstr("right in no state from"));
-    EXPECT_THAT(failure, HasSubstr("it is not the shared record it must be"));
-}
-
-TEST(InFlightChecksTest, SeeAnAnswerThatIsTooOld) {
-    // Each thread gives the first pooled commission that it ever got for a question again; one of the answer's own is
-    // held by nobody else.
-    const auto failure = failureWith(Focus::futures, [](const Query& query, Fee& fee) {
-        using Key = std::pair<const void*, const void*>;
-        thread_local std::map<Key, boost::shared_ptr<qmservice::CCommissionRateDetail>> first;
-        if (fee && fee->commissionDetail.use_count() > 1) {
-            const Key key(query.account.get(), query.question);
-            fee->commissionDetail = first.emplace(key, fee->commissionDetail).first->second;
         }
     });
     EXPECT_THAT(failure, HasSubstr("right in no state from"));

@@ -178,7 +178,7 @@ std::string SideBySide::compareFee(const Account& account, const World::Question
     const Fee expected =
         byName ? model->getFee(account, question.market, question.code) : model->getFee(account, question.key);
     Fee actual = byName ? center.getFee(account, question.market, question.code) : center.getFee(account, question.key);
-    ++answers;
+    answers += expected ? 1U : 0U;
     auto text = differenceOfAnswers(sharing, expected, actual);
     if (!text.empty()) {
         text = "getFee of the account of " + show(account) + " for \"" + question.key + "\": " + text;

@@ -43,7 +43,8 @@ public:
     /// empty when there is none.
     std::string compareAll();
 
-    /// How many answers have been compared: each one of getFee, and each fee in a list of getFees.
+    /// How many answers have been compared: each fee that getFee gives, and each one in a list of getFees. Answers that
+    /// are empty are compared too but not counted.
     [[nodiscard]] std::uint64_t answersCompared() const { return answers; }
 
     test::OpenFeeCenter& feeCenter() { return center; }
