@@ -7,13 +7,14 @@ import queue
 import signal
 import sys
 import threading
+import time
 from pathlib import Path
 
 from mutation import report
 from mutation.mutant import Mutant
 from mutation.results import Results, read_equivalents
 from mutation.tree import find_mutants
-from mutation.trial import PROGRAMS, SURVIVED, Killers, run_program, try_mutant
+from mutation.trial import PROGRAMS, SURVIVED, Killers, Limits, run_program, try_mutant
 from mutation.workbench import DIRECTORY, Base, BuildError, Worker
 
 DESCRIPTION = """Changes one operator, constant, field or statement of feecenter/ at a time, builds the library, runs the
@@ -33,7 +34,8 @@ def parse_arguments(arguments: list[str]) -> argparse.Namespace:
     parser.add_argument("--survivors", action="store_true", help="try the survivors anew: for changed tests")
     parser.add_argument("--jobs", metavar="N", type=int, default=2, help="changes tried at the same time (default: 2)")
     parser.add_argument("--timeout", metavar="SECONDS", type=float, default=20.0,
-                        help="a test program that runs for longer counts as having noticed (default: 20)")  # fmt: skip
+                        help="a test program that runs for longer, and five times longer than without a change, counts "
+                             "as having noticed (default: 20)")  # fmt: skip
     options = parser.parse_args(arguments)
     if options.jobs < 1:
         parser.error("--jobs takes a number of 1 or more")
@@ -66,15 +68,20 @@ def pending(mutants: list[Mutant], results: Results, options: argparse.Namespace
     return [mutant for mutant in mutants if is_pending(mutant)]
 
 
-def check_unchanged(worker: Worker, timeout: float) -> None:
-    """What the tests say of a mutant counts only where they pass without one, however the library is compiled."""
+def check_unchanged(worker: Worker, timeout: float) -> Limits:
+    """What the tests say of a mutant counts only where they pass without one, however the library is compiled. Answers
+    how long each program may take with one."""
+    limits: Limits = {}
     for whole in (False, True):
         if not worker.build(None, whole):
             raise BuildError("the unchanged library does not build")
         for program in PROGRAMS:
-            result = run_program(worker, program, program.tests, timeout)
+            begin = time.monotonic()
+            result = run_program(worker, program, program.tests, 10 * timeout)
             if result.outcome != SURVIVED:
                 raise BuildError(f"{result.outcome} without any change: {result.by}")
+            limits[program] = max(timeout, 5 * (time.monotonic() - begin))
+    return limits
 
 
 def try_all(mutants: list[Mutant], base: Base, results: Results, options: argparse.Namespace) -> None:
@@ -91,7 +98,7 @@ def try_all(mutants: list[Mutant], base: Base, results: Results, options: argpar
             except queue.Empty:
                 return
             try:
-                outcome = try_mutant(worker, mutant, killers, options.timeout)
+                outcome = try_mutant(worker, mutant, killers, limits)
             except Exception as failure:  # shown by the main thread
                 failures.append(failure)
                 stop.set()
@@ -100,7 +107,7 @@ def try_all(mutants: list[Mutant], base: Base, results: Results, options: argpar
             progress.add(mutant, outcome)
 
     workers = [Worker(base, number) for number in range(1, min(options.jobs, len(mutants)) + 1)]
-    check_unchanged(workers[0], options.timeout)
+    limits = check_unchanged(workers[0], options.timeout)
     threads = [threading.Thread(target=work, args=(worker,)) for worker in workers]
     for thread in threads:
         thread.start()

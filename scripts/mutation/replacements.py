@@ -11,10 +11,11 @@ OPERATORS = {
 
 COMPARISONS = {"<", "<=", ">", ">=", "==", "!="}
 
-# Names of the standard library that can stand for each other.
+# Names of the standard library and of Boost that can stand for each other.
 STANDARD_NAMES = {
     "min": "max", "max": "min", "front": "back", "back": "front", "first": "second", "second": "first",
     "end": "begin", "begin": "end", "floor": "ceil", "ceil": "floor",
+    "post": "dispatch",
 }  # fmt: skip
 
 LOCKS = {"unique_lock": "shared_lock", "shared_lock": "unique_lock"}

@@ -36,6 +36,8 @@ PROGRAMS = (
     Program("histories_test", tests="*RandomHistories*"),
 )
 
+Limits = dict[Program, float]  # seconds that each may take
+
 
 @dataclass(frozen=True)
 class Outcome:
@@ -84,24 +86,24 @@ def run_tests(program: Path, libraries: Path, tests: str, timeout: float) -> Out
     return Outcome(outcome, f"{program.name} {(failed or started or ['before any test'])[-1]}")
 
 
-def try_mutant(worker: Worker, mutant: Mutant, killers: Killers, timeout: float) -> Outcome:
+def try_mutant(worker: Worker, mutant: Mutant, killers: Killers, limits: Limits) -> Outcome:
     begin = time.monotonic()
-    outcome = _first_notice(worker, mutant, killers, timeout)
+    outcome = _first_notice(worker, mutant, killers, limits)
     if outcome.outcome in (KILLED, TIMEOUT):
         killers.add(mutant.file, outcome.by)
     return Outcome(outcome.outcome, outcome.by, round(time.monotonic() - begin, 2))
 
 
-def _first_notice(worker: Worker, mutant: Mutant, killers: Killers, timeout: float) -> Outcome:
+def _first_notice(worker: Worker, mutant: Mutant, killers: Killers, limits: Limits) -> Outcome:
     if not worker.build(mutant):
         return Outcome(INVALID)
     likely = killers.filter(mutant.file)
     if likely:
-        result = run_program(worker, PROGRAMS[0], likely, timeout)
+        result = run_program(worker, PROGRAMS[0], likely, limits[PROGRAMS[0]])
         if result.outcome != SURVIVED:
             return result
     for program in PROGRAMS:
-        result = run_program(worker, program, program.tests, timeout)
+        result = run_program(worker, program, program.tests, limits[program])
         if result.outcome != SURVIVED:
             return result
     return Outcome(SURVIVED)

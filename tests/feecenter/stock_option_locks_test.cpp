@@ -23,12 +23,14 @@ using Calls = std::set<std::string>;
 
 class StockOptionLocksTest : public test::FeeCenterTest {
 protected:
-    void update() {
+    static boost::shared_ptr<CCustomStkExchangeRateLimit> limit() {
         auto limit = boost::make_shared<CCustomStkExchangeRateLimit>();
         limit->category = "all";
         limit->optionFirstKeyCode = limit->optionSecondKeyCode = limit->optionThirdKeyCode = '0';
-        center.doUpdateStkOptionCustomFee(account, test::makeCustomFee(limit));
+        return limit;
     }
+
+    void update() { center.doUpdateStkOptionCustomFee(account, test::makeCustomFee(limit())); }
 
     bool list() {
         std::vector<boost::shared_ptr<CInstrumentFee>> fees;
@@ -156,6 +158,15 @@ TEST_F(StockOptionLocksTest, UpdateTakesTheTablesLockExclusivelyBeforeItWritesAT
     EXPECT_TRUE(test::waitsToWrite(
         center.stkOptionTableMutex, [&] { update(); }, [&] { expectNothingStored(); }));
     EXPECT_EQ(itemCount(), 1U);
+}
+
+TEST_F(StockOptionLocksTest, UpdateThatWaitedTakesTheItemThatWasPooledMeanwhile) {
+    auto item = boost::make_shared<CStockOptionFeeItem>();
+    item->firstKeyCode = item->secondKeyCode = item->thirdKeyCode = '7';
+    EXPECT_TRUE(test::waitsToWrite(
+        center.stockMutex, [&] { update(); },
+        [&] { center.stkOptionItemPool[center.getHashKey(limit(), 100)] = item; }));
+    EXPECT_EQ(center.getStkOptionFee(7, key)->stkOptionFeeRate->items.at("777"), item);
 }
 
 TEST_F(StockOptionLocksTest, QueriesDoNotWaitForOneAnother) {
