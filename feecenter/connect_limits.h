@@ -20,13 +20,16 @@ struct ConnectLimitPolicy {
 
     static constexpr auto slot() { return Slot; }
 
-    static boost::shared_ptr<Limit> configured(const CInstrument& instrument) {
-        return ((*ConfigCollector::instance()).*Configured)(instrument.market, instrument.code);
+    static boost::shared_ptr<Limit> configured(const std::string& market, const std::string& code) {
+        return ((*ConfigCollector::instance()).*Configured)(market, code);
     }
 
     /// The configuration is not asked, unlike for stocks: what came with the fee is stored, and a fee without a limit
     /// is passed over even where one is configured. This is intended.
-    static boost::shared_ptr<Limit> incoming(const CInstrumentFee& fee) { return fee.*Slot; }
+    static boost::shared_ptr<Limit> incoming(const CInstrumentFee& fee, const std::string& /*market*/,
+                                             const std::string& /*code*/) {
+        return fee.*Slot;
+    }
 
     static boost::shared_ptr<Limit> stamped(const Limit& limit, int tradeUnit) {
         auto record = boost::make_shared<Limit>(limit);

@@ -2,6 +2,7 @@
 #define FEECENTER_HOST_CALLS_H
 
 #include <boost/shared_ptr.hpp>
+#include <string>
 
 #include "host/records.h"
 #include "host/services.h"
@@ -17,8 +18,11 @@ inline boost::shared_ptr<CInstrument> findInstrument(uint64 instrumentKey) {
 }
 
 /// The key under which every table files an instrument.
+inline uint64 instrumentKeyOf(const std::string& market, const std::string& code) {
+    return utils::hash(utils::voStockKey(market, code));
+}
 inline uint64 instrumentKeyOf(const CInstrument& instrument) {
-    return utils::hash(utils::voStockKey(instrument.market, instrument.code));
+    return instrumentKeyOf(instrument.market, instrument.code);
 }
 
 }  // namespace qmservice

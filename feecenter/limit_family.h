@@ -5,6 +5,7 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <boost/thread/lock_types.hpp>
 #include <boost/thread/shared_mutex.hpp>
+#include <string>
 #include <vector>
 
 #include "feecenter/category_match.h"
@@ -19,9 +20,9 @@
 //
 //   Limit                         the pooled record class
 //   slot()                        the field of CInstrumentFee that carries it
-//   incoming(fee)                 the limit to store for a fee record; empty to skip the record
+//   incoming(fee, market, code)   the limit to store for a fee record; empty to skip the record
 //   stamped(limit, tradeUnit)     a new record that carries the trade unit, from a limit or a custom limit
-//   configured(instrument)        the host's configured limit; empty when none
+//   configured(market, code)      the host's configured limit; empty when none
 
 namespace qmservice {
 
@@ -37,10 +38,10 @@ struct LimitTables {
 /// Pools the limit and points the instrument at it. The lock is taken for the two table writes only; the pool comes
 /// first, so that an account never names a record that is not there.
 template <class Policy, class Limit>
-void storeLimit(const LimitTables<typename Policy::Limit>& tables, uint64 accountKey, const CInstrument& instrument,
-                const Limit& limit) {
-    const uint64 instrumentKey = instrumentKeyOf(instrument);
-    const int tradeUnit = getTradeMinUnit(instrument.market, instrument.code);
+void storeLimit(const LimitTables<typename Policy::Limit>& tables, uint64 accountKey, const std::string& market,
+                const std::string& code, const Limit& limit) {
+    const uint64 instrumentKey = instrumentKeyOf(market, code);
+    const int tradeUnit = getTradeMinUnit(market, code);
     const uint64 limitKey = contentKey(limit, tradeUnit);
 
     const boost::unique_lock<boost::shared_mutex> lock(tables.mutex);
@@ -58,8 +59,11 @@ void loadLimits(const LimitTables<typename Policy::Limit>& tables, const boost::
         if (fee == nullptr || !fee->instrument) {
             continue;
         }
-        if (const auto limit = Policy::incoming(*fee)) {
-            storeLimit<Policy>(tables, accountKey, *fee->instrument, *limit);
+        // Copies, so that one name is asked about and filed even if the host writes its record when it is asked.
+        const std::string market = fee->instrument->market;
+        const std::string code = fee->instrument->code;
+        if (const auto limit = Policy::incoming(*fee, market, code)) {
+            storeLimit<Policy>(tables, accountKey, market, code, *limit);
         }
     }
 }
@@ -91,7 +95,7 @@ void overrideLimits(const LimitTables<typename Policy::Limit>& tables, const boo
     }
     const uint64 accountKey = account->getHashKey(0);
     forEachMatch(customLimits, kindMask, matches, [&](const CInstrument& instrument, const auto& limit) {
-        storeLimit<Policy>(tables, accountKey, instrument, limit);
+        storeLimit<Policy>(tables, accountKey, instrument.market, instrument.code, limit);
     });
 }
 
@@ -100,7 +104,7 @@ template <class Policy>
 boost::shared_ptr<typename Policy::Limit> configuredOrDefault(
     uint64 instrumentKey, const boost::shared_ptr<typename Policy::Limit>& fallback) {
     if (const auto instrument = findInstrument(instrumentKey)) {
-        if (auto limit = Policy::configured(*instrument)) {
+        if (auto limit = Policy::configured(instrument->market, instrument->code)) {
             return limit;
         }
     }

@@ -3,6 +3,7 @@
 
 #include <boost/shared_ptr.hpp>
 #include <boost/smart_ptr/make_shared.hpp>
+#include <string>
 #include <utility>
 
 #include "feecenter/category_number.h"
@@ -17,13 +18,14 @@ struct StockLimitPolicy {
 
     static constexpr auto slot() { return &CInstrumentFee::stkRateLimit; }
 
-    static boost::shared_ptr<Limit> configured(const CInstrument& instrument) {
-        return ConfigCollector::instance()->getRateLimitPtr(instrument.market, instrument.code);
+    static boost::shared_ptr<Limit> configured(const std::string& market, const std::string& code) {
+        return ConfigCollector::instance()->getRateLimitPtr(market, code);
     }
 
     /// A configured limit goes before the one that came with the fee.
-    static boost::shared_ptr<Limit> incoming(const CInstrumentFee& fee) {
-        auto limit = configured(*fee.instrument);
+    static boost::shared_ptr<Limit> incoming(const CInstrumentFee& fee, const std::string& market,
+                                             const std::string& code) {
+        auto limit = configured(market, code);
         return limit ? limit : fee.stkRateLimit;
     }
 

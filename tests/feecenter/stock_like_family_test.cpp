@@ -64,6 +64,26 @@ TYPED_TEST(StockLikeFamilyTest, ConfigurationChangedAfterTheLoadDoesNotChangeThe
     EXPECT_EQ(this->limitOf(*a)->rate1, 0.7);
 }
 
+TYPED_TEST(StockLikeFamilyTest, LoadFilesTheNameItAskedTheConfigurationFor) {
+    const auto a = this->instrument("A");
+    const auto record = this->record(a, makeLimit(0.1));
+    this->host.tradeUnits[{"XX", "A"}] = 200;
+    this->host.onCall = [&](const std::string& operation) {
+        if (operation == "getRateLimitPtr") {
+            a->market = "YY";
+            a->code = "B";
+            record->instrument = nullptr;
+        }
+    };
+    this->load({record});
+    this->host.onCall = nullptr;
+    ASSERT_EQ(a->code, "B");
+    const auto& entries = (this->center.*TypeParam::table).at(7);
+    EXPECT_EQ(entries.size(), 1U);
+    ASSERT_EQ(entries.count(test::instrumentKey("XX", "A")), 1U);
+    EXPECT_EQ((this->center.*TypeParam::pool).begin()->second->unitVolume, 200);
+}
+
 TYPED_TEST(StockLikeFamilyTest, CustomLimitGivesItsSixRatesAndTheTradeUnitOnly) {
     const auto a = this->instrument("A");
     this->host.tradeUnits[{"XX", "A"}] = 200;
