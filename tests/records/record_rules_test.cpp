@@ -6,17 +6,12 @@
 
 #include "outputs.h"
 #include "record_cases.h"
+#include "record_classes.h"
 
 namespace records_test {
 namespace {
 
-using AllRecords = ::testing::Types<
-    qmservice::CAccountInfo, qmservice::CInstrument, qmservice::CInstrumentFee, qmservice::CCommissionRateDetail,
-    qmservice::CMarginRateDetail, qmservice::CStkExchangeRateLimit, qmservice::CStockOptionFeeItem,
-    qmservice::CStockOptionFeeRate, qmservice::CGroupCategorySubInfo, qmservice::CCustomStkExchangeRateLimit,
-    qmservice::CCustomHGTExchangeRateLimit, qmservice::CCustomSgtExchangeRateLimit,
-    qmservice::CCustomCommissionRateDetail, qmservice::CCustomMarginRateDetail, qmservice::CCustomStockInstrumentFee,
-    qmservice::CCustomHGTInstrumentFee, qmservice::CCustomSgtInstrumentFee, qmservice::CCustomFutureInstrumentFee>;
+using AllRecords = EveryRecordClass<::testing::Types>;
 
 struct RecordName {
     template <class Record>
