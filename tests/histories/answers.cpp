@@ -8,11 +8,6 @@
 namespace histories {
 namespace {
 
-template <class Value>
-std::string saying(const char* what, const Value& expected, const Value& actual) {
-    return std::string(what) + ": the model says " + show(expected) + ", the fee center says " + show(actual);
-}
-
 template <class Record>
 std::string differenceOfOwn(const Sharing& /*sharing*/, const Record& expected, const Record& actual) {
     return fieldDifference(expected, actual);

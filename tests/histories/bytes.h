@@ -36,6 +36,19 @@ private:
     std::size_t used = 0;
 };
 
+/// A history of so many full steps; `nextByte()` gives each of their bytes.
+template <class NextByte>
+History makeHistory(std::size_t steps, NextByte&& nextByte) {
+    constexpr std::size_t kStepBytes = 48;
+    History history(steps, Step(kStepBytes));
+    for (Step& step : history) {
+        for (std::uint8_t& byte : step) {
+            byte = static_cast<std::uint8_t>(nextByte());
+        }
+    }
+    return history;
+}
+
 /// Cuts a flat byte string into steps: a byte for a step's length, modulo 64, then the step. The last may be shorter
 /// than announced.
 inline History historyFrom(const std::uint8_t* data, std::size_t size) {

@@ -40,26 +40,36 @@ bool has(Bytes& bytes, bool needed) { return needed ? !bytes.oneIn(8) : bytes.on
 
 bool isFutures(int kind) { return kind == 1 || kind == 5 || kind == 12; }
 
-Record chooseOtherRecord(Bytes& bytes, const World& world) {
-    switch (bytes.pick(8)) {
-        case 0:
-            return chooseLimitFee<CCustomStockInstrumentFee>(bytes);
-        case 1:
-            return chooseLimitFee<CCustomHGTInstrumentFee>(bytes);
-        case 2:
-            return chooseLimitFee<CCustomSgtInstrumentFee>(bytes);
-        case 3:
-            return chooseFutureFee(bytes);
-        case 4:
-            return chooseFee(bytes, world, 1);
-        case 5:
-            return chooseStockLimit(bytes);
-        case 6:
-            return chooseCommission(bytes);
-        default:
-            return {};
-    }
+/// The host's own record of an account or an instrument, or none.
+template <class Owned>
+Record chooseOwned(Bytes& bytes, const std::vector<boost::shared_ptr<Owned>>& owned) {
+    return owned[bytes.pick(owned.size())];
 }
+
+/// The simplest is none.
+const std::array<Record (*)(Bytes&, const World&), 19> kEachClass{
+    [](Bytes&, const World&) { return Record(); },
+    [](Bytes& bytes, const World& world) -> Record { return chooseFee(bytes, world, 1); },
+    [](Bytes& bytes, const World&) { return chooseLimitFee<CCustomStockInstrumentFee>(bytes); },
+    [](Bytes& bytes, const World&) { return chooseLimitFee<CCustomHGTInstrumentFee>(bytes); },
+    [](Bytes& bytes, const World&) { return chooseLimitFee<CCustomSgtInstrumentFee>(bytes); },
+    [](Bytes& bytes, const World&) { return chooseFutureFee(bytes); },
+    [](Bytes& bytes, const World&) -> Record { return chooseStockLimit(bytes); },
+    [](Bytes& bytes, const World&) -> Record { return chooseCommission(bytes); },
+    [](Bytes& bytes, const World&) -> Record { return chooseMargin(bytes); },
+    [](Bytes& bytes, const World&) -> Record { return chooseOptionRate(bytes); },
+    [](Bytes&, const World&) -> Record { return boost::make_shared<CStockOptionFeeItem>(); },
+    [](Bytes&, const World&) -> Record { return boost::make_shared<CGroupCategorySubInfo>(); },
+    [](Bytes& bytes, const World&) { return chooseCustomEntry<CCustomStkExchangeRateLimit>(bytes); },
+    [](Bytes& bytes, const World&) { return chooseCustomEntry<CCustomHGTExchangeRateLimit>(bytes); },
+    [](Bytes& bytes, const World&) { return chooseCustomEntry<CCustomSgtExchangeRateLimit>(bytes); },
+    [](Bytes& bytes, const World&) { return chooseCustomEntry<CCustomCommissionRateDetail>(bytes); },
+    [](Bytes& bytes, const World&) { return chooseCustomEntry<CCustomMarginRateDetail>(bytes); },
+    [](Bytes& bytes, const World& world) { return chooseOwned(bytes, world.accounts(Focus::all)); },
+    [](Bytes& bytes, const World& world) { return chooseOwned(bytes, world.instruments); }};
+
+/// A record of any class there is, or none.
+Record chooseOtherRecord(Bytes& bytes, const World& world) { return bytes.of(kEachClass)(bytes, world); }
 
 }  // namespace
 

@@ -188,7 +188,22 @@ TEST_F(ComparisonTest, SeesABaseRateFromNowhere) {
 
 TEST_F(ComparisonTest, SeesAConfiguredLimitThatWasWritten) {
     world.facts.rateLimits.begin()->second->rate2 = 9;
-    EXPECT_THAT(both.compareAll(), AllOf(HasSubstr("configured was"), HasSubstr("rate2 9")));
+    EXPECT_THAT(both.compareAll(), AllOf(HasSubstr("a record of the host's was"), HasSubstr("rate2 9")));
+}
+
+TEST_F(ComparisonTest, SeesAnInstrumentThatWasWritten) {
+    instrument("SHFE", "rb2605")->productId = "written";
+    EXPECT_THAT(both.compareAll(), AllOf(HasSubstr("a record of the host's was"), HasSubstr("productId \"written\"")));
+}
+
+TEST_F(ComparisonTest, SeesAnAccountThatWasWritten) {
+    account(2, kStockAccount)->platformId = 77;
+    EXPECT_THAT(both.compareAll(), AllOf(HasSubstr("a record of the host's was"), HasSubstr("platformId 77")));
+}
+
+TEST_F(ComparisonTest, SeesAnInstrumentOfTheCatalogueAloneThatWasWritten) {
+    instrument("HK", "09988")->closeFee = 9;
+    EXPECT_THAT(both.compareAll(), AllOf(HasSubstr("a record of the host's was"), HasSubstr("closeFee 9")));
 }
 
 TEST_F(ComparisonTest, SeesARecordOfAQueuedChangeThatWasWritten) {
@@ -196,7 +211,7 @@ TEST_F(ComparisonTest, SeesARecordOfAQueuedChangeThatWasWritten) {
     both.initFees(account(2, kStockAccount), {fee});
     ASSERT_EQ(both.compareAll(), "");
     fee->stkRateLimit->rate5 = 9;
-    EXPECT_THAT(both.compareAll(), AllOf(HasSubstr("handed in or configured was"), HasSubstr("rate5 9")));
+    EXPECT_THAT(both.compareAll(), AllOf(HasSubstr("a record of the host's was"), HasSubstr("rate5 9")));
 }
 
 TEST_F(ComparisonTest, SeesAChangeThatOnlyTheFeeCenterHasMade) {

@@ -158,4 +158,15 @@ Record chooseFutureFee(Bytes& bytes) {
     return fee;
 }
 
+template <class Limit>
+Record chooseCustomEntry(Bytes& bytes) {
+    return chooseCustomLimit(bytes, static_cast<Limit*>(nullptr));
+}
+
+template Record chooseCustomEntry<CCustomStkExchangeRateLimit>(Bytes&);
+template Record chooseCustomEntry<CCustomHGTExchangeRateLimit>(Bytes&);
+template Record chooseCustomEntry<CCustomSgtExchangeRateLimit>(Bytes&);
+template Record chooseCustomEntry<CCustomCommissionRateDetail>(Bytes&);
+template Record chooseCustomEntry<CCustomMarginRateDetail>(Bytes&);
+
 }  // namespace histories

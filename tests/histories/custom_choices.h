@@ -18,6 +18,16 @@ extern template Record chooseLimitFee<qmservice::CCustomSgtInstrumentFee>(Bytes&
 /// A custom fee of a futures account.
 Record chooseFutureFee(Bytes& bytes);
 
+/// An entry of a custom fee's list.
+template <class Limit>
+Record chooseCustomEntry(Bytes& bytes);
+
+extern template Record chooseCustomEntry<qmservice::CCustomStkExchangeRateLimit>(Bytes&);
+extern template Record chooseCustomEntry<qmservice::CCustomHGTExchangeRateLimit>(Bytes&);
+extern template Record chooseCustomEntry<qmservice::CCustomSgtExchangeRateLimit>(Bytes&);
+extern template Record chooseCustomEntry<qmservice::CCustomCommissionRateDetail>(Bytes&);
+extern template Record chooseCustomEntry<qmservice::CCustomMarginRateDetail>(Bytes&);
+
 }  // namespace histories
 
 #endif  // TESTS_HISTORIES_CUSTOM_CHOICES_H

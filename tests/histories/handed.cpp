@@ -1,5 +1,7 @@
 #include "histories/handed.h"
 
+#include <type_traits>
+
 #include "histories/record_fields.h"
 
 namespace histories {
@@ -7,24 +9,15 @@ namespace {
 
 using namespace qmservice;
 
-template <class Type>
-std::string differenceAs(const IData& record, const IData& before) {
-    const auto* typed = dynamic_cast<const Type*>(&record);
-    const auto* typedBefore = dynamic_cast<const Type*>(&before);
-    return typed == nullptr || typedBefore == nullptr || sameFields(*typed, *typedBefore)
-               ? std::string()
-               : "a record that was handed in or configured was " + showRecord(*typedBefore) + " and is " +
-                     showRecord(*typed);
-}
-
 std::string differenceOf(const IData& record, const IData& before) {
-    return differenceAs<CInstrumentFee>(record, before) + differenceAs<CCustomStockInstrumentFee>(record, before) +
-           differenceAs<CCustomFutureInstrumentFee>(record, before) +
-           differenceAs<CCustomHGTInstrumentFee>(record, before) +
-           differenceAs<CCustomSgtInstrumentFee>(record, before) + differenceAs<CStkExchangeRateLimit>(record, before) +
-           differenceAs<CCommissionRateDetail>(record, before) +
-           differenceAs<CCustomHGTExchangeRateLimit>(record, before) +
-           differenceAs<CCustomSgtExchangeRateLimit>(record, before);
+    std::string text;
+    const bool known = asItsClass(before, [&](const auto& typedBefore) {
+        const auto* typed = dynamic_cast<const std::decay_t<decltype(typedBefore)>*>(&record);
+        if (typed == nullptr || !sameFields(*typed, typedBefore)) {
+            text = "a record of the host's was " + showRecord(typedBefore) + " and is " + describe(&record);
+        }
+    });
+    return known ? text : "a record of the host's is of no known class";
 }
 
 }  // namespace

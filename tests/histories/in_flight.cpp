@@ -21,17 +21,6 @@ namespace {
 
 using Random = std::mt19937_64;
 
-History randomHistory(Random& random, std::size_t steps) {
-    constexpr std::size_t kStepBytes = 48;
-    History history(steps, Step(kStepBytes));
-    for (Step& step : history) {
-        for (std::uint8_t& byte : step) {
-            byte = static_cast<std::uint8_t>(random());
-        }
-    }
-    return history;
-}
-
 /// How far the changes are. Before a change is handed in it counts as posted; behind it on the strand it counts as
 /// done.
 struct Progress {
@@ -206,7 +195,10 @@ private:
                            " changes, answered when " + std::to_string(seen.begun) + " may have begun: " + text;
                 }
                 ++totals.queries;
-                totals.open += window.last > window.first ? 1 : 0;
+                if (window.last > window.first) {
+                    ++totals.open;
+                    totals.later += complaintOf(judging, seen, {window.first, window.first}).empty() ? 0 : 1;
+                }
                 // Records of answers that were judged are nobody's business any more.
                 seen.fees.clear();
                 seen.copies.clear();
@@ -228,7 +220,7 @@ private:
 
 std::string runInFlight(std::uint64_t seed, Focus focus, const InFlight& run, InFlightTotals& totals) {
     Random random(seed);
-    const History history = randomHistory(random, run.steps);
+    const History history = makeHistory(run.steps, random);
     World world;
     SideBySide both(world);
     std::string text = prepare(world, both, history, focus);
@@ -244,8 +236,9 @@ std::string runInFlight(std::uint64_t seed, Focus focus, const InFlight& run, In
 
 std::string describe(const InFlightTotals& totals, const InFlight& run) {
     return "in flight: " + std::to_string(totals.histories) + " histories, " + std::to_string(totals.queries) +
-           " queries (" + std::to_string(totals.open) + " with several states allowed), " +
-           std::to_string(run.readers) + " readers, " + std::to_string(run.writers) + " writers";
+           " queries (" + std::to_string(totals.open) + " with several states allowed, " +
+           std::to_string(totals.later) + " right in a later one alone), " + std::to_string(run.readers) +
+           " readers, " + std::to_string(run.writers) + " writers";
 }
 
 }  // namespace histories

@@ -25,6 +25,7 @@ struct InFlightTotals {
     std::uint64_t histories = 0;
     std::uint64_t queries = 0;  ///< begun while changes were under way, and judged
     std::uint64_t open = 0;     ///< of these, those for which the history allowed more than one state
+    std::uint64_t later = 0;    ///< of those, the ones whose answer is wrong in the first state that it allowed
 };
 
 /// Runs one history that the seed makes on real threads: writers run the changes, one at a time, while readers ask.
@@ -35,7 +36,8 @@ struct InFlightTotals {
 /// another.
 std::string runInFlight(std::uint64_t seed, Focus focus, const InFlight& run, InFlightTotals& totals);
 
-/// "in flight: 1 histories, 2 queries (1 with several states allowed), 3 readers, 2 writers"
+/// "in flight: 1 histories, 9 queries (5 with several states allowed, 2 right in a later one alone), 3 readers, 2
+/// writers"
 std::string describe(const InFlightTotals& totals, const InFlight& run);
 
 }  // namespace histories

@@ -12,17 +12,6 @@ namespace histories {
 namespace {
 
 constexpr std::size_t kSteps = 40;
-constexpr std::size_t kStepBytes = 48;
-
-History randomHistory(rc::Random random) {
-    History history(kSteps, Step(kStepBytes));
-    for (Step& step : history) {
-        for (std::uint8_t& byte : step) {
-            byte = static_cast<std::uint8_t>(random.next());
-        }
-    }
-    return history;
-}
 
 /// Fewer bytes, or lower ones.
 rc::Seq<Step> simplerSteps(const Step& step) {
@@ -37,8 +26,8 @@ rc::Seq<History> simplerHistories(const History& history) {
 }
 
 rc::Gen<History> histories() {
-    return [](const rc::Random& random, int /*size*/) {
-        return rc::shrinkable::shrinkRecur(randomHistory(random), &simplerHistories);
+    return [](rc::Random random, int /*size*/) {
+        return rc::shrinkable::shrinkRecur(makeHistory(kSteps, [&] { return random.next(); }), &simplerHistories);
     };
 }
 

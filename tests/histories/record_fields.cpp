@@ -1,23 +1,6 @@
 #include "histories/record_fields.h"
 
 namespace histories {
-namespace {
-
-template <class... Classes>
-std::string describeAs(const qmservice::IData& record) {
-    std::string text;
-    const auto tryOne = [&](const auto* typed) {
-        if (typed != nullptr) {
-            text = showRecord(*typed);
-        }
-        return typed != nullptr;
-    };
-    (tryOne(dynamic_cast<const Classes*>(&record)) || ...);
-    return text.empty() ? "a record of another class" : text;
-}
-
-}  // namespace
-
 std::string show(const std::map<int, std::vector<std::string>>& members) {
     constexpr std::size_t kFew = 4;
     if (members.size() > kFew) {
@@ -40,12 +23,12 @@ std::string show(const boost::shared_ptr<qmservice::CInstrument>& instrument) {
 }
 
 std::string describe(const qmservice::IData* record) {
-    using namespace qmservice;
-    return record == nullptr
-               ? "an empty pointer"
-               : describeAs<CInstrumentFee, CCustomStockInstrumentFee, CCustomFutureInstrumentFee,
-                            CCustomHGTInstrumentFee, CCustomSgtInstrumentFee, CStkExchangeRateLimit,
-                            CCustomHGTExchangeRateLimit, CCustomSgtExchangeRateLimit, CCommissionRateDetail>(*record);
+    if (record == nullptr) {
+        return "an empty pointer";
+    }
+    std::string text = "a record of another class";
+    asItsClass(*record, [&](const auto& typed) { text = showRecord(typed); });
+    return text;
 }
 
 }  // namespace histories

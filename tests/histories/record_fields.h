@@ -9,9 +9,11 @@
 #include <map>
 #include <string>
 #include <type_traits>
+#include <typeinfo>
 #include <vector>
 
 #include "host/records.h"
+#include "records/record_classes.h"
 #include "standalone/records/record_fields.h"
 
 // Comparing and describing records field by field.
@@ -125,7 +127,13 @@ std::string show(const boost::shared_ptr<Record>& record) {
     return record ? showRecord(*record) : "nothing";
 }
 
-/// "field: the model says ..., the fee center says ..." of the first field that differs; empty when none does.
+/// "what: the model says ..., the fee center says ..."
+template <class Value>
+std::string saying(const char* what, const Value& expected, const Value& actual) {
+    return std::string(what) + ": the model says " + show(expected) + ", the fee center says " + show(actual);
+}
+
+/// The same of the first field that differs; empty when none does.
 template <class Record>
 std::string fieldDifference(const Record& expected, const Record& actual) {
     std::string text;
@@ -133,11 +141,31 @@ std::string fieldDifference(const Record& expected, const Record& actual) {
         if (same(expected.*field.member, actual.*field.member)) {
             return true;
         }
-        text = std::string(field.name) + ": the model says " + show(expected.*field.member) + ", the fee center says " +
-               show(actual.*field.member);
+        text = saying(field.name, expected.*field.member, actual.*field.member);
         return false;
     });
     return text;
+}
+
+template <class... Classes>
+struct RecordClasses {
+    template <class Visit>
+    static bool visit(const qmservice::IData& record, const Visit& visitor) {
+        const auto visitAs = [&](const auto* typed) {
+            const bool isIts = typed != nullptr && typeid(*typed) == typeid(record);
+            if (isIts) {
+                visitor(*typed);
+            }
+            return isIts;
+        };
+        return (visitAs(dynamic_cast<const Classes*>(&record)) || ...);
+    }
+};
+
+/// Calls `visitor(record)` with the record as what it is. False, and no call, when it is of no known class.
+template <class Visit>
+bool asItsClass(const qmservice::IData& record, const Visit& visitor) {
+    return records_test::EveryRecordClass<RecordClasses>::visit(record, visitor);
 }
 
 /// A record of any class in words.

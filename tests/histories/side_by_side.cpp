@@ -40,6 +40,7 @@ void copyFacts(const model::Facts& facts, test::FakeHost& host) {
 Record copyOf(const Record& record) { return record ? record->copy() : record; }
 
 void sortByInstrument(std::vector<Fee>& fees) {
+    // No two fees of a list have one instrument: the world's catalogue has no record under two keys.
     std::sort(fees.begin(), fees.end(), [](const Fee& a, const Fee& b) { return a->instrument < b->instrument; });
 }
 
@@ -52,7 +53,7 @@ SideBySide::Host::Host(const World& world) {
 
 SideBySide::SideBySide(World& theWorld)
     : world(theWorld), host(theWorld), model(std::make_unique<model::Model>(theWorld.facts)) {
-    watchConfiguration();
+    watchHost();
 }
 
 // Queued jobs hold the fee center and this: they run while both still exist.
@@ -117,22 +118,39 @@ void SideBySide::runJobs() {
 
 void SideBySide::publish() {
     copyFacts(world.facts, host.fake);
-    watchConfiguration();
+    watchHost();
 }
 
-/// A configured limit is one and the same record on both sides.
-void SideBySide::watchConfiguration() {
-    const auto watchAll = [this](const auto& limits) {
+/// False when the record is watched already, or there is none.
+bool SideBySide::watchOnce(const Record& record) {
+    const bool isNew = record && watched.insert(record.get()).second;
+    if (isNew) {
+        hostsOwn.watch(record);
+    }
+    return isNew;
+}
+
+void SideBySide::watchHost() {
+    for (const auto& account : world.accounts(Focus::all)) {
+        watchOnce(account);
+    }
+    for (const auto& instrument : world.instruments) {
+        watchOnce(instrument);
+    }
+    for (const auto& entry : world.facts.catalogue) {
+        watchOnce(entry.second);
+    }
+    // A configured limit is one and the same record on both sides.
+    const auto watchLimits = [this](const auto& limits) {
         for (const auto& entry : limits) {
-            if (entry.second && configured.emplace(entry.second.get(), entry.second).second) {
+            if (watchOnce(entry.second)) {
                 sharing.pair(entry.second, entry.second);
-                configuration.watch(entry.second);
             }
         }
     };
-    watchAll(world.facts.rateLimits);
-    watchAll(world.facts.hgtLimits);
-    watchAll(world.facts.sgtLimits);
+    watchLimits(world.facts.rateLimits);
+    watchLimits(world.facts.hgtLimits);
+    watchLimits(world.facts.sgtLimits);
 }
 
 std::string SideBySide::compareAll() {
@@ -151,7 +169,7 @@ std::string SideBySide::compareAll() {
         text = differenceOfTables(sharing, *model, center);
     }
     if (text.empty()) {
-        text = handed.difference() + configuration.difference();
+        text = handed.difference() + hostsOwn.difference();
     }
     if (modelJobs.empty()) {
         handed.clear();

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <map>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "histories/answers.h"
@@ -62,7 +62,8 @@ private:
     };
 
     void posted(std::size_t queuedBefore);
-    void watchConfiguration();
+    void watchHost();
+    bool watchOnce(const Record& record);
     std::string compareFees(const Account& account);
     std::string compareFee(const Account& account, const World::Question& question, bool byName);
     std::string compareList(const Account& account);
@@ -72,9 +73,9 @@ private:
     test::OpenFeeCenter center;
     std::unique_ptr<model::Model> model;
     Sharing sharing;
-    Handed handed;         ///< records of changes that have not run
-    Handed configuration;  ///< every limit that was ever configured
-    std::map<const void*, Record> configured;
+    Handed handed;    ///< records of changes that have not run
+    Handed hostsOwn;  ///< accounts, instruments, and every limit that was ever configured
+    std::set<const void*> watched;
     std::deque<std::size_t> modelJobs;  ///< of each change, how many jobs it queued in the model
     bool stepping = false;
     Fee previous;  ///< the answer before is kept while the next one is asked for

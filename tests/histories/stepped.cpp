@@ -65,40 +65,62 @@ public:
         return finish();
     }
 
-    /// The change inside a query, at the first call of the host from the given one on at which the query holds no lock.
-    std::string changeInside(std::size_t from) {
+    /// The change inside a query, at one of the calls of the host at which the query holds no lock.
+    std::string changeInside(std::size_t which) {
         post();
         const Query query = next();
-        bool known = false;
-        std::vector<Fee> fees;
-        std::size_t calls = 0;
-        bool ran = false;
-        {
-            const HostCalls watch([&](const std::string&) {
-                if (!ran && calls++ >= from && holdsNothing()) {
-                    ran = true;
-                    ++totals.stops;
-                    test::FakeHost::instance().runJobs();
-                }
-            });
-            if (query.question != nullptr) {
-                fees.push_back(center.getFee(query.account, query.question->key));
-            } else {
-                known = center.getFees(query.account, fees);
-            }
-        }
-        totals.queries += ran ? 1 : 0;
+        const std::size_t calls = askAndRunAt(query, kNever).freeCalls;
+        Answer answer = askAndRunAt(query, calls == 0 ? kNever : which % calls);
+        const bool inside = calls > 0;
+        totals.changesInside += inside ? 1 : 0;
+        totals.queries += inside ? 1 : 0;
         test::FakeHost::instance().runJobs();
         pairPools(both.sharedRecords(), states.last(), center);
-        const Window window = ran ? states.whole() : Window{0, 0};
-        complaint = query.question != nullptr ? judge.complaintOfFee(query.account, *query.question, window, fees[0])
-                                              : judge.complaintOfList(query.account, window, known, fees);
-        complaint += complaint.empty() ? "" : ", " + describe(query) + " with the change inside";
-        fees.clear();
+        complaint = complaintOf(query, inside ? states.whole() : Window{0, 0}, answer);
+        complaint += complaint.empty() ? "" : ", with the change inside";
+        answer.fees.clear();
         return finish();
     }
 
 private:
+    struct Answer {
+        bool known = true;
+        std::vector<Fee> fees;
+        std::size_t freeCalls = 0;  ///< calls of the host at which the query held no lock
+    };
+
+    static constexpr std::size_t kNever = static_cast<std::size_t>(-1);
+
+    Answer ask(const Query& query) {
+        Answer answer;
+        if (query.question != nullptr) {
+            answer.fees.push_back(center.getFee(query.account, query.question->key));
+        } else {
+            answer.known = center.getFees(query.account, answer.fees);
+        }
+        return answer;
+    }
+
+    /// Runs the posted change at the call of the host of this number, of those at which the query holds no lock.
+    Answer askAndRunAt(const Query& query, std::size_t number) {
+        std::size_t calls = 0;
+        const HostCalls watch([&](const std::string&) {
+            if (holdsNothing() && calls++ == number) {
+                test::FakeHost::instance().runJobs();
+            }
+        });
+        Answer answer = ask(query);
+        answer.freeCalls = calls;
+        return answer;
+    }
+
+    std::string complaintOf(const Query& query, Window window, const Answer& answer) {
+        const std::string text = query.question != nullptr
+                                     ? judge.complaintOfFee(query.account, *query.question, window, answer.fees.front())
+                                     : judge.complaintOfList(query.account, window, answer.known, answer.fees);
+        return text.empty() ? text : describe(query) + ": " + text;
+    }
+
     void post() {
         const FeeChange own = change.copy();
         for (const Record& record : own.handedIn()) {
@@ -171,24 +193,10 @@ private:
             const Query query = next();
             if (futures || !asksFutures(query.account)) {
                 ++totals.queries;
-                text = ask(query);
+                text = complaintOf(query, {reached, reached}, ask(query));
             }
         }
         return text;
-    }
-
-    std::string ask(const Query& query) {
-        const Window now{reached, reached};
-        std::string text;
-        if (query.question != nullptr) {
-            text = judge.complaintOfFee(query.account, *query.question, now,
-                                        center.getFee(query.account, query.question->key));
-        } else {
-            std::vector<Fee> fees;
-            const bool known = center.getFees(query.account, fees);
-            text = judge.complaintOfList(query.account, now, known, fees);
-        }
-        return text.empty() ? text : describe(query) + ": " + text;
     }
 
     /// Three of four of those whose answers the change changes, in turn; the others in turn.
@@ -253,7 +261,8 @@ std::string runStepped(const History& history, Focus focus, SteppedTotals& total
 
 std::string describe(const SteppedTotals& totals) {
     return "in flight, stepped: " + std::to_string(totals.histories) + " histories, " + std::to_string(totals.stops) +
-           " stops, " + std::to_string(totals.queries) + " queries";
+           " stops, " + std::to_string(totals.changesInside) + " changes inside a query, " +
+           std::to_string(totals.queries) + " queries";
 }
 
 }  // namespace histories

@@ -11,8 +11,9 @@ namespace histories {
 
 struct SteppedTotals {
     std::uint64_t histories = 0;
-    std::uint64_t stops = 0;    ///< calls of the host inside a change or a query at which the other was let in
-    std::uint64_t queries = 0;  ///< asked inside changes, or changed while they ran
+    std::uint64_t stops = 0;          ///< calls of the host inside a change at which queries were let in
+    std::uint64_t changesInside = 0;  ///< changes that ran inside a query
+    std::uint64_t queries = 0;        ///< asked inside changes, or with a change inside
 };
 
 /// Changes and queries in flight on one thread, from one call of the host to the next: inside a change queries are
@@ -22,7 +23,7 @@ struct SteppedTotals {
 /// answer must be the model's at this store. What is wrong first, in words; empty when nothing is.
 std::string runStepped(const History& history, Focus focus, SteppedTotals& totals);
 
-/// "in flight, stepped: 1 histories, 2 stops, 3 queries"
+/// "in flight, stepped: 1 histories, 2 stops, 3 changes inside a query, 4 queries"
 std::string describe(const SteppedTotals& totals);
 
 }  // namespace histories

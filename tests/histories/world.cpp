@@ -1,8 +1,10 @@
 #include "histories/world.h"
 
+#include <algorithm>
 #include <boost/smart_ptr/make_shared.hpp>
 #include <cstddef>
 #include <limits>
+#include <set>
 #include <utility>
 
 #include "histories/world_rows.h"
@@ -52,6 +54,20 @@ boost::shared_ptr<Limit> configuredConnectLimit(double rate) {
     limit->rate1 = rate;
     limit->rate14 = kPastAnyRate;
     return limit;
+}
+
+bool contains(const std::vector<std::string>& members, const std::string& code) {
+    return std::find(members.begin(), members.end(), code) != members.end();
+}
+
+std::set<std::string> marketsOf(const std::vector<Instrument>& instruments) {
+    std::set<std::string> markets;
+    for (const auto& instrument : instruments) {
+        if (instrument) {
+            markets.insert(instrument->market);
+        }
+    }
+    return markets;
 }
 
 }  // namespace
@@ -172,10 +188,18 @@ void World::addCategories() {
                                     int number) {
         return facts.systemMembers.count({number, {market, code}}) != 0 || (number == 2 && product == "rb");
     };
+    // Everything that a test is handed counts, so that a wrong argument gives a wrong answer somewhere.
+    facts.inCustomCategory = [markets = marketsOf(instruments)](const std::string& market, const std::string& code,
+                                                                const std::vector<std::string>& members) {
+        return market != "GF" && markets.count(market) != 0 && contains(members, code);
+    };
     facts.inGroupCategory = [this](const std::string& market, const std::string& code, const std::string& product,
                                    const auto& parts, const auto& customCategories) {
-        return facts.groupMembers.count({market, code}) != 0 && product != "out" && parts.size() != 2 &&
-               customCategories.count(3) == 0;
+        const auto third = customCategories.find(3);
+        const bool barred = third != customCategories.end() && contains(third->second, code);
+        return facts.groupMembers.count({market, code}) != 0 && product != "out" && !barred &&
+               std::any_of(parts.begin(), parts.end(),
+                           [](const auto& part) { return part && (part->category % 2 != 0) == (part->excluded == 0); });
     };
 }
 
