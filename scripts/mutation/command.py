@@ -6,6 +6,7 @@ import fnmatch
 import queue
 import signal
 import sys
+import tempfile
 import threading
 import time
 from pathlib import Path
@@ -28,7 +29,7 @@ not tried, 2 when nothing could be run."""
 
 def parse_arguments(arguments: list[str]) -> argparse.Namespace:
     parser = argparse.ArgumentParser(prog="scripts/mutate", description=DESCRIPTION, epilog=EPILOG)
-    parser.add_argument("--list", action="store_true", help="print the changes and try none")
+    parser.add_argument("--list", action="store_true", help="print the changes and try none; works beside a run")
     parser.add_argument("--file", metavar="PATTERN", help="only files whose name matches, such as 'future_*'")
     parser.add_argument("--only", metavar="ID", action="append", help="only this change, tried anew; may be repeated")
     parser.add_argument("--survivors", action="store_true", help="try the survivors anew: for changed tests")
@@ -134,6 +135,10 @@ def main(project: Path, arguments: list[str]) -> int:
 
 
 def run(project: Path, options: argparse.Namespace) -> int:
+    if options.list:
+        # A run that is at work counts on the copy of the sources in its own place.
+        with tempfile.TemporaryDirectory(prefix="mutate-") as place:
+            return list_changes(project, Path(place), options)
     place = project / "build/mutate"
     place.mkdir(parents=True, exist_ok=True)
     with (place / "lock").open("w") as lock:
@@ -144,16 +149,23 @@ def run(project: Path, options: argparse.Namespace) -> int:
         return run_alone(project, place, options)
 
 
+def find_all(project: Path, place: Path) -> tuple[Base, list[Mutant]]:
+    base = Base(project, place, [program.name for program in PROGRAMS])
+    return base, find_mutants(base.sources, DIRECTORY, base.unit, base.flags)
+
+
+def list_changes(project: Path, place: Path, options: argparse.Namespace) -> int:
+    selected = select(find_all(project, place)[1], options)
+    for mutant in selected:
+        print(report.describe(mutant))
+    print(f"{len(selected)} changes")
+    return 0
+
+
 def run_alone(project: Path, place: Path, options: argparse.Namespace) -> int:
     equivalents = read_equivalents(project / "scripts/mutation/equivalent.toml")
-    base = Base(project, place, [program.name for program in PROGRAMS])
-    mutants = find_mutants(base.sources, DIRECTORY, base.unit, base.flags)
+    base, mutants = find_all(project, place)
     selected = select(mutants, options)
-    if options.list:
-        for mutant in selected:
-            print(report.describe(mutant))
-        print(f"{len(selected)} changes")
-        return 0
     results = Results(base.place / "results.jsonl", base.sources)
     wanted = pending(selected, results, options)
     if wanted:
