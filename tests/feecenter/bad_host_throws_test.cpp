@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "support/bad_host.h"
+#include "support/entry_mixes.h"
 #include "support/fee_center_test.h"
 #include "support/operations.h"
 #include "support/table_checks.h"
@@ -28,76 +28,7 @@ using test::OpenFeeCenter;
 using test::Operation;
 using test::Scene;
 using test::Subject;
-
-constexpr BadHost::Throws kThrows[] = {BadHost::Throws::kError, BadHost::Throws::kInt};
-
-const char* whatLeft(BadHost::Throws what) { return what == BadHost::Throws::kError ? "the error" : "the int"; }
-
-/// A fee center with the scene's fees.
-struct Prepared {
-    explicit Prepared(const Scene& scene) {
-        scene.prepare(center);
-        BadHost::watchDefaults(center);
-    }
-
-    OpenFeeCenter center;
-};
-
-// Whether an entry is made of nothing but what it was before and what it is to become.
-
-bool isMixOf(uint64 entry, uint64 before, uint64 after) { return entry == before || entry == after; }
-
-bool isMixOf(const std::vector<uint64>& entry, const std::vector<uint64>& before, const std::vector<uint64>& after) {
-    for (std::size_t i = 0; i < entry.size(); ++i) {
-        const bool wasThere = i < before.size() && entry[i] == before[i];
-        const bool isToBe = i < after.size() && entry[i] == after[i];
-        if (!wasThere && !isToBe && entry[i] != test::kUnsetSlot) {
-            return false;
-        }
-    }
-    return entry.size() == before.size() || entry.size() == after.size();
-}
-
-using Items = std::map<std::string, uint64>;
-
-bool isMixOf(const Items& entry, const Items& before, const Items& after) {
-    return std::all_of(entry.begin(), entry.end(), [&](const auto& item) {
-        return (before.count(item.first) != 0 && before.at(item.first) == item.second) ||
-               (after.count(item.first) != 0 && after.at(item.first) == item.second);
-    });
-}
-
-/// What the table keeps, or a value that no entry has.
-template <class Table>
-auto entryOf(const Table& table, uint64 account, uint64 instrument) {
-    const auto found = table.find(account);
-    const bool has = found != table.end() && found->second.count(instrument) != 0;
-    return has ? found->second.at(instrument) : typename Table::mapped_type::mapped_type();
-}
-
-/// The families in which an entry is neither what it was nor what it is to be, nor made of both.
-std::string strays(const OpenFeeCenter& center, const OpenFeeCenter& before, const OpenFeeCenter& after) {
-    std::string families;
-    const auto check = [&](const std::string& name, auto table) {
-        for (const auto& account : center.*table) {
-            for (const auto& entry : account.second) {
-                if (!isMixOf(entry.second, entryOf(before.*table, account.first, entry.first),
-                             entryOf(after.*table, account.first, entry.first))) {
-                    families += name + " ";
-                }
-            }
-        }
-    };
-    check("stock", &OpenFeeCenter::stockAccountTable);
-    check("credit", &OpenFeeCenter::creditAccountTable);
-    check("hgt", &OpenFeeCenter::hgtAccountTable);
-    check("sgt", &OpenFeeCenter::sgtAccountTable);
-    check("option", &OpenFeeCenter::stkOptionAccountTable);
-    check("commission", &OpenFeeCenter::futureCommissionKeys);
-    check("margin", &OpenFeeCenter::futureMarginKeys);
-    check("neeq", &OpenFeeCenter::neeqAccountTable);
-    return families;
-}
+using test::WatchedFees;
 
 class BadHostThrowsTest : public ::testing::TestWithParam<Operation> {
 protected:
@@ -140,7 +71,7 @@ protected:
             bool changed = false;
             test::forEachFamily(
                 center, before, [&](const char*, const auto&, const auto& table, const auto&, const auto& tableBefore) {
-                    changed = changed || entryOf(table, account, key) != entryOf(tableBefore, account, key);
+                    changed = changed || test::entryOf(table, account, key) != test::entryOf(tableBefore, account, key);
                 });
             codes += changed ? instrument->code : "";
         }
@@ -161,25 +92,25 @@ bool callsNoHost(const Operation& operation) {
 }
 
 TEST_P(BadHostThrowsTest, EveryCallThatFailedLeavesThingsWholeAndIsRepeated) {
-    Prepared before(scene);
+    WatchedFees before(scene);
     const std::string bystander = bystanderText(before.center);
     long faults = 0;
     for (const Subject& subject : subjects()) {
-        Prepared expected(scene);
+        WatchedFees expected(scene);
         std::string answer;
         const long calls = bad.callsOf([&] { answer = run(expected.center, subject); });
         const std::string allChanged = changedCodes(expected.center, before.center, subject.accountKey);
         std::string changedSoFar;
         for (long call = 0; call < calls; ++call) {
-            for (const auto what : kThrows) {
+            for (const auto what : BadHost::kAllThrows) {
                 SCOPED_TRACE("account " + std::to_string(subject.accountKey) + " call " + std::to_string(call));
-                Prepared fees(scene);
-                ASSERT_EQ(bad.run([&] { run(fees.center, subject); }, call, what), whatLeft(what));
+                WatchedFees fees(scene);
+                ASSERT_EQ(bad.run([&] { run(fees.center, subject); }, call, what), BadHost::nameOf(what));
                 ++faults;
                 ASSERT_EQ(bad.calls(), call + 1) << "the operation went on";
                 ASSERT_EQ(faultOf(fees.center), "");
                 ASSERT_EQ(lossesOf(fees.center, before.center), "");
-                ASSERT_EQ(strays(fees.center, before.center, expected.center), "");
+                ASSERT_EQ(test::strays(fees.center, before.center, expected.center), "");
                 const std::string changed = changedCodes(fees.center, before.center, subject.accountKey);
                 ASSERT_EQ(allChanged.compare(0, changed.size(), changed), 0) << "not in the order of the list";
                 ASSERT_GE(changed.size(), changedSoFar.size());
@@ -208,16 +139,16 @@ TEST_P(BadHostJobTest, JobThatFailedIsFollowedByTheNextOne) {
     const auto next = test::makeAccount(2, kNext);
     long faults = 0;
     for (const Subject& subject : subjects()) {
-        Prepared expected(scene);
+        WatchedFees expected(scene);
         const long calls = bad.callsOf([&] { run(expected.center, subject); });
         expected.center.doInitStockFee(next, scene.records(90));
         for (long call = 0; call < calls; ++call) {
-            for (const auto what : kThrows) {
+            for (const auto what : BadHost::kAllThrows) {
                 SCOPED_TRACE("account " + std::to_string(subject.accountKey) + " call " + std::to_string(call));
-                Prepared fees(scene);
+                WatchedFees fees(scene);
                 operation.post(scene, fees.center, subject);
                 fees.center.initFees(next, scene.records(90));
-                ASSERT_EQ(bad.run([&] { host.runJobs(); }, call, what), whatLeft(what));
+                ASSERT_EQ(bad.run([&] { host.runJobs(); }, call, what), BadHost::nameOf(what));
                 ++faults;
                 ASSERT_EQ(faultOf(fees.center), "");
                 ASSERT_EQ(fees.center.stockAccountTable.count(kNext), 0U);
@@ -236,98 +167,5 @@ TEST_P(BadHostJobTest, JobThatFailedIsFollowedByTheNextOne) {
 
 INSTANTIATE_TEST_SUITE_P(Changes, BadHostJobTest, ::testing::ValuesIn(test::changes()),
                          [](const auto& operation) { return operation.param.name; });
-
-class BadHostTest : public test::FeeCenterTest {};
-
-TEST_F(BadHostTest, EngineThatGivesNoStrandLeavesNoFeeCenter) {
-    BadHost bad(host);
-    const long calls = bad.callsOf([] { OpenFeeCenter built; });
-    ASSERT_EQ(bad.calledNames(), (std::vector<std::string>{"RPCEngine::instance", "getStrand"}));
-    for (long call = 0; call < calls; ++call) {
-        for (const auto what : kThrows) {
-            EXPECT_EQ(bad.run([] { OpenFeeCenter failed; }, call, what), whatLeft(what));
-        }
-    }
-    OpenFeeCenter built;
-    EXPECT_TRUE(built.strand);
-    test::tally("faults injected", 2 * calls);
-}
-
-TEST_F(BadHostTest, CustomCategoryTestThatFailedIsRepeated) {
-    Scene scene({"A", "B"});
-    BadHost bad(host);
-    host.categoryNumbers["10001"] = 10001;
-    const auto fee = Scene::stockCustom(70, '0');
-    auto& limit = *fee->rateLimits.front();
-    limit.category = "10001";
-    for (int number = 0; number < 10002; ++number) {
-        limit.customCategories[number] = {"A", "B"};
-    }
-    for (const int kind : {2, 3, 6, 10}) {
-        SCOPED_TRACE("kind " + std::to_string(kind));
-        const auto change = [&](OpenFeeCenter& changed) {
-            changed.updateCustomFee(test::makeAccount(kind, kNew), fee);
-            host.runJobs();
-        };
-        OpenFeeCenter expected;
-        const long calls = bad.callsOf([&] { change(expected); });
-        const auto names = bad.calledNames();
-        ASSERT_EQ(std::count(names.begin(), names.end(), "isStockInCustomCategory"), 2);
-        for (long call = 0; call < calls; ++call) {
-            if (names[static_cast<std::size_t>(call)] == "isStockInCustomCategory") {
-                OpenFeeCenter fees;
-                ASSERT_EQ(bad.run([&] { change(fees); }, call, BadHost::Throws::kError), "the error");
-                ASSERT_EQ(faultOf(fees), "");
-                change(fees);
-                ASSERT_EQ(differences(fees, expected), "");
-                test::tally("faults injected", 1);
-            }
-        }
-    }
-}
-
-TEST_F(BadHostTest, CallsThatAreCountedAreAllThatTheHostAnswers) {
-    Scene scene({"A", "B", "C"});
-    test::stageOperations(scene);
-    BadHost bad(host);
-    std::set<std::string> names;
-    for (const auto& operation : test::allOperations()) {
-        for (const uint64 account : {kKnown, kNew}) {
-            Prepared fees(scene);
-            bad.callsOf([&] { operation.run(scene, fees.center, subjectOf(scene, operation, account)); });
-            names.insert(bad.calledNames().begin(), bad.calledNames().end());
-        }
-    }
-    // The custom category's test is missing: only ten thousand lists and more lead to it.
-    EXPECT_EQ(names, (std::set<std::string>{"ConfigCollector::instance",
-                                            "CppCategory::instance",
-                                            "StockTypeCenter::instance",
-                                            "TraderCenter::instance",
-                                            "copy",
-                                            "crc64",
-                                            "findInstrument",
-                                            "getAccountData",
-                                            "getCategorId",
-                                            "getCloseFee",
-                                            "getCloseTodayFee",
-                                            "getDataCenter",
-                                            "getFeeType",
-                                            "getHGTExchangeRateLimitPtr",
-                                            "getHashKey",
-                                            "getInstCenter",
-                                            "getInstrumentList",
-                                            "getInstrumentMap",
-                                            "getOpenFee",
-                                            "getRateLimitPtr",
-                                            "getSgtExchangeRateLimitPtr",
-                                            "getTradeMinUnit",
-                                            "hash",
-                                            "isSimulationPlatform",
-                                            "isStockInCategoryForTS",
-                                            "isStockInGroupCategory",
-                                            "isWPMarket",
-                                            "splitVoStockKey",
-                                            "voStockKey"}));
-}
 
 }  // namespace

@@ -35,6 +35,10 @@ public:
 class BadHost {
 public:
     enum class Throws { kError, kInt };
+    static constexpr Throws kAllThrows[] = {Throws::kError, Throws::kInt};
+
+    /// What run() says when that has left the work.
+    static const char* nameOf(Throws what) { return what == Throws::kError ? "the error" : "the int"; }
 
     explicit BadHost(FakeHost& spoilt) : host(spoilt) {
         host.onCall = host.onKeyCall = host.onInstance = [this](const std::string& operation) { called(operation); };
@@ -101,6 +105,16 @@ private:
     std::vector<std::string> names;
     long fault = kNone;
     Throws thrown = Throws::kError;
+};
+
+/// A fee center with a scene's fees, whose defaults tell when they are copied.
+struct WatchedFees {
+    explicit WatchedFees(const Scene& scene) {
+        scene.prepare(center);
+        BadHost::watchDefaults(center);
+    }
+
+    OpenFeeCenter center;
 };
 
 }  // namespace test

@@ -41,6 +41,9 @@ protected:
     std::size_t finds = 0;
 };
 
+/// Instruments are what changes: each step of a query goes by what it was told itself.
+class BadHostFickleTest : public FickleTest {};
+
 }  // namespace test
 
 #endif  // TESTS_FEECENTER_SUPPORT_FICKLE_TEST_H

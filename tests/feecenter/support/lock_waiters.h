@@ -11,7 +11,8 @@ namespace test {
 
 /// How many threads wait for the lock at this moment, to read and to write. Safe from any thread. It looks into the
 /// lock's condition variables, which is the one way to see a waiting reader: nothing in the lock's own answers shows
-/// it.
+/// it. So it depends on the insides of Boost's mutex and of glibc's condition variable, as lock_waiters.cpp says; it
+/// does not compile where they have other members, and LockWaitersTest fails where the members mean something else.
 int waitingReaders(boost::shared_mutex& mutex);
 int waitingWriters(boost::shared_mutex& mutex);
 
