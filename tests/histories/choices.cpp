@@ -134,7 +134,7 @@ Records chooseRecords(Bytes& bytes, const World& world, int accountKind) {
 }
 
 Record chooseCustomFee(Bytes& bytes, const World& world, int accountKind) {
-    if (bytes.oneIn(6)) {
+    if (bytes.oneIn(4)) {
         return chooseOtherRecord(bytes, world);
     }
     switch (accountKind) {

@@ -74,7 +74,7 @@ boost::shared_ptr<CGroupCategorySubInfo> choosePart(Bytes& bytes) {
 /// What a custom limit or detail applies to.
 template <class Limit>
 void chooseCategory(Bytes& bytes, std::string& category, Limit& limit) {
-    constexpr std::size_t kRarely = 32;  // copies of the large map are slow
+    constexpr std::size_t kRarely = 12;  // copies of the large map are slow
     if (bytes.oneIn(kRarely)) {
         category = bytes.of(kEdges);
         limit.customCategories = largeMembers(bytes.pick(3));

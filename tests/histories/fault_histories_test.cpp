@@ -70,7 +70,7 @@ class FaultHistoriesTest : public ::testing::TestWithParam<Focus> {};
 
 TEST_P(FaultHistoriesTest, GoOnFromWhereTheHostThrew) {
     ThrowingHost trouble;
-    expectHistoriesWithFaults(GetParam(), trouble, "faults injected", kCalls);
+    expectHistoriesWithFaults(GetParam(), trouble, "faults injected", "fault_histories_test", kCalls);
 }
 
 INSTANTIATE_TEST_SUITE_P(Focus, FaultHistoriesTest, ::testing::ValuesIn(kFocuses), &testNameOf);

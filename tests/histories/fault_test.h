@@ -4,32 +4,23 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <iostream>
 #include <string>
 
 #include "histories/fault_run.h"
 #include "histories/focus_test.h"
-#include "histories/random_histories.h"
 
 namespace histories {
 
 /// Runs random histories of the focus until so many calls have been broken off, and prints "name: 3, 1 histories ...".
-inline void expectHistoriesWithFaults(Focus focus, Trouble& trouble, const char* name, std::uint64_t calls) {
+/// `test` is what runs a given history.
+inline void expectHistoriesWithFaults(Focus focus, Trouble& trouble, const std::string& name, const char* test,
+                                      std::uint64_t calls) {
     constexpr int kRound = 2;
     FaultTotals totals;
-    std::string failure;
-    // Seeds of different focuses do not meet.
-    std::uint64_t next = firstSeed() * kFocuses.size() + static_cast<std::uint64_t>(focus);
-    while (totals.calls < calls && failure.empty()) {
-        const auto before = totals.calls;
-        failure = firstFailure(next, kRound,
-                               [&](const History& history) { return runWithFaults(history, focus, trouble, totals); });
-        ASSERT_TRUE(totals.calls > before || !failure.empty()) << "nothing went wrong";
-        next += kFocuses.size();
-    }
-    std::cout << name << ": " << totals.strikes << ", " << describe(totals) << ", seed " << firstSeed() << " ("
-              << nameOf(focus) << ")\n";
-    EXPECT_TRUE(failure.empty()) << failure << "FEECENTER_SEED=" << firstSeed();
+    expectHistories(
+        {focus, test, [&](const History& history) { return runWithFaults(history, focus, trouble, totals); }},
+        {kRound, [&] { return totals.calls; }, calls},
+        [&] { return name + ": " + std::to_string(totals.strikes) + ", " + describe(totals); });
 }
 
 }  // namespace histories

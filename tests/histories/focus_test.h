@@ -4,34 +4,46 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
+#include <functional>
+#include <iostream>
 #include <string>
 
-#include "histories/world.h"
+#include "histories/given.h"
+#include "histories/random_histories.h"
 
 // What the tests that run random histories have in common.
 
 namespace histories {
 
-/// The same from run to run, so that a build that passed passes again, unless FEECENTER_SEED gives another.
-inline std::uint64_t firstSeed() {
-    const char* seed = std::getenv("FEECENTER_SEED");
-    return seed != nullptr ? std::strtoull(seed, nullptr, 10) : 20260101;
-}
-
 /// The focus as part of a test's name.
-inline std::string testNameOf(const ::testing::TestParamInfo<Focus>& focus) {
-    switch (focus.param) {
-        case Focus::stockLike:
-            return "StockLike";
-        case Focus::futures:
-            return "Futures";
-        case Focus::connect:
-            return "Connect";
-        case Focus::all:
-            break;
+inline std::string testNameOf(const ::testing::TestParamInfo<Focus>& focus) { return nameOf(focus.param); }
+
+/// How long random histories go on.
+struct Until {
+    int round;                            ///< histories of one seed
+    std::function<std::uint64_t()> done;  ///< grows in every round
+    std::uint64_t enough;
+};
+
+/// Expects that nothing is wrong with random histories, and prints the seed behind what `told` says of them. A history
+/// that the environment gives is tried in their place.
+inline void expectHistories(const Trial& trial, const Until& until, const std::function<std::string()>& told) {
+    if (const auto given = givenHistory()) {
+        if (given->focus != trial.focus) {
+            GTEST_SKIP() << "FEECENTER_HISTORY is one of " << nameOf(given->focus);
+        }
+        EXPECT_EQ(trial.failureOf(given->history), "");
+        return;
     }
-    return "AllKinds";
+    std::string failure;
+    Seeds seeds(trial.focus);
+    while (until.done() < until.enough && failure.empty()) {
+        const std::uint64_t before = until.done();
+        failure = firstFailure(seeds.take(), until.round, trial);
+        ASSERT_TRUE(until.done() > before || !failure.empty()) << "the histories came to nothing";
+    }
+    std::cout << told() << ", seed " << firstSeed() << " (" << nameOf(trial.focus) << ")\n";
+    EXPECT_TRUE(failure.empty()) << failure;
 }
 
 }  // namespace histories

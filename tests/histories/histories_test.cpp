@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
+#include <stdexcept>
 #include <string>
 
 #include "histories/focus_test.h"
@@ -20,35 +19,12 @@ constexpr std::uint64_t kAnswers = 1'500'000;
 #endif
 constexpr int kRound = 8;  ///< histories of one seed
 
-/// FEECENTER_HISTORY runs one history alone, as a failure prints it.
-void replay(const std::string& text, Focus focus) {
-    const auto history = fromText(text);
-    ASSERT_TRUE(history) << "FEECENTER_HISTORY is not a history";
-    const auto outcome = runHistory(*history, focus);
-    std::cout << describe(*history, focus);
-    EXPECT_FALSE(outcome.difference) << *outcome.difference;
-}
-
 class RandomHistories : public ::testing::TestWithParam<Focus> {};
 
 TEST_P(RandomHistories, AnswerAsTheModelDoes) {
-    const Focus focus = GetParam();
-    if (const char* history = std::getenv("FEECENTER_HISTORY")) {
-        return replay(history, focus);
-    }
-    // Seeds of different focuses do not meet.
-    const std::uint64_t seed = firstSeed();
-    std::uint64_t next = seed * kFocuses.size() + static_cast<std::uint64_t>(focus);
     Totals totals;
-    std::string failure;
-    for (; totals.answers < kAnswers && failure.empty(); next += kFocuses.size()) {
-        const std::uint64_t before = totals.answers;
-        failure = runRandomHistories(next, focus, kRound, totals);
-        ASSERT_TRUE(totals.answers > before || !failure.empty()) << "no answers were compared";
-    }
-    std::cout << describe(totals) << ", seed " << seed << " (" << nameOf(focus) << ")\n";
-    ASSERT_TRUE(failure.empty()) << failure << "FEECENTER_SEED=" << seed;
-    EXPECT_GE(totals.answers, kAnswers);
+    expectHistories(sideBySide(GetParam(), Compare::eachStep, totals),
+                    {kRound, [&] { return totals.answers; }, kAnswers}, [&] { return describe(totals); });
 }
 
 INSTANTIATE_TEST_SUITE_P(Focus, RandomHistories, ::testing::ValuesIn(kFocuses), &testNameOf);
@@ -64,6 +40,28 @@ TEST(HistoryText, IsRefusedWhenItIsNone) {
     EXPECT_FALSE(fromText("0g."));
     EXPECT_FALSE(fromText("00"));
     EXPECT_FALSE(fromText("0.0."));
+}
+
+TEST(HistoryText, IsGivenWithItsFocus) {
+    const auto given = parseHistory("Futures:0001ab..ff.");
+    EXPECT_EQ(given.focus, Focus::futures);
+    EXPECT_EQ(given.history, (History{{0, 1, 0xab}, {}, {0xff}}));
+    EXPECT_EQ(parseHistory("AllKinds:").history, History());
+}
+
+TEST(HistoryText, IsRefusedWithoutItsFocus) {
+    for (const char* text :
+         {"", "Futures", "0001.", ":0001.", "futures:0001.", "Futures:1.", "Futures:x", "Futures.00."}) {
+        EXPECT_THROW(parseHistory(text), std::invalid_argument) << text;
+    }
+}
+
+TEST(HistorySeed, IsAWholeNumber) {
+    EXPECT_EQ(parseSeed("0"), 0U);
+    EXPECT_EQ(parseSeed("999999999999999999"), 999999999999999999U);
+    for (const char* text : {"", "abc", "-1", "1.5", "7x", " 7", "1000000000000000000"}) {
+        EXPECT_THROW(parseSeed(text), std::invalid_argument) << text;
+    }
 }
 
 TEST(HistoryBytes, AreCutByTheLengthBeforeEachStep) {

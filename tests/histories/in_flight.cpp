@@ -87,15 +87,16 @@ private:
         const Query& query = seen.query;
         if (query.question == nullptr) {
             seen.known = center.getFees(query.account, seen.fees);
-            return;
+        } else if (query.question->joins && pick(2) == 0) {
+            seen.fees.push_back(center.getFee(query.account, query.question->market, query.question->code));
+        } else {
+            seen.fees.push_back(center.getFee(query.account, query.question->key));
         }
-        Fee fee = query.question->joins && pick(2) == 0
-                      ? center.getFee(query.account, query.question->market, query.question->code)
-                      : center.getFee(query.account, query.question->key);
         if (run.spoil) {
-            run.spoil(query, fee);
+            for (Fee& fee : seen.fees) {
+                run.spoil(query, fee);
+            }
         }
-        seen.fees.push_back(std::move(fee));
     }
 
     const World& world;

@@ -16,7 +16,7 @@ struct InFlight {
     std::size_t steps = 96;  ///< of a history; a quarter of them before queries begin
     int readers = 3;
     int writers = 2;
-    /// What becomes of the answer of a getFee before it is judged; for a test of the judging. Called from the readers'
+    /// What becomes of each fee of an answer before it is judged; for a test of the judging. Called from the readers'
     /// threads.
     std::function<void(const Query&, Fee&)> spoil;
 };

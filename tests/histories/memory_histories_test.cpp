@@ -44,7 +44,7 @@ class MemoryHistoriesTest : public ::testing::TestWithParam<Focus> {};
 
 TEST_P(MemoryHistoriesTest, GoOnFromWhereMemoryRanOut) {
     ShortMemory trouble;
-    expectHistoriesWithFaults(GetParam(), trouble, "allocations failed", kCalls);
+    expectHistoriesWithFaults(GetParam(), trouble, "allocations failed", "memory_histories_test", kCalls);
 }
 
 INSTANTIATE_TEST_SUITE_P(Focus, MemoryHistoriesTest, ::testing::ValuesIn(kFocuses), &testNameOf);

@@ -6,8 +6,6 @@
 #include <unordered_map>
 #include <utility>
 
-#include "histories/run_history.h"
-
 namespace histories {
 namespace {
 
@@ -41,22 +39,25 @@ public:
 };
 
 std::string describeFailure(const History& history, Focus focus, const std::string& difference) {
-    return "The fee center and the model differ " + difference + "\n" + describe(history, focus) +
-           "To run it again: FEECENTER_HISTORY=" + toText(history) + " (" + nameOf(focus) + ")\n";
+    return "The fee center and the model differ " + difference + "\n" + describe(history, focus);
+}
+
+std::string lineToRunAgain(const History& history, const Trial& trial) {
+    return std::string("To run it again: FEECENTER_HISTORY=") + nameOf(trial.focus) + ':' + toText(history) + ' ' +
+           trial.test + '\n';
 }
 
 }  // namespace
 
-std::string firstFailure(std::uint64_t seed, int count, const std::function<std::string(const History&)>& failureOf) {
+std::string firstFailure(std::uint64_t seed, int count, const Trial& trial) {
     std::string failure;  // of the last history that failed, which is the simplest one
     const auto property = [&] {
         const History history = *histories();
-        std::string text = failureOf(history);
-        const bool fine = text.empty();
-        if (!fine) {
-            failure = std::move(text);
+        const std::string text = trial.failureOf(history);
+        if (!text.empty()) {
+            failure = text + lineToRunAgain(history, trial);
         }
-        RC_ASSERT(fine);
+        RC_ASSERT(text.empty());
     };
     rc::detail::TestParams params;
     params.seed = seed;
@@ -69,18 +70,19 @@ std::string firstFailure(std::uint64_t seed, int count, const std::function<std:
                                                                       : "RapidCheck did not run the histories";
 }
 
-std::string runRandomHistories(std::uint64_t seed, Focus focus, int count, Totals& totals) {
-    bool failed = false;
-    return firstFailure(seed, count, [&](const History& history) {
-        const Outcome outcome = runHistory(history, focus);
-        if (!failed) {
-            ++totals.histories;
-            totals.steps += outcome.steps;
-            totals.answers += outcome.answers;
-        }
-        failed = failed || outcome.difference;
-        return outcome.difference ? describeFailure(history, focus, *outcome.difference) : std::string();
-    });
+Trial sideBySide(Focus focus, Compare when, Totals& totals) {
+    return {focus, "histories_test --gtest_filter='*AnswerAsTheModelDoes*'",
+            [=, &totals, failed = false](const History& history) mutable {
+                const Outcome outcome = runHistory(history, focus, when);
+                if (!failed) {
+                    ++totals.histories;
+                    totals.steps += outcome.steps;
+                    totals.answers += outcome.answers;
+                    totals.reached.add(outcome.reached);
+                }
+                failed = failed || outcome.difference;
+                return outcome.difference ? describeFailure(history, focus, *outcome.difference) : std::string();
+            }};
 }
 
 std::string describe(const Totals& totals) {

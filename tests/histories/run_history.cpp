@@ -8,11 +8,11 @@
 namespace histories {
 namespace {
 
-/// The step and the comparison after it. An exception, which neither side may throw, is a difference too.
-std::string differenceAfter(const Operation& operation, World& world, SideBySide& both) {
+/// The step and, if told, the comparison after it. An exception, which neither side may throw, is a difference too.
+std::string differenceAfter(const Operation& operation, World& world, SideBySide& both, bool compare) {
     try {
         operation.apply(world, both);
-        return both.compareAll();
+        return compare ? both.compareAll() : std::string();
     } catch (const std::exception& error) {
         return std::string("an exception, ") + error.what();
     }
@@ -24,19 +24,21 @@ std::optional<std::string> runHistory(const std::vector<std::vector<std::uint8_t
     return runHistory(history, Focus::all).difference;
 }
 
-Outcome runHistory(const History& history, Focus focus) {
+Outcome runHistory(const History& history, Focus focus, Compare when) {
     World world;
     SideBySide both(world);
     Outcome outcome;
     for (const Step& step : history) {
         ++outcome.steps;
-        const auto text = differenceAfter(operationOf(step, world, focus), world, both);
+        const bool compare = when == Compare::eachStep || outcome.steps == history.size();
+        const auto text = differenceAfter(operationOf(step, world, focus), world, both, compare);
         if (!text.empty()) {
             outcome.difference = "after step " + std::to_string(outcome.steps) + ", " + text;
             break;
         }
     }
     outcome.answers = both.answersCompared();
+    outcome.reached.add(world.reached);
     return outcome;
 }
 

@@ -19,15 +19,19 @@ struct Outcome {
     std::optional<std::string> difference;
     std::uint64_t steps = 0;
     std::uint64_t answers = 0;  ///< compared
+    Reached reached;
 };
 
+/// After which steps everything is compared.
+enum class Compare { eachStep, theLastStep };
+
 /// The same, with its figures.
-Outcome runHistory(const History& history, Focus focus);
+Outcome runHistory(const History& history, Focus focus, Compare when = Compare::eachStep);
 
 /// The steps in words, one a line.
 std::string describe(const History& history, Focus focus);
 
-// A history as one word of text, for a command line.
+// A history as one word of text.
 std::string toText(const History& history);
 /// Nothing when the text is not one that toText gives.
 std::optional<History> fromText(const std::string& text);

@@ -39,6 +39,31 @@ void copyFacts(const model::Facts& facts, test::FakeHost& host) {
 
 Record copyOf(const Record& record) { return record ? record->copy() : record; }
 
+/// The name of the record's class.
+std::string_view classOf(const Record& record) {
+    std::string_view name = kNoRecord;
+    if (record) {
+        asItsClass(*record, [&](const auto& typed) {
+            name = qmservice::records::FieldsOf<std::decay_t<decltype(typed)>>::className;
+        });
+    }
+    return name;
+}
+
+/// The default records that answers may hold.
+std::set<const void*> defaultsOf(const model::Model& model) {
+    std::set<const void*> defaults{model.stock.fallback.get(), model.credit.fallback.get(),
+                                   model.neeq.fallback.get(),  model.hgt.fallback.get(),
+                                   model.sgt.fallback.get(),   model.defaultOptionRate.get()};
+    for (const auto& fee : {model.defaultFutureFee, model.defaultIncomeSwapFee}) {
+        defaults.insert(fee->commissionDetail.get());
+        for (const auto& margin : fee->marginDetails) {
+            defaults.insert(margin.get());
+        }
+    }
+    return defaults;
+}
+
 void sortByInstrument(std::vector<Fee>& fees) {
     // No two fees of a list have one instrument: the world's catalogue has no record under two keys.
     std::sort(fees.begin(), fees.end(), [](const Fee& a, const Fee& b) { return a->instrument < b->instrument; });
@@ -54,6 +79,7 @@ SideBySide::Host::Host(const World& world) {
 SideBySide::SideBySide(World& theWorld)
     : world(theWorld), host(theWorld), model(std::make_unique<model::Model>(theWorld.facts)) {
     watchHost();
+    defaults = defaultsOf(*model);
 }
 
 // Queued jobs hold the fee center and this: they run while both still exist.
@@ -65,11 +91,12 @@ void SideBySide::initFees(const Account& account, const Records& records) {
         copies.push_back(copyOf(record));
         handed.watch(record);
         handed.watch(copies.back());
+        world.reached.count(account->accountType, kLoaded, classOf(record));
     }
     const std::size_t before = model->queued();
     center.initFees(account, Records(records));
     model->initFees(account, copies);
-    posted(before);
+    posted(account, before);
 }
 
 void SideBySide::updateCustomFee(const Account& account, const Record& record) {
@@ -79,12 +106,13 @@ void SideBySide::updateCustomFee(const Account& account, const Record& record) {
     const std::size_t before = model->queued();
     center.updateCustomFee(account, record);
     model->updateCustomFee(account, copy);
-    posted(before);
+    world.reached.count(account->accountType, kUpdated, classOf(record));
+    posted(account, before);
 }
 
 /// A mark follows each change on the fee center's strand: left to itself the strand runs several jobs in one go.
-void SideBySide::posted(std::size_t queuedBefore) {
-    modelJobs.push_back(model->queued() - queuedBefore);
+void SideBySide::posted(const Account& account, std::size_t queuedBefore) {
+    changes.push_back({model->queued() - queuedBefore, account->accountType});
     center.strand->post([this] {
         if (stepping) {
             throw JobIsDone();
@@ -93,7 +121,7 @@ void SideBySide::posted(std::size_t queuedBefore) {
 }
 
 void SideBySide::runJob() {
-    if (modelJobs.empty()) {
+    if (changes.empty()) {
         return;
     }
     stepping = true;
@@ -104,16 +132,23 @@ void SideBySide::runJob() {
         // As it must be.
     }
     stepping = false;
-    for (std::size_t jobs = modelJobs.front(); jobs > 0; --jobs) {
+    runModelsOldest();
+}
+
+void SideBySide::runModelsOldest() {
+    world.updating = changes.front().kind;
+    for (std::size_t jobs = changes.front().jobs; jobs > 0; --jobs) {
         model->runJob();
     }
-    modelJobs.pop_front();
+    world.updating.reset();
+    changes.pop_front();
 }
 
 void SideBySide::runJobs() {
     host.fake.runJobs();
-    model->runJobs();
-    modelJobs.clear();
+    while (!changes.empty()) {
+        runModelsOldest();
+    }
 }
 
 void SideBySide::publish() {
@@ -171,7 +206,7 @@ std::string SideBySide::compareAll() {
     if (text.empty()) {
         text = handed.difference() + hostsOwn.difference();
     }
-    if (modelJobs.empty()) {
+    if (changes.empty()) {
         handed.clear();
     }
     return text;
@@ -197,6 +232,7 @@ std::string SideBySide::compareFee(const Account& account, const World::Question
         byName ? model->getFee(account, question.market, question.code) : model->getFee(account, question.key);
     Fee actual = byName ? center.getFee(account, question.market, question.code) : center.getFee(account, question.key);
     answers += expected ? 1U : 0U;
+    countAnswer(account, expected);
     auto text = differenceOfAnswers(sharing, expected, actual);
     if (!text.empty()) {
         text = "getFee of the account of " + show(account) + " for \"" + question.key + "\": " + text;
@@ -205,12 +241,42 @@ std::string SideBySide::compareFee(const Account& account, const World::Question
     return text;
 }
 
+void SideBySide::countAnswer(const Account& account, const Fee& answer) {
+    if (!answer) {
+        return;
+    }
+    const auto count = [&](std::string_view part, const auto& record) {
+        if (record) {
+            world.reached.count(account->accountType, part, originOf(record.get()));
+        }
+    };
+    count("stkRateLimit", answer->stkRateLimit);
+    count("hgtRateLimit", answer->hgtRateLimit);
+    count("sgtRateLimit", answer->sgtRateLimit);
+    count("stkOptionFeeRate", answer->stkOptionFeeRate);
+    count("commissionDetail", answer->commissionDetail);
+    for (const auto& margin : answer->marginDetails) {
+        count("marginDetails", margin);
+    }
+}
+
+std::string_view SideBySide::originOf(const void* record) const {
+    if (watched.count(record) != 0) {
+        return kConfigured;
+    }
+    if (defaults.count(record) != 0) {
+        return kDefault;
+    }
+    return sharing.realOf(record) != nullptr ? kPooled : kOwn;
+}
+
 std::string SideBySide::compareList(const Account& account) {
     const auto about = [&](const std::string& what) {
         return "getFees of the account of " + show(account) + ": " + what;
     };
     bool known = false;
     std::vector<Fee> expected = model->getFees(account, known);
+    world.reached.count(account->accountType, kList, !known ? kUnknown : expected.empty() ? kEmptyList : kFilledList);
     const Fee first = boost::make_shared<qmservice::CInstrumentFee>();
     std::vector<Fee> actual{first};
     if (center.getFees(account, actual) != known) {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "histories/answers.h"
 #include "histories/handed.h"
@@ -61,12 +62,15 @@ private:
         test::FakeHost& fake = test::FakeHost::instance();
     };
 
-    void posted(std::size_t queuedBefore);
+    void posted(const Account& account, std::size_t queuedBefore);
+    void runModelsOldest();
     void watchHost();
     bool watchOnce(const Record& record);
     std::string compareFees(const Account& account);
     std::string compareFee(const Account& account, const World::Question& question, bool byName);
     std::string compareList(const Account& account);
+    void countAnswer(const Account& account, const Fee& answer);
+    [[nodiscard]] std::string_view originOf(const void* record) const;
 
     World& world;
     Host host;
@@ -76,7 +80,13 @@ private:
     Handed handed;    ///< records of changes that have not run
     Handed hostsOwn;  ///< accounts, instruments, and every limit that was ever configured
     std::set<const void*> watched;
-    std::deque<std::size_t> modelJobs;  ///< of each change, how many jobs it queued in the model
+    std::set<const void*> defaults;  ///< the model's
+    /// A change that waits.
+    struct Change {
+        std::size_t jobs;  ///< how many it queued in the model
+        int kind;          ///< of its account
+    };
+    std::deque<Change> changes;
     bool stepping = false;
     Fee previous;  ///< the answer before is kept while the next one is asked for
     std::uint64_t answers = 0;

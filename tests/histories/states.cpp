@@ -15,4 +15,11 @@ void States::add(const FeeChange& change) {
     ends.push_back(states.size() - 1);
 }
 
+States States::firstAndLast() const {
+    States outer(states.front());
+    outer.states.push_back(states.back());
+    outer.ends.push_back(1);
+    return outer;
+}
+
 }  // namespace histories

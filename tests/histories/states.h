@@ -38,6 +38,8 @@ public:
     /// From the state when `made` changes were finished to the last that `begun` changes lead to.
     [[nodiscard]] Window between(std::size_t made, std::size_t begun) const { return {after(made), after(begun)}; }
     [[nodiscard]] Window whole() const { return {0, count() - 1}; }
+    /// The first and the last alone: what there is to see of changes that nobody meets halfway.
+    [[nodiscard]] States firstAndLast() const;
 
 private:
     std::deque<model::Model> states;

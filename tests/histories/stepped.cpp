@@ -76,7 +76,9 @@ public:
         totals.queries += inside ? 1 : 0;
         test::FakeHost::instance().runJobs();
         pairPools(both.sharedRecords(), states.last(), center);
-        complaint = complaintOf(query, inside ? states.whole() : Window{0, 0}, answer);
+        const States outer = states.firstAndLast();
+        complaint =
+            complaintOf(Judge(outer, both.sharedRecords()), query, inside ? outer.whole() : Window{0, 0}, answer);
         complaint += complaint.empty() ? "" : ", with the change inside";
         answer.fees.clear();
         return finish();
@@ -114,7 +116,7 @@ private:
         return answer;
     }
 
-    std::string complaintOf(const Query& query, Window window, const Answer& answer) {
+    static std::string complaintOf(const Judge& judge, const Query& query, Window window, const Answer& answer) {
         const std::string text = query.question != nullptr
                                      ? judge.complaintOfFee(query.account, *query.question, window, answer.fees.front())
                                      : judge.complaintOfList(query.account, window, answer.known, answer.fees);
@@ -193,7 +195,7 @@ private:
             const Query query = next();
             if (futures || !asksFutures(query.account)) {
                 ++totals.queries;
-                text = complaintOf(query, {reached, reached}, ask(query));
+                text = complaintOf(judge, query, {reached, reached}, ask(query));
             }
         }
         return text;

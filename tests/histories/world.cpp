@@ -75,15 +75,15 @@ std::set<std::string> marketsOf(const std::vector<Instrument>& instruments) {
 const char* nameOf(Focus focus) {
     switch (focus) {
         case Focus::stockLike:
-            return "stock-like";
+            return "StockLike";
         case Focus::futures:
-            return "futures";
+            return "Futures";
         case Focus::connect:
-            return "connect";
+            return "Connect";
         case Focus::all:
             break;
     }
-    return "all kinds";
+    return "AllKinds";
 }
 
 World::World() {
@@ -184,22 +184,37 @@ void World::addCategories() {
     facts.categoryNumbers = {{"stocks", 1},     {"mine", 10001},  {"group", 70001}, {"five", 5},
                              {"beyond", 80002}, {"15000", 80001}, {"5", -5},        {"10001", 10001},
                              {"75000", 75000},  {"70000", 70000}, {"20002", 20002}, {"1", 20001}};
+    addCategoryTests();
+}
+
+bool World::counted(std::string_view test, bool answer) {
+    if (updating) {
+        reached.count(*updating, test, answer ? kYes : kNo);
+    }
+    return answer;
+}
+
+/// Everything that a test is handed counts, so that a wrong argument gives a wrong answer somewhere.
+void World::addCategoryTests() {
     facts.inSystemCategory = [this](const std::string& market, const std::string& code, const std::string& product,
                                     int number) {
-        return facts.systemMembers.count({number, {market, code}}) != 0 || (number == 2 && product == "rb");
+        return counted(kSystemTest,
+                       facts.systemMembers.count({number, {market, code}}) != 0 || (number == 2 && product == "rb"));
     };
-    // Everything that a test is handed counts, so that a wrong argument gives a wrong answer somewhere.
-    facts.inCustomCategory = [markets = marketsOf(instruments)](const std::string& market, const std::string& code,
-                                                                const std::vector<std::string>& members) {
-        return market != "GF" && markets.count(market) != 0 && contains(members, code);
+    facts.inCustomCategory = [this, markets = marketsOf(instruments)](const std::string& market,
+                                                                      const std::string& code,
+                                                                      const std::vector<std::string>& members) {
+        return counted(kCustomTest, market != "GF" && markets.count(market) != 0 && contains(members, code));
     };
     facts.inGroupCategory = [this](const std::string& market, const std::string& code, const std::string& product,
                                    const auto& parts, const auto& customCategories) {
         const auto third = customCategories.find(3);
         const bool barred = third != customCategories.end() && contains(third->second, code);
-        return facts.groupMembers.count({market, code}) != 0 && product != "out" && !barred &&
-               std::any_of(parts.begin(), parts.end(),
-                           [](const auto& part) { return part && (part->category % 2 != 0) == (part->excluded == 0); });
+        const bool taken = std::any_of(parts.begin(), parts.end(), [](const auto& part) {
+            return part && (part->category % 2 != 0) == (part->excluded == 0);
+        });
+        return counted(kGroupTest,
+                       facts.groupMembers.count({market, code}) != 0 && product != "out" && !barred && taken);
     };
 }
 

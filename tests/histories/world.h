@@ -3,10 +3,13 @@
 
 #include <array>
 #include <boost/shared_ptr.hpp>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "histories/bytes.h"
+#include "histories/reached.h"
 #include "model/facts.h"
 
 namespace histories {
@@ -19,6 +22,7 @@ using Records = std::vector<Record>;
 /// The accounts that a history's changes are for. Every account is asked in any case.
 enum class Focus { all, stockLike, futures, connect };
 constexpr std::array<Focus, 4> kFocuses{Focus::all, Focus::stockLike, Focus::futures, Focus::connect};
+/// In one word, such as "StockLike".
 const char* nameOf(Focus focus);
 
 /// What a history takes place in: what the host knows, and whom and what can be asked about. Instruments, accounts and
@@ -41,6 +45,10 @@ public:
     [[nodiscard]] const std::vector<Account>& accounts(Focus focus) const;
 
     model::Facts facts;
+    /// What the histories in this world came to. Category tests are counted while `updating` says for which kind of
+    /// account; set it only when no other thread asks them.
+    Reached reached;
+    std::optional<int> updating;
     /// In the catalogue or not, listed or not. The last one is empty.
     std::vector<Instrument> instruments;
     std::vector<Question> questions;
@@ -50,6 +58,8 @@ private:
     void addOddities();
     void addAccounts();
     void addCategories();
+    void addCategoryTests();
+    bool counted(std::string_view test, bool answer);
     void addQuestions();
     void ask(const std::string& market, const std::string& code);
 
