@@ -1,4 +1,4 @@
-"""The command line of scripts/mutate."""
+"""What scripts/mutate does, as its command line asks."""
 
 import argparse
 import fcntl
@@ -17,32 +17,6 @@ from mutation.results import Results, read_equivalents
 from mutation.tree import find_mutants
 from mutation.trial import PROGRAMS, SURVIVED, Killers, Limits, run_program, try_mutant
 from mutation.workbench import DIRECTORY, Base, BuildError, Worker
-
-DESCRIPTION = """Changes one operator, constant, field or statement of feecenter/ at a time, builds the library, runs the
-fast tests, and lists the changes that no test noticed."""
-
-EPILOG = """A run that is interrupted goes on where it was. Results are kept in build/mutate/results.jsonl; those of a
-file are dropped when the file changes. Changes that no test can notice are listed, with why, in
-scripts/mutation/equivalent.toml. The exit status is 0 when every other change was noticed, 1 when one was not or was
-not tried, 2 when nothing could be run."""
-
-
-def parse_arguments(arguments: list[str]) -> argparse.Namespace:
-    parser = argparse.ArgumentParser(prog="scripts/mutate", description=DESCRIPTION, epilog=EPILOG)
-    parser.add_argument("--list", action="store_true", help="print the changes and try none; works beside a run")
-    parser.add_argument("--file", metavar="PATTERN", help="only files whose name matches, such as 'future_*'")
-    parser.add_argument("--only", metavar="ID", action="append", help="only this change, tried anew; may be repeated")
-    parser.add_argument("--survivors", action="store_true", help="try the survivors anew: for changed tests")
-    parser.add_argument("--jobs", metavar="N", type=int, default=2, help="changes tried at the same time (default: 2)")
-    parser.add_argument("--timeout", metavar="SECONDS", type=float, default=20.0,
-                        help="a test program that runs for longer, and five times longer than without a change, counts "
-                             "as having noticed (default: 20)")  # fmt: skip
-    options = parser.parse_args(arguments)
-    if options.jobs < 1:
-        parser.error("--jobs takes a number of 1 or more")
-    if options.timeout <= 0:
-        parser.error("--timeout takes a number of seconds above 0")
-    return options
 
 
 def select(mutants: list[Mutant], options: argparse.Namespace) -> list[Mutant]:
@@ -121,8 +95,7 @@ def try_all(mutants: list[Mutant], base: Base, results: Results, options: argpar
         raise failures[0]
 
 
-def main(project: Path, arguments: list[str]) -> int:
-    options = parse_arguments(arguments)
+def main(project: Path, options: argparse.Namespace) -> int:
     signal.signal(signal.SIGTERM, signal.default_int_handler)
     try:
         return run(project, options)
