@@ -1,27 +1,39 @@
 #include "model/content_text.h"
 
-#include <cstdint>
+#include <array>
+#include <cmath>
+#include <cstdio>
 #include <initializer_list>
-#include <limits>
 
 namespace model {
 namespace {
 
 using namespace qmservice;
 
-std::string scaled(double rate) {
-    constexpr double kTwoTo63 = 9223372036854775808.0;
-    const double product = rate * 100000000.0;
-    if (!(product >= -kTwoTo63 && product < kTwoTo63)) {
-        return std::to_string(std::numeric_limits<std::int64_t>::min());
+/// For every rate whose hundred-millionths a signed 64-bit integer does not hold.
+const std::string kSmallestInteger = "-9223372036854775808";
+
+/// How many whole hundred-millionths a rate has, cut off and not rounded. They are counted in a double: there 0.0013
+/// has 130000 of them, although the double of that name is a little less.
+std::string hundredMillionths(double rate) {
+    const double count = rate * 1e8;
+    const double size = std::abs(count);
+    if (std::isnan(count) || size >= std::ldexp(1.0, 63)) {
+        return kSmallestInteger;
     }
-    return std::to_string(static_cast<std::int64_t>(product));
+    if (size < 1) {
+        return "0";  // of either sign
+    }
+    // A sign and at most nineteen digits.
+    std::array<char, 32> digits{};
+    std::snprintf(digits.data(), digits.size(), "%.0f", std::trunc(count));
+    return digits.data();
 }
 
-std::string scaled(std::initializer_list<double> rates) {
+std::string joined(std::initializer_list<double> rates) {
     std::string text;
     for (const double rate : rates) {
-        text += scaled(rate);
+        text += hundredMillionths(rate);
     }
     return text;
 }
@@ -29,7 +41,7 @@ std::string scaled(std::initializer_list<double> rates) {
 /// The by-volume opening fee counts twice.
 template <class Detail>
 std::string commissionText(const Detail& d) {
-    return scaled({d.openRatioByVolume, d.openRatioByMoney, d.openRatioByVolume, d.closeRatioByMoney,
+    return joined({d.openRatioByVolume, d.openRatioByMoney, d.openRatioByVolume, d.closeRatioByMoney,
                    d.closeRatioByVolume, d.closeTodayRatioByMoney, d.closeTodayRatioByVolume, d.commissionExtra1,
                    d.commissionExtra2});
 }
@@ -37,18 +49,18 @@ std::string commissionText(const Detail& d) {
 template <class Detail>
 std::string marginText(const Detail& d) {
     return std::to_string(d.hedgeFlag) + std::to_string(d.marginMode) +
-           scaled({d.longMarginRatio, d.longMarginRatioByVolume, d.shortMarginRatio, d.shortMarginRatioByVolume,
+           joined({d.longMarginRatio, d.longMarginRatioByVolume, d.shortMarginRatio, d.shortMarginRatioByVolume,
                    d.marginExtra1, d.marginExtra2});
 }
 
 template <class Limit>
 std::string sixRates(const Limit& l) {
-    return scaled({l.rate1, l.rate2, l.rate3, l.rate4, l.rate5, l.rate6});
+    return joined({l.rate1, l.rate2, l.rate3, l.rate4, l.rate5, l.rate6});
 }
 
 template <class Limit>
 std::string connectText(const Limit& l, int tradeUnit) {
-    return sixRates(l) + scaled({l.rate7, l.rate8, l.rate9, l.rate10, l.rate11, l.rate12, l.rate13, l.rate14}) +
+    return sixRates(l) + joined({l.rate7, l.rate8, l.rate9, l.rate10, l.rate11, l.rate12, l.rate13, l.rate14}) +
            std::to_string(tradeUnit);
 }
 
@@ -68,8 +80,8 @@ std::string contentText(const CCustomStkExchangeRateLimit& limit, int tradeUnit)
     const double third = limit.optionThirdKeyCode;
     const double first = limit.optionFirstKeyCode;
     return sixRates(limit) +
-           scaled({limit.optionFee1, limit.optionFee2, limit.optionFee3, limit.optionFee4, limit.optionFee5}) +
-           scaled({second, third, first}) + std::to_string(tradeUnit);
+           joined({limit.optionFee1, limit.optionFee2, limit.optionFee3, limit.optionFee4, limit.optionFee5}) +
+           joined({second, third, first}) + std::to_string(tradeUnit);
 }
 
 std::string contentText(const CCustomHGTExchangeRateLimit& limit, int tradeUnit) {

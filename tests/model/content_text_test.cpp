@@ -38,6 +38,25 @@ TEST(ContentText, FoldsWhatDoesNotFitAsTheSmallestInteger) {
     }
 }
 
+TEST(ContentText, HoldsWholeRatesUpToTheLargestInteger) {
+    EXPECT_EQ(contentText(*limitOf(92233720368.0), 100), "922337203680000000000000100");
+    EXPECT_EQ(contentText(*limitOf(-92233720368.0), 100), "-922337203680000000000000100");
+    EXPECT_EQ(contentText(*limitOf(92233720369.0), 100), "-922337203685477580800000100");
+    EXPECT_EQ(contentText(*limitOf(-92233720369.0), 100), "-922337203685477580800000100");
+}
+
+TEST(ContentText, IsAZeroWithoutASignForLessThanAHundredMillionth) {
+    for (const double rate : {0.0, -0.0, 0.5e-8, -0.5e-8, std::numeric_limits<double>::denorm_min()}) {
+        EXPECT_EQ(contentText(*limitOf(rate), 100), "000000100") << rate;
+    }
+    EXPECT_EQ(contentText(*limitOf(-1.5e-8), 100), "-100000100");
+}
+
+TEST(ContentText, MultipliesRatesInADouble) {
+    // The double of 0.0013 is 6e-20 below it, too little to be seen in a product near 130000.
+    EXPECT_EQ(contentText(*limitOf(0.0013), 100), "13000000000100");
+}
+
 TEST(ContentText, CountsTheOpeningFeeByVolumeTwice) {
     const auto detail = made<CCommissionRateDetail>([](auto& d) {
         d.openRatioByMoney = 1;

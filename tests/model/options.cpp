@@ -1,4 +1,5 @@
 #include <boost/smart_ptr/make_shared.hpp>
+#include <string>
 
 #include "model/category.h"
 #include "model/content_text.h"
@@ -25,12 +26,19 @@ boost::shared_ptr<CStockOptionFeeItem> itemOf(const CCustomStkExchangeRateLimit&
     return item;
 }
 
+/// The character of a code. Codes past the last character, and below the first, go round the 256 characters again.
+char character(int code) {
+    const int place = ((code % 256) + 256) % 256;
+    return static_cast<char>(place < 128 ? place : place - 256);
+}
+
+/// The key has no third character beside a second code of 68, which is 'D'; a code that only goes round to it has one.
 std::string itemKeyOf(const CStockOptionFeeItem& item) {
-    std::string key{static_cast<char>(item.firstKeyCode), static_cast<char>(item.secondKeyCode)};
-    if (item.secondKeyCode != 'D') {
-        key += static_cast<char>(item.thirdKeyCode);
+    std::string key;
+    for (const int code : {item.firstKeyCode, item.secondKeyCode, item.thirdKeyCode}) {
+        key += character(code);
     }
-    return key;
+    return key.substr(0, item.secondKeyCode == 68 ? 2 : 3);
 }
 
 }  // namespace

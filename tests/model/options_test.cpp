@@ -48,6 +48,28 @@ TEST_F(Options, FileAnItemUnderTwoCharactersWhenTheSecondIsD) {
     EXPECT_EQ(items.at("011")->secondKeyCode, '1');
 }
 
+TEST_F(Options, FileAnItemUnderThreeCharactersWhenTheSecondIsNotExactlyD) {
+    update(account, customFee(item("0d1", 1)));
+    const auto beyond = item("0D1", 2);
+    beyond->optionSecondKeyCode = 'D' + 256;
+    update(account, customFee(beyond));
+    const auto items = ask(account, option)->stkOptionFeeRate->items;
+    ASSERT_EQ(items.size(), 2U);
+    EXPECT_EQ(items.at("0d1")->fee1, 1);
+    EXPECT_EQ(items.at("0D1")->secondKeyCode, 324);
+}
+
+TEST_F(Options, MakeACharacterOfEveryCode) {
+    const auto outside = item("000", 1);
+    outside->optionFirstKeyCode = 0;
+    outside->optionSecondKeyCode = -1;
+    outside->optionThirdKeyCode = '1' - 512;
+    update(account, customFee(outside));
+    const auto items = ask(account, option)->stkOptionFeeRate->items;
+    ASSERT_EQ(items.size(), 1U);
+    EXPECT_EQ(items.begin()->first, (std::string{'\0', '\xFF', '1'}));
+}
+
 TEST_F(Options, ReplaceAnItemOfTheSameKeyAndShareThePooledOne) {
     update(account, customFee(item("011", 1)));
     update(account, customFee(item("011", 7)));

@@ -58,8 +58,19 @@ TEST_F(PrimeBrokerage, TakesTheIncomeSwapDefaultInForeignMarkets) {
     }
 }
 
+TEST_F(PrimeBrokerage, HearsWhetherAMarketIsForeignOnlyWhereItIsNoMarketOfAnotherFamily) {
+    facts.foreignMarkets = {"SH", "DCE", "IF", "SHO", "HK", "NEEQ"};
+    EXPECT_EQ(filled(at("SH")), "stock option ");
+    EXPECT_EQ(at("DCE")->marginDetails[0]->longMarginRatio, 0);
+    EXPECT_EQ(at("IF")->marginDetails[0]->longMarginRatio, 0);
+    EXPECT_EQ(filled(at("SHO")), "option ");
+    EXPECT_TRUE(isFullDefault(at("HK")));
+    ASSERT_EQ(filled(at("NEEQ")), "futures ");
+    EXPECT_EQ(at("NEEQ")->marginDetails[0]->longMarginRatio, 0.01);
+}
+
 TEST_F(PrimeBrokerage, GivesTheFullDefaultInEveryOtherMarket) {
-    for (const char* market : {"HK", "WPX", "", "LME", "cffex", "SH "}) {
+    for (const char* market : {"HK", "WPX", "wp.X", "AWP.", "", "LME", "cffex", "SH "}) {
         const auto added = instrument(market, "1");
         const Fee answer = ask(accountOf(12), added);
         EXPECT_TRUE(isFullDefault(answer)) << market;
