@@ -5,6 +5,8 @@ import re
 import shlex
 import shutil
 import subprocess
+from collections.abc import Iterator
+from dataclasses import dataclass
 from pathlib import Path
 
 from mutation.mutant import Mutant
@@ -45,6 +47,20 @@ def copy_changed(source: Path, target: Path) -> None:
             old.chmod(new.stat().st_mode)
 
 
+@dataclass(frozen=True)
+class TestUnit:
+    """A source of a test program that includes headers of the library by itself, and is compiled anew with them."""
+
+    object: str  # where the program's link command finds it
+    command: list[str]
+    directory: Path
+    headers: set[str]
+
+    def compile_command(self, include: Path, target: Path) -> list[str]:
+        compiler, *words = self.command
+        return [compiler, f"-I{include}", *(str(target) if word == self.object else word for word in words)]
+
+
 class Base:
     """A copy of the sources, built once: the test programs, and each object of the library as it is."""
 
@@ -76,9 +92,19 @@ class Base:
         flags = words[1 : words.index("-o")] if "-o" in words else words[1:]
         self.flags = [flag for flag in flags if not flag.startswith("-W") and not flag.endswith("clang++")]
         self.flags += CHECKS
+        self.test_units = list(self._find_test_units(commands))
 
         files = sorted((self.sources / DIRECTORY).glob("*.cpp"))
         self.unit.write_text("".join(f'#include "{DIRECTORY}/{file.name}"\n' for file in files))
+
+    def _find_test_units(self, commands: list[dict[str, str]]) -> Iterator[TestUnit]:
+        for entry in commands:
+            words = shlex.split(entry["command"])
+            target = words[words.index("-o") + 1]
+            if any(f"/{program}.dir/" in target for program in self.programs):
+                headers = set(re.findall(rf'^#include "({DIRECTORY}/\S+)"', Path(entry["file"]).read_text(), re.M))
+                if headers:
+                    yield TestUnit(target, words, Path(entry["directory"]), headers)
 
     def make(self) -> None:
         run(["ninja", "-C", str(self.build), "feecenter", *self.programs], self.place)
@@ -118,37 +144,56 @@ class Worker:
         self.libraries = self._place / "lib"
         self._object = self._place / "mutant.o"
         self._mutated: str | None = None
+        self._test_objects: dict[str, Path] = {}  # those of the base that stand aside, and what takes their places
         copy_changed(base.sources / DIRECTORY, self._place / DIRECTORY)
         self.libraries.mkdir(exist_ok=True)
 
     def build(self, mutant: Mutant | None, whole: bool = False) -> bool:
         """The library with the change in it; False when it does not compile. A changed header is compiled together with
-        all sources in one go, as is everything where `whole` is set."""
+        all sources in one go, as is everything where `whole` is set, and with it what tests include of it."""
         file = mutant.file if mutant else f"{DIRECTORY}/entry.cpp"
         original = (self._base.sources / file).read_bytes()
         self._mutated = None if whole or file.endswith(".h") else Path(file).name
         (self._place / file).write_bytes(mutant.applied_to(original) if mutant else original)
-        source = self._place / file if self._mutated else self._base.unit
-        command = self._base.compile_command(self._place, source, self._object)
-        compiled = subprocess.run(command, capture_output=True, check=False).returncode == 0
+        compiled = self._compile_library(file) and self._compile_test_units(file, whole)
         (self._place / file).write_bytes(original)
         return compiled and self._link(self._base.library(), self.libraries / "libfeecenter.so.0")
 
+    def _compile_library(self, file: str) -> bool:
+        source = self._place / file if self._mutated else self._base.unit
+        command = self._base.compile_command(self._place, source, self._object)
+        return subprocess.run(command, capture_output=True, check=False).returncode == 0
+
+    def _compile_test_units(self, file: str, whole: bool) -> bool:
+        self._test_objects = {}
+        for unit in self._base.test_units:
+            if whole or file in unit.headers:
+                target = self._place / Path(unit.object).name
+                command = unit.compile_command(self._place, target)
+                if subprocess.run(command, cwd=unit.directory, capture_output=True, check=False).returncode:
+                    return False
+                self._test_objects[unit.object] = target
+        return True
+
     def program(self, name: str, takes_objects: bool) -> Path | None:
-        """The test program; None where it does not link. One that takes the library's objects is linked anew."""
+        """The test program; None where it does not link. One that takes the library's objects is linked anew, and so is
+        one with a unit that was compiled anew."""
         built = self._base.program(name)
-        if not takes_objects:
+        if not takes_objects and not any(f"/{name}.dir/" in one for one in self._test_objects):
             return built
         target = self._place / name
         return target if self._link(built, target) else None
 
     def _link(self, built: Path, result: Path) -> bool:
-        """As `built` was linked, with the mutant in place of the object of its source, or of all objects."""
+        """As `built` was linked, with the mutant in place of the object of its source, or of all objects, and with the
+        test units that were compiled anew."""
         command = self._base.link_command(built)
         objects = list(OBJECT.finditer(command))
-        if self._mutated is None:
+        if self._mutated is None and objects:
             command = f"{command[: objects[0].start()]}{self._object}{command[objects[-1].end() :]}"
         else:
             command = OBJECT.sub(lambda one: str(self._object) if one[1] == self._mutated else one[0], command)
+        for old, new in self._test_objects.items():
+            command = command.replace(f" {old} ", f" {new} ", 1)
         command = command.replace(f"-o {built.relative_to(self._base.build)} ", f"-o {result} ", 1)
         return subprocess.run(command, shell=True, cwd=self._base.build, capture_output=True).returncode == 0

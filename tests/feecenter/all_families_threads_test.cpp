@@ -1,12 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <cstddef>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "support/beside_readers.h"
 #include "support/family_marks.h"
 #include "support/versioned_fees.h"
 
@@ -361,46 +362,18 @@ TEST_F(AllFamiliesThreadsTest, RecordOfTwoVersionsIsNoticed) {
 
 TEST_F(AllFamiliesThreadsTest, ReadersOfEveryFamilyBesideTheStrandSeeWholeVersionsOnly) {
     constexpr int kVersions = 150;
-    constexpr int kReaders = 3;
-    std::atomic<int> posted{0};
-    std::atomic<int> done{0};
-    std::atomic<int> rounds{0};
-    std::atomic<int> failures{0};
-    std::vector<std::string> complaints(kReaders);
-
-    std::thread strand([&] {
-        while (done != kVersions) {
-            if (host.runJobs() == 0) {
-                std::this_thread::yield();
-            }
-        }
-    });
-    std::vector<std::thread> readers;
-    for (std::string& found : complaints) {
-        readers.emplace_back([&] {
-            bool last = false;
-            while (found.empty() && !last) {
-                last = done == kVersions;
-                found = complaint(done, [&posted] { return posted.load(); });
-                ++rounds;
-            }
-            failures += found.empty() ? 0 : 1;
+    constexpr std::size_t kReaders = 3;
+    test::BesideReaders beside(host, *center.strand);
+    std::vector<std::set<int>> seen(kReaders);
+    const auto complaints = beside.run(
+        kVersions, kReaders, [&](int version) { post(version); },
+        [&](std::size_t reader) {
+            const int oldest = beside.oldest();
+            seen[reader].insert(others.lastVersion());
+            return complaint(oldest, [&beside] { return beside.newest(); });
         });
-    }
-    for (int version = 1; version <= kVersions; ++version) {
-        posted = version;
-        post(version);
-        center.strand->post([&done, version] { done = version; });
-        // Changes come no faster than answers, so that every version stands beside readers.
-        for (const int before = rounds; rounds == before && failures == 0;) {
-            std::this_thread::yield();
-        }
-    }
-    strand.join();
-    for (auto& reader : readers) {
-        reader.join();
-    }
     EXPECT_EQ(complaints, std::vector<std::string>(kReaders));
+    EXPECT_EQ(seen, std::vector<std::set<int>>(kReaders, test::versionsUpTo(kVersions)));
     EXPECT_EQ(complaint(kVersions, kVersions), "");
 }
 

@@ -32,8 +32,8 @@ TEST_F(BadHostTest, EngineThatGivesNoStrandLeavesNoFeeCenter) {
     const long calls = bad.callsOf([] { OpenFeeCenter built; });
     ASSERT_EQ(bad.calledNames(), (std::vector<std::string>{"RPCEngine::instance", "getStrand"}));
     for (long call = 0; call < calls; ++call) {
-        for (const auto what : BadHost::kAllThrows) {
-            EXPECT_EQ(bad.run([] { OpenFeeCenter failed; }, call, what), BadHost::nameOf(what));
+        for (const auto what : test::kAllThrown) {
+            EXPECT_EQ(bad.run([] { OpenFeeCenter failed; }, call, what), nameOf(what));
         }
     }
     OpenFeeCenter built;
@@ -64,7 +64,7 @@ TEST_F(BadHostTest, CustomCategoryTestThatFailedIsRepeated) {
         for (long call = 0; call < calls; ++call) {
             if (names[static_cast<std::size_t>(call)] == "isStockInCustomCategory") {
                 OpenFeeCenter fees;
-                ASSERT_EQ(bad.run([&] { change(fees); }, call, BadHost::Throws::kError), "the error");
+                ASSERT_EQ(bad.run([&] { change(fees); }, call, test::Thrown::kError), "the error");
                 ASSERT_EQ(faultOf(fees), "");
                 change(fees);
                 ASSERT_EQ(differences(fees, expected), "");

@@ -9,6 +9,7 @@
 
 #include "support/fee_center_test.h"
 #include "support/lock_waiters.h"
+#include "support/lock_watch.h"
 #include "support/operations.h"
 #include "support/table_checks.h"
 
@@ -93,13 +94,7 @@ protected:
     /// Whether `work` gets through before the host answers.
     template <class Work>
     bool getsThrough(const Work& work) {
-        auto done = std::async(std::launch::async, work);
-        const bool through = done.wait_for(std::chrono::seconds(60)) == std::future_status::ready;
-        if (!through) {
-            answerNow();
-        }
-        done.get();
-        return through;
+        return test::getsThroughUnaided(work, [this] { answerNow(); });
     }
 
     void answerNow() {

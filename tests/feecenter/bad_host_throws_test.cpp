@@ -102,10 +102,10 @@ TEST_P(BadHostThrowsTest, EveryCallThatFailedLeavesThingsWholeAndIsRepeated) {
         const std::string allChanged = changedCodes(expected.center, before.center, subject.accountKey);
         std::string changedSoFar;
         for (long call = 0; call < calls; ++call) {
-            for (const auto what : BadHost::kAllThrows) {
+            for (const auto what : test::kAllThrown) {
                 SCOPED_TRACE("account " + std::to_string(subject.accountKey) + " call " + std::to_string(call));
                 WatchedFees fees(scene);
-                ASSERT_EQ(bad.run([&] { run(fees.center, subject); }, call, what), BadHost::nameOf(what));
+                ASSERT_EQ(bad.run([&] { run(fees.center, subject); }, call, what), nameOf(what));
                 ++faults;
                 ASSERT_EQ(bad.calls(), call + 1) << "the operation went on";
                 ASSERT_EQ(faultOf(fees.center), "");
@@ -143,12 +143,12 @@ TEST_P(BadHostJobTest, JobThatFailedIsFollowedByTheNextOne) {
         const long calls = bad.callsOf([&] { run(expected.center, subject); });
         expected.center.doInitStockFee(next, scene.records(90));
         for (long call = 0; call < calls; ++call) {
-            for (const auto what : BadHost::kAllThrows) {
+            for (const auto what : test::kAllThrown) {
                 SCOPED_TRACE("account " + std::to_string(subject.accountKey) + " call " + std::to_string(call));
                 WatchedFees fees(scene);
                 operation.post(scene, fees.center, subject);
                 fees.center.initFees(next, scene.records(90));
-                ASSERT_EQ(bad.run([&] { host.runJobs(); }, call, what), BadHost::nameOf(what));
+                ASSERT_EQ(bad.run([&] { host.runJobs(); }, call, what), nameOf(what));
                 ++faults;
                 ASSERT_EQ(faultOf(fees.center), "");
                 ASSERT_EQ(fees.center.stockAccountTable.count(kNext), 0U);

@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <boost/asio/io_service.hpp>
+#include <cstddef>
 #include <future>
-#include <memory>
+#include <set>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "support/beside_readers.h"
 #include "support/fee_center_test.h"
+#include "support/strand_threads.h"
 #include "support/versioned_fees.h"
 
 // Queries from many threads beside changes on the strand. Every rate record is made from one version number, so that a
@@ -56,6 +56,7 @@ TEST_F(ConcurrencyTest, OneThreadAloneSeesEveryVersionInTurn) {
         EXPECT_EQ(fees.complaint(version - 1, version - 1), "");
         host.runJobs();
         EXPECT_EQ(fees.complaint(version, version), "");
+        EXPECT_EQ(fees.lastVersion(), version);
     }
 }
 
@@ -67,58 +68,20 @@ TEST_F(ConcurrencyTest, AnswerThatIsTooOldOrTooNewIsNoticed) {
     EXPECT_NE(fees.complaint(0, 1), "");
 }
 
-/// Runs the host's jobs on one real thread until it goes.
-class StrandThread {
-public:
-    explicit StrandThread(test::FakeHost& host)
-        : work(std::make_unique<boost::asio::io_service::work>(host.service())), thread([&host] {
-              host.service().restart();
-              host.service().run();
-          }) {}
-    StrandThread(const StrandThread&) = delete;
-    StrandThread& operator=(const StrandThread&) = delete;
-    /// Waits for the jobs queued.
-    ~StrandThread() {
-        work.reset();
-        thread.join();
-    }
-
-private:
-    std::unique_ptr<boost::asio::io_service::work> work;
-    std::thread thread;
-};
-
 TEST_F(ConcurrencyTest, ReadersSeeOnlyWholeVersionsThatTheHistoryAllows) {
-    constexpr int kVersions = 300;
-    constexpr int kReaders = 4;
-    std::atomic<int> posted{0};
-    std::atomic<int> done{0};
-
-    const auto read = [&] {
-        std::string complaint;
-        bool last = false;
-        while (complaint.empty() && !last) {
-            last = done == kVersions;
-            complaint = fees.complaint(done, [&posted] { return posted.load(); });
-        }
-        return complaint;
-    };
-
-    std::vector<std::future<std::string>> readers;
-    {
-        const StrandThread strandThread(host);
-        for (int reader = 0; reader < kReaders; ++reader) {
-            readers.push_back(std::async(std::launch::async, read));
-        }
-        for (int version = 1; version <= kVersions; ++version) {
-            posted = version;
-            fees.post(version);
-            center.strand->post([&done, version] { done = version; });
-        }
-    }
-    for (auto& reader : readers) {
-        EXPECT_EQ(reader.get(), "");
-    }
+    constexpr int kVersions = 150;
+    constexpr std::size_t kReaders = 4;
+    test::BesideReaders beside(host, *center.strand);
+    std::vector<std::set<int>> seen(kReaders);
+    const auto complaints = beside.run(
+        kVersions, kReaders, [&](int version) { fees.post(version); },
+        [&](std::size_t reader) {
+            const int oldest = beside.oldest();
+            seen[reader].insert(fees.lastVersion());
+            return fees.complaint(oldest, [&beside] { return beside.newest(); });
+        });
+    EXPECT_EQ(complaints, std::vector<std::string>(kReaders));
+    EXPECT_EQ(seen, std::vector<std::set<int>>(kReaders, test::versionsUpTo(kVersions)));
     EXPECT_EQ(fees.complaint(kVersions, kVersions), "");
 }
 
@@ -131,7 +94,7 @@ TEST_F(ConcurrencyTest, ChangesPostedFromManyThreadsAllTakeEffect) {
         instruments.push_back(host.addInstrument("SH", "P" + std::to_string(i)));
     }
     {
-        const StrandThread strandThread(host);
+        const test::StrandThreads strandThread(host);
         std::vector<std::future<void>> posters;
         for (int poster = 0; poster < kPosters; ++poster) {
             posters.push_back(std::async(std::launch::async, [&, poster] {

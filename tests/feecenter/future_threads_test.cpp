@@ -1,12 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <cstddef>
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
-#include <thread>
+#include <utility>
 #include <vector>
 
+#include "support/beside_readers.h"
 #include "support/future_builders.h"
 
 // Every kind's lookups and lists of futures beside changes on the strand. Each record proves itself: its rates are all
@@ -205,50 +207,24 @@ TEST_F(FutureThreadsTest, CheckerRefusesAVersionThatGoesBack) {
 }
 
 TEST_F(FutureThreadsTest, ReadersBesideTheStrandSeeWholeStatesOnly) {
-    constexpr int kRounds = 200;
-    constexpr int kReaders = 3;
-    std::atomic<bool> done{false};
-    std::atomic<int> reads{0};
-    std::atomic<bool> failed{false};
-    std::vector<std::string> faults(kReaders);
-
-    std::thread strand([&] {
-        while (!done) {
-            if (host.runJobs() == 0) {
-                std::this_thread::yield();
-            }
-        }
-    });
-    std::vector<std::thread> readers;
-    for (std::string& fault : faults) {
-        readers.emplace_back([&] {
-            Newest newest;
-            while (!done && fault.empty()) {
-                fault = readOnce(newest);
-                ++reads;
-            }
-            failed = failed || !fault.empty();
+    constexpr int kVersions = 200;
+    constexpr std::size_t kReaders = 3;
+    test::BesideReaders beside(host, *center.strand);
+    std::vector<Newest> newest(kReaders);
+    std::vector<std::set<int>> seen(kReaders);  // of the account that is changed last
+    const auto faults = beside.run(
+        kVersions, kReaders, [&](int version) { post(version); },
+        [&](std::size_t reader) {
+            const std::string fault = readOnce(newest[reader]);
+            seen[reader].insert(newest[reader][{kCustom, "rb2605"}]);
+            return fault;
         });
-    }
-    for (int version = 1; version <= kRounds; ++version) {
-        post(version);
-        // Changes come no faster than answers, so that every version stands beside readers.
-        for (const int before = reads; reads == before && !failed;) {
-            std::this_thread::yield();
-        }
-    }
-    done = true;
-    strand.join();
-    for (auto& reader : readers) {
-        reader.join();
-    }
     EXPECT_EQ(faults, std::vector<std::string>(kReaders));
-
-    host.runJobs();
-    Newest newest;
-    EXPECT_EQ(readOnce(newest), "");
-    for (const auto& seen : newest) {
-        EXPECT_EQ(seen.second, kRounds);
+    EXPECT_EQ(seen, std::vector<std::set<int>>(kReaders, test::versionsUpTo(kVersions)));
+    for (const auto& last : newest) {
+        for (const auto& version : last) {
+            EXPECT_EQ(version.second, kVersions);
+        }
     }
 }
 

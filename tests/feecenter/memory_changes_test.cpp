@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "support/entry_mixes.h"
 #include "support/family_marks.h"
 #include "support/memory_test.h"
 
@@ -19,12 +20,14 @@ using test::kNew;
 using test::lossesOf;
 using test::OpenFeeCenter;
 using test::Scene;
+using test::strays;
 
 using Account = boost::shared_ptr<CAccountInfo>;
 
 class MemoryChangeTest : public test::MemoryTest {
 protected:
-    /// A change: what was there stays, and the same call then leads to where it leads without a shortage.
+    /// A change: what was there stays, no entry points anywhere but where it did or is to, and the same call then leads
+    /// to where it leads without a shortage.
     void expectChangeSurvives(const Run& run) {
         OpenFeeCenter before;
         scene.prepare(before);
@@ -36,6 +39,7 @@ protected:
             EXPECT_GT(exhaust(run, forGood,
                               [&](OpenFeeCenter& center) {
                                   EXPECT_EQ(lossesOf(center, before), "");
+                                  EXPECT_EQ(strays(center, before, expected), "");
                                   run(center);
                                   EXPECT_EQ(differences(center, expected), "");
                                   EXPECT_EQ(faultOf(center), "");

@@ -2,7 +2,9 @@
 
 #include <new>
 #include <optional>
+#include <vector>
 
+#include "support/entry_mixes.h"
 #include "support/memory_test.h"
 
 // The shortage and the checks themselves, and a fee center that memory is too short to build.
@@ -18,6 +20,8 @@ using test::kNew;
 using test::lossesOf;
 using test::MemoryTest;
 using test::OpenFeeCenter;
+using test::strays;
+using test::uint64;
 
 TEST_F(MemoryTest, ShortageStrikesTheChosenAllocation) {
     for (const bool forGood : {false, true}) {
@@ -65,6 +69,34 @@ TEST_F(MemoryTest, CheckerNoticesBrokenTables) {
     center.futureCommissionDetails.begin()->second = test::makeCommission(999);
     EXPECT_EQ(lossesOf(center, before), "credit commission neeq ");
     EXPECT_EQ(differences(center, before), "credit commission neeq ");
+}
+
+TEST_F(MemoryTest, CheckerNoticesEntriesThatPointElsewhere) {
+    OpenFeeCenter center;
+    OpenFeeCenter before;
+    OpenFeeCenter after;
+    for (auto* each : {&center, &before, &after}) {
+        scene.prepare(*each);
+    }
+    uint64& entry = center.stockAccountTable[kKnown].begin()->second;
+    uint64& toBe = after.stockAccountTable[kKnown].begin()->second;
+    std::vector<uint64> others;
+    for (const auto& other : center.stockAccountTable[kBystander]) {
+        others.push_back(other.second);
+    }
+    ASSERT_EQ(others.size(), 2U);
+    toBe = others[0];
+    EXPECT_EQ(strays(center, before, after), "");
+    entry = others[0];
+    EXPECT_EQ(strays(center, before, after), "");
+    entry = others[1];
+    EXPECT_EQ(strays(center, before, after), "stock ");
+    center.neeqAccountTable[kNew][1] = others[0];
+    EXPECT_EQ(strays(center, before, after), "stock neeq ");
+    center.stkOptionAccountTable[kBystander].begin()->second["0D"] = others[0];
+    EXPECT_EQ(strays(center, before, after), "stock option neeq ");
+    center.futureMarginKeys[kKnown].begin()->second.back() = others[0];
+    EXPECT_EQ(strays(center, before, after), "stock option margin neeq ");
 }
 
 TEST_F(MemoryTest, ChangeOfAnAnswerThatIsHeldIsNoticed) {

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 #include <string>
 
 #include "histories/fault_test.h"
 #include "histories/trouble.h"
 #include "support/fake_host.h"
+#include "support/host_error.h"
 
 // Random histories in which the host throws out of one of its functions, or out of it and all that are called after it,
 // inside changes and queries.
@@ -19,15 +19,11 @@ constexpr std::uint64_t kCalls = FAULT_HISTORIES_CALLS;
 constexpr std::uint64_t kCalls = 400;
 #endif
 
-struct HostError : std::runtime_error {
-    explicit HostError(long failedCall) : std::runtime_error("the host is ill"), call(failedCall) {}
-    long call;
-};
-
 /// Each call of a service, of a key function, and for where a service is, is an occasion. Every other throws an int.
 class ThrowingHost : public Trouble {
 public:
     Result run(const std::function<void()>& work, long before, bool forGood) override {
+        const auto what = before % 2 == 0 ? test::Thrown::kError : test::Thrown::kInt;
         long calls = 0;
         bool looking = false;
         Result result;
@@ -40,29 +36,16 @@ public:
                 onStrike();
                 looking = false;
             }
-            if (before % 2 == 0) {
-                throw HostError(before);
-            }
-            throw static_cast<int>(before);
+            test::throwAt(before, what);
         };
-        runAndCatch(work, before, result);
+        const std::string left = test::whatLeft(work, before);
+        result.left = left == nameOf(what);
+        result.other = result.left || left == "nothing" ? "" : left;
         host.onCall = host.onKeyCall = host.onInstance = nullptr;
         return result;
     }
 
 private:
-    static void runAndCatch(const std::function<void()>& work, long before, Result& result) {
-        try {
-            work();
-        } catch (const HostError& error) {
-            result.left = error.call == before;
-        } catch (int error) {
-            result.left = error == before;
-        } catch (const std::exception& error) {
-            result.other = error.what();
-        }
-    }
-
     test::FakeHost& host = test::FakeHost::instance();
 };
 

@@ -10,11 +10,12 @@
 
 #include "histories/handed.h"
 #include "histories/judge.h"
+#include "histories/lock_pauses.h"
 #include "histories/pooled.h"
 #include "histories/record_fields.h"
 #include "histories/side_by_side.h"
 #include "histories/states.h"
-#include "histories/strand_threads.h"
+#include "support/strand_threads.h"
 
 namespace histories {
 namespace {
@@ -154,7 +155,7 @@ private:
         Progress progress{scripted.size()};
         std::vector<std::future<std::vector<Seen>>> readers;
         {
-            const StrandThreads writers(host, run.writers);
+            const test::StrandThreads writers(host, run.writers, &pauseAfterUnlocks);
             for (int i = 0; i < run.readers; ++i) {
                 readers.push_back(std::async(std::launch::async, [&, seed = random()] {
                     return Reader(world, changing, run, seed).read(both.feeCenter(), progress);

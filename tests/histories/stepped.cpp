@@ -15,14 +15,20 @@
 #include "histories/side_by_side.h"
 #include "histories/states.h"
 #include "histories/tables.h"
+#include "support/lock_probe.h"
 
 namespace histories {
 namespace {
 
 /// The locks but the futures' one.
 std::vector<boost::shared_mutex*> plainMutexes(test::OpenFeeCenter& center) {
-    return {&center.stockMutex, &center.creditMutex,    &center.hgtMutex,           &center.sgtMutex,
-            &center.neeqMutex,  &center.stkOptionMutex, &center.stkOptionTableMutex};
+    std::vector<boost::shared_mutex*> plain;
+    for (const auto& named : test::allMutexes(center)) {
+        if (named.mutex != &center.futureMutex) {
+            plain.push_back(named.mutex);
+        }
+    }
+    return plain;
 }
 
 bool asksFutures(const Account& account) {
@@ -140,11 +146,8 @@ private:
     }
 
     bool holdsNothing() {
-        bool free = mayWrite(center.futureMutex);
-        for (auto* mutex : plainMutexes(center)) {
-            free = free && mayWrite(*mutex);
-        }
-        return free;
+        const auto locks = test::allMutexes(center);
+        return std::all_of(locks.begin(), locks.end(), [](const auto& named) { return mayWrite(*named.mutex); });
     }
 
     /// Inside the change. The futures load alone calls the host under its lock: then the tables are not whole and

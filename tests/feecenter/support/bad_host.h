@@ -3,20 +3,13 @@
 
 #include <boost/smart_ptr/make_shared.hpp>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "support/host_error.h"
 #include "support/scene.h"
 
 namespace test {
-
-/// What a bad host's services throw; `int` is the other thing they may throw.
-class HostError : public std::runtime_error {
-public:
-    explicit HostError(long failedCall) : std::runtime_error("the host is ill"), call(failedCall) {}
-    long call;
-};
 
 /// A default fee that tells the host when it is copied.
 class HookedFee : public qmservice::CInstrumentFee {
@@ -34,12 +27,6 @@ public:
 /// one thread.
 class BadHost {
 public:
-    enum class Throws { kError, kInt };
-    static constexpr Throws kAllThrows[] = {Throws::kError, Throws::kInt};
-
-    /// What run() says when that has left the work.
-    static const char* nameOf(Throws what) { return what == Throws::kError ? "the error" : "the int"; }
-
     explicit BadHost(FakeHost& spoilt) : host(spoilt) {
         host.onCall = host.onKeyCall = host.onInstance = [this](const std::string& operation) { called(operation); };
     }
@@ -53,24 +40,12 @@ public:
         center.defaultIncomeSwapFutureFee = boost::make_shared<HookedFee>(*center.defaultIncomeSwapFutureFee);
     }
 
-    /// Runs `work` with the call failing that follows `call` others, and says what left it: "nothing", "the error",
-    /// "the int", or what else.
-    std::string run(const std::function<void()>& work, long call, Throws what) {
+    /// Runs `work` with the call failing that follows `call` others, and says what left it: whatLeft().
+    std::string run(const std::function<void()>& work, long call, Thrown what) {
         names.clear();
         fault = call;
         thrown = what;
-        std::string left = "nothing";
-        try {
-            work();
-        } catch (const HostError& error) {
-            left = error.call == call ? "the error" : "another error";
-        } catch (const std::exception& error) {
-            left = error.what();
-        } catch (int error) {
-            left = error == static_cast<int>(call) ? "the int" : "another int";
-        } catch (...) {
-            left = "something else";
-        }
+        const std::string left = whatLeft(work, call);
         fault = kNone;
         return left;
     }
@@ -92,19 +67,15 @@ private:
     void called(const std::string& operation) {
         const long call = calls();
         names.push_back(operation);
-        if (call != fault) {
-            return;
+        if (call == fault) {
+            throwAt(call, thrown);
         }
-        if (thrown == Throws::kInt) {
-            throw static_cast<int>(call);
-        }
-        throw HostError(call);
     }
 
     FakeHost& host;
     std::vector<std::string> names;
     long fault = kNone;
-    Throws thrown = Throws::kError;
+    Thrown thrown = Thrown::kError;
 };
 
 /// A fee center with a scene's fees, whose defaults tell when they are copied.

@@ -4,28 +4,12 @@
 #include <future>
 #include <thread>
 
+#include "support/lock_probe.h"
 #include "support/lock_waiters.h"
-#include "support/lock_watch.h"
 #include "support/tally.h"
 
 namespace test {
 namespace {
-
-/// The locks that are held, asked from a thread that holds none.
-std::string heldNow(OpenFeeCenter& center) {
-    std::string held;
-    for (const auto& named : allMutexes(center)) {
-        if (named.mutex->try_lock()) {
-            named.mutex->unlock();
-        } else if (named.mutex->try_lock_shared()) {
-            named.mutex->unlock_shared();
-            held += std::string(named.name) + " shared";
-        } else {
-            held += std::string(named.name) + " exclusive";
-        }
-    }
-    return held;
-}
 
 bool somebodyWaits(OpenFeeCenter& center) {
     const auto locks = allMutexes(center);
@@ -35,15 +19,11 @@ bool somebodyWaits(OpenFeeCenter& center) {
 }
 
 bool haveALockInCommon(const Operation& one, const Operation& other) {
-    const auto takes = [](const Operation& operation, const std::string& lock) {
-        return operation.shared.count(lock) != 0 || operation.exclusive.count(lock) != 0;
-    };
-    for (const char* lock : {"stock", "credit", "neeq", "hgt", "sgt", "future", "stkOption", "stkOptionTable"}) {
-        if (takes(one, lock) && takes(other, lock)) {
-            return true;
-        }
-    }
-    return false;
+    Operation::Locks locks = one.shared;
+    locks.insert(one.exclusive.begin(), one.exclusive.end());
+    return std::any_of(locks.begin(), locks.end(), [&other](const std::string& lock) {
+        return other.shared.count(lock) != 0 || other.exclusive.count(lock) != 0;
+    });
 }
 
 }  // namespace
@@ -94,7 +74,7 @@ InterleavingTest::Seen InterleavingTest::interleave(OpenFeeCenter& center, const
             seen.calls = calls;
             const std::string expected = heldAt(first, calls).text();
             done = std::async(std::launch::async, [&, expected] {
-                seen.held = heldNow(center);
+                seen.held = locksHeldByOthers(center);
                 if (seen.held == expected) {  // else the two might wait for each other for ever
                     seen.second = second.run(scene, center, about);
                 }

@@ -2,46 +2,53 @@
 #define TESTS_FEECENTER_SUPPORT_LOCK_PROBE_H
 
 #include <boost/thread/shared_mutex.hpp>
+#include <future>
 #include <string>
-#include <thread>
-#include <utility>
 #include <vector>
 
 #include "support/open_fee_center.h"
 
 namespace test {
 
-/// How the mutex is held at this moment, asked from a thread that holds nothing: "free", "shared" or "exclusive". The
-/// holder must stand still meanwhile.
-inline std::string heldMode(boost::shared_mutex& mutex) {
-    std::string mode = "exclusive";
-    std::thread([&] {
-        if (mutex.try_lock()) {
-            mutex.unlock();
-            mode = "free";
-        } else if (mutex.try_lock_shared()) {
-            mutex.unlock_shared();
-            mode = "shared";
-        }
-    }).join();
-    return mode;
+struct NamedMutex {
+    const char* name;
+    boost::shared_mutex* mutex;
+};
+
+/// The fee center's locks, the stock-option tables' last.
+inline std::vector<NamedMutex> allMutexes(OpenFeeCenter& center) {
+    return {{"stock", &center.stockMutex},
+            {"credit", &center.creditMutex},
+            {"hgt", &center.hgtMutex},
+            {"sgt", &center.sgtMutex},
+            {"stkOption", &center.stkOptionMutex},
+            {"future", &center.futureMutex},
+            {"neeq", &center.neeqMutex},
+            {"stkOptionTable", &center.stkOptionTableMutex}};
 }
 
-/// The locks that are held, each as "name mode", joined by commas; empty when all are free.
-inline std::string heldLocks(OpenFeeCenter& center) {
-    const std::pair<const char*, boost::shared_mutex*> locks[] = {
-        {"stock", &center.stockMutex},      {"credit", &center.creditMutex},
-        {"hgt", &center.hgtMutex},          {"sgt", &center.sgtMutex},
-        {"option", &center.stkOptionMutex}, {"future", &center.futureMutex},
-        {"neeq", &center.neeqMutex},        {"option tables", &center.stkOptionTableMutex}};
+/// The locks that other threads hold, each as "name shared" or "name exclusive", joined by commas; empty when all are
+/// free. This thread must hold none, and the others must stand still meanwhile.
+inline std::string locksHeldByOthers(OpenFeeCenter& center) {
     std::string held;
-    for (const auto& lock : locks) {
-        const std::string mode = heldMode(*lock.second);
-        if (mode != "free") {
-            held += (held.empty() ? "" : ",") + std::string(lock.first) + " " + mode;
+    for (const auto& named : allMutexes(center)) {
+        const char* mode = " exclusive";
+        if (named.mutex->try_lock()) {
+            named.mutex->unlock();
+            continue;
         }
+        if (named.mutex->try_lock_shared()) {
+            named.mutex->unlock_shared();
+            mode = " shared";
+        }
+        held += (held.empty() ? "" : ",") + std::string(named.name) + mode;
     }
     return held;
+}
+
+/// The same, asked from a thread that holds nothing: this thread's locks are among them.
+inline std::string heldLocks(OpenFeeCenter& center) {
+    return std::async(std::launch::async, [&center] { return locksHeldByOthers(center); }).get();
 }
 
 }  // namespace test

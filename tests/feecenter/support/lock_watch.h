@@ -15,23 +15,6 @@
 
 namespace test {
 
-struct NamedMutex {
-    const char* name;
-    boost::shared_mutex* mutex;
-};
-
-/// The fee center's locks, the stock-option tables' last.
-inline std::vector<NamedMutex> allMutexes(OpenFeeCenter& center) {
-    return {{"stock", &center.stockMutex},
-            {"credit", &center.creditMutex},
-            {"hgt", &center.hgtMutex},
-            {"sgt", &center.sgtMutex},
-            {"stkOption", &center.stkOptionMutex},
-            {"future", &center.futureMutex},
-            {"neeq", &center.neeqMutex},
-            {"stkOptionTable", &center.stkOptionTableMutex}};
-}
-
 /// Notes under which locks each host service and key function is called, as long as it lives.
 class LockWatch {
 public:
@@ -73,13 +56,25 @@ private:
 };
 
 /// Whether `work` gets through on a thread of its own while this thread holds what it holds. The time limit is reached
-/// only by work that waits for one of those locks; `release` must let it go on then.
-template <class Work, class Release>
-bool getsThrough(const Work& work, const Release& release) {
+/// only by work that waits for that; `rescue` is called then and must let it go on.
+template <class Work, class Rescue>
+bool getsThroughUnaided(const Work& work, const Rescue& rescue) {
     auto done = std::async(std::launch::async, work);
     const bool through = done.wait_for(std::chrono::seconds(60)) == std::future_status::ready;
-    release();
+    if (!through) {
+        rescue();
+    }
     done.get();
+    return through;
+}
+
+/// The same; `release` is called in any case, once.
+template <class Work, class Release>
+bool getsThrough(const Work& work, const Release& release) {
+    const bool through = getsThroughUnaided(work, release);
+    if (through) {
+        release();
+    }
     return through;
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "support/future_builders.h"
-#include "support/lock_watch.h"
+#include "support/lock_probe.h"
 #include "support/scene.h"
 
 // What every change must leave behind, whether it got through or not: whole tables, nothing lost, no lock held.

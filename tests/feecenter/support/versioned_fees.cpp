@@ -224,6 +224,11 @@ std::string VersionedFees::complaint(int oldest, int newest) const {
     return complaint(oldest, [newest] { return newest; });
 }
 
+int VersionedFees::lastVersion() const {
+    const auto& instrument = *instruments.back();
+    return versionOf(*center.getFee(accounts.back(), instrument.market, instrument.code)->stkRateLimit);
+}
+
 std::string VersionedFees::complaintAboutFees(const Account& account, int oldest,
                                               const std::function<int()>& newest) const {
     for (const auto& instrument : instruments) {

@@ -37,6 +37,9 @@ public:
     [[nodiscard]] std::string complaint(int oldest, const std::function<int()>& newest) const;
     [[nodiscard]] std::string complaint(int oldest, int newest) const;
 
+    /// The version of a fee of the account that post() changes last. Safe from any number of threads at once.
+    [[nodiscard]] int lastVersion() const;
+
 private:
     using Account = boost::shared_ptr<qmservice::CAccountInfo>;
     using Fee = boost::shared_ptr<qmservice::CInstrumentFee>;

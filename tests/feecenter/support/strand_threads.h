@@ -1,26 +1,27 @@
-#ifndef TESTS_HISTORIES_STRAND_THREADS_H
-#define TESTS_HISTORIES_STRAND_THREADS_H
+#ifndef TESTS_FEECENTER_SUPPORT_STRAND_THREADS_H
+#define TESTS_FEECENTER_SUPPORT_STRAND_THREADS_H
 
 #include <boost/asio/io_service.hpp>
+#include <functional>
 #include <memory>
 #include <thread>
 #include <vector>
 
-#include "histories/lock_pauses.h"
 #include "support/fake_host.h"
 
-namespace histories {
+namespace test {
 
-/// Runs the host's jobs on real threads until it goes, which is when all that were queued are done. The threads pause
-/// where they let a lock go.
+/// Runs the host's jobs on real threads until it goes, which is when all that were queued are done.
 class StrandThreads {
 public:
-    StrandThreads(test::FakeHost& host, int count)
+    /// Each thread calls `prepare` before it takes a job.
+    explicit StrandThreads(
+        FakeHost& host, int count = 1, const std::function<void()>& prepare = [] {})
         : work(std::make_unique<boost::asio::io_service::work>(host.service())) {
         host.service().restart();
         for (int i = 0; i < count; ++i) {
-            threads.emplace_back([&host] {
-                pauseAfterUnlocks();
+            threads.emplace_back([&host, prepare] {
+                prepare();
                 host.service().run();
             });
         }
@@ -39,6 +40,6 @@ private:
     std::vector<std::thread> threads;
 };
 
-}  // namespace histories
+}  // namespace test
 
-#endif  // TESTS_HISTORIES_STRAND_THREADS_H
+#endif  // TESTS_FEECENTER_SUPPORT_STRAND_THREADS_H
