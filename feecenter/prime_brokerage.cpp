@@ -20,7 +20,7 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getPbFullFee(uint64 accountKey, ui
 boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string& market, uint64 accountKey,
                                                               uint64 instrumentKey, int unitVolume) {
     if (isStockMarket(market)) {
-        const auto fee = getStockFee(accountKey, instrumentKey, unitVolume);  // neither of the two is ever empty
+        auto fee = getStockFee(accountKey, instrumentKey, unitVolume);  // neither of the two is ever empty
         fee->stkOptionFeeRate = getStkOptionFee(accountKey, instrumentKey)->stkOptionFeeRate;
         return fee;
     }
