@@ -20,13 +20,21 @@ GivenHistory parseHistory(const std::string& text) {
     return {*focus, *history};
 }
 
-std::uint64_t parseSeed(const std::string& text) {
+std::optional<std::uint64_t> wholeNumber(const std::string& text) {
     constexpr std::size_t kMostDigits = 18;
     if (text.empty() || text.size() > kMostDigits || text.find_first_not_of("0123456789") != std::string::npos) {
+        return std::nullopt;
+    }
+    return std::strtoull(text.c_str(), nullptr, 10);
+}
+
+std::uint64_t parseSeed(const std::string& text) {
+    const auto seed = wholeNumber(text);
+    if (!seed) {
         throw std::invalid_argument("FEECENTER_SEED is \"" + text +
                                     "\"; expected was a whole number of at most 18 digits");
     }
-    return std::strtoull(text.c_str(), nullptr, 10);
+    return *seed;
 }
 
 std::optional<GivenHistory> givenHistory() {

@@ -22,6 +22,9 @@ struct GivenHistory {
 /// "Futures:00ab." is a history of the focus that nameOf calls so.
 GivenHistory parseHistory(const std::string& text);
 
+/// A whole number of at most 18 digits; nothing when the text is not one.
+std::optional<std::uint64_t> wholeNumber(const std::string& text);
+
 /// A whole number.
 std::uint64_t parseSeed(const std::string& text);
 

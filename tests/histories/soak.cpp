@@ -7,6 +7,7 @@
 #include <iostream>
 #include <string>
 
+#include "histories/given.h"
 #include "histories/in_flight.h"
 #include "histories/random_histories.h"
 
@@ -28,15 +29,6 @@ bool parse(const std::string& text, double& number) {
     char* end = nullptr;
     number = std::strtod(text.c_str(), &end);
     return !text.empty() && *end == '\0';
-}
-
-bool parse(const std::string& text, std::uint64_t& number) {
-    constexpr std::size_t kMostDigits = 18;
-    if (text.empty() || text.size() > kMostDigits || text.find_first_not_of("0123456789") != std::string::npos) {
-        return false;
-    }
-    number = std::strtoull(text.c_str(), nullptr, 10);
-    return true;
 }
 
 /// What is run for as long as told.
@@ -92,13 +84,12 @@ int main(int count, char** arguments) {
     const bool flying = count > 1 && std::string(arguments[1]) == "--in-flight";
     const int first = flying ? 2 : 1;
     double minutes = 0;
-    std::uint64_t seed = 0;
-    if (count != first + 2 || !parse(arguments[first], minutes) || !parse(arguments[first + 1], seed) ||
-        !(minutes >= 0.01) || minutes > 100000) {
+    const auto seed = count > first + 1 ? wholeNumber(arguments[first + 1]) : std::nullopt;
+    if (count != first + 2 || !parse(arguments[first], minutes) || !seed || !(minutes >= 0.01) || minutes > 100000) {
         std::cerr << kUsage;
         return 2;
     }
     Totals totals;
     InFlightTotals inFlightTotals;
-    return soak(flying ? inFlight(inFlightTotals) : onOneThread(totals), minutes, seed);
+    return soak(flying ? inFlight(inFlightTotals) : onOneThread(totals), minutes, *seed);
 }
