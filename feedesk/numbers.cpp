@@ -15,12 +15,15 @@ struct Decimal {
     int pointPosition = 0;  // how many of the digits stand before the point; may be negative or beyond them
 };
 
-/// The shortest digits of a finite number.
+/// A decimal of so many digits survives a double, and the noise of a quotient does not reach the last of them.
+constexpr int kSignificantDigits = 15;
+
+/// A finite number that is not 0, rounded to the significant digits; zeros at their end are left out.
 Decimal decimalOf(double value) {
     std::array<char, 32> buffer{};
-    const char* end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value), std::chars_format::scientific)
-            .ptr;
+    const char* end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
+                                    std::chars_format::scientific, kSignificantDigits - 1)
+                          .ptr;
     Decimal decimal;
     decimal.negative = std::signbit(value);
     const char* next = buffer.data();
@@ -32,6 +35,7 @@ Decimal decimalOf(double value) {
     ++next;  // 'e'; from_chars reads no plus sign
     std::from_chars(*next == '+' ? next + 1 : next, end, decimal.pointPosition);
     ++decimal.pointPosition;
+    decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
     return decimal;
 }
 
@@ -46,7 +50,7 @@ std::string withPoint(const std::string& digits, int pointPosition) {
     return fmt::format("{}.{}", digits.substr(0, whole), digits.substr(whole));
 }
 
-/// `value` times ten to the power of `places`, exactly.
+/// plainNumber's text with the point moved by `places`.
 std::string shifted(double value, int places) {
     if (!std::isfinite(value)) {
         return fmt::format("{}", value);

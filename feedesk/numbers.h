@@ -9,8 +9,9 @@ namespace feedesk {
 
 // Free of the locale; safe from any thread.
 
-/// The shortest decimal text that reads back as `value`, without an exponent: "0.0000341". "nan", "inf" and "-inf" for
-/// what is no number.
+/// `value` rounded to 15 significant digits, as short as that is, without an exponent: "0.0000341". So a decimal of up
+/// to 15 digits is shown as it was written, and a quotient without its noise: 2.3 / 10000 is "0.00023". No sign at
+/// zero; "nan", "inf" and "-inf" for what is no number.
 std::string plainNumber(double value);
 
 /// A fraction as percent: "0.00341%" for 0.0000341. The point of plainNumber's text is moved, nothing is multiplied.

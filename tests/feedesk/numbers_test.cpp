@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
 
 namespace feedesk {
 namespace {
@@ -24,9 +25,24 @@ TEST(PlainNumber, HasNoMoreDigitsThanItNeeds) {
     EXPECT_EQ(plainNumber(123456.75), "123456.75");
 }
 
-TEST(PlainNumber, KeepsEveryDigitThatItNeeds) {
-    EXPECT_EQ(plainNumber(0.1 + 0.2), "0.30000000000000004");
-    EXPECT_EQ(plainNumber(-0.5), "-0.5");
+TEST(PlainNumber, KeepsFifteenDigits) {
+    EXPECT_EQ(plainNumber(0.123456789012345), "0.123456789012345");
+    EXPECT_EQ(plainNumber(-123456.789012345), "-123456.789012345");
+    EXPECT_EQ(plainNumber(9007199254740992), "9007199254740990");  // 2 to the power of 53 has sixteen
+}
+
+TEST(PlainNumber, RoundsTheNoiseOfArithmeticAway) {
+    EXPECT_EQ(plainNumber(0.1 + 0.2), "0.3");
+    EXPECT_EQ(plainNumber(2.3 / 10000), "0.00023");    // 0.00022999999999999998 to the last digit
+    EXPECT_EQ(plainNumber(-1.1 * 1.1), "-1.21");       // -1.2100000000000002
+    EXPECT_EQ(plainNumber(0.99999999999999989), "1");  // carries through every digit
+    EXPECT_EQ(plainNumber(99999999999999.99), "100000000000000");
+}
+
+TEST(PlainNumber, WritesTheLargestAndTheSmallestNumbersOut) {
+    // 1.7976931348623157e308 and 4.9406564584124654e-324.
+    EXPECT_EQ(plainNumber(std::numeric_limits<double>::max()), "179769313486232" + std::string(294, '0'));
+    EXPECT_EQ(plainNumber(std::numeric_limits<double>::denorm_min()), "0." + std::string(323, '0') + "494065645841247");
 }
 
 TEST(PlainNumber, HasNoSignAtZero) {
@@ -48,8 +64,13 @@ TEST(Percent, MovesThePointOfTheDecimalText) {
     EXPECT_EQ(percent(0.144), "14.4%");
     EXPECT_EQ(percent(0.5), "50%");
     EXPECT_EQ(percent(1), "100%");
+    EXPECT_EQ(percent(2.3 / 10000), "0.023%");
+    EXPECT_EQ(percent(1.005), "100.5%");
+    EXPECT_EQ(percent(12345), "1234500%");
     EXPECT_EQ(percent(-0.0001), "-0.01%");
     EXPECT_EQ(percent(0), "0%");
+    EXPECT_EQ(percent(-0.0), "0%");
+    EXPECT_EQ(percent(std::numeric_limits<double>::quiet_NaN()), "nan%");
 }
 
 TEST(Grouped, PutsACommaBetweenThousands) {
