@@ -5,7 +5,6 @@
 #include "feedesk/program.h"
 #include "feedesk/table.h"
 #include "feedesk/terminal.h"
-#include "feedesk/text.h"
 
 namespace feedesk {
 namespace {
@@ -24,7 +23,7 @@ std::string asTable(const Accounts& accounts) {
         const qmservice::CAccountInfo& info = *account.record;
         table.rows.push_back({{{info.accountId},
                                {accountKind(info.accountType).name},
-                               {singleLine(info.accountName)},
+                               {info.accountName},
                                {std::to_string(info.platformId)},
                                {grouped(account.fees.size())},
                                {grouped(account.customFees.size())}},

@@ -10,8 +10,11 @@ namespace feedesk {
 /// One JSON object on one line, its members in the order in which they are added.
 class JsonObject {
 public:
+    /// A byte that is not UTF-8 becomes the text that messages show for it, "\x9b": JSON has no way to hold it.
     JsonObject& text(const std::string& name, const std::string& value);
-    /// The shortest text that reads back as the number; null for what is no number.
+    /// An array.
+    JsonObject& texts(const std::string& name, const std::vector<std::string>& values);
+    /// As plainNumber shows it; null for what is no number.
     JsonObject& number(const std::string& name, double value);
     JsonObject& number(const std::string& name, std::size_t value);
     JsonObject& null(const std::string& name);

@@ -80,7 +80,7 @@ ExitStatus usage(const CLI::App& app, const CLI::ParseError& error) {
     std::ostringstream answer;
     std::ostringstream ignored;
     if (app.exit(error, answer, ignored) == 0) {
-        writeOutput(answer.str());
+        writeText(answer.str());
         return kAnswered;
     }
     throw Failure(kBadInput, usageProblem(app, error) + "; `feedesk --help` tells how to ask");
@@ -112,8 +112,10 @@ void addFormatOptions(CLI::App& command, Program& program) {
 void Program::answer(const std::string& text, const Session& opened) const {
     const std::string last = summary ? opened.summary() + "\n" : "";
     const bool belowAnswer = format == Format::kTable;
-    writeOutput(belowAnswer ? printable(text + last) : text);
-    if (!belowAnswer) {
+    if (belowAnswer) {
+        writeText(text + last);
+    } else {
+        writeData(text);
         tell(last);
     }
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <numeric>
+#include <utility>
 
 #include "feedesk/text.h"
 
@@ -12,6 +13,24 @@ namespace feedesk {
 namespace {
 
 constexpr std::size_t kGap = 2;
+
+Cell printableCell(Cell cell) {
+    std::transform(cell.begin(), cell.end(), cell.begin(), singleLine);
+    return cell;
+}
+
+Table printableTable(Table table) {
+    for (Column& column : table.columns) {
+        column.title = printableCell(std::move(column.title));
+    }
+    for (TableRow& row : table.rows) {
+        row.heading = singleLine(row.heading);
+        for (Cell& cell : row.cells) {
+            cell = printableCell(std::move(cell));
+        }
+    }
+    return table;
+}
 
 using Widths = std::vector<std::size_t>;
 using CellWidth = std::size_t (*)(const Cell&);
@@ -102,23 +121,32 @@ std::string placed(const std::string& text, const Column& column, std::size_t wi
 
 void trimEnd(std::string& text) { text.erase(text.find_last_not_of(' ') + 1); }
 
-/// One row, on as many lines as its highest cell needs; `atBottom` puts cells of fewer lines on the last ones.
-std::string rowText(const Table& table, const std::vector<Cell>& row, const Widths& widths, bool atBottom) {
+/// One row, as lines, as many as its highest cell needs; `atBottom` puts cells of fewer lines on the last ones.
+std::vector<std::string> rowLines(const Table& table, const std::vector<Cell>& row, const Widths& widths,
+                                  bool atBottom) {
     std::vector<std::vector<std::string>> cells;
     std::size_t height = 0;
     for (std::size_t i = 0; i < row.size(); ++i) {
         cells.push_back(fillLines(row[i], widths[i]));
         height = std::max(height, cells.back().size());
     }
-    std::string text;
+    std::vector<std::string> lines(height);
     for (std::size_t line = 0; line < height; ++line) {
         for (std::size_t i = 0; i < cells.size(); ++i) {
             const std::size_t above = atBottom ? height - cells[i].size() : 0;
             const bool filled = line >= above && line - above < cells[i].size();
-            text += placed(filled ? cells[i][line - above] : "", table.columns[i], widths[i]) + std::string(kGap, ' ');
+            lines[line] +=
+                placed(filled ? cells[i][line - above] : "", table.columns[i], widths[i]) + std::string(kGap, ' ');
         }
-        trimEnd(text);
-        text += '\n';
+        trimEnd(lines[line]);
+    }
+    return lines;
+}
+
+std::string rowText(const std::vector<std::string>& lines, bool isMarked) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += (isMarked ? marked(line) : line) + "\n";
     }
     return text;
 }
@@ -137,6 +165,7 @@ std::vector<std::string> upright(const TableRow& row) {
     std::transform(row.cells.begin(), row.cells.end(), std::back_inserter(texts), onOneLine);
     for (std::string& text : texts) {
         text.erase(0, text.find_first_not_of(' '));  // the indentation below a heading
+        text = row.marked && !text.empty() ? marked(text) : text;
     }
     return texts;
 }
@@ -166,7 +195,8 @@ std::string block(const std::vector<std::string>& names, const std::vector<Cell>
     for (std::size_t i = 0; i < names.size(); ++i) {
         std::string values;
         for (const Cell& row : rows) {
-            values += fmt::format("{:{}}{:<{}}", "", kGap, row[i], widthOfWidestPiece(row));
+            const std::size_t behind = widthOfWidestPiece(row) - displayWidth(row[i]);
+            values += std::string(kGap, ' ') + row[i] + std::string(behind, ' ');
         }
         const bool empty = values.find_first_not_of(' ') == std::string::npos;
         text += empty ? "" : entryText(names[i], titleWidth, values, width);
@@ -176,24 +206,26 @@ std::string block(const std::vector<std::string>& names, const std::vector<Cell>
 
 }  // namespace
 
-std::string columnsSideBySide(const Table& table, std::size_t width, Squeeze squeeze) {
+std::string columnsSideBySide(const Table& given, std::size_t width, Squeeze squeeze) {
+    const Table table = printableTable(given);
     const Widths widths = fit(table, width, squeeze);
     if (total(widths) > width) {
         return "";
     }
-    std::string text = rowText(table, titles(table), widths, true);
+    std::string text = rowText(rowLines(table, titles(table), widths, true), false);
     std::string heading;
     for (const TableRow& row : table.rows) {
         if (row.heading != heading) {
             heading = row.heading;
             text += shortened(heading, width) + "\n";
         }
-        text += rowText(table, row.cells, widths, false);
+        text += rowText(rowLines(table, row.cells, widths, false), row.marked);
     }
     return text;
 }
 
-std::string rowsSideBySide(const Table& table, std::size_t width) {
+std::string rowsSideBySide(const Table& given, std::size_t width) {
+    const Table table = printableTable(given);
     const std::vector<std::string> names = uprightTitles(table);
     std::string text;
     std::vector<Cell> together;

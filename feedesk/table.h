@@ -23,8 +23,10 @@ struct TableRow {
     std::vector<Cell> cells;  ///< as many as the table has columns
     /// What the row and its neighbours of the same heading belong to; empty: nothing is said.
     std::string heading;
+    bool marked = false;  ///< not to be overlooked: its texts are marked()
 };
 
+/// Its texts may be any text: they are laid out as singleLine() shows them.
 struct Table {
     std::vector<Column> columns;
     std::vector<TableRow> rows;

@@ -4,21 +4,26 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 #include <string_view>
-#include <utility>
 
 #include "feedesk/failure.h"
+#include "feedesk/text.h"
 
 namespace feedesk {
 namespace {
 
 constexpr std::size_t kUsualWidth = 80;
+constexpr std::size_t kAnyWidth = 1'000'000;  // wider than any table, and far from where sums of widths overflow
+constexpr std::string_view kBoldYellow = "\033[1;33m";
+constexpr std::string_view kPlain = "\033[0m";
 constexpr std::chrono::milliseconds kNoticeable{400};
 
 std::size_t widthOfEnvironment() {
@@ -34,6 +39,28 @@ std::size_t widthOfTerminal() {
     return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
+bool isSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+bool outputIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
+
+bool outputIsColoured() {
+    const char* terminal = std::getenv("TERM");
+    const bool obeysNothing = terminal != nullptr && std::string_view(terminal) == "dumb";
+    return outputIsTerminal() && !isSet("NO_COLOR") && !obeysNothing;
+}
+
+void write(std::string_view text) {
+    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    if (!written || std::fflush(stdout) != 0) {
+        throw Failure(kBadInput, fmt::format("the answer could not be written: {}", std::strerror(errno)));
+    }
+}
+
+void writeError(std::string_view text) noexcept { static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr)); }
+
 }  // namespace
 
 std::size_t outputWidth() {
@@ -42,19 +69,35 @@ std::size_t outputWidth() {
             return width;
         }
     }
-    return kUsualWidth;
+    return outputIsTerminal() ? kUsualWidth : kAnyWidth;
 }
 
-void writeOutput(const std::string& text) {
-    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-    if (!written || std::fflush(stdout) != 0) {
-        throw Failure(kBadInput, fmt::format("the answer could not be written: {}", std::strerror(errno)));
+std::string painted(std::string_view text, bool coloured) {
+    std::string out;
+    while (!text.empty()) {
+        const std::size_t length = std::min(text.find_first_of(kMarks), text.size());
+        out += printable(text.substr(0, length));
+        if (length < text.size() && coloured) {
+            out += text[length] == kMarks.front() ? kBoldYellow : kPlain;
+        }
+        text.remove_prefix(std::min(length + 1, text.size()));
+    }
+    return out;
+}
+
+void writeText(const std::string& text) { write(painted(text, outputIsColoured())); }
+
+void writeData(const std::string& text) { write(outputIsTerminal() ? printable(text) : text); }
+
+void tell(const std::string& text) noexcept {
+    try {
+        writeError(printable(text));
+    } catch (const std::bad_alloc&) {
+        writeError("feedesk: no memory is left to tell what is wrong\n");
     }
 }
 
-void tell(const std::string& text) noexcept { static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr)); }
-
-Progress::Progress(std::string whatHappens) : label(std::move(whatHappens)) {
+Progress::Progress(const std::string& whatHappens) : label(singleLine(whatHappens)) {
     if (isatty(STDERR_FILENO) != 0) {
         teller = std::thread([this] { tellWhatTakesLong(); });
     }
@@ -77,11 +120,11 @@ void Progress::tellWhatTakesLong() {
     bool told = false;
     while (!ended.wait_for(lock, kNoticeable, [this] { return over; })) {
         const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin;
-        tell(fmt::format("\r{} ... {:.0f} s", label, elapsed.count()));
+        writeError(fmt::format("\r{} ... {:.0f} s", label, elapsed.count()));
         told = true;
     }
     if (told) {
-        tell("\r\033[K");
+        writeError("\r\033[K");
     }
 }
 

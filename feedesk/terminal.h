@@ -5,24 +5,38 @@
 #include <cstddef>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <thread>
 
 namespace feedesk {
 
-/// Columns that a table may take: the environment's COLUMNS, else the terminal that standard output is, else 80.
+/// Columns that a table may take: the environment's COLUMNS, else the terminal that standard output is. Without both as
+/// many as it needs; 80 where a terminal does not say.
 std::size_t outputWidth();
 
-/// Writes everything to standard output. Throws Failure when it cannot be written.
-void writeOutput(const std::string& text);
+// Everything that the program writes goes through these: nothing else reaches a terminal, so that no text of an
+// argument, a path or a file is obeyed there.
 
-/// Writes to standard error. Whoever cannot be told there is not told.
+/// Writes a text for a person to standard output, its lines as printable() shows them. What is marked() is coloured
+/// when that is a terminal, unless the environment's NO_COLOR is set. Throws Failure when it cannot be written.
+void writeText(const std::string& text);
+
+/// Writes a text for a program to standard output: every byte as it is, or as printable() shows it when that is a
+/// terminal. Throws Failure when it cannot be written.
+void writeData(const std::string& text);
+
+/// Writes a text for a person to standard error, its lines as printable() shows them. Whoever cannot be told there is
+/// not told.
 void tell(const std::string& text) noexcept;
+
+/// What writeText writes.
+std::string painted(std::string_view text, bool coloured);
 
 /// While it lives and standard error is a terminal: after a moment, tells there what takes so long and for how long
 /// already; the line is wiped at the end.
 class Progress {
 public:
-    explicit Progress(std::string whatHappens);
+    explicit Progress(const std::string& whatHappens);
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
     ~Progress();

@@ -11,8 +11,6 @@
 namespace feedesk {
 namespace {
 
-using standalone::loader::unprintable;
-
 constexpr std::size_t kMostNearNames = 3;
 constexpr std::size_t kLongestCharacter = 4;  // bytes
 constexpr std::size_t kLongestEcho = 40;
@@ -25,16 +23,6 @@ std::string_view firstCharacter(std::string_view text) {
         ++length;
     }
     return text.substr(0, length);
-}
-
-std::string withSpaces(std::string_view text, std::string_view kept) {
-    std::string out;
-    while (!text.empty()) {
-        const std::size_t length = kept.find(text.front()) == std::string_view::npos ? unprintable(text) : 0;
-        out += length == 0 ? text.front() : ' ';
-        text.remove_prefix(std::max<std::size_t>(length, 1));
-    }
-    return out;
 }
 
 std::size_t lengthGap(const std::string& one, const std::string& other) {
@@ -58,16 +46,19 @@ std::size_t editDistance(const std::string& from, const std::string& to) {
 
 }  // namespace
 
+std::string marked(const std::string& text) { return kMarks.front() + text + kMarks.back(); }
+
 std::size_t displayWidth(std::string_view text) {
     // fmt knows the width of every character and tells it by how much it pads; no character is wider than its bytes.
     const std::size_t field = text.size() + 1;
     const std::size_t padding = fmt::formatted_size("{:<{}}", text, field) - text.size();
-    return field - padding;
+    const auto isMark = [](char c) { return kMarks.find(c) != std::string_view::npos; };
+    return field - padding - static_cast<std::size_t>(std::count_if(text.begin(), text.end(), isMark));
 }
 
 std::string shortened(std::string_view text, std::size_t width) {
     // A text of more bytes is too wide whatever it holds.
-    if (text.size() <= width * kLongestCharacter && displayWidth(text) <= width) {
+    if (text.size() / kLongestCharacter <= width && displayWidth(text) <= width) {
         return std::string(text);
     }
     std::string out;
@@ -83,9 +74,13 @@ std::string shortened(std::string_view text, std::size_t width) {
     return out + "…";
 }
 
-std::string singleLine(std::string_view text) { return withSpaces(text, ""); }
+std::string singleLine(std::string_view text) { return standalone::loader::printable(text); }
 
-std::string printable(std::string_view text) { return withSpaces(text, "\n"); }
+std::string printable(std::string_view text) {
+    return standalone::loader::replaceUnprintable(text, [](std::string_view character) {
+        return character == "\n" ? std::string(character) : singleLine(character);
+    });
+}
 
 std::string echoed(const std::string& text) {
     const bool plain =

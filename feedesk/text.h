@@ -8,13 +8,20 @@
 
 namespace feedesk {
 
+/// What marked() puts before and behind a text. No printable text holds them.
+constexpr std::string_view kMarks = "\x0E\x0F";
+
+/// `text` so that writeText() colours it. The marks take no room.
+std::string marked(const std::string& text);
+
 /// Columns that a UTF-8 text takes on a terminal; Chinese characters take two.
 std::size_t displayWidth(std::string_view text);
 
 /// `text` if it takes no more than `width` columns, otherwise its beginning and an ellipsis, together at most `width`.
 std::string shortened(std::string_view text, std::size_t width);
 
-/// `text` with a space for every character that a terminal obeys instead of showing it, so that it stays on its line.
+/// `text` as a terminal shows all of it, on one line: what the terminal would obey, and bytes that are not UTF-8, are
+/// escaped ("\n", "\x9b"). The answer is valid UTF-8 whatever the text is.
 std::string singleLine(std::string_view text);
 
 /// The same for every line of `text`: its line ends stay.

@@ -1,6 +1,7 @@
 #include "standalone/loader/words.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <numeric>
 
@@ -8,6 +9,7 @@ namespace standalone::loader {
 namespace {
 
 constexpr std::size_t kLongestQuote = 40;
+constexpr std::size_t kLongestCharacter = 4;   // bytes
 constexpr std::size_t kMostCandidates = 2000;  // a folder with many errors is to be told of them soon
 constexpr std::size_t kLongestName = 64;       // longer texts are not compared: nobody misspells them by two letters
 
@@ -18,7 +20,7 @@ char lower(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(by
 std::string_view shortened(std::string_view text) {
     if (text.size() <= kLongestQuote) return text;
     std::size_t end = kLongestQuote;
-    while (end > 0 && isContinuation(text[end])) --end;
+    while (end > kLongestQuote - kLongestCharacter && isContinuation(text[end])) --end;
     return text.substr(0, end);
 }
 
@@ -39,9 +41,47 @@ bool isWithin(char byte, unsigned char first, unsigned char last) {
     return code >= first && code <= last;
 }
 
-bool turnsDirection(std::string_view text) {
-    if (text.substr(0, 2) == "\xE2\x80") return isWithin(text[2], 0x8E, 0x8F) || isWithin(text[2], 0xA8, 0xAE);
-    return text.substr(0, 2) == "\xE2\x81" && isWithin(text[2], 0xA6, 0xA9);
+/// First bytes of a well-formed UTF-8 character: how many bytes follow from them, and what the second may be. That
+/// excludes longer forms of shorter characters, surrogates, and numbers past U+10FFFF.
+struct LeadBytes {
+    unsigned char first, last;
+    std::size_t length;
+    unsigned char secondFirst, secondLast;
+};
+
+constexpr std::array<LeadBytes, 8> kLeadBytes = {{{0xC2, 0xDF, 2, 0x80, 0xBF},
+                                                  {0xE0, 0xE0, 3, 0xA0, 0xBF},
+                                                  {0xE1, 0xEC, 3, 0x80, 0xBF},
+                                                  {0xED, 0xED, 3, 0x80, 0x9F},
+                                                  {0xEE, 0xEF, 3, 0x80, 0xBF},
+                                                  {0xF0, 0xF0, 4, 0x90, 0xBF},
+                                                  {0xF1, 0xF3, 4, 0x80, 0xBF},
+                                                  {0xF4, 0xF4, 4, 0x80, 0x8F}}};
+
+/// Bytes of the UTF-8 character that the text begins with; 0 when it begins with none.
+std::size_t characterLength(std::string_view text) {
+    if (isWithin(text[0], 0x00, 0x7F)) return 1;
+    const auto* const lead = std::find_if(kLeadBytes.begin(), kLeadBytes.end(), [&](const LeadBytes& bytes) {
+        return isWithin(text[0], bytes.first, bytes.last);
+    });
+    if (lead == kLeadBytes.end() || text.size() < lead->length) return 0;
+    const bool whole =
+        isWithin(text[1], lead->secondFirst, lead->secondLast) &&
+        std::all_of(text.begin() + 2, text.begin() + static_cast<std::ptrdiff_t>(lead->length), isContinuation);
+    return whole ? lead->length : 0;
+}
+
+bool turnsDirection(std::string_view character) {
+    if (character == "\xD8\x9C") return true;
+    if (character.substr(0, 2) == "\xE2\x80") {
+        return isWithin(character[2], 0x8E, 0x8F) || isWithin(character[2], 0xA8, 0xAE);
+    }
+    return character.substr(0, 2) == "\xE2\x81" && isWithin(character[2], 0xA6, 0xA9);
+}
+
+bool isControl(std::string_view character) {
+    return isWithin(character[0], 0x00, 0x1F) || character[0] == 0x7F ||
+           (character[0] == '\xC2' && isWithin(character[1], 0x80, 0x9F));
 }
 
 /// Insertions, deletions and replacements that make one text of the other; letter case does not count.
@@ -69,21 +109,18 @@ std::string inQuotes(std::string_view text) {
     return '"' + printable(shortened(text)) + (text.size() > kLongestQuote ? "...\"" : "\"");
 }
 
-std::string printable(std::string_view text) {
+std::string printable(std::string_view text) { return replaceUnprintable(text, escaped); }
+
+std::string replaceUnprintable(std::string_view text, const std::function<std::string(std::string_view)>& replacement) {
     std::string out;
-    for (std::string_view rest = text; !rest.empty();) {
-        const std::size_t length = unprintable(rest);
-        out += length == 0 ? std::string(1, rest.front()) : escaped(rest.substr(0, length));
-        rest.remove_prefix(std::max<std::size_t>(length, 1));
+    while (!text.empty()) {
+        const std::size_t length = characterLength(text);
+        const std::string_view character = text.substr(0, std::max<std::size_t>(length, 1));
+        const bool prints = length != 0 && !isControl(character) && !turnsDirection(character);
+        out += prints ? std::string(character) : replacement(character);
+        text.remove_prefix(character.size());
     }
     return out;
-}
-
-std::size_t unprintable(std::string_view text) {
-    if (text.empty()) return 0;
-    if (isWithin(text[0], 0x00, 0x1F) || text[0] == 0x7F) return 1;
-    if (text.size() >= 2 && text[0] == '\xC2' && isWithin(text[1], 0x80, 0x9F)) return 2;
-    return text.size() >= 3 && turnsDirection(text) ? 3 : 0;
 }
 
 std::string oneOf(const std::vector<std::string>& words, std::size_t most) {
@@ -125,11 +162,6 @@ std::size_t characters(std::string_view text) {
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return !isContinuation(c); }));
 }
 
-bool hasBlank(std::string_view text) {
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] == ' ' || unprintable(text.substr(at)) != 0) return true;
-    }
-    return false;
-}
+bool hasBlank(std::string_view text) { return text.find(' ') != std::string_view::npos || printable(text) != text; }
 
 }  // namespace standalone::loader

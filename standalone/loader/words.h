@@ -2,6 +2,7 @@
 #define STANDALONE_LOADER_WORDS_H
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,11 +11,15 @@
 
 namespace standalone::loader {
 
-/// The text in quotes, for a message: control characters escaped, and shortened when it is long. `text` is UTF-8.
+/// The text in quotes, for a message: escaped as by printable(), and shortened when it is long.
 std::string inQuotes(std::string_view text);
 
-/// The text with control characters escaped, so that it stays one line and a terminal shows all of it. `text` is UTF-8.
+/// The text as a terminal shows all of it, on one line and in valid UTF-8: "\n", "\t", and "\x9b" for each byte of
+/// another character that a terminal obeys instead of showing it, and for each byte that is not UTF-8.
 std::string printable(std::string_view text);
+
+/// The text with a `replacement` of its own for each of those characters and bytes.
+std::string replaceUnprintable(std::string_view text, const std::function<std::string(std::string_view)>& replacement);
 
 /// "a", "a or b", "a, b or c"; past `most` words the rest is counted: "a, b and 7 more".
 std::string oneOf(const std::vector<std::string>& words, std::size_t most = 20);
@@ -34,11 +39,7 @@ std::size_t characters(std::string_view text);
 /// A cell or text of more characters is refused.
 constexpr std::size_t kMostCharacters = 1000;
 
-/// How many bytes the character at the beginning of the text has when it is one that a terminal obeys instead of
-/// showing it: a control character, or one that changes the direction of writing. 0 for any other. `text` is UTF-8.
-std::size_t unprintable(std::string_view text);
-
-/// Whether the text holds a space or another character that does not print. `text` is UTF-8; bytes past ASCII print.
+/// Whether the text holds a space or something that printable() escapes.
 bool hasBlank(std::string_view text);
 
 }  // namespace standalone::loader

@@ -112,6 +112,18 @@ TEST_F(Fee, SimulationPlatformShowsTheExchangesFee) {
     EXPECT_THAT(out, HasSubstr("exchange fee"));
 }
 
+TEST_F(Fee, QuotientIsReadAsTheExchangeQuotesIt) {
+    // 2.3 ten-thousandths; the quotient is 0.00022999999999999998.
+    folder.write("instruments/all.csv",
+                 "market,code,name,lists,product,fee_type,open_fee\n"
+                 "SH,600000,p,stock,,,\nSHO,10001,o,option,,,\nHK,00700,h,hgt,,,\n"
+                 "SHFE,rb2610,r,futures,rb,per_turnover,2.3\nSHFE,au2612,a,futures,au,per_turnover,1\n"
+                 "SZ,000001,z,stock,,,\nSH,600519,m,stock,,,\n");
+    EXPECT_THAT(fee("F200 rb2610").out, HasSubstr(" 0.023%  "));
+    EXPECT_THAT(fee("F200 rb2610 --json").out, HasSubstr("\"open_by_money\":0.00023,"));
+    EXPECT_THAT(fee("F200 rb2610 --csv").out, HasSubstr(",0.00023,"));
+}
+
 TEST_F(Fee, EveryAccountFitsTheWidth) {
     for (const std::string question :
          {"S100 600519 SH:000001 SZ:000001", "F100 rb2610 au2612", "F200 rb2610", "F300 rb2610", "O100 10001",
@@ -221,13 +233,15 @@ TEST_F(Fee, KindsThatTradeEverythingHaveNoNote) {
     }
 }
 
-TEST_F(Fee, CharactersThatTheTerminalObeysAreShownAsSpaces) {
+TEST_F(Fee, CharactersThatTheTerminalObeysAreEscaped) {
     folder.write("accounts.csv",
                  "account,name,kind\nS100,a\xC2\x9B"
                  "31m\xE2\x80\xAE"
                  "b\x1B[0m,stock\nF100,f,futures\n"
                  "F300,f,futures\nF400,f,futures\nO100,o,option\nH100,h,hgt\n");
-    EXPECT_THAT(fee("S100 SH:600519").out, testing::StartsWith("Account S100 (stock) a 31m b [0m\n"));
+    EXPECT_THAT(fee("S100 SH:600519").out,
+                testing::StartsWith("Account S100 (stock) a\\xc2\\x9b31m\\xe2\\x80\\xaeb\\x1b[0m\n"));
+    EXPECT_THAT(ask(folder.path(), "accounts").out, HasSubstr("  a\\xc2\\x9b31m\\xe2\\x80\\xaeb\\x1b[0m  "));
     EXPECT_THAT(ask(folder.path(), "accounts --json").out, HasSubstr("\"a\\u009b31m\\u202eb\\u001b[0m\""));
 }
 

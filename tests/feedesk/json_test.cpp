@@ -16,6 +16,15 @@ TEST(JsonObject, EscapesQuotesAndControlCharactersAndKeepsOtherText) {
     EXPECT_EQ(JsonObject().text("n", "贵\"\\\n\x01").str(), R"({"n":"贵\"\\\n\u0001"})");
 }
 
+TEST(JsonObject, IsUtf8WhateverTheTextIs) {
+    EXPECT_EQ(JsonObject()
+                  .text("n",
+                        "a\x9B"
+                        "31m茅\xE8\x8C\xC2\x9B")
+                  .str(),
+              R"({"n":"a\\x9b31m茅\\xe8\\x8c\u009b"})");
+}
+
 TEST(JsonObject, HoldsObjects) {
     EXPECT_EQ(JsonObject().object("o", JsonObject().number("n", std::size_t{3})).str(), R"({"o":{"n":3}})");
 }

@@ -51,11 +51,11 @@ TEST(ShowAsTables, ShowsEveryRateWhereAllAreZeroAndNoneIsNamed) {
                           "SH:1        One       0      0  built-in default\n"));
 }
 
-TEST(ShowAsTables, PutsASpaceForAControlCharacterInATitle) {
+TEST(ShowAsTables, EscapesAControlCharacterInATitle) {
     EXPECT_THAT(table({rate("F\xE2\x80\xAE"
                             "e\ne",
                             "fee", 0.01)}),
-                HasSubstr("Name  F e e  Level"));
+                HasSubstr("Name  F\\xe2\\x80\\xaee\\ne  Level"));
 }
 
 }  // namespace

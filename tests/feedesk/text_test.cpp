@@ -16,6 +16,8 @@ TEST(DisplayWidth, CountsChineseCharactersTwice) {
     EXPECT_EQ(displayWidth("50ETF购12月"), 11U);
 }
 
+TEST(DisplayWidth, CountsNoMark) { EXPECT_EQ(displayWidth(marked("贵州茅台")), 8U); }
+
 TEST(Shortened, LeavesWhatFits) { EXPECT_EQ(shortened("贵州茅台", 8), "贵州茅台"); }
 
 TEST(Shortened, EndsInAnEllipsisWithinTheWidth) {
@@ -24,35 +26,37 @@ TEST(Shortened, EndsInAnEllipsisWithinTheWidth) {
     EXPECT_EQ(shortened("abcdef", 4), "abc…");
 }
 
-TEST(SingleLine, PutsSpacesForControlCharacters) { EXPECT_EQ(singleLine("a\tb\nc\x7f茅"), "a b c 茅"); }
+TEST(SingleLine, EscapesWhatATerminalObeysAndWhatIsNotUtf8) {
+    EXPECT_EQ(singleLine("a\tb\nc\x7f茅\x9B"
+                         "31m"),
+              "a\\tb\\nc\\x7f茅\\x9b31m");
+}
 
 TEST(Shortened, TakesNoLongerForALongText) {
     // A search that measured the rest anew for each character would take minutes.
     EXPECT_EQ(shortened(std::string(10'000'000, 'x'), 4), "xxx…");
 }
 
-TEST(SingleLine, PutsOneSpaceForEachCharacterThatTurnsTheDirection) {
-    EXPECT_EQ(singleLine("a\xC2\x80"
-                         "b\xC2\x9F"
-                         "c\xE2\x80\x8E"
+TEST(SingleLine, EscapesWhatTurnsTheDirectionAndLeavesItsNeighbours) {
+    EXPECT_EQ(singleLine("\xE2\x80\x8E"
                          "d\xE2\x80\xAE"
                          "e\xE2\x81\xA6"
                          "f\xE2\x81\xA9g"),
-              "a b c d e f g");
-}
-
-TEST(SingleLine, LeavesTheNeighboursOfThoseCharacters) {
+              "\\xe2\\x80\\x8ed\\xe2\\x80\\xaee\\xe2\\x81\\xa6f\\xe2\\x81\\xa9g");
     const std::string text = "\xC2\xA0\xE2\x80\x8D\xE2\x80\xA6\xE2\x81\xA5…茅";
     EXPECT_EQ(singleLine(text), text);
 }
 
-TEST(Printable, KeepsLineEnds) { EXPECT_EQ(printable("a\tb\nc\xC2\x85"), "a b\nc "); }
+TEST(Printable, KeepsLineEnds) { EXPECT_EQ(printable("a\tb\nc\xC2\x85\x9B"), "a\\tb\nc\\xc2\\x85\\x9b"); }
 
 TEST(Echoed, IsPlainTextAsItIs) { EXPECT_EQ(echoed("SH:600519 茅台"), "SH:600519 茅台"); }
 
 TEST(Echoed, IsQuotedWhereItCouldNotBeRead) {
     EXPECT_EQ(echoed(""), "\"\"");
     EXPECT_EQ(echoed("a\nb\x1B"), "\"a\\nb\\x1b\"");
+    EXPECT_EQ(echoed("\x9B"
+                     "31m"),
+              "\"\\x9b31m\"");
     EXPECT_EQ(echoed(std::string(41, 'x')), "\"" + std::string(40, 'x') + "...\"");
 }
 
