@@ -106,7 +106,7 @@ private:
 
     void addMargin(std::size_t slot, const boost::shared_ptr<CMarginRateDetail>& detail,
                    const boost::shared_ptr<CMarginRateDetail>& dyed) {
-        FeeLine& line = add("margin", tracer.origin(dyed));
+        FeeLine& line = add(kMarginPart, tracer.origin(dyed));
         // A slot that is not set stands where its hedge flag belongs.
         const auto flag = detail ? detail->hedgeFlag : static_cast<std::int32_t>('1' + slot);
         line.item = std::string(1, static_cast<char>(flag));
@@ -135,6 +135,10 @@ std::string stockFamily(const CInstrumentFee& fee) {
 }
 
 }  // namespace
+
+bool isZero(const TitledRates& titled) {
+    return std::all_of(titled.rates.begin(), titled.rates.end(), [](const Rate& rate) { return rate.value == 0; });
+}
 
 Answer makeAnswer(const CInstrumentFee& fee, const CInstrumentFee& dyed, const Tracer& tracer,
                   const standalone::Market& market) {

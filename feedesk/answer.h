@@ -30,6 +30,12 @@ struct TitledRates {
     std::vector<Rate> rates;
 };
 
+/// Whether nothing is charged under this title.
+bool isZero(const TitledRates& titled);
+
+/// FeeLine::part of a margin.
+constexpr const char* kMarginPart = "margin";
+
 /// The rates that one record of an answer holds. The same shape for every family, so that whoever shows answers knows
 /// no family.
 struct FeeLine {

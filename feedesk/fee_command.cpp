@@ -1,12 +1,8 @@
-#include <fmt/format.h>
-
 #include <memory>
 
 #include "feedesk/account_kinds.h"
 #include "feedesk/fee_output.h"
 #include "feedesk/program.h"
-#include "feedesk/terminal.h"
-#include "feedesk/text.h"
 #include "feedesk/unlisted.h"
 
 namespace feedesk {
@@ -37,31 +33,18 @@ std::vector<Question> questions(const FeeArguments& arguments, const Session& se
     return found;
 }
 
-/// What belongs below a table; beside the other forms it is told on standard error.
-std::string tellNotes(const Program& program, const std::vector<std::string>& notes) {
-    std::string below;
-    for (const std::string& note : notes) {
-        if (program.format == Format::kTable) {
-            below += fmt::format("{}\n", fmt::join(fillLines(words(singleLine(note)), outputWidth()), "\n"));
-        } else {
-            tellProblem(note);
-        }
-    }
-    return below.empty() ? "" : "\n" + below;
-}
-
 ExitStatus fee(const Program& program, const FeeArguments& arguments) {
     Session session(program.session);
     const standalone::Account& account = session.account(arguments.account);
     const std::vector<Question> asked = questions(arguments, session, account);
     const Replies replies = asked.empty() ? Replies() : session.fees(account, asked);
     tellUnanswered(replies, account);
+    ExitStatus status = kAnswered;
     if (!replies.answers.empty()) {
         const std::vector<std::string> notes = unlistedNotes(account, replies.answers, session.market());
-        const std::string below = tellNotes(program, notes);
-        program.answer(feeOutput(program, session, account, replies.answers) + below, session);
+        status = tellFees(program, session, account, replies.answers, notes);
     }
-    return replies.answers.size() == arguments.instruments.size() ? kAnswered : kNoAnswer;
+    return replies.answers.size() == arguments.instruments.size() ? status : kNoAnswer;
 }
 
 }  // namespace
@@ -75,7 +58,7 @@ void addFee(CLI::App& app, Program& program) {
                      "SH:600519, 600519.SH, or the code\nalone when one market has it")
         ->required()
         ->type_name("");
-    addFormatOptions(*command, program);
+    addFeeOptions(*command, program);
     command->callback([&program, arguments] { program.command = [=, &program] { return fee(program, *arguments); }; });
 }
 

@@ -9,9 +9,13 @@
 
 namespace feedesk {
 
-/// An account's answers in the form that the command line asks for.
-std::string feeOutput(const Program& program, const Session& session, const standalone::Account& account,
-                      const std::vector<Answer>& answers);
+/// Adds --json, --csv and --strict to a command.
+void addFeeOptions(CLI::App& command, Program& program);
+
+/// Answers with an account's answers in the form that the command line asks for, then with the notes and how many
+/// answers are marked: below a table, else on standard error. No answer when --strict is asked for and one is marked.
+ExitStatus tellFees(const Program& program, const Session& session, const standalone::Account& account,
+                    const std::vector<Answer>& answers, const std::vector<std::string>& notes = {});
 
 /// Names the questions that have no answer on standard error.
 void tellUnanswered(const Replies& replies, const standalone::Account& account);

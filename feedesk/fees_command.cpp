@@ -108,8 +108,8 @@ ExitStatus fees(const Program& program, const FeesArguments& given) {
     if (answers.empty()) {
         throw Failure(kNoAnswer, whyNoneWanted(arguments, listed->answers));
     }
-    program.answer(feeOutput(program, session, account, answers), session);
-    return listed->unanswered.empty() ? kAnswered : kNoAnswer;
+    const ExitStatus status = tellFees(program, session, account, answers);
+    return listed->unanswered.empty() ? status : kNoAnswer;
 }
 
 }  // namespace
@@ -123,7 +123,7 @@ void addFees(CLI::App& app, Program& program) {
         ->allow_extra_args(false);
     command->add_option("--match", arguments->pattern, "Only codes or names like this; * is any text")
         ->type_name("PATTERN");
-    addFormatOptions(*command, program);
+    addFeeOptions(*command, program);
     command->callback([&program, arguments] { program.command = [=, &program] { return fees(program, *arguments); }; });
 }
 

@@ -17,6 +17,7 @@ struct Program {
     SessionOptions session;
     bool summary = false;
     Format format = Format::kTable;
+    bool strict = false;  ///< whether a marked answer counts as none
     std::function<ExitStatus()>
         command;  ///< what to do once the whole command line is read; set by the one that is named
 

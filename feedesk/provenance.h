@@ -1,6 +1,7 @@
 #ifndef FEEDESK_PROVENANCE_H
 #define FEEDESK_PROVENANCE_H
 
+#include <array>
 #include <boost/shared_ptr.hpp>
 #include <optional>
 #include <set>
@@ -12,7 +13,7 @@
 
 namespace feedesk {
 
-/// Which kind of input a rate came from.
+/// Which kind of input a rate came from; the most certain first.
 enum class Level {
     kOwnRecord,        ///< a fee record of the account
     kCustomFee,        ///< a custom fee of the account
@@ -21,6 +22,10 @@ enum class Level {
     kBuiltInDefault,   ///< no input at all
     kNotSet            ///< there is no rate
 };
+
+/// In that order.
+constexpr std::array<Level, 6> kLevels = {Level::kOwnRecord,   Level::kCustomFee,      Level::kConfiguredLimit,
+                                          Level::kExchangeFee, Level::kBuiltInDefault, Level::kNotSet};
 
 /// "own record", "custom fee" and so on.
 std::string levelName(Level level);

@@ -1,9 +1,12 @@
 // JSON and CSV: one row for each line of the answers.
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "feedesk/account_kinds.h"
 #include "feedesk/csv.h"
 #include "feedesk/json.h"
+#include "feedesk/marks.h"
 #include "feedesk/numbers.h"
 #include "feedesk/show.h"
 
@@ -26,6 +29,13 @@ void forEachLine(const std::vector<Answer>& answers, const Visit& visit) {
     }
 }
 
+std::vector<std::string> markNames(const FeeLine& line) {
+    const std::vector<Mark> marks = marksOf(line);
+    std::vector<std::string> names(marks.size());
+    std::transform(marks.begin(), marks.end(), names.begin(), markName);
+    return names;
+}
+
 JsonObject jsonLine(const Answer& answer, const FeeLine& line, const standalone::Market& market) {
     JsonObject object;
     object.text("account", answer.account->accountId);
@@ -37,6 +47,7 @@ JsonObject jsonLine(const Answer& answer, const FeeLine& line, const standalone:
     object.text("part", line.part).text("item", line.item).text("level", levelName(line.origin.level));
     const std::string source = sourceText(line.origin, market);
     source.empty() ? object.null("source") : object.text("source", source);
+    object.texts("marks", markNames(line));
     JsonObject rates;
     forEachRate(line, [&](const Rate& rate) { rates.number(rate.column, rate.value); });
     return object.object("rates", rates);
@@ -65,7 +76,8 @@ std::vector<std::string> csvCells(const Answer& answer, const FeeLine& line, con
                                       line.part,
                                       line.item,
                                       levelName(line.origin.level),
-                                      sourceText(line.origin, market)};
+                                      sourceText(line.origin, market),
+                                      fmt::format("{}", fmt::join(markNames(line), " "))};
     const std::size_t first = cells.size();
     cells.resize(first + columns.size());
     forEachRate(line, [&](const Rate& rate) {
@@ -90,7 +102,8 @@ std::string showAsJson(const std::vector<Answer>& answers, const standalone::Mar
 
 std::string showAsCsv(const std::vector<Answer>& answers, const standalone::Market& market) {
     const std::vector<std::string> columns = rateColumns(answers);
-    std::vector<std::string> header = {"account", "kind", "market", "code", "name", "part", "item", "level", "source"};
+    std::vector<std::string> header = {"account", "kind", "market", "code",   "name",
+                                       "part",    "item", "level",  "source", "marks"};
     header.insert(header.end(), columns.begin(), columns.end());
     std::string text = csvLine(header);
     forEachLine(answers, [&](const Answer& answer, const FeeLine& line) {

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "feedesk/instrument_names.h"
+#include "feedesk/marks.h"
 #include "feedesk/numbers.h"
 #include "feedesk/show.h"
 #include "feedesk/table.h"
@@ -50,10 +51,6 @@ std::string rateText(const Rate& rate) {
             break;
     }
     return plainNumber(rate.value);
-}
-
-bool isZero(const TitledRates& titled) {
-    return std::all_of(titled.rates.begin(), titled.rates.end(), [](const Rate& rate) { return rate.value == 0; });
 }
 
 /// "0.01%", "+ 3 yuan": what is 0 is left out, all but one 0.
@@ -206,7 +203,8 @@ private:
         }
         for (const Row& row : rows) {
             made.rows.push_back(tableRow(row, !title.items.empty()));
-            addOrigin(made.rows.back().cells, row.line->origin, withSources, notes);
+            made.rows.back().marked = !marksOf(*row.line).empty();
+            addOrigin(made.rows.back().cells, *row.line, withSources, notes);
         }
         return made;
     }
@@ -218,13 +216,12 @@ private:
 
     [[nodiscard]] TableRow tableRow(const Row& row, bool isItem) const {
         const qmservice::CInstrument& instrument = *row.answer->instrument;
-        const std::string name = singleLine(instrument.name);
         TableRow made;
         if (isItem) {
-            made.heading = fmt::format("{} {}", instrumentText(instrument.market, instrument.code), name);
+            made.heading = fmt::format("{} {}", instrumentText(instrument.market, instrument.code), instrument.name);
             made.cells = {{"  " + row.line->label}};
         } else {
-            made.cells = {{instrumentText(instrument.market, instrument.code)}, {name}};
+            made.cells = {{instrumentText(instrument.market, instrument.code)}, {instrument.name}};
         }
         for (const RateColumn& shown : columns.shown()) {
             made.cells.push_back(cell(*row.line, shown.key));
@@ -232,9 +229,9 @@ private:
         return made;
     }
 
-    void addOrigin(std::vector<Cell>& cells, const Origin& origin, bool withSources, Notes* notes) const {
-        const std::string source = sourceText(origin, market);
-        cells.push_back({levelName(origin.level)});
+    void addOrigin(std::vector<Cell>& cells, const FeeLine& line, bool withSources, Notes* notes) const {
+        const std::string source = sourceText(line.origin, market);
+        cells.push_back(levelPieces(line));
         if (notes != nullptr && !source.empty()) {
             cells.back().push_back(notes->mark(source));
         }
