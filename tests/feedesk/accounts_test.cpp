@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
 
@@ -34,6 +36,43 @@ TEST(Accounts, AreObjectsInJson) {
     EXPECT_THAT(ask(folder.path(), "accounts --json").out,
                 HasSubstr(R"({"account":"F200","kind":"futures","name":"模拟户","platform":9001,"fee_records":0,)"
                           R"("custom_fees":0})"));
+}
+
+TEST(Accounts, TellHowManyInstrumentsAreAnsweredOnEachLevel) {
+    const MarketFolder folder;
+    const std::vector<std::string> csv = lines(ask(folder.path(), "accounts --levels --csv").out);
+    ASSERT_EQ(csv.size(), 13U);
+    EXPECT_EQ(csv[0],
+              "account,kind,name,platform,fee_records,custom_fees,instruments,own_record,custom_fee,configured_limit,"
+              "exchange_fee,built_in_default,not_set");
+    const std::vector<std::pair<std::string, std::string>> rows = {
+        {"S100", "5,2,1,1,0,1,0"}, {"S200", "5,0,0,1,0,4,0"}, {"F100", "2,1,0,0,0,1,0"},
+        {"F200", "2,0,0,0,0,2,0"},  // the exchange's commission, but the built-in margins
+        {"F300", "2,0,0,0,0,0,2"},  // a custom margin, but no commission
+        {"O100", "1,0,1,0,0,0,0"}, {"O200", "1,0,0,0,0,1,0"}, {"H100", "1,1,0,0,0,0,0"},
+        {"H200", "1,0,0,1,0,0,0"}, {"P100", "9,0,0,0,0,9,0"},  // trades everything
+        {"W100", "9,0,0,1,0,8,0"},                             // the same
+        {"F400", "2,0,0,0,0,0,2"},
+    };
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        EXPECT_THAT(csv[i + 1], testing::StartsWith(rows[i].first + ","));
+        EXPECT_THAT(csv[i + 1], testing::EndsWith("," + rows[i].second));
+    }
+}
+
+TEST(Accounts, TellLevelsInJson) {
+    const MarketFolder folder;
+    EXPECT_THAT(ask(folder.path(), "accounts --levels --json").out,
+                HasSubstr(R"("platform":0,"fee_records":4,"custom_fees":1,"instruments":5,"own_record":2,)"
+                          R"("custom_fee":1,"configured_limit":1,"exchange_fee":0,"built_in_default":1,"not_set":0})"));
+}
+
+TEST(Accounts, TellLevelsInATableOfOneLineEach) {
+    const MarketFolder folder;
+    const Outcome outcome = ask(folder.path(), "accounts --levels");
+    EXPECT_LE(widestLine(outcome.out), 80U);
+    EXPECT_EQ(lines(outcome.out).size(), 14U) << outcome.out;
+    EXPECT_THAT(outcome.out, testing::ContainsRegex("\nS100     stock +5 +2 +1 +1 +0 +1 +0\n"));
 }
 
 }  // namespace

@@ -94,9 +94,9 @@ TEST_F(Fee, TableAddsTheTwoPartsOfACommission) {
 TEST_F(Fee, TableSaysWhatIsNotSet) {
     EXPECT_THAT(fee("F300 rb2610").out, HasSubstr("Hedge flag     Long  Short  Level       Source\n"
                                                   "SHFE:rb2610 螺纹钢2610\n"
-                                                  "  speculation     -      -  not set\n"
+                                                  "  speculation     -      -  NOT SET\n"
                                                   "  arbitrage     12%    13%  custom fee  custom/margin.csv:2\n"
-                                                  "  hedging         -      -  not set\n"));
+                                                  "  hedging         -      -  NOT SET\n"));
 }
 
 TEST_F(Fee, TableShowsTheItemsOfAnOption) {
@@ -176,9 +176,9 @@ TEST_F(Fee, JsonHasOneObjectForEachRecordOfAFuture) {
 
 TEST_F(Fee, CsvHasOneLineForEachItem) {
     EXPECT_EQ(fee("O100 10001 --csv").out,
-              "account,kind,market,code,name,part,item,level,source,handling_fee,fee2,fee3,fee4,fee5,base_rate\n"
-              "O100,option,SHO,10001,50ETF购12月2500,option,000,custom fee,custom/option.csv:2,1.3,0,0,0,0,0\n"
-              "O100,option,SHO,10001,50ETF购12月2500,option,0D,custom fee,custom/option.csv:3,0,0,0,0,0,0\n");
+              "account,kind,market,code,name,part,item,level,source,marks,handling_fee,fee2,fee3,fee4,fee5,base_rate\n"
+              "O100,option,SHO,10001,50ETF购12月2500,option,000,custom fee,custom/option.csv:2,,1.3,0,0,0,0,0\n"
+              "O100,option,SHO,10001,50ETF购12月2500,option,0D,custom fee,custom/option.csv:3,,0,0,0,0,0,0\n");
 }
 
 TEST_F(Fee, CsvQuotesNames) {
@@ -188,7 +188,7 @@ TEST_F(Fee, CsvQuotesNames) {
 TEST_F(Fee, ConnectAccountTakesTheChannelsName) {
     const Outcome outcome = fee("H100 HGT:00700 --csv");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.out, HasSubstr("H100,hgt,HK,00700,腾讯控股,hgt,,own record,fees/hgt.csv:2,0.0003,"));
+    EXPECT_THAT(outcome.out, HasSubstr("H100,hgt,HK,00700,腾讯控股,hgt,,own record,fees/hgt.csv:2,,0.0003,"));
 }
 
 TEST_F(Fee, UnknownInstrumentHasNoAnswer) {
@@ -221,7 +221,8 @@ TEST_F(Fee, NoteStaysOutOfAnAnswerForPrograms) {
         EXPECT_THAT(outcome.out, Not(HasSubstr("in no list")));
         EXPECT_EQ(outcome.err,
                   "feedesk: HK:00700 is in no list of stock instruments; the fee center answers all the same, with "
-                  "built-in default\n");
+                  "built-in default\n"
+                  "feedesk: 1 of 2 instruments answered with the built-in default\n");
     }
 }
 

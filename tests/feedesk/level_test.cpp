@@ -15,7 +15,7 @@ protected:
     std::string level(const std::string& account, const std::string& instrument, const std::string& part,
                       const std::string& item = "") const {
         const Outcome outcome = ask(folder.path(), "fee " + account + " " + instrument + " --csv");
-        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(outcome.status, 0);
         const std::string middle = "," + part + "," + item + ",";
         for (const std::string& line : lines(outcome.out)) {
             const std::size_t at = line.find(middle);

@@ -1,9 +1,11 @@
 #include "tests/feedesk/support/program.h"
 
+#include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -70,6 +72,30 @@ Outcome runProgram(const std::string& arguments, const std::string& environment)
 
 Outcome ask(const std::string& folder, const std::string& arguments, const std::string& environment) {
     return runProgram("--market " + folder + " " + arguments, environment);
+}
+
+std::string onTerminal(const std::string& folder, const std::string& arguments, int columns,
+                       const std::string& environment) {
+    const std::string command = "unset FEEDESK_MARKET COLUMNS NO_COLOR TERM; " + environment +
+                                " " FEEDESK_PROGRAM " --market " + folder + " " + arguments;
+    winsize size{};
+    size.ws_col = static_cast<unsigned short>(columns);
+    int terminal = -1;
+    const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
+    if (child == 0) {
+        execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+        _exit(127);
+    }
+    std::string told;
+    std::array<char, 4096> block{};
+    for (ssize_t count = 1; count > 0;) {  // the end is an error: nobody holds the other side any more
+        count = read(terminal, block.data(), block.size());
+        told.append(block.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    }
+    close(terminal);
+    waitpid(child, nullptr, 0);
+    told.erase(std::remove(told.begin(), told.end(), '\r'), told.end());
+    return told;
 }
 
 std::vector<std::string> lines(const std::string& text) {

@@ -21,6 +21,11 @@ Outcome runProgram(const std::string& arguments, const std::string& environment 
 /// The same on a market folder of the tests.
 Outcome ask(const std::string& folder, const std::string& arguments, const std::string& environment = "");
 
+/// What a terminal of `columns` columns is told when it is standard output and standard error of such a run. COLUMNS,
+/// NO_COLOR and TERM are not set unless `environment` sets them.
+std::string onTerminal(const std::string& folder, const std::string& arguments, int columns,
+                       const std::string& environment = "");
+
 std::vector<std::string> lines(const std::string& text);
 
 /// How many columns of a terminal the widest line takes; counted apart from the program's own way.
