@@ -206,27 +206,27 @@ std::string block(const std::vector<std::string>& names, const std::vector<Cell>
 
 }  // namespace
 
-std::string columnsSideBySide(const Table& given, std::size_t width, Squeeze squeeze) {
-    const Table table = printableTable(given);
-    const Widths widths = fit(table, width, squeeze);
+std::string columnsSideBySide(const Table& table, std::size_t width, Squeeze squeeze) {
+    const Table shown = printableTable(table);
+    const Widths widths = fit(shown, width, squeeze);
     if (total(widths) > width) {
         return "";
     }
-    std::string text = rowText(rowLines(table, titles(table), widths, true), false);
+    std::string text = rowText(rowLines(shown, titles(shown), widths, true), false);
     std::string heading;
-    for (const TableRow& row : table.rows) {
+    for (const TableRow& row : shown.rows) {
         if (row.heading != heading) {
             heading = row.heading;
             text += shortened(heading, width) + "\n";
         }
-        text += rowText(rowLines(table, row.cells, widths, false), row.marked);
+        text += rowText(rowLines(shown, row.cells, widths, false), row.marked);
     }
     return text;
 }
 
-std::string rowsSideBySide(const Table& given, std::size_t width) {
-    const Table table = printableTable(given);
-    const std::vector<std::string> names = uprightTitles(table);
+std::string rowsSideBySide(const Table& table, std::size_t width) {
+    const Table shown = printableTable(table);
+    const std::vector<std::string> names = uprightTitles(shown);
     std::string text;
     std::vector<Cell> together;
     std::size_t used = widthOfWidestPiece(names);
@@ -235,7 +235,7 @@ std::string rowsSideBySide(const Table& given, std::size_t width) {
         together.clear();
         used = widthOfWidestPiece(names);
     };
-    for (const TableRow& row : table.rows) {
+    for (const TableRow& row : shown.rows) {
         const Cell texts = upright(row);
         if (!together.empty() && used + kGap + widthOfWidestPiece(texts) > width) {
             finish();
