@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t kUsualWidth = 80;
 constexpr std::size_t kAnyWidth = 1'000'000;  // wider than any table, and far from where sums of widths overflow
-constexpr std::string_view kBoldYellow = "\033[1;33m";
+constexpr std::string_view kBoldRed = "\033[1;31m";
 constexpr std::string_view kPlain = "\033[0m";
 constexpr std::chrono::milliseconds kNoticeable{400};
 
@@ -78,7 +78,7 @@ std::string painted(std::string_view text, bool coloured) {
         const std::size_t length = std::min(text.find_first_of(kMarks), text.size());
         out += printable(text.substr(0, length));
         if (length < text.size() && coloured) {
-            out += text[length] == kMarks.front() ? kBoldYellow : kPlain;
+            out += text[length] == kMarks.front() ? kBoldRed : kPlain;
         }
         text.remove_prefix(std::min(length + 1, text.size()));
     }

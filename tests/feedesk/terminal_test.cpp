@@ -75,14 +75,14 @@ TEST(Output, IsColouredOnATerminalWhereItIsMarked) {
     const std::vector<std::string> shown = lines(told);
     ASSERT_EQ(shown.size(), 9U) << told;
     EXPECT_THAT(shown[4], testing::MatchesRegex("SH:600519 .* own record +fees/stock.csv:2"));
-    EXPECT_THAT(shown[5], testing::MatchesRegex("\x1B\\[1;33mSH:000001 .* BUILT-IN DEFAULT\x1B\\[0m"));
-    EXPECT_EQ(shown[8], "\x1B[1;33m1 of 2 instruments answered with the built-in default\x1B[0m");
+    EXPECT_THAT(shown[5], testing::MatchesRegex("\x1B\\[1;31mSH:000001 .* BUILT-IN DEFAULT\x1B\\[0m"));
+    EXPECT_EQ(shown[8], "\x1B[1;31m1 of 2 instruments answered with the built-in default\x1B[0m");
 }
 
 TEST(Output, IsColouredWhereATurnedTableIsMarked) {
     const MarketFolder folder;
     EXPECT_THAT(onTerminal(folder.path(), "fee S100 SH:600519 SH:000001", 30),
-                HasSubstr("Level       \x1B[1;33mBUILT-IN DEFAULT\x1B[0m\n"));
+                HasSubstr("Level       \x1B[1;31mBUILT-IN DEFAULT\x1B[0m\n"));
 }
 
 TEST(Output, HasNoColourWhereNobodyWantsIt) {
@@ -96,7 +96,7 @@ TEST(Output, HasNoColourWhereNobodyWantsIt) {
 }
 
 TEST(Output, LetsNoTextPaintItself) {
-    EXPECT_EQ(painted(marked("a\x1B[1m\x9B\n"), true), "\x1B[1;33ma\\x1b[1m\\x9b\n\x1B[0m");
+    EXPECT_EQ(painted(marked("a\x1B[1m\x9B\n"), true), "\x1B[1;31ma\\x1b[1m\\x9b\n\x1B[0m");
     EXPECT_EQ(painted(marked("a\x1B[1m"), false), "a\\x1b[1m");
 }
 
