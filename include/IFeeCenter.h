@@ -29,6 +29,12 @@ class IData;
 /// a queued job shares the records until it has run, and they must not be written before then. An answer belongs to
 /// the caller; the rate records inside it are shared and must not be written.
 ///
+/// One kind of record is written while its job runs, on the strand's thread: a custom limit or detail whose
+/// customCategories is asked for a number that it lacks has an empty list under that number afterwards. So from
+/// updateCustomFee on until the job has run a custom fee, and every limit and detail in it, must be neither read nor
+/// written by the host, nor be handed to a fee center on another strand. On the same strand it may be handed in again:
+/// jobs follow one another there.
+///
 /// Units: rates are plain numbers, not percent: 0.00025 is two and a half ten-thousandths.
 ///
 /// Errors: nothing is thrown but std::bad_alloc and the errors of the lock library and of the host's own services.
@@ -36,11 +42,13 @@ class IData;
 /// The destructor is not virtual: destroy the object through its own class.
 class FEECENTER_EXPORT IFeeCenter {
 public:
-    IFeeCenter() = default;
-    IFeeCenter(const IFeeCenter&) = default;
-    IFeeCenter(IFeeCenter&&) = default;
-    IFeeCenter& operator=(const IFeeCenter&) = default;
-    IFeeCenter& operator=(IFeeCenter&&) = default;
+    // There is no data: these do nothing but set the table of operations. They are inline, so that a class can
+    // implement the interface without the library, and exported, for hosts that were built against the symbols.
+    FEECENTER_EXPORT_INLINE IFeeCenter() = default;
+    FEECENTER_EXPORT_INLINE IFeeCenter(const IFeeCenter&) = default;
+    FEECENTER_EXPORT_INLINE IFeeCenter(IFeeCenter&&) = default;
+    FEECENTER_EXPORT_INLINE IFeeCenter& operator=(const IFeeCenter&) = default;
+    FEECENTER_EXPORT_INLINE IFeeCenter& operator=(IFeeCenter&&) = default;
 
     /// Queues the account's fee records, as the back end sent them, for the family of the account's kind. Entries are
     /// added and overwritten, never removed. `account` must not be empty unless `records` is. An empty list, a kind
@@ -49,7 +57,8 @@ public:
                           const std::vector<boost::shared_ptr<IData>>& records) = 0;
 
     /// Queues one custom fee, which overrides the account's rates category by category. `account` must not be empty. A
-    /// record of a class that the account's kind does not take, and an empty one, change nothing.
+    /// record of a class that the account's kind does not take, and an empty one, change nothing. The job may write the
+    /// record (see Ownership above).
     virtual void updateCustomFee(const boost::shared_ptr<CAccountInfo>& account,
                                  const boost::shared_ptr<IData>& customFee) = 0;
 

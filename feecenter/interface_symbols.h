@@ -1,0 +1,22 @@
+#ifndef FEECENTER_INTERFACE_SYMBOLS_H
+#define FEECENTER_INTERFACE_SYMBOLS_H
+
+#include "IFeeCenter.h"
+
+namespace qmservice {
+
+/// Uses each constructor and assignment of the interface: a compiler emits an inline operation only where something
+/// uses it, and the library exports all five.
+class InterfaceSymbols : public IFeeCenter {
+public:
+    InterfaceSymbols();
+    InterfaceSymbols(const InterfaceSymbols& other);
+    InterfaceSymbols(InterfaceSymbols&& other) noexcept;
+    InterfaceSymbols& operator=(const InterfaceSymbols& other);
+    InterfaceSymbols& operator=(InterfaceSymbols&& other) noexcept;
+    ~InterfaceSymbols() = default;
+};
+
+}  // namespace qmservice
+
+#endif  // FEECENTER_INTERFACE_SYMBOLS_H
