@@ -133,13 +133,14 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getFee(const boost::shared_ptr<CAc
     const int tradeUnit = queriedTradeUnit(accountType, stockKey);
     const auto instrument = findInstrument(instrumentKey);
     if (!instrument) {
-        return emptyFee;
+        return {};
     }
     auto fee = findFamilyFee(accountType, *instrument, accountKey, instrumentKey, tradeUnit);
-    if (fee) {
-        fee->account = account;
-        fee->instrument = instrument;
+    if (!fee) {
+        return emptyFee;
     }
+    fee->account = account;
+    fee->instrument = instrument;
     return fee;
 }
 
@@ -174,7 +175,7 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::findFamilyFee(int accountType, con
         case 16:
             return getIncomeSwapFutureFee(accountKey, instrumentKey);
         default:
-            return emptyFee;
+            return {};
     }
 }
 

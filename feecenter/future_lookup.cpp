@@ -44,29 +44,25 @@ boost::shared_ptr<CInstrumentFee> makeFee(boost::shared_ptr<CInstrument> instrum
     return fee;
 }
 
-/// A copy of a default fee with a commission detail of its own: a host's copy() may be shallow, and a default is never
-/// written. Empty when the host's copy is of no use.
-boost::shared_ptr<CInstrumentFee> detachedCopy(const boost::shared_ptr<CInstrumentFee>& original) {
-    auto fee = boost::dynamic_pointer_cast<CInstrumentFee>(original->copy());
-    if (!fee || !fee->commissionDetail) {
-        return {};
-    }
+/// Gives a copy a commission detail of its own: a host's copy() may be shallow, and a default is never written.
+void detach(boost::shared_ptr<CInstrumentFee>& fee, const boost::shared_ptr<CInstrumentFee>& original) {
     if (fee == original) {
         fee = boost::make_shared<CInstrumentFee>(*original);
     }
     if (fee->commissionDetail == original->commissionDetail) {
         fee->commissionDetail = boost::make_shared<CCommissionRateDetail>(*original->commissionDetail);
     }
-    return fee;
 }
 
-/// The default fee made out for the instrument; empty when the instrument or the copy is.
+/// The default fee made out for the instrument; empty when the instrument is unknown or the host's copy of no use. The
+/// default is copied in any case (rule "A default is copied for an unknown instrument too").
 boost::shared_ptr<CInstrumentFee> defaultFor(const boost::shared_ptr<CInstrumentFee>& original,
                                              const boost::shared_ptr<CInstrument>& instrument) {
-    auto fee = instrument ? detachedCopy(original) : boost::shared_ptr<CInstrumentFee>();
-    if (!fee) {
+    auto fee = boost::dynamic_pointer_cast<CInstrumentFee>(original->copy());
+    if (!instrument || !fee || !fee->commissionDetail) {
         return {};
     }
+    detach(fee, original);
     fee->instrument = instrument;
     fee->commissionDetail->instrumentId = instrument->code;
     return fee;
@@ -135,7 +131,10 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getFutureFee(uint64 accountKey, ui
         return makeFee(instrument, std::move(rates));
     }
     auto fee = defaultFor(defaultFutureFee, instrument);
-    if (fee && tradesOnSimulation(accountKey)) {
+    if (!fee) {
+        return emptyFee;
+    }
+    if (tradesOnSimulation(accountKey)) {
         applyExchangeFee(*fee->commissionDetail, *instrument);
     }
     return fee;
@@ -145,13 +144,17 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getIncomeSwapFutureFee(uint64 acco
     const boost::shared_lock<boost::shared_mutex> lock(futureMutex);
     auto rates = findRates(FamilyTables::futures(*this), accountKey, instrumentKey);
     const auto instrument = findInstrument(instrumentKey);
-    // Margins that were not found stay empty here: the default's are not put in their place. This is intended.
-    return rates.found() ? makeFee(instrument, std::move(rates)) : defaultFor(defaultIncomeSwapFutureFee, instrument);
+    if (rates.found()) {
+        // Rule "Income swap keeps missing margins empty": the default's are not put in their place.
+        return makeFee(instrument, std::move(rates));
+    }
+    auto fee = defaultFor(defaultIncomeSwapFutureFee, instrument);
+    return fee ? fee : emptyFee;
 }
 
 bool CFeeCenter::getFutureFees(const boost::shared_ptr<CAccountInfo>& account,
                                std::vector<boost::shared_ptr<CInstrumentFee>>& fees) {
-    // Instruments with margins but no commission are not listed. This is intended.
+    // Rule "A futures list goes by commissions": instruments with margins but no commission are not listed.
     return listFees(futureMutex, futureCommissionKeys, account, fees, [this](uint64 accountKey, uint64 instrumentKey) {
         return getFutureFee(accountKey, instrumentKey);
     });

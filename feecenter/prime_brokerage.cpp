@@ -11,7 +11,7 @@ namespace qmservice {
 boost::shared_ptr<CInstrumentFee> CFeeCenter::getPbFullFee(uint64 accountKey, uint64 instrumentKey, int unitVolume) {
     const auto instrument = findInstrument(instrumentKey);
     if (!instrument) {
-        return emptyFee;
+        return {};
     }
     auto fee = findFeeByMarket(instrument->market, accountKey, instrumentKey, unitVolume);
     return fee ? fee : makeFullDefaultFee(instrument, unitVolume);
@@ -34,11 +34,10 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string&
         return getSgtFee(accountKey, instrumentKey);
     }
     if (market == "HK") {
-        // Both channels are asked and their answers dropped: a Hong Kong instrument always gets the full default. This
-        // is intended.
+        // Rule "A Hong Kong instrument gets the full default": both channels are asked and their answers dropped.
         getHgtFee(accountKey, instrumentKey);
         getSgtFee(accountKey, instrumentKey);
-        return emptyFee;
+        return {};
     }
     if (market == "SHO" || market == "SZO") {
         return getStkOptionFee(accountKey, instrumentKey);
@@ -46,7 +45,7 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string&
     if (isForeignMarket(market)) {
         return getIncomeSwapFutureFee(accountKey, instrumentKey);
     }
-    return market == "NEEQ" ? getNeeqFee(accountKey, instrumentKey, unitVolume) : emptyFee;
+    return market == "NEEQ" ? getNeeqFee(accountKey, instrumentKey, unitVolume) : boost::shared_ptr<CInstrumentFee>();
 }
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::makeFullDefaultFee(const boost::shared_ptr<CInstrument>& instrument,

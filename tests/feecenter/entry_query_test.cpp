@@ -126,6 +126,26 @@ TEST_F(EntryQueryTest, UnknownInstrumentHasNoFeeEvenWithATableEntry) {
     EXPECT_FALSE(center.getFee(account, "SH", "600000"));
 }
 
+TEST_F(EntryQueryTest, UnknownInstrumentIsEmptyWhateverTheEmptyFeeMemberHolds) {
+    center.emptyFee = boost::make_shared<CInstrumentFee>();
+    for (const int kind : {1, 2, 4, 12}) {
+        EXPECT_FALSE(center.getFee(makeAccount(kind, 7), "SH|none")) << "kind " << kind;
+    }
+}
+
+TEST_F(EntryQueryTest, KindWithoutFeesIsAnsweredWithTheEmptyFeeMemberUnstamped) {
+    host.addInstrument("SH", "600000");
+    for (const int kind : {-1, 0, 4, 9, 13, 14, 15, 17}) {
+        EXPECT_FALSE(center.getFee(makeAccount(kind, 7), "SH|600000")) << "kind " << kind;
+    }
+    center.emptyFee = boost::make_shared<CInstrumentFee>();
+    for (const int kind : {-1, 0, 4, 9, 13, 14, 15, 17}) {
+        EXPECT_EQ(center.getFee(makeAccount(kind, 7), "SH|600000"), center.emptyFee) << "kind " << kind;
+        EXPECT_FALSE(center.emptyFee->account);
+        EXPECT_FALSE(center.emptyFee->instrument);
+    }
+}
+
 TEST_F(EntryQueryTest, NoFamilyIsAskedForAnUnknownInstrument) {
     const test::CallLog log(host);
     EXPECT_FALSE(center.getFee(makeAccount(2, 7), "SH", "600000"));

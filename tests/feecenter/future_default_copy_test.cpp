@@ -158,6 +158,38 @@ TEST_P(FutureDefaultCopyTest, CopyWithoutCommissionIsNoFee) {
     expectOriginalUnchanged();
 }
 
+TEST_P(FutureDefaultCopyTest, DefaultIsCopiedOnceWhetherTheInstrumentIsKnownOrNot) {
+    int copies = 0;
+    original->copier = [&] {
+        ++copies;
+        return boost::make_shared<CInstrumentFee>(*original);
+    };
+    EXPECT_TRUE(find());
+    EXPECT_EQ(copies, 1);
+    host.catalogue.clear();
+    EXPECT_FALSE(find());
+    EXPECT_EQ(copies, 2);
+    expectOriginalUnchanged();
+}
+
+TEST_P(FutureDefaultCopyTest, DefaultIsNotCopiedWhereTheAccountHasARate) {
+    original->copier = [] {
+        ADD_FAILURE() << "the default was copied";
+        return boost::shared_ptr<IData>();
+    };
+    center.doUpdateFutureInstrumentFee(test::makeAccount(1, kAccount), test::makeFutureFee(rb, commission, {}));
+    EXPECT_TRUE(find());
+}
+
+TEST_P(FutureDefaultCopyTest, NoFeeIsTheEmptyFeeMember) {
+    center.emptyFee = boost::make_shared<CInstrumentFee>();
+    original->copier = [] { return boost::shared_ptr<IData>(); };
+    EXPECT_EQ(find(), center.emptyFee);
+    original->copier = [this] { return boost::make_shared<CInstrumentFee>(*original); };
+    host.catalogue.clear();
+    EXPECT_EQ(find(), center.emptyFee);
+}
+
 TEST_P(FutureDefaultCopyTest, EmptyAnswerIsNotListed) {
     original->copier = [] { return boost::shared_ptr<IData>(); };
     center.futureCommissionKeys[kAccount][test::instrumentKey(*rb)] = 4711;

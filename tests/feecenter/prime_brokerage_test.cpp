@@ -34,6 +34,16 @@ TEST_F(PrimeBrokerageTest, InstrumentUnknownToTheCatalogueHasNoFeeWhateverTheTab
     EXPECT_FALSE(center.getPbFullFee(kAccount, test::instrumentKey("SH", "1"), 100));
 }
 
+TEST_F(PrimeBrokerageTest, EmptyFeeMemberStandsNeitherForAnUnknownInstrumentNorForADroppedAnswer) {
+    center.emptyFee = boost::make_shared<CInstrumentFee>();
+    EXPECT_FALSE(center.getPbFullFee(kAccount, 4711, 100));
+    for (const char* market : {"HK", "no such market"}) {
+        const auto fee = find(market);
+        EXPECT_NE(fee, center.emptyFee) << market;
+        EXPECT_EQ(fee->sgtRateLimit, center.defaultSgtRateLimit) << market;
+    }
+}
+
 TEST_F(PrimeBrokerageTest, StockFeeGetsTheOptionRateOfTheSameKey) {
     mark("SH");
     const auto fee = find("SH");

@@ -33,10 +33,10 @@ void adjustToExchange(CCommissionRateDetail& detail, const CInstrument& instrume
 /// A default fee with the instrument in it, its commission detail free to be written; an empty pointer without an
 /// instrument.
 Model::Fee defaultFor(const Model::Fee& fallback, const boost::shared_ptr<CInstrument>& instrument) {
+    auto fee = boost::dynamic_pointer_cast<CInstrumentFee>(fallback->copy());
     if (!instrument) {
         return {};
     }
-    auto fee = boost::dynamic_pointer_cast<CInstrumentFee>(fallback->copy());
     fee->instrument = instrument;
     fee->commissionDetail = boost::make_shared<CCommissionRateDetail>(*fee->commissionDetail);
     fee->commissionDetail->instrumentId = instrument->code;
