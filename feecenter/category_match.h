@@ -2,8 +2,6 @@
 #define FEECENTER_CATEGORY_MATCH_H
 
 #include <cstddef>
-#include <string>
-#include <vector>
 
 #include "feecenter/category_number.h"
 #include "host/records.h"
@@ -16,18 +14,16 @@ inline bool isInSystemCategory(const CInstrument& instrument, int category) {
                                                                                instrument.productId, category);
 }
 
-/// Whether the instrument is in the user's custom category. The number is compared with how many entries the map has,
-/// not looked up in it. This is intended: with numbers of 10001 and more it leaves the test without effect for any map
-/// of ordinary size.
+/// Whether the instrument is in the user's custom category.
+///
+/// Rule "A custom number is compared with the map's size": with numbers of 10001 and more the category is asked of no
+/// map of ordinary size. Rule "The lookup of a custom list inserts it": where the category is asked and the map lacks
+/// the number, the record that was handed in has an empty list under it from then on.
 template <class Entry>
-bool isInCustomCategory(const CInstrument& instrument, const Entry& entry, int category) {
-    if (static_cast<std::size_t>(category) >= entry.customCategories.size()) {
-        return false;
-    }
-    static const std::vector<std::string> noMembers;
-    const auto members = entry.customCategories.find(category);
-    return utils::CSingletonT<CppCategory>::instance()->isStockInCustomCategory(
-        instrument.market, instrument.code, members == entry.customCategories.end() ? noMembers : members->second);
+bool isInCustomCategory(const CInstrument& instrument, Entry& entry, int category) {
+    return static_cast<std::size_t>(category) < entry.customCategories.size() &&
+           utils::CSingletonT<CppCategory>::instance()->isStockInCustomCategory(instrument.market, instrument.code,
+                                                                                entry.customCategories[category]);
 }
 
 template <class Entry>
@@ -38,9 +34,9 @@ bool isInGroupCategory(const CInstrument& instrument, const Entry& entry) {
 }
 
 /// The rule that every family shares but Shenzhen connect: whether a custom entry of this category number applies to
-/// the instrument.
+/// the instrument. It may write the entry (isInCustomCategory).
 template <class Entry>
-bool matchesCategory(const CInstrument& instrument, const Entry& entry, int category) {
+bool matchesCategory(const CInstrument& instrument, Entry& entry, int category) {
     if (isInSystemCategory(instrument, category)) {
         return true;
     }

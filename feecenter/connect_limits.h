@@ -24,8 +24,8 @@ struct ConnectLimitPolicy {
         return ((*ConfigCollector::instance()).*Configured)(market, code);
     }
 
-    /// The configuration is not asked, unlike for stocks: what came with the fee is stored, and a fee without a limit
-    /// is passed over even where one is configured. This is intended.
+    /// Rule "A connect load ignores the configuration": unlike for stocks, what came with the fee is stored, and a fee
+    /// without a limit is passed over even where one is configured.
     static boost::shared_ptr<Limit> incoming(const CInstrumentFee& fee, const std::string& /*market*/,
                                              const std::string& /*code*/) {
         return fee.*Slot;

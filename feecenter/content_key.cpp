@@ -31,7 +31,7 @@ void foldRates(ContentKey& key, std::initializer_list<double> rates) {
 template <class Detail>
 uint64 commissionKey(const Detail& detail) {
     ContentKey key;
-    // openRatioByVolume stands in the chain twice, before and after openRatioByMoney. This is intended.
+    // Rule "openRatioByVolume counts twice": it stands in the chain before and after openRatioByMoney.
     foldRates(key, {detail.openRatioByVolume, detail.openRatioByMoney, detail.openRatioByVolume,
                     detail.closeRatioByMoney, detail.closeRatioByVolume, detail.closeTodayRatioByMoney,
                     detail.closeTodayRatioByVolume, detail.commissionExtra1, detail.commissionExtra2});
@@ -86,7 +86,8 @@ uint64 contentKey(const CCustomStkExchangeRateLimit& limit, int tradeUnit) {
     ContentKey key;
     foldRates(key, {limit.rate1, limit.rate2, limit.rate3, limit.rate4, limit.rate5, limit.rate6, limit.optionFee1,
                     limit.optionFee2, limit.optionFee3, limit.optionFee4, limit.optionFee5});
-    // Of all integers only these three are scaled like rates. This is intended.
+    // Rule "Key characters are scaled like rates": of all integers only these three are, so their texts are those of
+    // rates.
     for (const std::int32_t code : {limit.optionSecondKeyCode, limit.optionThirdKeyCode, limit.optionFirstKeyCode}) {
         key.foldRate(code);
     }

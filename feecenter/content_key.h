@@ -9,11 +9,11 @@ namespace qmservice {
 
 /// The key under which a pool keeps a record: a CRC-64 chain over the decimal text of each value.
 ///
-/// No separator stands between the texts, so the key is that of the joined digits: 1 then 23 and 12 then 3 share one.
-/// This is intended.
+/// Rule "No separator in a content key": the key is that of the joined digits, so 1 then 23 and 12 then 3 share one.
 class ContentKey {
 public:
-    /// Folds in a rate: scaled by 1e8 and truncated, so that noise below the eighth decimal place vanishes. A rate that
+    /// Folds in a rate. Rule "Rates are truncated in a content key": scaled by 1e8 without rounding, so noise below the
+    /// eighth decimal place vanishes, and 0.00015 folds as 14999. A rate that
     /// does not fit then, or is not a number, folds as the smallest 64-bit integer.
     void foldRate(double rate);
 

@@ -64,9 +64,8 @@ std::map<std::string, boost::shared_ptr<CInstrument>> futureInstruments() {
 
 template <class Details>
 auto firstMatchingDetail(const CInstrument& instrument, const Details& details) {
-    return firstMatch(details, [&](const auto& detail) {
-        return matchesCategory(instrument, detail, categoryNumber(detail.categoryId));
-    });
+    return firstMatch(
+        details, [&](auto& detail) { return matchesCategory(instrument, detail, categoryNumber(detail.categoryId)); });
 }
 
 }  // namespace
@@ -117,8 +116,8 @@ void CFeeCenter::doUpdateFutureCustomFee(const boost::shared_ptr<CAccountInfo>& 
         if (const auto* commission = firstMatchingDetail(instrument, customFee->commissionDetails)) {
             storeCommissionRates(tables, accountKey, instrumentKeyOf(instrument), *commission);
         }
-        // One margin detail at most is applied to an instrument: those of other hedge flags are not looked at once one
-        // has matched. This is intended.
+        // Rule "One margin detail at most": those of other hedge flags are not looked at once one has matched, so a
+        // custom fee sets one hedge flag of an instrument and leaves the others.
         if (const auto* margin = firstMatchingDetail(instrument, customFee->marginDetails)) {
             storeMarginRates(tables, accountKey, instrumentKeyOf(instrument), *margin);
         }

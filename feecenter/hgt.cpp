@@ -12,7 +12,7 @@ void CFeeCenter::doInitHgtFee(const boost::shared_ptr<CAccountInfo>& account,
 void CFeeCenter::doUpdateHgtCustomFee(const boost::shared_ptr<CAccountInfo>& account,
                                       const boost::shared_ptr<CCustomHGTInstrumentFee>& fee) {
     overrideLimits<HgtLimitPolicy>(FamilyTables::hgt(*this), account, fee->rateLimits, 128,
-                                   [](const CInstrument& instrument, const CCustomHGTExchangeRateLimit& limit) {
+                                   [](const CInstrument& instrument, CCustomHGTExchangeRateLimit& limit) {
                                        return matchesCategory(instrument, limit, categoryNumber(limit.category));
                                    });
 }

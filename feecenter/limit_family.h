@@ -78,7 +78,7 @@ void forEachMatch(const Entries& entries, int kindMask, const Matches& matches, 
         if (!instrument) {
             continue;
         }
-        const auto* entry = firstMatch(entries, [&](const auto& candidate) { return matches(*instrument, candidate); });
+        const auto* entry = firstMatch(entries, [&](auto& candidate) { return matches(*instrument, candidate); });
         if (entry != nullptr) {
             apply(*instrument, *entry);
         }

@@ -20,8 +20,8 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getNeeqFee(uint64 accountKey, uint
 
 bool CFeeCenter::getNeeqFees(const boost::shared_ptr<CAccountInfo>& account,
                              std::vector<boost::shared_ptr<CInstrumentFee>>& fees) {
-    // The list is the NEEQ table's, each answer the stock query's: unless the same account has stock entries too, it is
-    // the configured limit or the stock default. This is intended.
+    // Rule "A NEEQ list is answered by the stock tables": the instruments are the NEEQ table's, each answer is the
+    // stock query's. Unless the same account has stock entries too, it is the configured limit or the stock default.
     return listFees(neeqMutex, neeqAccountTable, account, fees, [this](uint64 accountKey, uint64 instrumentKey) {
         return getStockFee(accountKey, instrumentKey, kDefaultTradeUnit);
     });

@@ -13,8 +13,8 @@ void CFeeCenter::doUpdateSgtCustomFee(const boost::shared_ptr<CAccountInfo>& acc
                                       const boost::shared_ptr<CCustomSgtInstrumentFee>& fee) {
     overrideLimits<SgtLimitPolicy>(FamilyTables::sgt(*this), account, fee->rateLimits, 16384,
                                    [](const CInstrument& instrument, const CCustomSgtExchangeRateLimit& limit) {
-                                       // The system category alone decides in this channel: numbers of custom and group
-                                       // categories match nothing more. This is intended.
+                                       // Rule "Shenzhen connect asks the system category alone": numbers of custom and
+                                       // group categories match nothing more.
                                        return isInSystemCategory(instrument, categoryNumber(limit.category));
                                    });
 }

@@ -62,7 +62,7 @@ inline boost::shared_ptr<CStkExchangeRateLimit> withTradeUnit(boost::shared_ptr<
 inline void overrideStockLimits(const StockLimitTables& tables, const boost::shared_ptr<CAccountInfo>& account,
                                 const CCustomStockInstrumentFee& fee, int kindMask) {
     overrideLimits<StockLimitPolicy>(tables, account, fee.rateLimits, kindMask,
-                                     [](const CInstrument& instrument, const CCustomStkExchangeRateLimit& limit) {
+                                     [](const CInstrument& instrument, CCustomStkExchangeRateLimit& limit) {
                                          return matchesCategory(instrument, limit, categoryNumber(limit.category));
                                      });
 }

@@ -14,9 +14,9 @@
 #include "feecenter/limit_family.h"
 #include "feecenter/option_tables.h"
 
-// The update runs under stockMutex and the queries under stkOptionMutex. This is intended: neither takes the other's
-// lock. What keeps the tables whole between them is stkOptionTableMutex, always the last lock to be taken: they wait
-// for each other no longer than one read or write of the tables takes.
+// Rule "Stock options are written under the stock lock": the update runs under stockMutex and the queries under
+// stkOptionMutex, so neither takes the other's lock. What keeps the tables whole between them is stkOptionTableMutex,
+// always the last lock to be taken: they wait for each other no longer than one read or write of the tables takes.
 
 namespace qmservice {
 namespace {
@@ -81,7 +81,7 @@ void setItem(EntryTable<ItemKeys>& table, uint64 accountKey, uint64 instrumentKe
 
 void CFeeCenter::doInitStkOptionFee(const boost::shared_ptr<CAccountInfo>& /*account*/,
                                     const std::vector<boost::shared_ptr<IData>>& /*records*/) {
-    // Stock-option tables are filled by custom fees alone: the records are dropped. This is intended.
+    // Rule "Stock options load nothing": the records are dropped, and custom fees alone fill the tables.
 }
 
 void CFeeCenter::doUpdateStkOptionCustomFee(const boost::shared_ptr<CAccountInfo>& account,
@@ -90,8 +90,8 @@ void CFeeCenter::doUpdateStkOptionCustomFee(const boost::shared_ptr<CAccountInfo
         return;
     }
     const uint64 accountKey = account->getHashKey(0);
-    const auto matches = [](const CInstrument& instrument, const CCustomStkExchangeRateLimit& limit) {
-        // This family alone takes the category by name.
+    const auto matches = [](const CInstrument& instrument, CCustomStkExchangeRateLimit& limit) {
+        // Rule "Stock options name their categories": every other family reads the number from the text.
         return matchesCategory(instrument, limit,
                                utils::CSingletonT<CppCategory>::instance()->getCategorId(limit.category));
     };

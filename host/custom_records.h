@@ -38,7 +38,9 @@ public:
     std::int32_t optionSecondKeyCode = 0;  ///< character code of the option item key's second character
     std::int32_t optionThirdKeyCode = 0;   ///< character code of the option item key's third character
     std::int32_t optionFirstKeyCode = 0;   ///< character code of the option item key's first character
-    /// Members of the custom categories by number, each list as joined instrument keys.
+    /// Members of the custom categories by number, each list as joined instrument keys. The job of a custom fee inserts
+    /// an empty list under a number that it asks for and does not find, on the strand's thread: leave the record alone
+    /// from updateCustomFee on until the job has run.
     std::map<int, std::vector<std::string>> customCategories;
     /// What the group category is made of; empty for other categories.
     std::vector<boost::shared_ptr<CGroupCategorySubInfo>> groupCategories;
@@ -61,7 +63,9 @@ public:
     double closeTodayRatioByVolume = 0;  ///< fee for closing on the same day, yuan per lot
     double commissionExtra1 = 0;         ///< further fee value
     double commissionExtra2 = 0;         ///< further fee value
-    /// Members of the custom categories by number, each list as joined instrument keys.
+    /// Members of the custom categories by number, each list as joined instrument keys. The job of a custom fee inserts
+    /// an empty list under a number that it asks for and does not find, on the strand's thread: leave the record alone
+    /// from updateCustomFee on until the job has run.
     std::map<int, std::vector<std::string>> customCategories;
     /// What the group category is made of; empty for other categories.
     std::vector<boost::shared_ptr<CGroupCategorySubInfo>> groupCategories;
@@ -84,7 +88,9 @@ public:
     std::int32_t marginMode = 0;          ///< part of the record's content key
     double marginExtra1 = 0;              ///< further margin value
     double marginExtra2 = 0;              ///< further margin value
-    /// Members of the custom categories by number, each list as joined instrument keys.
+    /// Members of the custom categories by number, each list as joined instrument keys. The job of a custom fee inserts
+    /// an empty list under a number that it asks for and does not find, on the strand's thread: leave the record alone
+    /// from updateCustomFee on until the job has run.
     std::map<int, std::vector<std::string>> customCategories;
     /// What the group category is made of; empty for other categories.
     std::vector<boost::shared_ptr<CGroupCategorySubInfo>> groupCategories;

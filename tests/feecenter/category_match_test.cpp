@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "support/call_log.h"
+#include "support/host_error.h"
 #include "support/limit_family_test.h"
 
 // The rule that every family but Shenzhen connect shares: which custom limit applies to an instrument.
@@ -175,20 +176,70 @@ TYPED_TEST(CategoryMatchTest, SmallestNumberOfTheMapIsAskedWithItsMembers) {
     EXPECT_EQ(seen, Members{"one"});
 }
 
-TYPED_TEST(CategoryMatchTest, MissingNumberIsAskedWithNoMembersAndTheCallersMapDoesNotGrow) {
+TYPED_TEST(CategoryMatchTest, MissingNumberGetsAnEmptyListInTheCallersMapAndIsAskedWithIt) {
     Members seen = {"not asked"};
+    const Members* seenList = nullptr;
     this->host.inCustomCategory = [&](const auto&, const auto&, const Members& members) {
         seen = members;
+        seenList = &members;
         return true;
     };
     const auto limit = this->limitOf(10001);
     // What lies behind the map in the record must not be taken for the members.
     limit->groupCategories.push_back(boost::make_shared<CGroupCategorySubInfo>());
     limit->customCategories = mapOf(10002, -10002);
+    auto expected = limit->customCategories;
+    expected[10001] = {};
     EXPECT_TRUE(this->applies(limit));
     EXPECT_TRUE(seen.empty());
-    EXPECT_EQ(limit->customCategories.size(), 10002U);
-    EXPECT_EQ(limit->customCategories.count(10001), 0U);
+    EXPECT_EQ(limit->customCategories, expected);
+    EXPECT_EQ(seenList, &limit->customCategories.at(10001));
+}
+
+TYPED_TEST(CategoryMatchTest, EmptyListStaysThoughTheTestSaysNoOrThrows) {
+    const auto limit = this->limitOf(10001);
+    limit->customCategories = mapOf(10002, -10002);
+    this->host.inCustomCategory = [](const auto&, const auto&, const auto&) { return false; };
+    EXPECT_FALSE(this->applies(limit));
+    EXPECT_EQ(limit->customCategories.count(10001), 1U);
+
+    const auto other = this->limitOf(20001);
+    other->customCategories = mapOf(20002, -20002);
+    this->host.inCustomCategory = [](const auto&, const auto&, const auto&) -> bool { throw test::HostError(0); };
+    EXPECT_THROW(this->applies(other), test::HostError);
+    EXPECT_EQ(other->customCategories.count(20001), 1U);
+}
+
+TYPED_TEST(CategoryMatchTest, EmptyListIsInsertedOnceForAllInstruments) {
+    const auto second = boost::make_shared<CInstrument>(*this->instrument);
+    second->code = "DD";
+    this->host.add(second, TypeParam::kindMask, 0);
+    const auto limit = this->limitOf(10001);
+    limit->customCategories = mapOf(10002, -10002);
+    EXPECT_FALSE(this->applies(limit));
+    EXPECT_EQ(this->calls, (std::vector<std::string>{this->system, this->custom, this->system, this->custom}));
+    EXPECT_EQ(limit->customCategories.size(), 10003U);
+}
+
+TYPED_TEST(CategoryMatchTest, MapIsNotWrittenWhereTheCustomCategoryIsNotAsked) {
+    this->answerEveryTestButTheSystemsWithYes();
+    struct Row {
+        int number;
+        int size;
+        bool inSystem;
+    };
+    // Matched by the system, too few entries, outside the range, in the group's range.
+    for (const Row& row : {Row{10001, 10002, true}, Row{10001, 10001, false}, Row{20001, 20001, false},
+                           Row{10000, 10002, false}, Row{20002, 20004, false}, Row{70001, 3, false}}) {
+        this->host.systemMembers.clear();
+        if (row.inSystem) {
+            this->host.systemMembers.insert({row.number, {"MM", "CC"}});
+        }
+        const auto limit = this->limitOf(row.number);
+        limit->customCategories = mapOf(row.size, -row.size);
+        this->applies(limit);
+        EXPECT_EQ(limit->customCategories, mapOf(row.size, -row.size)) << "category " << row.number;
+    }
 }
 
 TYPED_TEST(CategoryMatchTest, GroupRangeIsAskedOfTheGroupCategoryAfterTheSystems) {

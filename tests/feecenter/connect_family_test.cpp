@@ -144,10 +144,7 @@ protected:
         this->host.inGroupCategory = [](const auto&, const auto&, const auto&, const auto&, const auto&) {
             return true;
         };
-        auto entry = customWith<typename Family::Limit>(std::to_string(number), 0.5);
-        for (int i = 0; i <= number; ++i) {
-            entry->customCategories.emplace_hint(entry->customCategories.end(), i, std::vector<std::string>{"A"});
-        }
+        const auto entry = limitOf(number, 0);
         entry->groupCategories = {boost::make_shared<CGroupCategorySubInfo>()};
         const test::CallLog log(this->host);
         this->apply({entry});
@@ -158,6 +155,15 @@ protected:
             }
         }
         return tests;
+    }
+
+    /// A custom limit with one list more than its number, numbered from `first` on.
+    static boost::shared_ptr<typename Family::Limit> limitOf(int number, int first) {
+        auto entry = customWith<typename Family::Limit>(std::to_string(number), 0.5);
+        for (int i = first; i <= first + number; ++i) {
+            entry->customCategories.emplace_hint(entry->customCategories.end(), i, std::vector<std::string>{"A"});
+        }
+        return entry;
     }
 
     const boost::shared_ptr<CInstrument> a = this->instrument("A");
@@ -174,6 +180,34 @@ TEST_F(HgtMatchingTest, CustomCategoryAppliesAfterTheSystems) {
 TEST_F(HgtMatchingTest, GroupCategoryAppliesAfterTheSystems) {
     EXPECT_EQ(testsAsked(70001), (std::vector<std::string>{"isStockInCategoryForTS", "isStockInGroupCategory"}));
     EXPECT_EQ(storedRate(*a), 0.5);
+}
+
+TEST_F(HgtMatchingTest, StoredCopyCarriesTheEmptyListThatTheLookupInserted) {
+    host.inCustomCategory = [](const auto&, const auto&, const auto&) { return true; };
+    const auto limit = limitOf(10001, 20000);
+    auto expected = limit->customCategories;
+    expected[10001] = {};
+    apply({limit});
+    EXPECT_EQ(stored(*a)->customCategories, expected);
+    EXPECT_EQ(limit->customCategories, expected);
+}
+
+TEST_F(HgtMatchingTest, CopyStoredBeforeTheLookupIsNotWritten) {
+    const auto b = instrument("B");
+    host.systemMembers = {{10001, {"XX", "A"}}};
+    host.inCustomCategory = [](const auto&, const auto&, const auto&) { return true; };
+    const auto limit = limitOf(10001, 20000);
+    apply({limit});
+    EXPECT_EQ(limit->customCategories.count(10001), 1U);
+    EXPECT_EQ(stored(*a)->customCategories.count(10001), 0U);
+    EXPECT_EQ(stored(*b), stored(*a));
+}
+
+TEST_F(SgtMatchingTest, MapIsNeverWritten) {
+    const auto limit = limitOf(10001, 20000);
+    const auto before = limit->customCategories;
+    apply({limit});
+    EXPECT_EQ(limit->customCategories, before);
 }
 
 TEST_F(SgtMatchingTest, SystemCategoryAloneIsAskedAndDecides) {

@@ -127,9 +127,11 @@ TEST_F(FutureCustomMatchTest, CustomListOfTheNumberIsAsked) {
     EXPECT_TRUE(matches(detail));
 }
 
-TEST_F(FutureCustomMatchTest, NumberWithoutListAsksWithAnEmptyListAndAddsNone) {
+TEST_F(FutureCustomMatchTest, NumberWithoutListGetsAnEmptyListAndIsAskedWithIt) {
     auto detail = makeDetail("10001", 10001, 0);
     detail->customCategories[30000] = {"rb2605"};
+    auto expected = detail->customCategories;
+    expected[10001] = {};
     std::vector<std::vector<std::string>> asked;
     host.inCustomCategory = [&](const std::string&, const std::string&, const std::vector<std::string>& members) {
         asked.push_back(members);
@@ -137,7 +139,7 @@ TEST_F(FutureCustomMatchTest, NumberWithoutListAsksWithAnEmptyListAndAddsNone) {
     };
     EXPECT_FALSE(matches(detail));
     EXPECT_EQ(asked, std::vector<std::vector<std::string>>{{}});
-    EXPECT_EQ(detail->customCategories.count(10001), 0U);
+    EXPECT_EQ(detail->customCategories, expected);
 }
 
 TEST_F(FutureCustomMatchTest, NumberInTheCustomRangeDoesNotAskForTheGroup) {
@@ -188,7 +190,7 @@ TEST_F(FutureCustomMatchTest, MarginDetailIsMatchedByTheSameRule) {
 }
 
 TEST_F(FutureCustomMatchTest, MarginDetailThatTheRuleRefusesChangesNothing) {
-    // The number's own list is missing, and the empty list that is asked in its place holds nothing.
+    // The number's own list is missing, and the empty list that it gets holds nothing.
     auto unlisted = makeCustomMargin("10001", '1', 20);
     unlisted->customCategories = listsUpTo(10001);
     unlisted->customCategories[30000] = {"rb2605"};
@@ -203,6 +205,8 @@ TEST_F(FutureCustomMatchTest, MarginDetailThatTheRuleRefusesChangesNothing) {
     center.doUpdateFutureCustomFee(account, makeCustomFutureFee({}, {withoutParts, outside}));
     EXPECT_TRUE(marginKeys(*rb).empty());
     EXPECT_TRUE(center.futureMarginDetails.empty());
+    EXPECT_EQ(unlisted->customCategories.count(10001), 1U);
+    EXPECT_TRUE(outside->customCategories.empty());
 }
 
 TEST_F(FutureCustomMatchTest, EmptyInstrumentInTheCatalogueIsPassedOver) {

@@ -48,6 +48,27 @@ protected:
         }
     }
 
+    /// The change asks for a custom list that the entry lacks: the entry has it or not, and is nothing else than it
+    /// was.
+    template <class Fee, class Member, class Entry>
+    void expectListIsInsertedOrNot(Member member, const boost::shared_ptr<Fee>& fee,
+                                   const boost::shared_ptr<Entry>& entry) {
+        scene.host.inCustomCategory = [](auto&&...) { return true; };
+        for (int number = -10002; number < 0; ++number) {
+            entry->customCategories[number];
+        }
+        const Entry without(*entry);
+        Entry with(without);
+        with.customCategories[10001];
+        const auto account = test::makeAccount(0, kNew);
+        expectChangeSurvives([&](OpenFeeCenter& center) {
+            EXPECT_TRUE(entry->isEqual(without) || entry->isEqual(with));
+            entry->customCategories.erase(10001);
+            (center.*member)(account, fee);
+            EXPECT_TRUE(entry->isEqual(with));
+        });
+    }
+
     template <class Fee, class Member>
     void expectUpdateSurvives(Member member, const boost::shared_ptr<Fee>& fee) {
         for (const uint64 key : {kKnown, kNew}) {
@@ -110,6 +131,15 @@ TEST_F(MemoryChangeTest, CustomFeeOfFuturesThatFailedIsRepeated) {
     expectUpdateSurvives(
         &OpenFeeCenter::doUpdateFutureCustomFee,
         test::makeCustomFutureFee({test::makeCustomCommission("5", 70)}, {test::makeCustomMargin("5", '2', 70)}));
+}
+
+TEST_F(MemoryChangeTest, CustomFeeThatGetsAnEmptyListAndFailedIsRepeated) {
+    const auto stock = Scene::stockCustom(70, '1');
+    stock->rateLimits.front()->category = "10001";
+    expectListIsInsertedOrNot(&OpenFeeCenter::doUpdateStockCustomFee, stock, stock->rateLimits.front());
+    const auto commission = test::makeCustomCommission("10001", 70);
+    expectListIsInsertedOrNot(&OpenFeeCenter::doUpdateFutureCustomFee, test::makeCustomFutureFee({commission}, {}),
+                              commission);
 }
 
 TEST_F(MemoryChangeTest, InstrumentUpdateThatFailedIsRepeated) {

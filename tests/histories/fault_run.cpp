@@ -53,8 +53,9 @@ private:
 
     std::string change(const FaultyStep& step) {
         States states(both.state());
-        states.add(step.change);
-        ownCopy(step.change).handTo(center);
+        const Apart change = apart(step.change);
+        states.add(change.models);
+        change.own.handTo(center);
         std::optional<std::size_t> atStrike;
         trouble.onStrike = [&] {
             if (const auto now = reached(states)) {
@@ -81,13 +82,13 @@ private:
         }
         both.setState(after->state);
         const std::string text = both.compareAll();
-        return text.empty() ? compareTables() : text;
+        return text.empty() ? compareTables(handed.differenceMidway()) : text;
     }
 
     /// A call that was broken off has queued nothing.
     std::string queueing(const FaultyStep& step) {
-        const FeeChange own = ownCopy(step.change);
-        const bool broken = strike(step.fault, [&] { own.handTo(center); });
+        const Apart change = apart(step.change);
+        const bool broken = strike(step.fault, [&] { change.own.handTo(center); });
         const std::size_t ran = host.runJobs();
         if (!complaint.empty()) {
             return complaint;
@@ -97,7 +98,7 @@ private:
         }
         if (!broken) {
             States states(both.state());
-            states.add(step.change);
+            states.add(change.models);
             both.setState(states.last());
         }
         return compareTables();
@@ -140,18 +141,23 @@ private:
         return result.strikes > 0;
     }
 
-    /// The change with records for the fee center alone, which are watched.
-    FeeChange ownCopy(const FeeChange& change) {
-        FeeChange own = change.copy();
-        for (const Record& record : own.handedIn()) {
-            handed.watch(record);
-        }
-        return own;
+    /// A change with records for the fee center alone, and with records for the model alone.
+    struct Apart {
+        FeeChange own;
+        FeeChange models;
+    };
+
+    /// The fee center's records are watched.
+    Apart apart(const FeeChange& change) {
+        Apart each{change.copy(), change.copy()};
+        handed.watch(each.own.handedIn(), each.models.handedIn());
+        return each;
     }
 
     /// The tables and what was handed in.
-    std::string compareTables() {
-        const std::string text = difference(both.state()) + handed.difference();
+    std::string compareTables() { return compareTables(handed.difference()); }
+    std::string compareTables(const std::string& ofHanded) {
+        const std::string text = difference(both.state()) + ofHanded;
         handed.clear();
         return text;
     }

@@ -122,7 +122,8 @@ public:
            const InFlight& options)
         : world(theWorld), both(sides), scripted(changes), run(options), states(sides.state()) {
         for (const auto& each : scripted) {
-            states.add(each.change);
+            models.push_back(each.change.copy());
+            states.add(models.back());
             accountKeys.insert(each.change.account->getHashKey(0));
         }
     }
@@ -175,11 +176,9 @@ private:
     }
 
     void post(Progress& progress) {
-        for (const auto& each : scripted) {
-            const FeeChange change = each.change.copy();
-            for (const Record& record : change.handedIn()) {
-                handed.watch(record);
-            }
+        for (std::size_t i = 0; i < scripted.size(); ++i) {
+            const FeeChange change = scripted[i].change.copy();
+            handed.watch(change.handedIn(), models[i].handedIn());
             ++progress.posted;
             change.handTo(both.feeCenter());
             both.feeCenter().strand->post([&progress] { ++progress.done; });
@@ -214,6 +213,7 @@ private:
     const std::vector<ScriptedChange>& scripted;
     const InFlight& run;
     States states;
+    std::vector<FeeChange> models;  ///< the changes with records for the model alone
     std::set<model::uint64> accountKeys;
     Handed handed;
 };

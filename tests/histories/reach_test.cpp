@@ -62,7 +62,7 @@ Goals allGoals() {
     goals.want(loading, kLoaded, classes);
     goals.want(updating, kUpdated, classes);
     goals.want(updating, kSystemTest, {kYes, kNo});
-    goals.want(testingEveryCategory, kCustomTest, {kYes, kNo});
+    goals.want(testingEveryCategory, kCustomTest, {kYes, kNo, kNoList});
     goals.want(testingEveryCategory, kGroupTest, {kYes, kNo});
     goals.want({2, 3, 10, 8, 12}, "stkRateLimit", {kPooled, kConfigured, kOwn, kDefault});
     goals.want({7, 12}, "hgtRateLimit", {kPooled, kConfigured, kDefault});

@@ -35,6 +35,7 @@ constexpr std::string_view kCustomTest = "custom category";
 constexpr std::string_view kGroupTest = "group category";
 constexpr std::string_view kYes = "yes";
 constexpr std::string_view kNo = "no";
+constexpr std::string_view kNoList = "without a list";
 constexpr std::string_view kLoaded = "initFees";
 constexpr std::string_view kUpdated = "updateCustomFee";
 constexpr std::string_view kNoRecord = "no record";

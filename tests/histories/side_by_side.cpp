@@ -79,10 +79,9 @@ void SideBySide::initFees(const Account& account, const Records& records) {
     Records copies;
     for (const auto& record : records) {
         copies.push_back(copyOf(record));
-        handed.watch(record);
-        handed.watch(copies.back());
         world.reached.count(account->accountType, kLoaded, classOf(record));
     }
+    handed.watch(records, copies);
     const std::size_t before = model->queued();
     center.initFees(account, Records(records));
     model->initFees(account, copies);
@@ -91,8 +90,7 @@ void SideBySide::initFees(const Account& account, const Records& records) {
 
 void SideBySide::updateCustomFee(const Account& account, const Record& record) {
     const Record copy = copyOf(record);
-    handed.watch(record);
-    handed.watch(copy);
+    handed.watch({record}, {copy});
     const std::size_t before = model->queued();
     center.updateCustomFee(account, record);
     model->updateCustomFee(account, copy);

@@ -25,7 +25,7 @@ public:
     /// No change may be queued in the model.
     explicit States(const model::Model& start);
 
-    /// Leads on through the change, which keeps its records.
+    /// Leads on through the change. Its records become what the model makes of them: they are to be the model's alone.
     void add(const FeeChange& change);
 
     [[nodiscard]] std::size_t count() const { return states.size(); }

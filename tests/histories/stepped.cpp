@@ -45,10 +45,11 @@ public:
           both(sides),
           center(sides.feeCenter()),
           change(theChange),
+          models(theChange.copy()),
           totals(counts),
           states(sides.state()),
           judge(states, sides.sharedRecords()) {
-        states.add(change);
+        states.add(models);
         changing = changedQueries(world, {change.account->getHashKey(0)}, states.at(0), states.last());
     }
 
@@ -131,9 +132,7 @@ private:
 
     void post() {
         const FeeChange own = change.copy();
-        for (const Record& record : own.handedIn()) {
-            handed.watch(record);
-        }
+        handed.watch(own.handedIn(), models.handedIn());
         own.handTo(center);
     }
 
@@ -220,6 +219,7 @@ private:
     SideBySide& both;
     test::OpenFeeCenter& center;
     const FeeChange& change;
+    const FeeChange models;  ///< the same with records for the model alone
     SteppedTotals& totals;
     States states;
     Judge judge;

@@ -204,6 +204,9 @@ void World::addCategoryTests() {
     facts.inCustomCategory = [this, markets = marketsOf(instruments)](const std::string& market,
                                                                       const std::string& code,
                                                                       const std::vector<std::string>& members) {
+        if (updating && members.empty()) {
+            reached.count(*updating, kCustomTest, kNoList);
+        }
         return counted(kCustomTest, market != "GF" && markets.count(market) != 0 && contains(members, code));
     };
     facts.inGroupCategory = [this](const std::string& market, const std::string& code, const std::string& product,

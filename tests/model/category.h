@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "model/lookup.h"
 #include "model/model.h"
 
 // Which custom limit or detail applies to an instrument.
@@ -31,13 +30,13 @@ inline bool Model::inSystemCategory(const qmservice::CInstrument& instrument, in
                : facts.systemMembers.count({category, Name(instrument.market, instrument.code)}) != 0;
 }
 
-/// A number without a list is looked up as an empty list; the caller's record is not written.
+/// A number without a list that is asked for has an empty one in the caller's record from then on.
 template <class Limit>
-bool Model::inCustomList(const Limit& limit, int category, const qmservice::CInstrument& instrument) const {
+bool Model::inCustomList(Limit& limit, int category, const qmservice::CInstrument& instrument) const {
     if (static_cast<std::size_t>(category) >= limit.customCategories.size()) {
         return false;
     }
-    const std::vector<std::string> members = valueOr(limit.customCategories, category);
+    const std::vector<std::string>& members = limit.customCategories[category];
     return facts.inCustomCategory ? facts.inCustomCategory(instrument.market, instrument.code, members)
                                   : std::find(members.begin(), members.end(), instrument.code) != members.end();
 }

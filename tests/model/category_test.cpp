@@ -73,7 +73,7 @@ TEST_F(Category, OfACustomListHoldsTheMembersUnderItsNumber) {
     EXPECT_FALSE(takes(limit));
 }
 
-TEST_F(Category, OfACustomListThatIsAbsentIsAskedForAsAnEmptyOne) {
+TEST_F(Category, OfACustomListThatIsAbsentIsAnEmptyOneFromThenOn) {
     std::vector<std::string> members{"not asked"};
     facts.inCustomCategory = [&](const auto&, const auto&, const auto& list) {
         members = list;
@@ -81,9 +81,24 @@ TEST_F(Category, OfACustomListThatIsAbsentIsAskedForAsAnEmptyOne) {
     };
     const auto limit = withMembers("10001", 10001);
     limit->customCategories[-1];
+    auto expected = limit->customCategories;
+    expected[10001] = {};
     EXPECT_TRUE(takes(limit));
     EXPECT_TRUE(members.empty());
-    EXPECT_EQ(limit->customCategories.count(10001), 0U);
+    EXPECT_EQ(limit->customCategories, expected);
+}
+
+TEST_F(Category, OfACustomListThatIsNotAskedForIsNotInserted) {
+    for (const auto& [category, count] :
+         std::map<std::string, int>{{"10001", 10001}, {"10000", 10002}, {"20002", 20003}, {"70001", 3}}) {
+        const auto limit = withMembers(category, 0);
+        for (int i = 0; i < count; ++i) {
+            limit->customCategories[-1 - i];
+        }
+        const auto expected = limit->customCategories;
+        EXPECT_FALSE(takes(limit)) << category;
+        EXPECT_EQ(limit->customCategories, expected) << category;
+    }
 }
 
 TEST_F(Category, OfAGroupNeedsPartsAndANumberOfItsRange) {

@@ -123,6 +123,18 @@ TYPED_TEST(Connect, LeavesTheInstrumentsOfTheOtherChannelAlone) {
     EXPECT_EQ(this->listed(this->account).size(), 2U);
 }
 
+TYPED_TEST(Connect, InsertsAListThatIsAbsentInShanghaiOnlyAndStoresItWithTheCopy) {
+    this->facts.inCustomCategory = [](const auto&, const auto&, const auto&) { return true; };
+    const auto limit = customLimit<typename TypeParam::Limit>("10001", 1);
+    for (int i = 0; i < 10002; ++i) {
+        limit->customCategories[-1 - i];
+    }
+    this->update(this->account, customFee<typename TypeParam::Custom>(limit));
+    const bool shanghai = TypeParam::kKind == 7;
+    EXPECT_EQ(limit->customCategories.count(10001), shanghai ? 1U : 0U);
+    EXPECT_EQ(this->limitAt(this->a)->customCategories.count(10001), shanghai ? 1U : 0U);
+}
+
 TYPED_TEST(Connect, TakesGroupsAndCustomListsInShanghaiOnly) {
     this->facts.groupMembers.insert({"HK", "A"});
     const auto limit = customLimit<typename TypeParam::Limit>("70001", 1);

@@ -35,7 +35,7 @@ public:
     /// The facts are read whenever they are needed and must outlive the model and its copies.
     explicit Model(const Facts& facts);
 
-    // Changes wait in a queue until they are run.
+    // Changes wait in a queue until they are run. A custom fee may be written then, as the fee center may write it.
     void initFees(const Account& account, const Records& records);
     void updateCustomFee(const Account& account, const boost::shared_ptr<qmservice::IData>& customFee);
     std::size_t queued() const;
@@ -94,7 +94,7 @@ private:
     template <class Limit>
     bool applies(const boost::shared_ptr<Limit>& limit, int category, const qmservice::CInstrument& instrument) const;
     template <class Limit>
-    bool inCustomList(const Limit& limit, int category, const qmservice::CInstrument& instrument) const;
+    bool inCustomList(Limit& limit, int category, const qmservice::CInstrument& instrument) const;
     bool inSystemCategory(const qmservice::CInstrument& instrument, int category) const;
     template <class Detail>
     boost::shared_ptr<Detail> firstApplying(const std::vector<boost::shared_ptr<Detail>>& details,
