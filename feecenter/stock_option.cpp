@@ -58,8 +58,11 @@ StoredItems findItems(const OptionTables& tables, uint64 accountKey, uint64 inst
     return stored;
 }
 
+/// A new rate that holds the stored items. What a host's new rate already holds stays under every other key: the nodes
+/// move, nothing is allocated, and no host's item is destroyed under the tables' lock.
 boost::shared_ptr<CStockOptionFeeRate> makeRate(StoredItems&& stored) {
     auto rate = boost::make_shared<CStockOptionFeeRate>();
+    stored.items.merge(rate->items);
     rate->items = std::move(stored.items);
     if (stored.baseRate) {
         rate->baseRate = *stored.baseRate;
