@@ -206,6 +206,24 @@ TEST_F(ComparisonTest, SeesAnInstrumentOfTheCatalogueAloneThatWasWritten) {
     EXPECT_THAT(both.compareAll(), AllOf(HasSubstr("a record of the host's was"), HasSubstr("closeFee 9")));
 }
 
+TEST_F(ComparisonTest, SeesAnEmptyListThatTheModelDoesNotInsert) {
+    const auto limit = test::makeCustomLimit("10001", 0.5);
+    update(2, kStockAccount, test::makeCustomFee(limit));
+    ASSERT_EQ(limit->customCategories.size(), 0U);
+    limit->customCategories[10001];
+    EXPECT_THAT(both.compareAll(), HasSubstr("a record of the host's was"));
+}
+
+TEST_F(ComparisonTest, SeesThatAnEmptyListWasNotInserted) {
+    const auto limit = test::makeCustomLimit("10001", 0.5);
+    for (int number = -10002; number < 0; ++number) {
+        limit->customCategories[number];
+    }
+    update(2, kStockAccount, test::makeCustomFee(limit));
+    ASSERT_EQ(limit->customCategories.erase(10001), 1U);
+    EXPECT_THAT(both.compareAll(), HasSubstr("a record of the host's was"));
+}
+
 TEST_F(ComparisonTest, SeesARecordOfAQueuedChangeThatWasWritten) {
     const auto fee = boost::dynamic_pointer_cast<CInstrumentFee>(stockFee("600001", 0.0001));
     both.initFees(account(2, kStockAccount), {fee});
