@@ -44,9 +44,12 @@ standalone::Market load(const std::string& folder, Tally& tally) {
         return std::move(result.market);
     }
     for (const standalone::LoadError& error : result.errors) {
-        tell(singleLine(error.text()) + "\n");
+        tell(singleLine(error.text(folder)) + "\n");
     }
-    throw Failure(kBadInput, fmt::format("{}; nothing was loaded", counted(result.errors.size(), "error")));
+    for (const standalone::FurtherErrors& further : result.further) {
+        tell(singleLine(further.text(folder)) + "\n");
+    }
+    throw Failure(kBadInput, fmt::format("{}; nothing was loaded", counted(result.errorCount, "error")));
 }
 
 std::vector<std::string> accountIds(const standalone::Market& market) {

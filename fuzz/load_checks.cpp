@@ -12,6 +12,7 @@
 namespace fuzz {
 namespace {
 
+using standalone::FurtherErrors;
 using standalone::LoadError;
 using standalone::LoadResult;
 
@@ -44,16 +45,33 @@ bool isOneLine(const std::string& text) {
            std::none_of(text.begin(), text.end(), isControl);
 }
 
-void checkErrors(const Files& files, const std::vector<LoadError>& errors) {
-    for (const LoadError& error : errors) {
-        if (!isPlace(files, error.file, error.line)) fail("an error has a place in the folder: " + error.text());
-        if (!isOneLine(error.message) || !isOneLine(error.text()))
-            fail("an error is one line of text: " + error.text());
+/// Errors that are told, or counted by kind: each has a place, a text of one line, and they come by file, then line.
+template <class Errors>
+void checkErrors(const Files& files, const std::string& folder, const Errors& errors) {
+    for (const auto& error : errors) {
+        const std::string text = error.text(folder);
+        if (!isPlace(files, error.file, error.line)) fail("an error has a place in the folder: " + text);
+        if (!isOneLine(text)) fail("an error is one line of text: " + text);
     }
-    const bool sorted = std::is_sorted(errors.begin(), errors.end(), [](const LoadError& a, const LoadError& b) {
+    const bool sorted = std::is_sorted(errors.begin(), errors.end(), [](const auto& a, const auto& b) {
         return std::tie(a.file, a.line) < std::tie(b.file, b.line);
     });
     if (!sorted) fail("errors come by file, then line");
+}
+
+/// The errors that are told come before those that are counted, and all of them are counted once.
+void checkCounts(const LoadResult& result) {
+    std::size_t count = result.errors.size();
+    for (const FurtherErrors& further : result.further) {
+        const LoadError& last = result.errors.back();
+        if (std::tie(further.file, further.line) < std::tie(last.file, last.line))
+            fail("the first errors are told: " + further.text(result.market.folder));
+        count += further.count;
+    }
+    if (count != result.errorCount) fail("every error is counted");
+    if (result.errors.size() > standalone::kMostErrors) fail("so many errors are told at most");
+    if (result.errors.size() < standalone::kMostErrors && !result.further.empty())
+        fail("an error is told if it can be");
 }
 
 /// A load that loaded nothing and found nothing wrong either: the text of a market that is as it was made.
@@ -70,8 +88,11 @@ void checkLoad(const Files& files, const LoadResult& result) {
         checkWhole(files, result.market);
         return;
     }
-    checkErrors(files, result.errors);
-    const LoadResult loaded{result.market, {}};
+    checkErrors(files, result.market.folder, result.errors);
+    checkErrors(files, result.market.folder, result.further);
+    checkCounts(result);
+    LoadResult loaded;
+    loaded.market = result.market;
     if (textOf(loaded) != textOfNothing(result.market.folder))
         fail("with an error nothing is loaded\n" + textOf(loaded));
 }

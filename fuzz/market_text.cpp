@@ -83,7 +83,8 @@ void write(std::ostream& out, const Market& market) {
 
 std::string textOf(const LoadResult& result) {
     std::ostringstream out;
-    for (const LoadError& error : result.errors) out << error.text() << '\n';
+    for (const LoadError& error : result.errors) out << error.text(result.market.folder) << '\n';
+    for (const FurtherErrors& further : result.further) out << further.text(result.market.folder) << '\n';
     write(out, result.market);
     return out.str();
 }

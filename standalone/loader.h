@@ -5,28 +5,25 @@
 #include <string>
 #include <vector>
 
+#include "standalone/load_error.h"
 #include "standalone/market.h"
 
 namespace standalone {
 
-struct LoadError {
-    std::string file;      ///< relative to the folder; the folder itself when it cannot be read
-    std::size_t line = 0;  ///< from 1; 0 for the file as a whole
-    std::string message;   ///< what was found and what was expected, one sentence on one line
-
-    /// "file:line: message", or "file: message" for the file as a whole; on one line, whatever the file's name holds.
-    [[nodiscard]] std::string text() const;
-};
+/// A folder with many errors is told by so many; the others are counted.
+constexpr std::size_t kMostErrors = 100;
 
 struct LoadResult {
-    Market market;                  ///< whole when there are no errors, otherwise empty but for its folder
-    std::vector<LoadError> errors;  ///< by file, then line
+    Market market;                       ///< whole when there are no errors, otherwise empty but for its folder
+    std::vector<LoadError> errors;       ///< by file, then line; the first kMostErrors when there are more
+    std::vector<FurtherErrors> further;  ///< those behind them, one for each kind, by the place of the first
+    std::size_t errorCount = 0;          ///< of all of them
 
     [[nodiscard]] bool ok() const { return errors.empty(); }
 };
 
-/// Reads a market folder (docs/market-folder.md). Loads all of it or reports every error. Touches no service. Safe from
-/// any thread; throws nothing but std::bad_alloc.
+/// Reads a market folder (docs/market-folder.md). Loads all of it or nothing, and then says why not. Touches no
+/// service. Safe from any thread; throws nothing but std::bad_alloc.
 LoadResult loadMarket(const std::string& folder);
 
 }  // namespace standalone

@@ -35,10 +35,11 @@ void addAccount(Load& load, const ReadLine<CAccountInfo>& read) {
     }
     const auto [entry, isNew] = load.accounts.known.emplace(number, load.market.accounts.size());
     if (!isNew) {
-        load.errors.add(kFile, read.position.line,
-                        "the account " + inQuotes(number) + " stands already at " +
-                            load.market.where(load.market.accounts[entry->second].position) +
-                            "; remove one of the lines or give it another number");
+        const Position first = load.market.accounts[entry->second].position;
+        load.errors.add({kFile, read.position.line, "account"}, ErrorKind::kRepeated, [&] {
+            return "the account " + inQuotes(number) + " stands already at " + load.market.where(first) +
+                   "; remove one of the lines or give it another number";
+        });
         return;
     }
     load.accountNames.push_back(number);

@@ -27,18 +27,19 @@ void checkName(Load& load, const std::string& file, const ReadRule& read,
     if (sameNumber != load.categories.system.end()) {
         const CategoryRule& first = load.market.categories[sameNumber->second];
         if (first.name.empty() || first.name == line.name) return;
-        load.errors.add(file, read.position.line,
-                        numbered(line.category) + " is named " + inQuotes(line.name) + " here but " +
-                            inQuotes(first.name) + " at " + load.market.where(first.position) + "; give it one name");
+        load.errors.add({file, read.position.line, "name"}, ErrorKind::kRepeated, [&] {
+            return numbered(line.category) + " is named " + inQuotes(line.name) + " here but " + inQuotes(first.name) +
+                   " at " + load.market.where(first.position) + "; give it one name";
+        });
         return;
     }
     const auto sameName = names.find(line.name);
     if (sameName == names.end()) return;
     const CategoryRule& first = load.market.categories[sameName->second];
-    load.errors.add(file, read.position.line,
-                    numbered(line.category) + " is named " + inQuotes(line.name) + ", but so is " +
-                        numbered(first.category) + " at " + load.market.where(first.position) +
-                        "; give it another name");
+    load.errors.add({file, read.position.line, "name"}, ErrorKind::kRepeated, [&] {
+        return numbered(line.category) + " is named " + inQuotes(line.name) + ", but so is " +
+               numbered(first.category) + " at " + load.market.where(first.position) + "; give it another name";
+    });
 }
 
 void addRule(Load& load, const std::string& file, const ReadRule& read,
@@ -65,7 +66,8 @@ bool isWholeNumber(std::string_view text) {
 // Categories are looked up by name or by number, with one text for both.
 void readCategoryName(RuleLine& line, Cell& cell) {
     if (isWholeNumber(cell.text)) {
-        cell.refuseFound("a name that cannot be taken for the number of a category", "give it another name");
+        cell.refuseFound(ErrorKind::kName, "a name that cannot be taken for the number of a category",
+                         [] { return "give it another name"; });
     } else {
         readText(cell, line.name);
     }
@@ -90,13 +92,14 @@ void readSystemCategories(Load& load) {
 template <class Subject>
 using FirstLines = std::map<Subject, Position>;
 
-template <class Subject>
-bool isFirst(Load& load, const std::string& file, const ReadRule& read, const Subject& subject, const std::string& text,
+template <class Subject, class Text>
+bool isFirst(Load& load, const std::string& file, const ReadRule& read, const Subject& subject, const Text& text,
              FirstLines<Subject>& lines) {
     const auto [first, isNew] = lines.emplace(subject, read.position);
     if (isNew) return true;
-    load.errors.add(file, read.position.line,
-                    text + " already at " + load.market.where(first->second) + "; remove one of the lines");
+    load.errors.add({file, read.position.line, "category"}, ErrorKind::kRepeated, [&, at = first->second] {
+        return text() + " already at " + load.market.where(at) + "; remove one of the lines";
+    });
     return false;
 }
 
@@ -110,7 +113,7 @@ void addMember(Load& load, const std::string& file, const ReadRule& read, FirstL
         return;
     }
     std::vector<std::string>& members = load.categories.custom[line.category];
-    const std::string text = line.market + " " + inQuotes(line.code) + " is in " + numbered(line.category);
+    const auto text = [&] { return line.market + " " + inQuotes(line.code) + " is in " + numbered(line.category); };
     if (!place || !isFirst(load, file, read, {line.category, *place}, text, lines)) return;
     members.push_back(utils::voStockKey(line.market, line.code));
 }
@@ -137,7 +140,7 @@ void addPart(Load& load, const std::string& file, const ReadRule& read, FirstLin
         return;
     }
     auto& parts = load.categories.groups[line.group];
-    const std::string text = numbered(line.category) + " is a part of the group " + std::to_string(line.group);
+    const auto text = [&] { return numbered(line.category) + " is a part of the group " + std::to_string(line.group); };
     if (line.category == 0 || !isFirst(load, file, read, {line.group, line.category}, text, lines)) return;
     qmservice::CGroupCategorySubInfo part;
     part.category = line.category;
@@ -171,7 +174,8 @@ void readCategory(Cell& cell, int& category, const std::string& kinds, const std
     if (known(number)) {
         category = number;
     } else if (complete) {
-        cell.refuseFound("the number of a " + kinds + " category of the folder", "correct it or add the category");
+        cell.refuseFound(ErrorKind::kUnknownCategory, "the number of a " + kinds + " category of the folder",
+                         [] { return "correct it or add the category"; });
     } else {
         cell.drop();
     }
@@ -200,14 +204,18 @@ RuleColumn feeCategoryColumn(const CategoryRegister& all, const std::string& kin
 
 /// A custom category stands for its members only as a part of a group: by itself the fee center does not look into it.
 void refuseCustomCategory(Cell& cell) {
-    cell.refuse(" holds " + inQuotes(cell.text) +
-                ", a custom category, which matches no instrument by itself; put it into a group of "
-                "group_categories.csv and name the group here");
+    cell.refuse(ErrorKind::kUnusedCategory, [&] {
+        return " holds " + inQuotes(cell.text) +
+               ", a custom category, which matches no instrument by itself; put it into a group of "
+               "group_categories.csv and name the group here";
+    });
 }
 
 void refuseAllButSystemCategory(Cell& cell, const std::string& kind) {
-    cell.refuse(" holds " + inQuotes(cell.text) + ", a " + kind +
-                " category, but Shenzhen connect tests system categories alone; name a category of categories.csv");
+    cell.refuse(ErrorKind::kUnusedCategory, [&] {
+        return " holds " + inQuotes(cell.text) + ", a " + kind +
+               " category, but Shenzhen connect tests system categories alone; name a category of categories.csv";
+    });
 }
 
 }  // namespace

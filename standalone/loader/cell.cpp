@@ -76,14 +76,12 @@ std::string mendNumber(std::string_view text) {
 
 }  // namespace
 
-bool Cell::refuse(const std::string& message) {
-    row.errors.add(row.file, line, "column " + std::string(column) + message);
-    return drop();
-}
-
-bool Cell::refuseFound(const std::string& expected, const std::string& mend) {
-    return refuse(" holds " + inQuotes(text) + ", but " + expected + " was expected; " +
-                  (mend.empty() ? "correct it" : mend));
+bool Cell::refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& mend) {
+    return refuse(kind, [&] {
+        const std::string advice = mend ? mend() : "";
+        return " holds " + inQuotes(text) + ", but " + expected + " was expected; " +
+               (advice.empty() ? "correct it" : advice);
+    });
 }
 
 bool Cell::drop() {
@@ -100,11 +98,13 @@ std::vector<std::string> wordsOf(const Words& words) {
 bool readNumber(Cell& cell, double& value) {
     double number = 0;
     std::errc error{};
-    if (!readWhole(cell.text, number, error)) return cell.refuseFound(kPlainNumber, mendNumber(cell.text));
-    if (error == std::errc::result_out_of_range) {
-        return cell.refuseFound("a number that a double holds, 0 or from 1e-307 to 1e308");
+    if (!readWhole(cell.text, number, error)) {
+        return cell.refuseFound(ErrorKind::kNumber, kPlainNumber, [&] { return mendNumber(cell.text); });
     }
-    if (!std::isfinite(number)) return cell.refuseFound(kPlainNumber);
+    if (error == std::errc::result_out_of_range) {
+        return cell.refuseFound(ErrorKind::kNumber, "a number that a double holds, 0 or from 1e-307 to 1e308");
+    }
+    if (!std::isfinite(number)) return cell.refuseFound(ErrorKind::kNumber, kPlainNumber);
     value = number;
     return true;
 }
@@ -112,7 +112,7 @@ bool readNumber(Cell& cell, double& value) {
 bool readNumberFromZero(Cell& cell, double& value) {
     double number = 0;
     if (!readNumber(cell, number)) return false;
-    if (number < 0) return cell.refuseFound("a number that is not negative");
+    if (number < 0) return cell.refuseFound(ErrorKind::kNumber, "a number that is not negative");
     value = number;
     return true;
 }
@@ -122,7 +122,8 @@ bool readInteger(Cell& cell, int low, int high, int& value) {
     std::errc error{};
     const bool whole = readWhole(cell.text, number, error) && error == std::errc();
     if (!whole || number < low || number > high) {
-        return cell.refuseFound("a whole number from " + std::to_string(low) + " to " + std::to_string(high));
+        return cell.refuseFound(ErrorKind::kNumber,
+                                "a whole number from " + std::to_string(low) + " to " + std::to_string(high));
     }
     value = number;
     return true;
@@ -132,9 +133,11 @@ bool readWord(Cell& cell, const Words& words, int& value) {
     const auto found =
         std::find_if(words.begin(), words.end(), [&](const auto& word) { return word.first == cell.text; });
     if (found == words.end()) {
-        const std::vector<std::string> names = wordsOf(words);
-        return cell.refuse(" holds " + inQuotes(cell.text) + ", but " + oneOf(names) + " was expected" +
-                           mendByOneOf(cell.text, names));
+        return cell.refuse(ErrorKind::kWord, [&] {
+            const std::vector<std::string> names = wordsOf(words);
+            return " holds " + inQuotes(cell.text) + ", but " + oneOf(names) + " was expected" +
+                   mendByOneOf(cell.text, names);
+        });
     }
     value = found->second;
     return true;
@@ -146,7 +149,7 @@ bool readText(Cell& cell, std::string& value) {
 }
 
 bool readName(Cell& cell, std::string& value) {
-    if (hasBlank(cell.text)) return cell.refuseFound("a text without spaces and control characters");
+    if (hasBlank(cell.text)) return cell.refuseFound(ErrorKind::kName, "a text without spaces and control characters");
     return readText(cell, value);
 }
 

@@ -2,6 +2,7 @@
 #define STANDALONE_LOADER_CELL_H
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,11 +27,17 @@ public:
 
     [[nodiscard]] bool empty() const { return text.empty(); }
 
-    /// Reports that the cell is bad; the message goes on behind the column's name. The answer is false.
-    bool refuse(const std::string& message);
+    /// Reports that the cell is bad; the sentence, which is called when the error is told, goes on behind the column's
+    /// name. The answer is false.
+    template <class Sentence>
+    bool refuse(ErrorKind kind, const Sentence& sentence) {
+        row.errors.add({row.file, line, column}, kind, [&] { return "column " + std::string(column) + sentence(); });
+        return drop();
+    }
 
-    /// Reports `"text", but EXPECTED was expected` and so on; `mend` tells how to mend it, else it is to be corrected.
-    bool refuseFound(const std::string& expected, const std::string& mend = {});
+    /// Reports `"text", but EXPECTED was expected` and so on; `mend`, called when the error is told, says how to mend
+    /// it; where it is empty or says nothing the cell is to be corrected.
+    bool refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& mend = {});
 
     /// Makes the row unusable without a word: the cause is reported where it lies. The answer is false.
     bool drop();

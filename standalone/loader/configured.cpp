@@ -30,9 +30,10 @@ using FirstLines = std::map<std::size_t, Position>;
 bool isFirst(Load& load, const std::string& file, const ReadRule& read, std::size_t place, FirstLines& lines) {
     const auto [first, isNew] = lines.emplace(place, read.position);
     if (isNew) return true;
-    load.errors.add(file, read.position.line,
-                    "the instrument " + read.line.market + " " + inQuotes(read.line.code) + " has a line already at " +
-                        load.market.where(first->second) + "; remove one of them");
+    load.errors.add({file, read.position.line, "code"}, ErrorKind::kRepeated, [&, at = first->second] {
+        return "the instrument " + read.line.market + " " + inQuotes(read.line.code) + " has a line already at " +
+               load.market.where(at) + "; remove one of them";
+    });
     return false;
 }
 

@@ -86,7 +86,7 @@ void readItem(RuleLine& line, Cell& cell) {
     if (good) {
         readText(cell, line.item);
     } else {
-        cell.refuseFound("a fee item of three letters or digits, such as 000 or 0D1");
+        cell.refuseFound(ErrorKind::kName, "a fee item of three letters or digits, such as 000 or 0D1");
     }
 }
 

@@ -2,25 +2,49 @@
 #define STANDALONE_LOADER_ERROR_LOG_H
 
 #include <cstddef>
+#include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "standalone/loader.h"
 
 namespace standalone::loader {
 
-/// The errors of one load, in the order in which they are found. For one thread.
+/// Where an error lies. A view: what it names outlives it.
+struct ErrorPlace {
+    std::string_view file;
+    std::size_t line = 0;  ///< 0: the file as a whole
+    std::string_view column = {};
+};
+
+/// The errors of one load: the first kMostErrors by file and line, and of each kind the number of the others, so that a
+/// folder of any number of errors takes little memory. For one thread.
 class ErrorLog {
 public:
-    /// `line` 0 is the file as a whole. The message may quote the folder's own text as it is: control characters are
-    /// escaped here.
-    void add(const std::string& file, std::size_t line, const std::string& message);
+    /// Notes an error. `sentence` is called for its message when it is among the first so far. The message may quote
+    /// the folder's own text as it is: control characters are escaped here.
+    template <class Sentence>
+    void add(const ErrorPlace& place, ErrorKind kind, const Sentence& sentence) {
+        if (isAmongFirst(place)) {
+            keep(place, kind, sentence());
+        } else {
+            countOnly(place.file, place.line, kind);
+        }
+    }
+    void add(const ErrorPlace& place, ErrorKind kind, const char* sentence);
+    void add(const ErrorPlace& place, ErrorKind kind, const std::string& sentence);
 
     /// Hands out the errors by file, then line; those of one line stay in the order in which they were found.
-    std::vector<LoadError> takeSorted();
+    void take(LoadResult& result);
 
 private:
-    std::vector<LoadError> errors;
+    [[nodiscard]] bool isAmongFirst(const ErrorPlace& place) const;
+    void keep(const ErrorPlace& place, ErrorKind kind, const std::string& message);
+    void countOnly(std::string_view file, std::size_t line, ErrorKind kind);
+
+    std::vector<LoadError> first;  // in order
+    std::map<ErrorKind, FurtherErrors> others;
 };
 
 }  // namespace standalone::loader

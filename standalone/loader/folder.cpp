@@ -61,15 +61,15 @@ public:
 
 private:
     bool refuseFolder(const std::error_code& error) {
-        const std::string name = load.market.folder.empty() ? "\"\"" : load.market.folder;
         std::error_code ignored;
         const fs::file_status status = fs::status(load.folder, ignored);
         if (!fs::exists(status)) {
-            load.errors.add(name, 0, "there is no such folder; name the folder that holds market.toml");
+            load.errors.add({}, ErrorKind::kFolder, "there is no such folder; name the folder that holds market.toml");
         } else if (!fs::is_directory(status)) {
-            load.errors.add(name, 0, "this is not a folder; name the folder that holds market.toml");
+            load.errors.add({}, ErrorKind::kFolder, "this is not a folder; name the folder that holds market.toml");
         } else {
-            load.errors.add(name, 0, "the folder cannot be read (" + error.message() + "); make it readable");
+            load.errors.add({}, ErrorKind::kFolder,
+                            "the folder cannot be read (" + error.message() + "); make it readable");
         }
         return false;
     }
@@ -90,7 +90,7 @@ private:
         const std::vector<std::string> names = namesIn(load.folder / name, error);
         if (error) {
             if (name == kInstruments) isWhole = false;
-            load.errors.add(name, 0,
+            load.errors.add({name}, ErrorKind::kUnreadable,
                             error == std::errc::not_a_directory
                                 ? "a file stands where a folder of this name was expected; rename it or remove it"
                                 : "the folder cannot be read (" + error.message() + "); make it readable");
@@ -120,7 +120,7 @@ private:
         }
         const std::string expected = folder.files.empty() ? "tables ending in .csv" : oneOf(names);
         misspelt.push_back(nearest(file, names));
-        load.errors.add(folder.name + file, 0,
+        load.errors.add({folder.name + file}, ErrorKind::kUnknownFile,
                         "the format does not know this name, only " + expected + " here; rename it or remove it" +
                             suggestion(file, names));
     }
@@ -133,10 +133,11 @@ private:
     void reportMissing() {
         for (const std::string name : {"market.toml", "accounts.csv"}) {
             if (load.hasFile(name) || isMisspelt(name)) continue;
-            load.errors.add(name, 0, "the file is missing, but it is needed; add it");
+            load.errors.add({name}, ErrorKind::kMissingFile, "the file is missing, but it is needed; add it");
         }
         if (!load.instrumentFiles.empty() || isMisspelt(kInstruments) || !isWhole) return;
-        load.errors.add(kInstruments, 0, "there is no table of instruments; add at least one file instruments/*.csv");
+        load.errors.add({kInstruments}, ErrorKind::kMissingFile,
+                        "there is no table of instruments; add at least one file instruments/*.csv");
     }
 
     Load& load;

@@ -26,11 +26,14 @@ using InstrumentColumn = Column<InstrumentLine>;
 
 void readCode(Cell& cell, std::string& code) {
     if (cell.text.find('*') != std::string_view::npos) {
-        cell.refuseFound("a code without \"*\"", "\"*\" belongs into patterns of other tables");
+        cell.refuseFound(ErrorKind::kName, "a code without \"*\"",
+                         [] { return "\"*\" belongs into patterns of other tables"; });
     } else if (namesChannel(cell.text)) {
-        cell.refuse(" holds " + inQuotes(cell.text) +
-                    ", but HGT and SGT are the names of the connect channels, and the instrument could not be asked "
-                    "for; give it a code without them");
+        cell.refuse(ErrorKind::kName, [&] {
+            return " holds " + inQuotes(cell.text) +
+                   ", but HGT and SGT are the names of the connect channels, and the instrument could not be asked "
+                   "for; give it a code without them";
+        });
     } else {
         readName(cell, code);
     }
@@ -88,9 +91,10 @@ void addInstrument(Load& load, const std::string& file, const ReadLine<Instrumen
     }
     std::vector<ListedInstrument>& all = load.market.instruments;
     if (const auto first = load.instruments.add(record.market, record.code, all.size())) {
-        load.errors.add(file, read.position.line,
-                        "the instrument " + record.market + " " + inQuotes(record.code) + " stands already at " +
-                            load.market.where(all[*first].position) + "; remove one of the lines");
+        load.errors.add({file, read.position.line, "code"}, ErrorKind::kRepeated, [&] {
+            return "the instrument " + record.market + " " + inQuotes(record.code) + " stands already at " +
+                   load.market.where(all[*first].position) + "; remove one of the lines";
+        });
         return;
     }
     all.push_back({boost::make_shared<CInstrument>(record), read.line.lists.kindMask, read.line.lists.types,

@@ -28,8 +28,10 @@ bool readList(Cell& cell, std::string_view word, Lists& lists) {
     const auto* found =
         std::find_if(std::begin(kLists), std::end(kLists), [&](const NamedList& list) { return list.name == word; });
     if (found == std::end(kLists)) {
-        return cell.refuse(" names the list " + inQuotes(word) + ", but " + oneOf(allNames()) + " was expected" +
-                           mendByOneOf(word, allNames()));
+        return cell.refuse(ErrorKind::kWord, [&] {
+            return " names the list " + inQuotes(word) + ", but " + oneOf(allNames()) + " was expected" +
+                   mendByOneOf(word, allNames());
+        });
     }
     lists.kindMask |= found->bits.kindMask;
     lists.types |= found->bits.types;

@@ -6,7 +6,6 @@
 #include "standalone/loader/load.h"
 #include "standalone/loader/market_toml.h"
 #include "standalone/loader/tables.h"
-#include "standalone/loader/words.h"
 
 namespace standalone {
 namespace loader {
@@ -30,10 +29,6 @@ void readFolder(Load& load) {
 }  // namespace
 }  // namespace loader
 
-std::string LoadError::text() const {
-    return loader::printable(file) + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + message;
-}
-
 std::string Market::where(Position position) const {
     const std::string& file = files.at(position.file);
     return position.line == 0 ? file : file + ":" + std::to_string(position.line);
@@ -45,7 +40,7 @@ LoadResult loadMarket(const std::string& folder) {
     load.market.folder = folder;
     if (loader::scanFolder(load)) loader::readFolder(load);
     LoadResult result;
-    result.errors = load.errors.takeSorted();
+    load.errors.take(result);
     if (result.ok()) {
         result.market = std::move(load.market);
     } else {

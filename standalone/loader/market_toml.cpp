@@ -42,10 +42,11 @@ bool isMarketName(const std::string& name) {
 
 void readMarket(Load& load, TomlSection& markets, const std::string& name) {
     if (!isMarketName(name)) {
-        markets.refuse(name, "is not a market name, which has no spaces, no \":\" and no \"*\"; rename it");
+        markets.refuse(ErrorKind::kKeyValue, name,
+                       "is not a market name, which has no spaces, no \":\" and no \"*\"; rename it");
     }
     if (namesChannel(name)) {
-        markets.refuse(name,
+        markets.refuse(ErrorKind::kKeyValue, name,
                        "holds HGT or SGT, the names of the connect channels, and could not be asked for; rename it");
     }
     load.markets.known.emplace(name, load.market.markets.size());
@@ -67,7 +68,8 @@ void readMarkets(Load& load, TomlSection& root) {
     if (table == nullptr) return;
     TomlSection markets(*table, "markets", kFile, load.errors);
     for (const std::string& name : markets.keys()) readMarket(load, markets, name);
-    if (table->empty()) root.refuse("markets", "has no market, but at least one was expected; add one");
+    if (table->empty())
+        root.refuse(ErrorKind::kMissingKey, "markets", "has no market, but at least one was expected; add one");
 }
 
 bool isColumnName(const std::string& name) {
@@ -82,8 +84,9 @@ void readUnit(TomlSection& section, RateUnit& unit) {
     if (word == "yuan") {
         unit = RateUnit::kYuan;
     } else if (word != "fraction") {
-        section.refuse("unit", "holds " + inQuotes(word) + ", but fraction or yuan was expected" +
-                                   mendByOneOf(word, {"fraction", "yuan"}));
+        section.refuse(ErrorKind::kKeyValue, "unit",
+                       "holds " + inQuotes(word) + ", but fraction or yuan was expected" +
+                           mendByOneOf(word, {"fraction", "yuan"}));
     }
 }
 
@@ -91,10 +94,12 @@ void readColumn(TomlSection& section, std::string& column) {
     section.readText("column", Need::kOptional, column);
     if (!isColumnName(column)) {
         section.refuse(
-            "column", "holds " + inQuotes(column) + ", but lower-case letters, digits and _ were expected; correct it");
+            ErrorKind::kKeyValue, "column",
+            "holds " + inQuotes(column) + ", but lower-case letters, digits and _ were expected; correct it");
     } else if (isFixedColumn(column)) {
-        section.refuse("column", "holds " + inQuotes(column) +
-                                     ", a name that the tables or the answers use already; choose another");
+        section.refuse(
+            ErrorKind::kKeyValue, "column",
+            "holds " + inQuotes(column) + ", a name that the tables or the answers use already; choose another");
     }
 }
 
@@ -113,8 +118,9 @@ void refuseSharedColumns(TomlSection& family, const std::vector<RateName>& rates
     for (const RateName& rate : rates) {
         const auto [first, isNew] = fields.emplace(rate.column, rate.field);
         if (isNew) continue;
-        family.refuse(rate.field, "has the column " + inQuotes(rate.column) + ", which " + first->second +
-                                      " has already; choose another");
+        family.refuse(
+            ErrorKind::kKeyValue, rate.field,
+            "has the column " + inQuotes(rate.column) + ", which " + first->second + " has already; choose another");
     }
 }
 
@@ -179,7 +185,7 @@ void readMarketToml(Load& load) {
     try {
         readRoot(load, toml::parse(*text));
     } catch (const toml::parse_error& error) {
-        load.errors.add(kFile, error.source().begin.line, described(error));
+        load.errors.add({kFile, error.source().begin.line}, ErrorKind::kToml, described(error));
         giveUp(load);
     }
 }

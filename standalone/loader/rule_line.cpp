@@ -17,14 +17,17 @@ void readAccount(const Load& load, Cell& cell, const std::string& file, const st
         !load.accounts.complete) {  // NOLINT(bugprone-branch-clone): two unlike reasons to be silent
         cell.drop();
     } else if (place == nullptr) {
-        cell.refuseFound("an account of accounts.csv",
-                         "correct it or add the account there" + suggestion(cell.text, load.accountNames));
+        cell.refuseFound(ErrorKind::kUnknownAccount, "an account of accounts.csv", [&] {
+            return "correct it or add the account there" + suggestion(cell.text, load.accountNames);
+        });
     } else if (const int kind = load.market.accounts[*place].record->accountType; kind == 0) {
         cell.drop();
     } else if (std::find(kinds.begin(), kinds.end(), kind) == kinds.end()) {
-        cell.refuse(" names " + inQuotes(cell.text) + ", an account of the kind " + oneOf(kindNames({kind})) +
-                    ", but " + file + " takes accounts of the kind " + oneOf(kindNames(kinds)) +
-                    "; name such an account or remove the line");
+        cell.refuse(ErrorKind::kAccountKind, [&, kind = kind] {
+            return " names " + inQuotes(cell.text) + ", an account of the kind " + oneOf(kindNames({kind})) + ", but " +
+                   file + " takes accounts of the kind " + oneOf(kindNames(kinds)) +
+                   "; name such an account or remove the line";
+        });
     } else {
         account = *place;
     }
@@ -45,9 +48,10 @@ std::string instrumentName(const RuleLine& line) { return line.market + " " + in
 
 void reportUnknownInstrument(Load& load, const std::string& file, const ReadRule& read) {
     if (!load.instrumentsComplete) return;
-    load.errors.add(file, read.position.line,
-                    "the instrument " + instrumentName(read.line) +
-                        " is not in instruments/*.csv; correct the code or add the instrument there");
+    load.errors.add({file, read.position.line, "code"}, ErrorKind::kUnknownCode, [&] {
+        return "the instrument " + instrumentName(read.line) +
+               " is not in instruments/*.csv; correct the code or add the instrument there";
+    });
 }
 
 void reportNoMatch(Load& load, const std::string& file, const ReadRule& read, const Lists& lists) {
@@ -57,11 +61,11 @@ void reportNoMatch(Load& load, const std::string& file, const ReadRule& read, co
         return;
     }
     if (!load.instrumentsWhole) return;
-    const std::string product = line.product.empty() ? "" : " and the product " + inQuotes(line.product);
-    load.errors.add(file, read.position.line,
-                    "the line matches no instrument: none of market " + line.market + " in the list " +
-                        listNames(lists) + " has the code " + inQuotes(line.code) + product +
-                        "; correct the line or remove it");
+    load.errors.add({file, read.position.line}, ErrorKind::kNoMatch, [&] {
+        const std::string product = line.product.empty() ? "" : " and the product " + inQuotes(line.product);
+        return "the line matches no instrument: none of market " + line.market + " in the list " + listNames(lists) +
+               " has the code " + inQuotes(line.code) + product + "; correct the line or remove it";
+    });
 }
 
 }  // namespace
@@ -70,8 +74,10 @@ bool readMarketName(const Load& load, Cell& cell, std::string& market) {
     const std::string name(cell.text);
     if (load.markets.find(name) != nullptr) return readText(cell, market);
     if (!load.markets.complete) return cell.drop();
-    return cell.refuse(" holds " + inQuotes(name) + ", which is not a market of market.toml; known are " +
-                       oneOf(load.marketNames) + mendByOneOf(name, load.marketNames));
+    return cell.refuse(ErrorKind::kUnknownMarket, [&] {
+        return " holds " + inQuotes(name) + ", which is not a market of market.toml; known are " +
+               oneOf(load.marketNames) + mendByOneOf(name, load.marketNames);
+    });
 }
 
 RuleColumn accountColumn(const Load& load, const std::string& file, const std::vector<int>& kinds) {
@@ -143,10 +149,11 @@ std::optional<std::size_t> findInstrument(Load& load, const std::string& file, c
     const RuleLine& line = read.line;
     if (line.market.empty() || line.code.empty()) return std::nullopt;
     if (isPattern(line.code)) {
-        load.errors.add(file, read.position.line,
-                        "column code holds " + inQuotes(line.code) +
-                            ", but the code of one instrument was expected; patterns are not taken here; write a line "
-                            "for each instrument");
+        load.errors.add({file, read.position.line, "code"}, ErrorKind::kName, [&] {
+            return "column code holds " + inQuotes(line.code) +
+                   ", but the code of one instrument was expected; patterns are not taken here; write a line "
+                   "for each instrument";
+        });
         return std::nullopt;
     }
     const std::optional<std::size_t> place = load.instruments.find(line.market, line.code);

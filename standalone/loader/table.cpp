@@ -18,14 +18,9 @@ TableReader::TableReader(Load& underWay, const std::string& fileName, std::vecto
     if (isComplete) readHeader(unknownColumns);
 }
 
-void TableReader::headerFault(std::size_t line, const std::string& message) {
-    load.errors.add(file, line, message);
+void TableReader::headerFault(const CsvCell& cell, const std::string& message) {
+    load.errors.add({file, cell.line, cell.text}, ErrorKind::kHeader, message);
     headerGood = false;
-}
-
-bool TableReader::lineFault(const std::string& message) {
-    load.errors.add(file, row.line, message);
-    return isComplete = false;
 }
 
 std::vector<std::string> TableReader::names() const {
@@ -48,19 +43,22 @@ void TableReader::readHeader(bool unknownColumns) {
     rows.emplace(*text);
     rows->next(row);
     if (!row.fault.empty()) {
-        lineFault(row.fault);
-        rows.reset();
-        return;
+        return giveUp(ErrorKind::kQuoting, row.fault);
     }
     if (separatedOtherwise()) {
-        lineFault("the header has no comma but " + inQuotes(row.cells.front().text) +
-                  ", and commas were expected between the columns; save the table as comma-separated values");
-        rows.reset();
-        return;
+        return giveUp(ErrorKind::kHeader, "the header has no comma but " + inQuotes(row.cells.front().text) +
+                                              ", and commas were expected between the columns; save the table as "
+                                              "comma-separated values");
     }
     std::vector<bool> excused(columns.size(), false);
     for (const CsvCell& cell : row.cells) matchHeader(cell, unknownColumns, excused);
     reportMissing(row.line, excused);
+}
+
+void TableReader::giveUp(ErrorKind kind, const std::string& message) {
+    load.errors.add({file, row.line}, kind, message);
+    isComplete = false;
+    rows.reset();
 }
 
 bool TableReader::separatedOtherwise() const {
@@ -71,44 +69,55 @@ void TableReader::matchHeader(const CsvCell& cell, bool unknownColumns, std::vec
     const std::size_t column = columnOf(cell.text);
     const bool repeated = column != kNoColumn && hasColumn(column);
     if (repeated)
-        headerFault(cell.line, "the column " + inQuotes(cell.text) + " stands twice in the header; keep one of them");
+        headerFault(cell, "the column " + inQuotes(cell.text) + " stands twice in the header; keep one of them");
     if (column == kNoColumn && unknownColumns) reportUnknown(cell, excused);
     columnOfCell.push_back(repeated ? kNoColumn : column);
 }
 
 void TableReader::reportUnknown(const CsvCell& cell, std::vector<bool>& excused) {
     if (cell.text.empty()) {
-        headerFault(cell.line, "column " + std::to_string(columnOfCell.size() + 1) +
-                                   " has no name in the header; name it or remove it");
+        headerFault(cell, "column " + std::to_string(columnOfCell.size() + 1) +
+                              " has no name in the header; name it or remove it");
         return;
     }
     const std::string near = nearest(cell.text, names());
     if (!near.empty()) excused[columnOf(near)] = true;
-    headerFault(cell.line, "the header names an unknown column " + inQuotes(cell.text) + ", but the columns here are " +
-                               oneOf(names(), columns.size()) +
-                               (near.empty() ? "" : "; did you mean " + inQuotes(near) + "?"));
+    headerFault(cell, "the header names an unknown column " + inQuotes(cell.text) + ", but the columns here are " +
+                          oneOf(names(), columns.size()) +
+                          (near.empty() ? "" : "; did you mean " + inQuotes(near) + "?"));
 }
 
 // A needed column that seems to be there under a misspelt name has been reported with that name.
-void TableReader::reportMissing(std::size_t line, const std::vector<bool>& excused) {
+void TableReader::reportMissing(std::uint32_t line, const std::vector<bool>& excused) {
     for (std::size_t column = 0; column < columns.size(); ++column) {
         if (columns[column].need == Need::kOptional || hasColumn(column)) continue;
         isComplete = false;
         if (!excused[column]) {
-            headerFault(line,
+            headerFault({columns[column].name, line},
                         "the header lacks the column " + inQuotes(columns[column].name) + ", which is needed; add it");
         }
     }
 }
 
 bool TableReader::usable() {
-    if (!row.fault.empty()) return lineFault(row.fault);
-    if (row.cells.size() == columnOfCell.size()) return true;
-    const bool few = row.cells.size() < columnOfCell.size();
-    return lineFault(std::string("the line has too ") + (few ? "few" : "many") + " cells: " +
-                     std::to_string(row.cells.size()) + " where the header has " + std::to_string(columnOfCell.size()) +
-                     (few ? "; add the missing ones, empty ones too"
-                          : "; remove the extra ones, or quote a cell that holds a comma"));
+    if (row.fault.empty() && row.cells.size() == columnOfCell.size()) return true;
+    if (!row.fault.empty()) {
+        load.errors.add({file, row.line}, ErrorKind::kQuoting, row.fault);
+    } else {
+        reportCellCount();
+    }
+    return isComplete = false;
+}
+
+void TableReader::reportCellCount() {
+    load.errors.add({file, row.line}, ErrorKind::kCellCount, [&] {
+        const bool few = row.cells.size() < columnOfCell.size();
+        return std::string("the line has too ") + (few ? "few" : "many") +
+               " cells: " + std::to_string(row.cells.size()) + " where the header has " +
+               std::to_string(columnOfCell.size()) +
+               (few ? "; add the missing ones, empty ones too"
+                    : "; remove the extra ones, or quote a cell that holds a comma");
+    });
 }
 
 bool TableReader::next() {
@@ -125,12 +134,15 @@ bool TableReader::readCells(const std::function<void(std::size_t, Cell&)>& set) 
         if (column == kNoColumn) continue;
         Cell cell(row.cells[i].text, columns[column].name, row.cells[i].line, state);
         if (cell.text.size() > kMostCharacters && characters(cell.text) > kMostCharacters) {
-            cell.refuse(" holds " + inQuotes(cell.text) + " of " + std::to_string(characters(cell.text)) +
-                        " characters, but at most " + std::to_string(kMostCharacters) + " are taken; shorten it");
+            cell.refuse(ErrorKind::kTooLong, [&] {
+                return " holds " + inQuotes(cell.text) + " of " + std::to_string(characters(cell.text)) +
+                       " characters, but at most " + std::to_string(kMostCharacters) + " are taken; shorten it";
+            });
         } else if (!cell.empty()) {
             set(column, cell);
         } else if (columns[column].need == Need::kFilled) {
-            cell.refuse(" is empty, but every line needs a value there; fill it in");
+            cell.refuse(ErrorKind::kEmptyCell,
+                        [] { return " is empty, but every line needs a value there; fill it in"; });
         }
     }
     return state.whole;

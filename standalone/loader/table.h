@@ -67,13 +67,14 @@ private:
     [[nodiscard]] bool separatedOtherwise() const;
     void matchHeader(const CsvCell& cell, bool unknownColumns, std::vector<bool>& excused);
     void reportUnknown(const CsvCell& cell, std::vector<bool>& excused);
-    void reportMissing(std::size_t line, const std::vector<bool>& excused);
+    void reportMissing(std::uint32_t line, const std::vector<bool>& excused);
     [[nodiscard]] std::size_t columnOf(const std::string& name) const;
     [[nodiscard]] bool hasColumn(std::size_t column) const;
     [[nodiscard]] std::vector<std::string> names() const;
     bool usable();
-    void headerFault(std::size_t line, const std::string& message);
-    bool lineFault(const std::string& message);
+    void headerFault(const CsvCell& cell, const std::string& message);
+    void giveUp(ErrorKind kind, const std::string& message);
+    void reportCellCount();
 
     Load& load;
     const std::string& file;

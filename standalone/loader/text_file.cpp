@@ -16,6 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 
 struct Fault {
+    ErrorKind kind;
     std::size_t line = 0;
     std::string message;
 };
@@ -25,16 +26,18 @@ struct Close {
 };
 
 Fault cannotRead(int error) {
-    return {0, "the file cannot be read (" + std::generic_category().message(error) +
-                   "); make it a file that you may read"};
+    return {
+        ErrorKind::kUnreadable, 0,
+        "the file cannot be read (" + std::generic_category().message(error) + "); make it a file that you may read"};
 }
 
 std::optional<Fault> readBytes(const fs::path& path, std::string& bytes) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
-    if (fs::is_directory(status)) return Fault{0, "a folder stands where a file of this name was expected; rename it"};
+    if (fs::is_directory(status))
+        return Fault{ErrorKind::kUnreadable, 0, "a folder stands where a file of this name was expected; rename it"};
     if (fs::exists(status) && !fs::is_regular_file(status)) {
-        return Fault{0, "this is not a plain file; put a text file in its place"};
+        return Fault{ErrorKind::kUnreadable, 0, "this is not a plain file; put a text file in its place"};
     }
     errno = 0;
     const std::unique_ptr<std::FILE, Close> file(std::fopen(path.c_str(), "rb"));
@@ -80,21 +83,23 @@ std::size_t firstLineNotUtf8(std::string_view text) {
 std::optional<Fault> encodingFault(std::string_view text) {
     const std::string_view mark = text.substr(0, 2);
     if (mark == "\xFF\xFE" || mark == "\xFE\xFF") {
-        return Fault{1, "the text looks like UTF-16, but UTF-8 was expected; save it as UTF-8"};
+        return Fault{ErrorKind::kEncoding, 1, "the text looks like UTF-16, but UTF-8 was expected; save it as UTF-8"};
     }
     if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
-        return Fault{lineAt(text, nul), "a NUL byte stands here, but UTF-8 text was expected; remove it"};
+        return Fault{ErrorKind::kEncoding, lineAt(text, nul),
+                     "a NUL byte stands here, but UTF-8 text was expected; remove it"};
     }
     if (text.empty() || isUtf8(text)) return std::nullopt;
     const std::string kind = looksLikeGbk(text) ? "looks like GBK" : "is not UTF-8";
-    return Fault{firstLineNotUtf8(text), "the text " + kind + ", but UTF-8 was expected; save it as UTF-8"};
+    return Fault{ErrorKind::kEncoding, firstLineNotUtf8(text),
+                 "the text " + kind + ", but UTF-8 was expected; save it as UTF-8"};
 }
 
 std::optional<Fault> lineEndFault(std::string_view text) {
     for (std::size_t at = text.find('\r'); at != std::string_view::npos; at = text.find('\r', at + 1)) {
         if (at + 1 < text.size() && text[at + 1] == '\n') continue;
         return Fault{
-            lineAt(text, at),
+            ErrorKind::kLineEnd, lineAt(text, at),
             "a carriage return stands alone, but lines end with LF or CRLF; save the file with such line ends"};
     }
     return std::nullopt;
@@ -105,7 +110,8 @@ bool isNeeded(const std::string& name) { return name == "market.toml" || name ==
 std::optional<Fault> textFault(std::string_view text, const std::string& name) {
     if (std::optional<Fault> fault = encodingFault(text)) return fault;
     if (text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
-        return Fault{0, std::string("the file is empty; fill it in") + (isNeeded(name) ? "" : " or remove it")};
+        return Fault{ErrorKind::kEmptyFile, 0,
+                     std::string("the file is empty; fill it in") + (isNeeded(name) ? "" : " or remove it")};
     }
     return lineEndFault(text);
 }
@@ -120,7 +126,7 @@ std::optional<std::string> readText(const fs::path& path, const std::string& nam
         fault = textFault(text, name);
     }
     if (!fault) return text;
-    errors.add(name, fault->line, fault->message);
+    errors.add({name, fault->line}, fault->kind, fault->message);
     return std::nullopt;
 }
 

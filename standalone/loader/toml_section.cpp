@@ -31,22 +31,24 @@ bool fits(const toml::node& node, int low, int high) {
 
 }  // namespace
 
-std::string TomlSection::fullName(std::string_view key) const {
-    const std::string full = name.empty() ? std::string(key) : name + "." + std::string(key);
-    return inQuotes(full);
+std::string TomlSection::pathTo(std::string_view key) const {
+    return name.empty() ? std::string(key) : name + "." + std::string(key);
 }
 
-void TomlSection::refuse(std::string_view key, const std::string& message) {
+std::string TomlSection::fullName(std::string_view key) const { return inQuotes(pathTo(key)); }
+
+void TomlSection::refuse(ErrorKind kind, std::string_view key, const std::string& message) {
     const toml::node* node = table.get(key);
     const std::size_t line = (node == nullptr ? table.source() : node->source()).begin.line;
-    errors.add(file, line, fullName(key) + " " + message);
+    errors.add({file, line, pathTo(key)}, kind, fullName(key) + " " + message);
     isGood = false;
 }
 
 const toml::node* TomlSection::take(std::string_view key, Need need) {
     asked.emplace_back(key);
     const toml::node* node = table.get(key);
-    if (node == nullptr && need == Need::kNeeded) refuse(key, "is missing, but it is needed; add it");
+    if (node == nullptr && need == Need::kNeeded)
+        refuse(ErrorKind::kMissingKey, key, "is missing, but it is needed; add it");
     return node;
 }
 
@@ -56,7 +58,7 @@ void TomlSection::readInteger(std::string_view key, Need need, int low, int high
     if (fits(*node, low, high)) {
         value = static_cast<int>(node->as_integer()->get());
     } else {
-        refuse(key, found(*node) + ", but " + range(low, high) + kMend);
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but " + range(low, high) + kMend);
     }
 }
 
@@ -65,10 +67,11 @@ void TomlSection::readText(std::string_view key, Need need, std::string& value) 
     if (node == nullptr) return;
     const auto* text = node->as_string();
     if (text == nullptr || text->get().empty()) {
-        refuse(key, found(*node) + ", but a text in quotes" + kMend);
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a text in quotes" + kMend);
     } else if (characters(text->get()) > kMostCharacters) {
-        refuse(key, found(*node) + " of " + std::to_string(characters(text->get())) + " characters, but at most " +
-                        std::to_string(kMostCharacters) + " are taken; shorten it");
+        refuse(ErrorKind::kKeyValue, key,
+               found(*node) + " of " + std::to_string(characters(text->get())) + " characters, but at most " +
+                   std::to_string(kMostCharacters) + " are taken; shorten it");
     } else {
         value = text->get();
     }
@@ -80,7 +83,7 @@ void TomlSection::readFlag(std::string_view key, Need need, bool& value) {
     if (const auto* flag = node->as_boolean()) {
         value = flag->get();
     } else {
-        refuse(key, found(*node) + ", but true or false" + kMend);
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but true or false" + kMend);
     }
 }
 
@@ -89,7 +92,7 @@ void TomlSection::readIntegers(std::string_view key, int low, int high, std::vec
     if (node == nullptr) return;
     const toml::array* list = node->as_array();
     if (list == nullptr) {
-        refuse(key, found(*node) + ", but a list of whole numbers such as [9001]" + kMend);
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a list of whole numbers such as [9001]" + kMend);
         return;
     }
     for (const toml::node& element : *list) {
@@ -97,7 +100,7 @@ void TomlSection::readIntegers(std::string_view key, int low, int high, std::vec
             values.push_back(static_cast<int>(element.as_integer()->get()));
         } else {
             isGood = false;
-            errors.add(file, element.source().begin.line,
+            errors.add({file, element.source().begin.line, pathTo(key)}, ErrorKind::kKeyValue,
                        "an element of " + fullName(key) + " " + found(element) + ", but " + range(low, high) + kMend);
         }
     }
@@ -106,7 +109,7 @@ void TomlSection::readIntegers(std::string_view key, int low, int high, std::vec
 const toml::table* TomlSection::readTable(std::string_view key, Need need) {
     const toml::node* node = take(key, need);
     if (node == nullptr) return nullptr;
-    if (!node->is_table()) refuse(key, found(*node) + ", but a table" + kMend);
+    if (!node->is_table()) refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a table" + kMend);
     return node->as_table();
 }
 
@@ -123,7 +126,7 @@ std::vector<std::string> TomlSection::keys() const {
 void TomlSection::refuseOtherKeys() {
     for (const auto& [key, node] : table) {
         if (std::find(asked.begin(), asked.end(), key.str()) != asked.end()) continue;
-        errors.add(file, key.source().begin.line,
+        errors.add({file, key.source().begin.line, pathTo(key.str())}, ErrorKind::kUnknownKey,
                    fullName(key.str()) + " is not a key of the format, which knows " + oneOf(asked) + " here" +
                        suggestion(key.str(), asked));
         isGood = false;

@@ -37,14 +37,14 @@ public:
     void refuseOtherKeys();
 
     /// Reports something about one key, or about the table when it has no such key.
-    void refuse(std::string_view key, const std::string& message);
+    void refuse(ErrorKind kind, std::string_view key, const std::string& message);
 
     [[nodiscard]] bool good() const { return isGood; }
 
 private:
     const toml::node* take(std::string_view key, Need need);
+    [[nodiscard]] std::string pathTo(std::string_view key) const;
     [[nodiscard]] std::string fullName(std::string_view key) const;
-    bool integerFits(std::string_view key, const toml::node& node, int low, int high);
 
     const toml::table& table;
     std::string name;

@@ -487,7 +487,7 @@ TEST_F(LoaderContent, NumbersMayHaveExponentAndSign) {
 #ifdef BUNDLED_MARKET
 TEST(LoaderBundledMarket, LoadsWithoutErrors) {
     const LoadResult result = loadMarket(BUNDLED_MARKET);
-    for (const LoadError& error : result.errors) ADD_FAILURE() << error.text();
+    for (const LoadError& error : result.errors) ADD_FAILURE() << error.text(BUNDLED_MARKET);
     EXPECT_FALSE(result.market.instruments.empty());
     EXPECT_FALSE(result.market.accounts.empty());
 }

@@ -151,7 +151,7 @@ std::string contents(const fs::path& file) {
 
 std::string listed(const LoadResult& result) {
     std::string text;
-    for (const LoadError& error : result.errors) text += error.text() + "\n";
+    for (const LoadError& error : result.errors) text += error.text(result.market.folder) + "\n";
     return text;
 }
 
@@ -206,8 +206,8 @@ void LoaderTest::expectError(const std::string& file, std::size_t line, const st
     EXPECT_FALSE(result.ok());
     ASSERT_EQ(result.errors.size(), 1U) << listed(result);
     const LoadError& error = result.errors.front();
-    EXPECT_EQ(error.file, file) << error.text();
-    EXPECT_EQ(error.line, line) << error.text();
+    EXPECT_EQ(error.file, file) << error.text(result.market.folder);
+    EXPECT_EQ(error.line, line) << error.text(result.market.folder);
     for (const std::string& word : words) EXPECT_THAT(error.message, ::testing::HasSubstr(word));
     expectNothingLoaded(result.market);
 }

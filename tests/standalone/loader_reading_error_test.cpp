@@ -38,7 +38,7 @@ TEST_F(LoaderReadingError, FolderThatCannotBeOpened) {
         result = load();
     }
     ASSERT_EQ(result.errors.size(), 1U);
-    EXPECT_EQ(result.errors[0].file, folder.string());
+    EXPECT_EQ(result.errors[0].file, "");
     EXPECT_EQ(result.errors[0].line, 0U);
     EXPECT_THAT(result.errors[0].message, ::testing::HasSubstr("the folder cannot be read ("));
     EXPECT_THAT(result.errors[0].message, ::testing::HasSubstr("make it readable"));
