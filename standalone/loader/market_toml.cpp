@@ -6,6 +6,7 @@
 
 #include "standalone/loader/rate_names.h"
 #include "standalone/loader/text_file.h"
+#include "standalone/loader/toml_nesting.h"
 #include "standalone/loader/toml_section.h"
 #include "standalone/loader/words.h"
 
@@ -182,6 +183,12 @@ void readMarketToml(Load& load) {
     load.addFile(kFile);
     const std::optional<std::string> text = readText(load.folder / kFile, kFile, load.errors);
     if (!text) return giveUp(load);
+    if (const std::optional<std::size_t> line = lineNestedTooDeep(*text)) {
+        load.errors.add({kFile, *line}, ErrorKind::kNesting,
+                        "keys, lists and inline tables lie in one another more than " + std::to_string(kMostLevels) +
+                            " levels deep, but the format has no more than 5; take the inner ones out");
+        return giveUp(load);
+    }
     try {
         readRoot(load, toml::parse(*text));
     } catch (const toml::parse_error& error) {
