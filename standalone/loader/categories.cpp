@@ -1,4 +1,4 @@
-#include <set>
+#include <map>
 #include <unordered_map>
 #include <utility>
 
@@ -11,10 +11,13 @@
 namespace standalone::loader {
 namespace {
 
-constexpr int kFirstGroup = 70001;
-constexpr int kLastGroup = 80001;
-
 std::string numbered(int category) { return "the category " + std::to_string(category); }
+
+/// Whether the table is there to be read. What refers to one under a misspelt name, which is reported, is no error.
+bool isThere(const Load& load, const std::string& file, bool& complete) {
+    complete = complete && (load.hasFile(file) || load.lacks(file));
+    return load.hasFile(file);
+}
 
 // A category that a bad line mentions is known all the same: what refers to it is no error.
 
@@ -74,8 +77,8 @@ void readCategoryName(RuleLine& line, Cell& cell) {
 }
 
 void readSystemCategories(Load& load) {
-    const std::string file = "categories.csv";
-    if (!load.hasFile(file)) return;
+    const std::string& file = kSystemFile;
+    if (!isThere(load, file, load.categories.membersComplete)) return;
     const RuleColumn name{"name", Need::kFilled, readCategoryName};
     const std::vector<RuleColumn> columns{numberColumn("category", &RuleLine::category), name,
                                           marketColumn(load, Need::kOptional), codeColumn(Need::kOptional),
@@ -120,7 +123,7 @@ void addMember(Load& load, const std::string& file, const ReadRule& read, FirstL
 
 void readCustomCategories(Load& load) {
     const std::string file = "custom_categories.csv";
-    if (!load.hasFile(file)) return;
+    if (!isThere(load, file, load.categories.membersComplete)) return;
     const std::vector<RuleColumn> columns{numberColumn("category", &RuleLine::category),
                                           marketColumn(load, Need::kFilled), codeColumn(Need::kFilled)};
     FirstLines<Member> lines;
@@ -149,8 +152,8 @@ void addPart(Load& load, const std::string& file, const ReadRule& read, FirstLin
 }
 
 void readGroupCategories(Load& load) {
-    const std::string file = "group_categories.csv";
-    if (!load.hasFile(file)) return;
+    const std::string& file = kGroupsFile;
+    if (!isThere(load, file, load.categories.groupsComplete)) return;
     static const Words modes{{"include", 0}, {"exclude", 1}};
     const std::vector<RuleColumn> columns{
         {"group", Need::kFilled,
@@ -163,88 +166,7 @@ void readGroupCategories(Load& load) {
     load.categories.groupsComplete = load.categories.groupsComplete && complete;
 }
 
-bool isMember(const CategoryRegister& categories, int category) {
-    return categories.system.count(category) != 0 || categories.custom.count(category) != 0;
-}
-
-void readCategory(Cell& cell, int& category, const std::string& kinds, const std::function<bool(int)>& known,
-                  bool complete) {
-    int number = 0;
-    if (!readInteger(cell, 1, std::numeric_limits<int>::max(), number)) return;
-    if (known(number)) {
-        category = number;
-    } else if (complete) {
-        cell.refuseFound(ErrorKind::kUnknownCategory, "the number of a " + kinds + " category of the folder",
-                         [] { return "correct it or add the category"; });
-    } else {
-        cell.drop();
-    }
-}
-
-/// A category that custom fees may name: `refuse` tells why a category of the folder that is not `tested` never
-/// matches.
-RuleColumn feeCategoryColumn(const CategoryRegister& all, const std::string& kinds,
-                             const std::function<bool(int)>& tested, const std::function<void(Cell&, int)>& refuse) {
-    return {"category", Need::kFilled, [=, &all](RuleLine& line, Cell& cell) {
-                const bool complete = all.membersComplete && all.groupsComplete;
-                int category = 0;
-                readCategory(
-                    cell, category, kinds,
-                    [&](int number) { return isMember(all, number) || all.groups.count(number) != 0; }, complete);
-                if (category == 0) return;
-                if (tested(category)) {
-                    line.category = category;
-                } else if (complete) {
-                    refuse(cell, category);
-                } else {
-                    cell.drop();
-                }
-            }};
-}
-
-/// A custom category stands for its members only as a part of a group: by itself the fee center does not look into it.
-void refuseCustomCategory(Cell& cell) {
-    cell.refuse(ErrorKind::kUnusedCategory, [&] {
-        return " holds " + inQuotes(cell.text) +
-               ", a custom category, which matches no instrument by itself; put it into a group of "
-               "group_categories.csv and name the group here";
-    });
-}
-
-void refuseAllButSystemCategory(Cell& cell, const std::string& kind) {
-    cell.refuse(ErrorKind::kUnusedCategory, [&] {
-        return " holds " + inQuotes(cell.text) + ", a " + kind +
-               " category, but Shenzhen connect tests system categories alone; name a category of categories.csv";
-    });
-}
-
 }  // namespace
-
-RuleColumn memberCategoryColumn(const Load& load) {
-    return {"category", Need::kFilled, [&load](RuleLine& line, Cell& cell) {
-                const CategoryRegister& all = load.categories;
-                readCategory(
-                    cell, line.category, "system or custom", [&](int number) { return isMember(all, number); },
-                    all.membersComplete);
-            }};
-}
-
-RuleColumn categoryColumn(const Load& load) {
-    const CategoryRegister& all = load.categories;
-    return feeCategoryColumn(
-        all, "system or group",
-        [&all](int number) { return all.system.count(number) != 0 || all.groups.count(number) != 0; },
-        [](Cell& cell, int /*category*/) { refuseCustomCategory(cell); });
-}
-
-RuleColumn systemCategoryColumn(const Load& load) {
-    const CategoryRegister& all = load.categories;
-    return feeCategoryColumn(
-        all, "system", [&all](int number) { return all.system.count(number) != 0; },
-        [&all](Cell& cell, int category) {
-            refuseAllButSystemCategory(cell, all.groups.count(category) != 0 ? "group" : "custom");
-        });
-}
 
 void readCategories(Load& load) {
     readSystemCategories(load);

@@ -84,6 +84,13 @@ bool Cell::refuseFound(ErrorKind kind, const std::string& expected, const std::f
     });
 }
 
+bool Cell::refuseWithout(const std::string& file, const std::string& what) {
+    row.errors.addOnce({file}, ErrorKind::kMissingFile, [&] {
+        return "the file is missing, but " + row.file + ":" + std::to_string(line) + " names " + what + "; add it";
+    });
+    return drop();
+}
+
 bool Cell::drop() {
     row.whole = false;
     return false;

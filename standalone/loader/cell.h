@@ -39,6 +39,10 @@ public:
     /// it; where it is empty or says nothing the cell is to be corrected.
     bool refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& mend = {});
 
+    /// Reports that a file of the folder is missing for which the cell asks, as `what` says: once, whichever cells ask
+    /// for it. The answer is false.
+    bool refuseWithout(const std::string& file, const std::string& what);
+
     /// Makes the row unusable without a word: the cause is reported where it lies. The answer is false.
     bool drop();
 

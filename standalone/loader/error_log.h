@@ -3,8 +3,10 @@
 
 #include <cstddef>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "standalone/loader.h"
@@ -35,6 +37,12 @@ public:
     void add(const ErrorPlace& place, ErrorKind kind, const char* sentence);
     void add(const ErrorPlace& place, ErrorKind kind, const std::string& sentence);
 
+    /// Notes an error of a file as a whole, unless it has been noted.
+    template <class Sentence>
+    void addOnce(const ErrorPlace& place, ErrorKind kind, const Sentence& sentence) {
+        if (once.emplace(place.file, kind).second) add(place, kind, sentence);
+    }
+
     /// Hands out the errors by file, then line; those of one line stay in the order in which they were found.
     void take(LoadResult& result);
 
@@ -45,6 +53,7 @@ private:
 
     std::vector<LoadError> first;  // in order
     std::map<ErrorKind, FurtherErrors> others;
+    std::set<std::pair<std::string, ErrorKind>> once;
 };
 
 }  // namespace standalone::loader

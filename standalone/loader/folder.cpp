@@ -33,7 +33,14 @@ bool endsWith(const std::string& text, const std::string& end) {
     return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
-bool leftAlone(const std::string& name) { return name.front() == '.' || endsWith(name, ".md"); }
+/// Files that spreadsheets and desktops leave behind: locks begin with "~$", or with a point like other hidden files.
+bool isLitter(const std::string& name) {
+    std::string lower = name;
+    std::transform(lower.begin(), lower.end(), lower.begin(), lowerCase);
+    return name.compare(0, 2, "~$") == 0 || lower == "thumbs.db" || lower == "desktop.ini";
+}
+
+bool leftAlone(const std::string& name) { return name.front() == '.' || endsWith(name, ".md") || isLitter(name); }
 
 /// The names in a folder in ascending order; the error says why there are none.
 std::vector<std::string> namesIn(const fs::path& folder, std::error_code& error) {
@@ -119,30 +126,24 @@ private:
             }
         }
         const std::string expected = folder.files.empty() ? "tables ending in .csv" : oneOf(names);
-        misspelt.push_back(nearest(file, names));
+        load.misspelt.push_back(nearest(file, names));
         load.errors.add({folder.name + file}, ErrorKind::kUnknownFile,
                         "the format does not know this name, only " + expected + " here; rename it or remove it" +
                             suggestion(file, names));
     }
 
-    // What seems to be there under a misspelt name has been reported with that name.
-    [[nodiscard]] bool isMisspelt(const std::string& name) const {
-        return std::find(misspelt.begin(), misspelt.end(), name) != misspelt.end();
-    }
-
     void reportMissing() {
         for (const std::string name : {"market.toml", "accounts.csv"}) {
-            if (load.hasFile(name) || isMisspelt(name)) continue;
+            if (!load.lacks(name)) continue;
             load.errors.add({name}, ErrorKind::kMissingFile, "the file is missing, but it is needed; add it");
         }
-        if (!load.instrumentFiles.empty() || isMisspelt(kInstruments) || !isWhole) return;
+        if (!load.instrumentFiles.empty() || !load.lacks(kInstruments) || !isWhole) return;
         load.errors.add({kInstruments}, ErrorKind::kMissingFile,
                         "there is no table of instruments; add at least one file instruments/*.csv");
     }
 
     Load& load;
-    std::vector<std::string> misspelt;  ///< names that an unknown one was taken for
-    bool isWhole = true;                ///< the folder of instruments, if any, could be read
+    bool isWhole = true;  ///< the folder of instruments, if any, could be read
 };
 
 }  // namespace

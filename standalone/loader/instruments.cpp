@@ -3,6 +3,7 @@
 
 #include "standalone/loader/lists.h"
 #include "standalone/loader/rule_line.h"
+#include "standalone/loader/spreadsheet_code.h"
 #include "standalone/loader/table.h"
 #include "standalone/loader/tables.h"
 #include "standalone/loader/words.h"
@@ -34,6 +35,9 @@ void readCode(Cell& cell, std::string& code) {
                    ", but HGT and SGT are the names of the connect channels, and the instrument could not be asked "
                    "for; give it a code without them";
         });
+    } else if (isSpreadsheetNumber(cell.text)) {
+        cell.refuseFound(ErrorKind::kName, "a code, and not the number that a spreadsheet makes of it,",
+                         [] { return kKeepCodes; });
     } else {
         readName(cell, code);
     }

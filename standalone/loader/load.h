@@ -40,6 +40,7 @@ struct CategoryRegister {
 struct Load {
     std::filesystem::path folder;
     std::vector<std::string> tables;           ///< the tables that the folder has, instruments aside
+    std::vector<std::string> misspelt;         ///< the names that unknown ones, reported already, were taken for
     std::vector<std::string> instrumentFiles;  ///< instruments/*.csv by name
     Market market;
     ErrorLog errors;
@@ -60,6 +61,8 @@ struct Load {
     }
 
     [[nodiscard]] bool hasFile(const std::string& file) const;
+    /// Whether the folder has no such file, under a misspelt name neither.
+    [[nodiscard]] bool lacks(const std::string& file) const;
 };
 
 }  // namespace standalone::loader

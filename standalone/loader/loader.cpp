@@ -14,6 +14,10 @@ bool Load::hasFile(const std::string& file) const {
     return std::find(tables.begin(), tables.end(), file) != tables.end();
 }
 
+bool Load::lacks(const std::string& file) const {
+    return !hasFile(file) && std::find(misspelt.begin(), misspelt.end(), file) == misspelt.end();
+}
+
 namespace {
 
 void readFolder(Load& load) {

@@ -5,6 +5,7 @@
 
 #include "standalone/loader/account_kinds.h"
 #include "standalone/loader/lists.h"
+#include "standalone/loader/spreadsheet_code.h"
 #include "standalone/loader/words.h"
 
 namespace standalone::loader {
@@ -49,8 +50,9 @@ std::string instrumentName(const RuleLine& line) { return line.market + " " + in
 void reportUnknownInstrument(Load& load, const std::string& file, const ReadRule& read) {
     if (!load.instrumentsComplete) return;
     load.errors.add({file, read.position.line, "code"}, ErrorKind::kUnknownCode, [&] {
-        return "the instrument " + instrumentName(read.line) +
-               " is not in instruments/*.csv; correct the code or add the instrument there";
+        const std::string spoilt = spoiltCode(load.instruments, read.line.market, read.line.code);
+        return "the instrument " + instrumentName(read.line) + " is not in instruments/*.csv" +
+               (spoilt.empty() ? "; correct the code or add the instrument there" : spoilt);
     });
 }
 

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "standalone/loader/encoding.h"
+
 namespace standalone::loader {
 namespace {
 
@@ -55,19 +57,6 @@ std::size_t lineAt(std::string_view text, std::size_t offset) {
     return 1 + static_cast<std::size_t>(std::count(text.begin(), end, '\n'));
 }
 
-unsigned char byteAt(std::string_view text, std::size_t offset) { return static_cast<unsigned char>(text[offset]); }
-
-/// Whether every byte past ASCII is half of a two-byte character of GBK.
-bool looksLikeGbk(std::string_view text) {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (byteAt(text, i) < 0x80) continue;
-        if (byteAt(text, i) == 0x80 || byteAt(text, i) == 0xFF || i + 1 == text.size()) return false;
-        const unsigned char second = byteAt(text, ++i);
-        if (second < 0x40 || second == 0x7F || second == 0xFF) return false;
-    }
-    return true;
-}
-
 bool isUtf8(std::string_view text) { return bson_utf8_validate(text.data(), text.size(), false); }
 
 std::size_t firstLineNotUtf8(std::string_view text) {
@@ -80,19 +69,33 @@ std::size_t firstLineNotUtf8(std::string_view text) {
     return line;
 }
 
-std::optional<Fault> encodingFault(std::string_view text) {
-    const std::string_view mark = text.substr(0, 2);
-    if (mark == "\xFF\xFE" || mark == "\xFE\xFF") {
-        return Fault{ErrorKind::kEncoding, 1, "the text looks like UTF-16, but UTF-8 was expected; save it as UTF-8"};
-    }
+/// The path as a shell takes it.
+std::string shellWord(const std::string& path) {
+    static const std::string plain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./-";
+    if (path.find_first_not_of(plain) == std::string::npos) return path;
+    std::string quoted = "'";
+    for (const char byte : path) quoted += byte == '\'' ? std::string("'\\''") : std::string(1, byte);
+    return quoted + "'";
+}
+
+/// `encoding` is the name that iconv knows, `alsoKnown` another that a person may know.
+std::string convertFrom(const std::string& encoding, const std::string& alsoKnown, const fs::path& path) {
+    const std::string file = shellWord(path.string());
+    return "the text looks like " + encoding + alsoKnown +
+           ", but UTF-8 was expected; save it as UTF-8, or convert it: iconv -f " + encoding + " -t UTF-8 " + file +
+           " > utf8 && mv utf8 " + file;
+}
+
+std::optional<Fault> encodingFault(std::string_view text, const fs::path& path) {
+    if (beginsAsUtf16(text)) return Fault{ErrorKind::kEncoding, 1, convertFrom("UTF-16", "", path)};
     if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
         return Fault{ErrorKind::kEncoding, lineAt(text, nul),
                      "a NUL byte stands here, but UTF-8 text was expected; remove it"};
     }
     if (text.empty() || isUtf8(text)) return std::nullopt;
-    const std::string kind = looksLikeGbk(text) ? "looks like GBK" : "is not UTF-8";
     return Fault{ErrorKind::kEncoding, firstLineNotUtf8(text),
-                 "the text " + kind + ", but UTF-8 was expected; save it as UTF-8"};
+                 looksLikeGb18030(text) ? convertFrom("GB18030", " (GBK)", path)
+                                        : "the text is not UTF-8, which was expected; save it as UTF-8"};
 }
 
 std::optional<Fault> lineEndFault(std::string_view text) {
@@ -107,8 +110,8 @@ std::optional<Fault> lineEndFault(std::string_view text) {
 
 bool isNeeded(const std::string& name) { return name == "market.toml" || name == "accounts.csv"; }
 
-std::optional<Fault> textFault(std::string_view text, const std::string& name) {
-    if (std::optional<Fault> fault = encodingFault(text)) return fault;
+std::optional<Fault> textFault(std::string_view text, const fs::path& path, const std::string& name) {
+    if (std::optional<Fault> fault = encodingFault(text, path)) return fault;
     if (text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
         return Fault{ErrorKind::kEmptyFile, 0,
                      std::string("the file is empty; fill it in") + (isNeeded(name) ? "" : " or remove it")};
@@ -123,7 +126,7 @@ std::optional<std::string> readText(const fs::path& path, const std::string& nam
     std::optional<Fault> fault = readBytes(path, text);
     if (!fault) {
         if (text.compare(0, 3, "\xEF\xBB\xBF") == 0) text.erase(0, 3);
-        fault = textFault(text, name);
+        fault = textFault(text, path, name);
     }
     if (!fault) return text;
     errors.add({name, fault->line}, fault->kind, fault->message);

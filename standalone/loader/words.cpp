@@ -15,8 +15,6 @@ constexpr std::size_t kLongestName = 64;       // longer texts are not compared:
 
 bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
-char lower(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; }
-
 std::string_view shortened(std::string_view text) {
     if (text.size() <= kLongestQuote) return text;
     std::size_t end = kLongestQuote;
@@ -91,7 +89,7 @@ std::size_t distance(std::string_view a, std::string_view b) {
     for (std::size_t i = 0; i < a.size(); ++i) {
         std::size_t diagonal = row[0]++;
         for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t replaced = diagonal + (lower(a[i]) == lower(b[j]) ? 0 : 1);
+            const std::size_t replaced = diagonal + (lowerCase(a[i]) == lowerCase(b[j]) ? 0 : 1);
             diagonal = row[j + 1];
             row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
         }
@@ -104,6 +102,8 @@ std::size_t lengthGap(std::string_view a, std::string_view b) {
 }
 
 }  // namespace
+
+char lowerCase(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; }
 
 std::string inQuotes(std::string_view text) {
     return '"' + printable(shortened(text)) + (text.size() > kLongestQuote ? "...\"" : "\"");

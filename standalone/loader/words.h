@@ -34,6 +34,9 @@ std::string suggestion(std::string_view text, const std::vector<std::string>& ca
 /// The same, but `; write one of them` when none is near.
 std::string mendByOneOf(std::string_view text, const std::vector<std::string>& candidates);
 
+/// The small letter of a letter of ASCII, any other byte as it is.
+char lowerCase(char byte);
+
 /// How many characters the text has, which is UTF-8.
 std::size_t characters(std::string_view text);
 /// A cell or text of more characters is refused.

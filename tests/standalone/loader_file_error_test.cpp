@@ -148,14 +148,17 @@ TEST_F(LoaderFileError, FirstLineThatIsNotUtf8IsNamed) {
 
 TEST_F(LoaderFileError, GbkIsRecognised) {
     append("accounts.csv", "Z1,\xD6\xD0\xB9\xFA,stock,\n");
-    expectError("accounts.csv", 13, {"looks like GBK", "save it as UTF-8"});
+    expectError(
+        "accounts.csv", 13,
+        {"looks like GB18030 (GBK)", "save it as UTF-8", "iconv -f GB18030 -t UTF-8 " + path("accounts.csv") + " > "});
 }
 
 TEST_F(LoaderFileError, Utf16IsRecognised) {
     write("accounts.csv", std::string("\xFF\xFE"
                                       "a\0",
                                       4));
-    expectError("accounts.csv", 1, {"UTF-16", "save it as UTF-8"});
+    expectError("accounts.csv", 1,
+                {"UTF-16", "save it as UTF-8", "iconv -f UTF-16 -t UTF-8 " + path("accounts.csv") + " > "});
 }
 
 TEST_F(LoaderFileError, MarketTomlMustBeUtf8) {

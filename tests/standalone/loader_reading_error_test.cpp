@@ -3,6 +3,7 @@
 #include <sys/resource.h>
 
 #include <filesystem>
+#include <fstream>
 #include <utility>
 
 #include "loader_fixture.h"
@@ -80,20 +81,42 @@ TEST_P(LoaderEncodingError, IsNamed) {
     expectError("accounts.csv", 13, {std::string("the text ") + GetParam().kind, "save it as UTF-8"});
 }
 
-// A character of GBK has a first byte from 81 to FE and a second one from 40 to FE that is not 7F.
-INSTANTIATE_TEST_SUITE_P(Texts, LoaderEncodingError,
-                         ::testing::Values(Encoded{"LowestGbkBytes", "\x81\x40", "looks like GBK"},
-                                           Encoded{"HighestGbkBytes", "\xFE\xFE", "looks like GBK"},
-                                           Encoded{"FirstByteTooLow", "\x80\x40", "is not UTF-8"},
-                                           Encoded{"FirstByteTooHigh", "\xFF\x40", "is not UTF-8"},
-                                           Encoded{"SecondByteTooLow", "\x81\x3F", "is not UTF-8"},
-                                           Encoded{"SecondByteThatIsLeftOut", "\x81\x7F", "is not UTF-8"},
-                                           Encoded{"SecondByteTooHigh", "\x81\xFF", "is not UTF-8"}),
-                         [](const auto& text) { return text.param.name; });
+// A character of GB18030 has a first byte from 81 to FE and a second one from 40 to FE that is not 7F, or two pairs of
+// a byte from 81 to FE and a digit. Half of them are of daily use here (D6 D0 and B9 FA), so that the text reads as
+// Chinese.
+INSTANTIATE_TEST_SUITE_P(
+    Texts, LoaderEncodingError,
+    ::testing::Values(Encoded{"LowestTwoBytes", "\xD6\xD0\x81\x40", "looks like GB18030"},
+                      Encoded{"HighestTwoBytes", "\xFE\xFE\xD6\xD0", "looks like GB18030"},
+                      Encoded{"LowestFourBytes", "\xD6\xD0\x81\x30\x81\x30", "looks like GB18030"},
+                      Encoded{"HighestFourBytes", "\xD6\xD0\xFE\x39\xFE\x39", "looks like GB18030"},
+                      Encoded{"Punctuation", "\xA3\xA8\xD6\xD0\xA3\xA9\xA1\xA4", "looks like GB18030"},
+                      Encoded{"FirstByteTooLow", "\xD6\xD0\x80\x40", "is not UTF-8"},
+                      Encoded{"FirstByteTooHigh", "\xD6\xD0\xFF\x40", "is not UTF-8"},
+                      Encoded{"SecondByteTooLow", "\xD6\xD0\x81\x2F", "is not UTF-8"},
+                      Encoded{"SecondByteThatIsLeftOut", "\xD6\xD0\x81\x7F", "is not UTF-8"},
+                      Encoded{"SecondByteTooHigh", "\xD6\xD0\x81\xFF", "is not UTF-8"},
+                      Encoded{"ThirdByteTooLow", "\xD6\xD0\x81\x30\x80\x30", "is not UTF-8"},
+                      Encoded{"FourthByteTooHigh", "\xD6\xD0\x81\x30\x81\x3A", "is not UTF-8"},
+                      Encoded{"RareCharactersAlone", "\x81\x40\x82\x41", "is not UTF-8"},
+                      Encoded{"MostlyRareCharacters", "\xD6\xD0\x81\x40\x82\x41", "is not UTF-8"},
+                      Encoded{"PunctuationAlone", "\xA1\xA4", "is not UTF-8"},
+                      Encoded{"WesternEuropean", "M\xFC\xDFigg\xE4nger", "is not UTF-8"}),
+    [](const auto& text) { return text.param.name; });
 
-TEST_F(LoaderReadingError, HalfACharacterOfGbkAtTheEnd) {
-    append("accounts.csv", "Z1,One,stock,\xD6");
+TEST_F(LoaderReadingError, HalfACharacterOfChineseAtTheEnd) {
+    append("accounts.csv", "Z1,\xD6\xD0,stock,\xD6");
     expectError("accounts.csv", 13, {"the text is not UTF-8"});
+}
+
+TEST_F(LoaderReadingError, CommandThatConvertsNamesAnyPath) {
+    const fs::path named = folder / "it's new";
+    fs::create_directory(named);
+    std::ofstream(named / "accounts.csv") << "\xD6\xD0";
+    const LoadResult result = loadMarket(named.string());
+    ASSERT_FALSE(result.ok());
+    EXPECT_THAT(result.errors[0].message,
+                ::testing::HasSubstr("-t UTF-8 '" + folder.string() + "/it'\\''s new/accounts.csv' > utf8"));
 }
 
 TEST_F(LoaderReadingError, Utf16OfEitherByteOrder) {

@@ -1,0 +1,109 @@
+#include "standalone/loader/category_columns.h"
+
+#include <functional>
+#include <limits>
+
+#include "standalone/loader/words.h"
+
+namespace standalone::loader {
+namespace {
+
+bool isMember(const CategoryRegister& categories, int category) {
+    return categories.system.count(category) != 0 || categories.custom.count(category) != 0;
+}
+
+/// What a column of categories may name.
+struct CategoryChoice {
+    std::string kinds;
+    bool groups;
+    std::function<bool(int)> known;
+};
+
+/// A table that the folder lacks and that would hold the unknown category; empty when there is none.
+std::string missingTable(const Load& load, int category, bool mayBeGroup) {
+    const std::string& table =
+        mayBeGroup && category >= kFirstGroup && category <= kLastGroup ? kGroupsFile : kSystemFile;
+    return load.lacks(table) ? table : "";
+}
+
+void readCategory(const Load& load, Cell& cell, const CategoryChoice& choice, bool complete, int& category) {
+    int number = 0;
+    if (!readInteger(cell, 1, std::numeric_limits<int>::max(), number)) return;
+    if (choice.known(number)) {
+        category = number;
+    } else if (const std::string table = missingTable(load, number, choice.groups); !table.empty()) {
+        cell.refuseWithout(table, "the category " + std::to_string(number));
+    } else if (complete) {
+        cell.refuseFound(ErrorKind::kUnknownCategory, "the number of a " + choice.kinds + " category of the folder",
+                         [] { return "correct it or add the category"; });
+    } else {
+        cell.drop();
+    }
+}
+
+/// A category that custom fees may name: `refuse` tells why a category of the folder that is not `tested` never
+/// matches.
+RuleColumn feeCategoryColumn(const Load& load, const std::string& kinds, bool groups,
+                             const std::function<bool(int)>& tested, const std::function<void(Cell&, int)>& refuse) {
+    const CategoryRegister& all = load.categories;
+    const CategoryChoice choice{kinds, groups,
+                                [&all](int number) { return isMember(all, number) || all.groups.count(number) != 0; }};
+    return {"category", Need::kFilled, [=, &load, &all](RuleLine& line, Cell& cell) {
+                const bool complete = all.membersComplete && all.groupsComplete;
+                int category = 0;
+                readCategory(load, cell, choice, complete, category);
+                if (category == 0) return;
+                if (tested(category)) {
+                    line.category = category;
+                } else if (complete) {
+                    refuse(cell, category);
+                } else {
+                    cell.drop();
+                }
+            }};
+}
+
+/// A custom category stands for its members only as a part of a group: by itself the fee center does not look into it.
+void refuseCustomCategory(Cell& cell) {
+    cell.refuse(ErrorKind::kUnusedCategory, [&] {
+        return " holds " + inQuotes(cell.text) +
+               ", a custom category, which matches no instrument by itself; put it into a group of "
+               "group_categories.csv and name the group here";
+    });
+}
+
+void refuseAllButSystemCategory(Cell& cell, const std::string& kind) {
+    cell.refuse(ErrorKind::kUnusedCategory, [&] {
+        return " holds " + inQuotes(cell.text) + ", a " + kind +
+               " category, but Shenzhen connect tests system categories alone; name a category of categories.csv";
+    });
+}
+
+}  // namespace
+
+RuleColumn memberCategoryColumn(const Load& load) {
+    const CategoryRegister& all = load.categories;
+    const CategoryChoice choice{"system or custom", false, [&all](int number) { return isMember(all, number); }};
+    return {"category", Need::kFilled, [=, &load, &all](RuleLine& line, Cell& cell) {
+                readCategory(load, cell, choice, all.membersComplete, line.category);
+            }};
+}
+
+RuleColumn categoryColumn(const Load& load) {
+    const CategoryRegister& all = load.categories;
+    return feeCategoryColumn(
+        load, "system or group", true,
+        [&all](int number) { return all.system.count(number) != 0 || all.groups.count(number) != 0; },
+        [](Cell& cell, int /*category*/) { refuseCustomCategory(cell); });
+}
+
+RuleColumn systemCategoryColumn(const Load& load) {
+    const CategoryRegister& all = load.categories;
+    return feeCategoryColumn(
+        load, "system", false, [&all](int number) { return all.system.count(number) != 0; },
+        [&all](Cell& cell, int category) {
+            refuseAllButSystemCategory(cell, all.groups.count(category) != 0 ? "group" : "custom");
+        });
+}
+
+}  // namespace standalone::loader
