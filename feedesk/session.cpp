@@ -22,6 +22,9 @@ using standalone::Account;
 
 constexpr const char* kStrand = "fees";
 
+/// Goes on behind "name the folder that holds market.toml".
+constexpr const char* kWaysToName = ": with --market DIR, with the environment's FEEDESK_MARKET, or put it at ./market";
+
 /// Adds the time of its own life to a sum.
 class Stopwatch {
 public:
@@ -43,7 +46,10 @@ standalone::Market load(const std::string& folder, Tally& tally) {
         standalone::install(result.market);
         return std::move(result.market);
     }
-    for (const standalone::LoadError& error : result.errors) {
+    for (standalone::LoadError& error : result.errors) {
+        if (error.kind == standalone::ErrorKind::kFolder) {
+            error.message += kWaysToName;
+        }
         tell(singleLine(error.text(folder)) + "\n");
     }
     for (const standalone::FurtherErrors& further : result.further) {

@@ -8,7 +8,7 @@ namespace standalone {
 
 /// What is wrong in a market folder. Errors of one kind are mended alike.
 enum class ErrorKind {
-    kFolder,           ///< the market folder itself cannot be read
+    kFolder,           ///< there is no market folder of the name
     kUnknownFile,      ///< a file or folder that the format does not know
     kMissingFile,      ///< a file that is needed is not there
     kUnreadable,       ///< a file or folder inside cannot be read, or is none

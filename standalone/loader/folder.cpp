@@ -75,7 +75,7 @@ private:
         } else if (!fs::is_directory(status)) {
             load.errors.add({}, ErrorKind::kFolder, "this is not a folder; name the folder that holds market.toml");
         } else {
-            load.errors.add({}, ErrorKind::kFolder,
+            load.errors.add({}, ErrorKind::kUnreadable,
                             "the folder cannot be read (" + error.message() + "); make it readable");
         }
         return false;

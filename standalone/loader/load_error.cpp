@@ -16,7 +16,7 @@ struct KindText {
 };
 
 constexpr std::array<KindText, 28> kKinds{{
-    {ErrorKind::kFolder, "folder", "market folders that cannot be read"},
+    {ErrorKind::kFolder, "folder", "market folders that are not there"},
     {ErrorKind::kUnknownFile, "unknown-file", "names that the format does not know"},
     {ErrorKind::kMissingFile, "missing-file", "files that are needed and not there"},
     {ErrorKind::kUnreadable, "unreadable", "files that cannot be read"},

@@ -1,6 +1,7 @@
 #include "standalone/loader/table.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "standalone/loader/text_file.h"
 #include "standalone/loader/words.h"
@@ -50,6 +51,11 @@ void TableReader::readHeader(bool unknownColumns) {
                                               ", and commas were expected between the columns; save the table as "
                                               "comma-separated values");
     }
+    if (isNoHeader()) {
+        return giveUp(ErrorKind::kHeader, "the first line names none of the columns of this table, which are " +
+                                              oneOf(names()) + "; put a header line with their names there");
+    }
+    headerLine = row.line;
     std::vector<bool> excused(columns.size(), false);
     for (const CsvCell& cell : row.cells) matchHeader(cell, unknownColumns, excused);
     reportMissing(row.line, excused);
@@ -63,6 +69,12 @@ void TableReader::giveUp(ErrorKind kind, const std::string& message) {
 
 bool TableReader::separatedOtherwise() const {
     return row.cells.size() == 1 && row.cells.front().text.find_first_of(";\t") != std::string::npos;
+}
+
+bool TableReader::isNoHeader() const {
+    return std::none_of(row.cells.begin(), row.cells.end(), [&](const CsvCell& cell) {
+        return cell.text.empty() || columnOf(cell.text) != kNoColumn || !nearest(cell.text, names()).empty();
+    });
 }
 
 void TableReader::matchHeader(const CsvCell& cell, bool unknownColumns, std::vector<bool>& excused) {
@@ -100,13 +112,38 @@ void TableReader::reportMissing(std::uint32_t line, const std::vector<bool>& exc
 }
 
 bool TableReader::usable() {
+    const bool isFirst = std::exchange(isFirstLine, false);
     if (row.fault.empty() && row.cells.size() == columnOfCell.size()) return true;
+    isComplete = false;
     if (!row.fault.empty()) {
         load.errors.add({file, row.line}, ErrorKind::kQuoting, row.fault);
+    } else if (const std::size_t lines = isFirst ? likeLines() : 0; lines > 1 || (lines == 1 && !headerGood)) {
+        reportColumnCount(lines);
+        rows.reset();
     } else {
         reportCellCount();
     }
-    return isComplete = false;
+    return false;
+}
+
+// A header's fault is looked for when the first line does not fit, so that good tables are read once.
+std::size_t TableReader::likeLines() const {
+    CsvRows all(*text);
+    CsvRow other;
+    std::size_t lines = 0;
+    for (all.next(other); all.next(other); ++lines) {
+        if (!other.fault.empty() || other.cells.size() != row.cells.size()) return 0;
+    }
+    return lines;
+}
+
+void TableReader::reportColumnCount(std::size_t lines) {
+    if (!headerGood) return;  // its fault has been told
+    const std::size_t there = columnOfCell.size();
+    const std::size_t wanted = row.cells.size();
+    headerFault({"", headerLine}, "the header has " + std::to_string(there) + " columns, but all " +
+                                      std::to_string(lines) + " lines have " + std::to_string(wanted) +
+                                      " cells; name the columns of the lines in the header");
 }
 
 void TableReader::reportCellCount() {

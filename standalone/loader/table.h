@@ -65,6 +65,8 @@ private:
 
     void readHeader(bool unknownColumns);
     [[nodiscard]] bool separatedOtherwise() const;
+    /// Whether the first line is like no header of this table.
+    [[nodiscard]] bool isNoHeader() const;
     void matchHeader(const CsvCell& cell, bool unknownColumns, std::vector<bool>& excused);
     void reportUnknown(const CsvCell& cell, std::vector<bool>& excused);
     void reportMissing(std::uint32_t line, const std::vector<bool>& excused);
@@ -72,6 +74,9 @@ private:
     [[nodiscard]] bool hasColumn(std::size_t column) const;
     [[nodiscard]] std::vector<std::string> names() const;
     bool usable();
+    /// How many lines the table has if all of them have as many cells as this one, otherwise 0.
+    [[nodiscard]] std::size_t likeLines() const;
+    void reportColumnCount(std::size_t lines);
     void headerFault(const CsvCell& cell, const std::string& message);
     void giveUp(ErrorKind kind, const std::string& message);
     void reportCellCount();
@@ -84,6 +89,8 @@ private:
     std::optional<CsvRows> rows;
     std::vector<std::size_t> columnOfCell;
     CsvRow row;
+    std::uint32_t headerLine = 0;
+    bool isFirstLine = true;  ///< behind the header
     bool isComplete = true;
     bool headerGood = true;
 };

@@ -217,6 +217,34 @@ TEST_F(LoaderFileError, HeaderThatCannotBeReadStopsOnlyItsFile) {
     expectPlaces({"fees/credit.csv:1", "fees/stock.csv:4"});
 }
 
+TEST_F(LoaderFileError, LineThatIsNoHeaderIsToldOnce) {
+    write("fees/credit.csv", "C1,SH,*,0.1\nC1,SH,600000,0.2\n");
+    expectError("fees/credit.csv", 1, {"none of the columns", "account, market, code, product, rate1", "header line"});
+}
+
+TEST_F(LoaderFileError, HeaderThatAllLinesDifferFromIsToldOnce) {
+    write("fees/credit.csv", "account,market,code,rate1\n\nC1,SH,*,,0.1\nC1,SH,600000,,0.2\nC1,SH,600000,,x\n");
+    expectError("fees/credit.csv", 1, {"the header has 4 columns, but all 3 lines have 5 cells"});
+    write("fees/credit.csv", "account,market,code,product,rate1\nC1,SH,*\nC1,SH,600000\n");
+    expectError("fees/credit.csv", 1, {"the header has 5 columns, but all 2 lines have 3 cells"});
+}
+
+TEST_F(LoaderFileError, LinesThatDifferFromOneAnotherAreToldOneByOne) {
+    write("fees/credit.csv", "account,market,code,rate1\nC1,SH,*,,0.1\nC1,SH,600000,0.2\nC1,SH,600000,,0.3\n");
+    expectPlaces({"fees/credit.csv:2", "fees/credit.csv:4"});
+    write("fees/credit.csv", "account,market,code,rate1\nC1,SH,*,,0.1\nC1,SH,600000,0.2,,,\n");
+    expectPlaces({"fees/credit.csv:2", "fees/credit.csv:3"});
+    write("fees/credit.csv", "account,market,code,rate1\nC1,SH,*,,0.1\nC1,S\"H,600000,0.2,\n");
+    expectPlaces({"fees/credit.csv:2", "fees/credit.csv:3"});
+}
+
+TEST_F(LoaderFileError, LinesThatDifferFromAWrongHeaderAreNotToldToo) {
+    write("fees/credit.csv", "account,code,rate1\nC1,SH,*,0.1\nC1,SH,600000,0.2\n");
+    expectError("fees/credit.csv", 1, {"lacks the column \"market\""});
+    write("fees/credit.csv", "account,code,rate1\nC1,SH,*,0.1\n");
+    expectError("fees/credit.csv", 1, {"lacks the column \"market\""});
+}
+
 TEST_F(LoaderFileError, TooFewCells) {
     append("fees/credit.csv", "C1,SH,*,x\n");
     expectError("fees/credit.csv", 3, {"too few cells", "4", "5"});
