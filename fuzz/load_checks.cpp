@@ -26,9 +26,10 @@ bool isFolder(const Files& files, const std::string& path) {
     return below != files.end() && below->first.compare(0, path.size() + 1, path + "/") == 0;
 }
 
-/// Names that the format needs, so that their absence is an error of a file that is not there.
+/// Names that the format needs, or that other tables may need, so that an error can lie at a file that is not there.
 bool isNeeded(const std::string& path) {
-    return path == "market.toml" || path == "accounts.csv" || path == "instruments";
+    return path == "market.toml" || path == "accounts.csv" || path == "instruments" || path == "categories.csv" ||
+           path == "group_categories.csv";
 }
 
 /// Whether the folder has the place, or lacks it although it needs it.
