@@ -1,3 +1,5 @@
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -12,6 +14,7 @@
 #include "feedesk/csv.h"
 #include "feedesk/json.h"
 #include "feedesk/numbers.h"
+#include "feedesk/patterns.h"
 #include "feedesk/program.h"
 #include "feedesk/table.h"
 #include "feedesk/terminal.h"
@@ -151,14 +154,44 @@ std::string asCsv(const Columns& columns, const Rows& rows) {
     return text;
 }
 
-ExitStatus accounts(const Program& program, bool levels) {
+struct AccountsArguments {
+    std::string pattern = "*";
+    bool levels = false;
+};
+
+using Accounts = std::vector<const standalone::Account*>;
+
+Accounts accountsLike(const std::string& pattern, const standalone::Market& market) {
+    Accounts all;
+    for (const standalone::Account& account : market.accounts) {
+        all.push_back(&account);
+    }
+    return itemsLike(all, pattern, [](const standalone::Account* account) {
+        return std::array<std::string_view, 2>{account->record->accountId, account->record->accountName};
+    });
+}
+
+std::string whyNone(const std::string& pattern, const standalone::Market& market) {
+    const std::string problem = "the market folder has no account like " + echoed(pattern);
+    const std::string wide = widened(pattern);
+    if (!accountsLike(wide, market).empty()) {
+        return problem + insideAdvice("'" + wide + "'", "numbers and names");
+    }
+    const std::vector<std::string> near = nearNames(pattern, accountIds(market));
+    return near.empty() ? problem : fmt::format("{}; did you mean {}?", problem, fmt::join(near, " or "));
+}
+
+ExitStatus accounts(const Program& program, const AccountsArguments& arguments) {
     Session session(program.session);
     Rows rows;
-    for (const standalone::Account& account : session.market().accounts) {
-        rows.push_back({&account, levels ? countLevels(session, account) : LevelCounts()});
+    for (const standalone::Account* account : accountsLike(arguments.pattern, session.market())) {
+        rows.push_back({account, arguments.levels ? countLevels(session, *account) : LevelCounts()});
+    }
+    if (rows.empty() && !session.market().accounts.empty()) {
+        throw Failure(kNoAnswer, whyNone(arguments.pattern, session.market()));
     }
     const auto form = program.format == Format::kJson ? asJson : program.format == Format::kCsv ? asCsv : asTable;
-    program.answer(form(accountColumns(levels), rows), session);
+    program.answer(form(accountColumns(arguments.levels), rows), session);
     return kAnswered;
 }
 
@@ -166,10 +199,13 @@ ExitStatus accounts(const Program& program, bool levels) {
 
 void addAccounts(CLI::App& app, Program& program) {
     CLI::App* command = app.add_subcommand("accounts", "The accounts of the market folder");
-    const auto levels = std::make_shared<bool>(false);
-    command->add_flag("--levels", *levels, "How many instruments each account is\nanswered on which level");
+    const auto arguments = std::make_shared<AccountsArguments>();
+    command->add_option("PATTERN", arguments->pattern, "Only numbers or names like this; * is any\ntext")
+        ->type_name("");
+    command->add_flag("--levels", arguments->levels, "How many instruments each account is\nanswered on which level");
     addFormatOptions(*command, program);
-    command->callback([&program, levels] { program.command = [=, &program] { return accounts(program, *levels); }; });
+    command->callback(
+        [&program, arguments] { program.command = [=, &program] { return accounts(program, *arguments); }; });
 }
 
 }  // namespace feedesk

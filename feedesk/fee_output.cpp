@@ -6,6 +6,7 @@
 
 #include "feedesk/account_kinds.h"
 #include "feedesk/marks.h"
+#include "feedesk/messages.h"
 #include "feedesk/show.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
@@ -49,9 +50,9 @@ std::string below(const std::vector<std::string>& notes, const std::string& coun
 }
 
 void tellBeside(const std::vector<std::string>& notes, const std::string& count) {
-    std::for_each(notes.begin(), notes.end(), tellProblem);
+    std::for_each(notes.begin(), notes.end(), tellNote);
     if (!count.empty()) {
-        tellProblem(count);
+        tellNote(count);
     }
 }
 

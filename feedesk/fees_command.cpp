@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <boost/algorithm/string/case_conv.hpp>
 #include <iterator>
 #include <locale>
@@ -9,9 +10,9 @@
 #include "feedesk/account_kinds.h"
 #include "feedesk/fee_output.h"
 #include "feedesk/numbers.h"
+#include "feedesk/patterns.h"
 #include "feedesk/program.h"
 #include "feedesk/text.h"
-#include "standalone/code_pattern.h"
 
 namespace feedesk {
 namespace {
@@ -49,15 +50,6 @@ FeesArguments withKnownMarkets(FeesArguments arguments, const standalone::Market
     return arguments;
 }
 
-bool isWanted(const FeesArguments& arguments, const Answer& answer) {
-    const qmservice::CInstrument& instrument = *answer.instrument;
-    const auto& markets = arguments.markets;
-    const bool inMarket =
-        markets.empty() || std::find(markets.begin(), markets.end(), instrument.market) != markets.end();
-    return inMarket && (standalone::matchesPattern(instrument.code, arguments.pattern) ||
-                        standalone::matchesPattern(instrument.name, arguments.pattern));
-}
-
 std::string whyNoList(const standalone::Account& account) {
     const std::string& id = account.record->accountId;
     const AccountKind kind = accountKind(account.record->accountType);
@@ -71,23 +63,20 @@ std::string whyNoList(const standalone::Account& account) {
 }
 
 std::vector<Answer> wanted(const FeesArguments& arguments, const std::vector<Answer>& answers) {
+    const auto& markets = arguments.markets;
     std::vector<Answer> found;
-    std::copy_if(answers.begin(), answers.end(), std::back_inserter(found),
-                 [&](const Answer& answer) { return isWanted(arguments, answer); });
-    return found;
+    std::copy_if(answers.begin(), answers.end(), std::back_inserter(found), [&](const Answer& answer) {
+        return markets.empty() || std::find(markets.begin(), markets.end(), answer.instrument->market) != markets.end();
+    });
+    return itemsLike(found, arguments.pattern, [](const Answer& answer) {
+        return std::array<std::string_view, 2>{answer.instrument->code, answer.instrument->name};
+    });
 }
 
 /// How to find what the pattern is only a part of; empty when that finds nothing either.
 std::string widerPattern(FeesArguments arguments, const std::vector<Answer>& answers) {
-    const std::string& text = arguments.pattern;
-    if (text.empty()) {
-        return "";
-    }
-    const std::string pattern = (text.front() == '*' ? "" : "*") + text + (text.back() == '*' ? "" : "*");
-    arguments.pattern = pattern;
-    return !wanted(arguments, answers).empty()
-               ? fmt::format("; --match '{}' finds the text inside codes and names", pattern)
-               : "";
+    arguments.pattern = widened(arguments.pattern);
+    return wanted(arguments, answers).empty() ? "" : insideAdvice("--match '" + arguments.pattern + "'");
 }
 
 std::string whyNoneWanted(const FeesArguments& arguments, const std::vector<Answer>& answers) {

@@ -3,156 +3,159 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <boost/algorithm/string/case_conv.hpp>
-#include <locale>
-#include <utility>
+#include <boost/algorithm/string/predicate.hpp>
+#include <boost/make_shared.hpp>
+#include <tuple>
 
+#include "feedesk/folding.h"
+#include "feedesk/instrument_advice.h"
+#include "feedesk/instrument_patterns.h"
 #include "feedesk/text.h"
+#include "standalone/loader/words.h"
 
 namespace feedesk {
 namespace {
 
-constexpr std::size_t kMostSuggestions = 3;
+constexpr std::size_t kMostCandidates = 8;
 
-/// The text in small letters without what stands between market and code.
-std::string letters(std::string text) {
-    text.erase(std::remove_if(text.begin(), text.end(), [](char c) { return c == ':' || c == '.' || c == ' '; }),
-               text.end());
-    return boost::to_lower_copy(text, std::locale::classic());
-}
-
-struct WrittenName {
-    std::string market;  ///< empty: none is named
-    std::string code;
-};
-
-WrittenName parts(const std::string& text) {
-    const std::size_t colon = text.find(':');
-    const std::size_t point = text.rfind('.');
-    WrittenName written{"", text};
-    if (colon != std::string::npos) {
-        written = {text.substr(0, colon), text.substr(colon + 1)};
-    } else if (point != std::string::npos) {
-        written = {text.substr(point + 1), text.substr(0, point)};
+/// What is left of the text without a market in front of it, and without one behind it.
+std::vector<std::string> withoutMarket(const std::string& text, const std::string& market) {
+    std::vector<std::string> rests;
+    if (boost::starts_with(text, market)) {
+        rests.push_back(text.substr(market.size()));
     }
-    boost::to_upper(written.market, std::locale::classic());
-    return written;
+    if (boost::ends_with(text, market)) {
+        rests.push_back(text.substr(0, text.size() - market.size()));
+    }
+    return rests;
 }
 
-std::vector<std::string> firstFew(std::vector<std::string> names) {
-    std::sort(names.begin(), names.end());
-    names.resize(std::min(names.size(), kMostSuggestions));
-    return names;
+/// Adds the instruments that are in the place, each once.
+void addFrom(const Place& place, const Instruments& named, std::vector<Question>& candidates) {
+    for (const Instrument& instrument : named) {
+        const bool isThere = std::any_of(candidates.begin(), candidates.end(), [&](const Question& candidate) {
+            return candidate.market == place.asked && candidate.code == instrument->code;
+        });
+        if (instrument->market == place.market && !isThere) {
+            candidates.push_back({place.asked, instrument->code});
+        }
+    }
 }
 
-bool isChannel(const std::string& market) { return market == "HGT" || market == "SGT"; }
+std::string candidatesText(const std::vector<Question>& candidates) {
+    std::vector<std::string> texts;
+    for (const Question& candidate : candidates) {
+        texts.push_back(instrumentText(candidate.market, candidate.code));
+    }
+    return standalone::loader::oneOf(texts, kMostCandidates);
+}
 
 }  // namespace
 
-std::string instrumentText(const std::string& market, const std::string& code) { return market + ":" + code; }
-
 InstrumentNames::InstrumentNames(const standalone::Market& market) {
-    for (const auto& listed : market.instruments) {
-        marketsByCode[listed.record->code].push_back(listed.record->market);
+    for (const standalone::ListedInstrument& listed : market.instruments) {
+        instruments.push_back(boost::make_shared<InstrumentName>(*listed.record));
+    }
+    const auto name = [](const Instrument& each) { return std::tie(each->market, each->code); };
+    std::sort(instruments.begin(), instruments.end(),
+              [&](const Instrument& one, const Instrument& other) { return name(one) < name(other); });
+    markets = placesOf(instruments);
+    for (const Instrument& instrument : instruments) {
+        byFoldedCode[instrument->foldedCode].push_back(instrument);
+        byFoldedName[instrument->foldedName].push_back(instrument);
     }
 }
 
-bool InstrumentNames::has(const std::string& market, const std::string& code) const {
-    const auto found = marketsByCode.find(code);
-    return found != marketsByCode.end() &&
-           std::find(found->second.begin(), found->second.end(), market) != found->second.end();
+const Instruments& InstrumentNames::under(const Index& index, const std::string& key) {
+    static const Instruments none;
+    const auto found = index.find(key);
+    return key.empty() || found == index.end() ? none : found->second;
 }
 
-std::optional<Question> InstrumentNames::inMarket(const std::string& market, const std::string& code,
-                                                  bool connect) const {
-    for (const std::string& name : {market, boost::to_upper_copy(market, std::locale::classic())}) {
-        if (has(connect && isChannel(name) ? "HK" : name, code)) {
-            return Question{name, code};
+Places InstrumentNames::places(bool connect) const {
+    Places all = markets;
+    if (connect) {
+        const Places more = channels();
+        all.insert(all.end(), more.begin(), more.end());
+    }
+    return all;
+}
+
+std::vector<Question> InstrumentNames::withCode(const std::string& code, const Places& inPlaces) const {
+    std::vector<Question> found;
+    for (const Place& place : inPlaces) {
+        addFrom(place, under(byFoldedCode, folded(code)), found);
+    }
+    found.erase(
+        std::remove_if(found.begin(), found.end(), [&](const Question& question) { return question.code != code; }),
+        found.end());
+    return found;
+}
+
+/// By market and code. What has a code of that very writing means it, whatever else could be meant when it is folded.
+std::vector<Question> InstrumentNames::asWritten(const std::string& text, const Places& inPlaces) const {
+    for (const MarketAndName& reading : readings(text)) {
+        for (const Place& place : inPlaces) {
+            if (!place.isCalled(reading.market)) {
+                continue;
+            }
+            const std::vector<Question> found = withCode(reading.name, {place});
+            if (!found.empty()) {
+                return found;
+            }
         }
     }
     return {};
 }
 
-NamedInstrument InstrumentNames::find(const std::string& text, bool connect) const {
-    const auto byCode = marketsByCode.find(text);
-    if (byCode != marketsByCode.end() && byCode->second.size() == 1) {
-        return {Question{byCode->second.front(), text}, ""};
+std::vector<Question> InstrumentNames::asFolded(const std::string& text, const Places& inPlaces) const {
+    const std::string wanted = folded(text);
+    std::vector<Question> found;
+    const auto add = [&](const Place& place, const std::string& name) {
+        addFrom(place, under(byFoldedCode, name), found);
+        addFrom(place, under(byFoldedName, name), found);
+    };
+    for (const Place& place : markets) {
+        add(place, wanted);
     }
-    if (byCode != marketsByCode.end()) {
-        std::vector<std::string> candidates;
-        for (const std::string& market : byCode->second) {
-            candidates.push_back(instrumentText(market, text));
-        }
-        return {{}, fmt::format("several markets have the code {}: write {}", text, fmt::join(candidates, " or "))};
-    }
-    const std::size_t colon = text.find(':');
-    const std::size_t point = text.rfind('.');
-    std::optional<Question> question;
-    if (colon != std::string::npos) {
-        question = inMarket(text.substr(0, colon), text.substr(colon + 1), connect);
-    }
-    if (!question && point != std::string::npos) {
-        question = inMarket(text.substr(point + 1), text.substr(0, point), connect);
-    }
-    if (question) {
-        return {question, ""};
-    }
-    return {{}, fmt::format("the market folder has no instrument {}{}", echoed(text), advice(text))};
-}
-
-std::string InstrumentNames::advice(const std::string& text) const {
-    const std::vector<std::string> same = differentlyWritten(text);
-    if (!same.empty()) {
-        return fmt::format("; write {}", fmt::join(same, " or "));
-    }
-    const std::vector<std::string> near = nearInstruments(text);
-    return near.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(near, " or "));
-}
-
-/// The instruments that the text names but for the letters' case and what stands between market and code.
-std::vector<std::string> InstrumentNames::differentlyWritten(const std::string& text) const {
-    const std::string wanted = letters(text);
-    std::vector<std::string> found;
-    for (const auto& [code, markets] : marketsByCode) {
-        if (wanted.find(letters(code)) == std::string::npos) {
-            continue;
-        }
-        for (const std::string& market : markets) {
-            if (wanted == letters(code) || wanted == letters(market + code) || wanted == letters(code + market)) {
-                found.push_back(instrumentText(market, code));
-            }
+    for (const Place& place : inPlaces) {
+        for (const std::string& name : withoutMarket(wanted, folded(place.asked))) {
+            add(place, name);
         }
     }
-    return firstFew(std::move(found));
-}
-
-/// The instruments of other markets with the code that the text holds, else those with a code near to it.
-std::vector<std::string> InstrumentNames::nearInstruments(const std::string& text) const {
-    const WrittenName written = parts(text);
-    if (written.code.empty()) {
-        return {};
-    }
-    std::vector<std::string> codes;
-    for (const auto& [code, markets] : marketsByCode) {
-        const bool inMarket = std::find(markets.begin(), markets.end(), written.market) != markets.end();
-        if (code == written.code || written.market.empty() || inMarket) {
-            codes.push_back(code);
-        }
-    }
-    std::vector<std::string> found;
-    for (const std::string& code : nearNames(written.code, codes)) {
-        for (const std::string& market : marketsByCode.at(code)) {
-            const bool wanted = code == written.code || written.market.empty() || market == written.market;
-            if (wanted) {
-                found.push_back(instrumentText(market, code));
-            }
-        }
-        if (code == written.code) {
-            break;
-        }
-    }
-    found.resize(std::min(found.size(), kMostSuggestions));
     return found;
+}
+
+/// The instruments that the text may name, more than one when it is not clear which.
+std::vector<Question> InstrumentNames::meant(const std::string& text, bool connect) const {
+    const Places inPlaces = places(connect);
+    std::vector<Question> found = withCode(text, markets);
+    if (found.empty()) {
+        found = asWritten(text, inPlaces);
+    }
+    return found.empty() ? asFolded(text, inPlaces) : found;
+}
+
+std::vector<Question> InstrumentNames::find(const std::string& text, bool connect) const {
+    const std::vector<Question> candidates = meant(text, connect);
+    if (candidates.size() == 1) {
+        return candidates;
+    }
+    return isPattern(text) ? questionsLike(text, instruments, places(connect)) : std::vector<Question>();
+}
+
+std::string InstrumentNames::problem(const std::string& text, bool connect) const {
+    if (isPattern(text)) {
+        return patternProblem(text, instruments, places(connect));
+    }
+    if (withCode(text, markets).size() > 1) {
+        return fmt::format("several markets have the code {}: write {}", text, candidatesText(withCode(text, markets)));
+    }
+    const std::vector<Question> candidates = meant(text, connect);
+    if (!candidates.empty()) {
+        return fmt::format("{} may mean several instruments: write {}", echoed(text), candidatesText(candidates));
+    }
+    return fmt::format("the market folder has no instrument {}{}", echoed(text), instrumentAdvice(text, instruments));
 }
 
 }  // namespace feedesk

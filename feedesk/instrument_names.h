@@ -2,44 +2,54 @@
 #define FEEDESK_INSTRUMENT_NAMES_H
 
 #include <boost/unordered_map.hpp>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "feedesk/instrument_text.h"
 #include "feedesk/provenance.h"
 #include "standalone/market.h"
 
 namespace feedesk {
 
-/// What an instrument that a person names is: the question to ask, or a sentence that tells why there is none.
-struct NamedInstrument {
-    std::optional<Question> question;
-    std::string problem;
-};
-
-/// The instruments of a market by the ways in which a person writes them: "SH:600519", "600519.SH", and "600519" when
-/// one market alone has the code. Immutable.
+/// The instruments of a market by the ways in which a person writes them. Immutable.
+///
+/// A text names one instrument
+/// - as it is written: "600519" when one market alone has the code, "SH:600519" or "600519.SH" with the market in
+///   capital or small letters;
+/// - else folded (folding.h): its code or its name, alone or with the market in front or behind, as in "sh600519" or
+///   "贵州茅台", when one instrument alone can be meant.
+/// A text with '*' that names none is a pattern: "SHFE:rb*" stands for the instruments of the market whose code or name
+/// is like "rb*", "S*:rb*" for those of all markets that are like "S*".
+///
+/// `connect`: the account trades through a connect channel, and "HGT:00700" and "SGT:00700" are the channels' names for
+/// "HK:00700".
 class InstrumentNames {
 public:
     explicit InstrumentNames(const standalone::Market& market);
 
-    /// `connect`: the account trades through a connect channel, and "HGT:00700" and "SGT:00700" are the channels' names
-    /// for "HK:00700".
-    [[nodiscard]] NamedInstrument find(const std::string& text, bool connect) const;
+    /// What the text stands for: one instrument, or those that are like a pattern, by market and code. Empty when it
+    /// stands for none, or may stand for several.
+    [[nodiscard]] std::vector<Question> find(const std::string& text, bool connect) const;
+
+    /// Why find() finds nothing, and what may be meant, in one sentence. Compares the text with every instrument.
+    [[nodiscard]] std::string problem(const std::string& text, bool connect) const;
 
 private:
-    [[nodiscard]] std::string advice(const std::string& text) const;
-    [[nodiscard]] std::vector<std::string> differentlyWritten(const std::string& text) const;
-    [[nodiscard]] std::vector<std::string> nearInstruments(const std::string& text) const;
-    [[nodiscard]] bool has(const std::string& market, const std::string& code) const;
-    [[nodiscard]] std::optional<Question> inMarket(const std::string& market, const std::string& code,
-                                                   bool connect) const;
+    using Index = boost::unordered_map<std::string, Instruments>;
 
-    boost::unordered_map<std::string, std::vector<std::string>> marketsByCode;  // markets in the folder's order
+    static const Instruments& under(const Index& index, const std::string& key);
+
+    [[nodiscard]] Places places(bool connect) const;
+    [[nodiscard]] std::vector<Question> meant(const std::string& text, bool connect) const;
+    [[nodiscard]] std::vector<Question> withCode(const std::string& code, const Places& inPlaces) const;
+    [[nodiscard]] std::vector<Question> asWritten(const std::string& text, const Places& inPlaces) const;
+    [[nodiscard]] std::vector<Question> asFolded(const std::string& text, const Places& inPlaces) const;
+
+    Instruments instruments;  // by market and code
+    Places markets;
+    Index byFoldedCode;
+    Index byFoldedName;
 };
-
-/// "SH:600519".
-std::string instrumentText(const std::string& market, const std::string& code);
 
 }  // namespace feedesk
 

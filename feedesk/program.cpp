@@ -2,11 +2,15 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <exception>
 #include <sstream>
+#include <string_view>
 
+#include "feedesk/json.h"
+#include "feedesk/messages.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
 
@@ -18,7 +22,8 @@ constexpr const char* kAbout = "What trading costs an account: commission, fees 
 constexpr const char* kExamples = R"(Examples:
   feedesk accounts
   feedesk fee 1000001 SH:600519 000001.SZ
-  feedesk fee 3000001 SHFE:rb2610 --json
+  feedesk fee 3000001 'SHFE:rb*' --json
+  feedesk fee 1000001 - <instruments.txt
   feedesk fees 1000001 --only-market SZ --match '30*' --csv
 
 Exit status: 0 answered, 1 the question has no answer, 2 bad usage or bad input.)";
@@ -37,7 +42,7 @@ std::string threadsProblem(const std::string& text) {
 
 void describe(CLI::App& app, Program& program) {
     app.name("feedesk");
-    app.set_version_flag("--version", "feedesk " FEEDESK_VERSION, "Print the version and exit");
+    app.set_version_flag("-V,--version", "feedesk " FEEDESK_VERSION, "Print the version and exit");
     app.footer(kExamples);
     app.get_formatter()->column_width(26);
     app.require_subcommand(1);
@@ -51,7 +56,7 @@ void describe(CLI::App& app, Program& program) {
         ->check(CLI::Validator(threadsProblem, ""))
         ->type_name("N");
     app.add_flag("--summary", program.summary, "Tell what was loaded and how long it took");
-    for (const auto add : {addFee, addFees, addAccounts}) {
+    for (const auto add : {addFee, addFees, addAccounts, addHelp}) {
         add(app, program);
     }
     for (CLI::App* command : app.get_subcommands({})) {
@@ -59,13 +64,10 @@ void describe(CLI::App& app, Program& program) {
     }
 }
 
-/// What is wrong with a command line, one sentence. `error` repeats some arguments as they were written.
+/// What is wrong with a command line. `error` repeats some arguments as they were written.
 std::string usageProblem(const CLI::App& app, const CLI::ParseError& error) {
     const std::vector<std::string> left = app.remaining(true);
     const bool noCommand = app.get_subcommands().empty();
-    if (!left.empty() && noCommand && left.front().front() != '-') {
-        return fmt::format("there is no command {}", echoed(left.front()));
-    }
     if (!left.empty()) {
         return fmt::format("the argument {} was not expected", echoed(left.front()));
     }
@@ -83,7 +85,10 @@ ExitStatus usage(const CLI::App& app, const CLI::ParseError& error) {
         writeText(answer.str());
         return kAnswered;
     }
-    throw Failure(kBadInput, usageProblem(app, error) + "; `feedesk --help` tells how to ask");
+    const std::vector<std::string> left = app.remaining(true);
+    const bool isUnknownCommand = !left.empty() && app.get_subcommands().empty() && left.front().front() != '-';
+    throw Failure(kBadInput, isUnknownCommand ? unknownCommand(app, left.front())
+                                              : usageProblem(app, error) + "; `feedesk --help` tells how to ask");
 }
 
 ExitStatus answerCommandLine(int argc, const char* const* argv) {
@@ -98,6 +103,28 @@ ExitStatus answerCommandLine(int argc, const char* const* argv) {
     return program.command();
 }
 
+/// Whether --json is among the arguments, even of a command line that is wrong.
+bool asksForJson(int argc, const char* const* argv) {
+    const char* const* const end = std::find(argv, argv + argc, std::string_view("--"));
+    return std::find(argv, end, std::string_view("--json")) != end;
+}
+
+/// Tells why there is no answer. A program that asked for JSON reads an empty list, unless what it reads was the
+/// problem.
+ExitStatus withoutAnswer(const std::string& sentence, ExitStatus status, bool json) {
+    tellProblem(sentence, status);
+    if (!json || std::ferror(stdout) != 0) {
+        return status;
+    }
+    try {
+        writeData(jsonArray({}));
+    } catch (const Failure& unwritten) {
+        tellProblem(unwritten.what(), unwritten.status());
+        return unwritten.status();
+    }
+    return status;
+}
+
 }  // namespace
 
 void addFormatOptions(CLI::App& command, Program& program) {
@@ -110,27 +137,26 @@ void addFormatOptions(CLI::App& command, Program& program) {
 }
 
 void Program::answer(const std::string& text, const Session& opened) const {
-    const std::string last = summary ? opened.summary() + "\n" : "";
-    const bool belowAnswer = format == Format::kTable;
-    if (belowAnswer) {
-        writeText(text + last);
-    } else {
-        writeData(text);
-        tell(last);
+    const std::string last = summary ? opened.summary() : "";
+    if (format == Format::kTable) {
+        writeText(summary ? text + last + "\n" : text);
+        return;
+    }
+    writeData(text);
+    if (summary) {
+        tellSummary(last);
     }
 }
 
-void tellProblem(const std::string& sentence) { tell(fmt::format("feedesk: {}\n", singleLine(sentence))); }
-
 int run(int argc, const char* const* argv) {
+    const bool json = asksForJson(argc, argv);
+    setMessageForm(json ? MessageForm::kObjects : MessageForm::kSentences);
     try {
         return answerCommandLine(argc, argv);
     } catch (const Failure& failure) {
-        tellProblem(failure.what());
-        return failure.status();
+        return withoutAnswer(failure.what(), failure.status(), json);
     } catch (const std::exception& error) {
-        tellProblem(error.what());
-        return kBadInput;
+        return withoutAnswer(error.what(), kBadInput, json);
     }
 }
 

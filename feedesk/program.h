@@ -26,9 +26,6 @@ struct Program {
     void answer(const std::string& text, const Session& opened) const;
 };
 
-/// Writes a sentence to standard error.
-void tellProblem(const std::string& sentence);
-
 /// Adds --json and --csv to a command.
 void addFormatOptions(CLI::App& command, Program& program);
 
@@ -36,6 +33,10 @@ void addFormatOptions(CLI::App& command, Program& program);
 void addFee(CLI::App& app, Program& program);
 void addFees(CLI::App& app, Program& program);
 void addAccounts(CLI::App& app, Program& program);
+void addHelp(CLI::App& app, Program& program);
+
+/// Why there is no such command, and where the commands are told: one sentence.
+std::string unknownCommand(const CLI::App& app, const std::string& name);
 
 /// Reads the command line, answers and tells what went wrong; the program's exit status.
 int run(int argc, const char* const* argv);

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "feedesk/failure.h"
+#include "feedesk/messages.h"
 #include "feedesk/numbers.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
@@ -50,20 +51,12 @@ standalone::Market load(const std::string& folder, Tally& tally) {
         if (error.kind == standalone::ErrorKind::kFolder) {
             error.message += kWaysToName;
         }
-        tell(singleLine(error.text(folder)) + "\n");
+        tellLoadError(error, folder);
     }
     for (const standalone::FurtherErrors& further : result.further) {
-        tell(singleLine(further.text(folder)) + "\n");
+        tellFurtherErrors(further, folder);
     }
     throw Failure(kBadInput, fmt::format("{}; nothing was loaded", counted(result.errorCount, "error")));
-}
-
-std::vector<std::string> accountIds(const standalone::Market& market) {
-    std::vector<std::string> ids;
-    for (const Account& account : market.accounts) {
-        ids.push_back(account.record->accountId);
-    }
-    return ids;
 }
 
 void sortByInstrument(std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>& fees) {
@@ -89,6 +82,14 @@ Session::Session(const SessionOptions& options)
 }
 
 Session::~Session() = default;
+
+std::vector<std::string> accountIds(const standalone::Market& market) {
+    std::vector<std::string> ids;
+    for (const Account& account : market.accounts) {
+        ids.push_back(account.record->accountId);
+    }
+    return ids;
+}
 
 const Account& Session::account(const std::string& accountId) const {
     const auto found = std::find_if(loaded.accounts.begin(), loaded.accounts.end(),

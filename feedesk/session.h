@@ -87,6 +87,9 @@ private:
     Engine engine;
 };
 
+/// The numbers of the market's accounts, in the folder's order.
+std::vector<std::string> accountIds(const standalone::Market& market);
+
 }  // namespace feedesk
 
 #endif  // FEEDESK_SESSION_H

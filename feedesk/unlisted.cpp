@@ -3,20 +3,18 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <set>
+#include <utility>
 
-#include "feedesk/instrument_names.h"
+#include "feedesk/instrument_text.h"
+#include "feedesk/numbers.h"
 #include "feedesk/traded_lists.h"
 
 namespace feedesk {
 namespace {
 
-bool isListed(const qmservice::CInstrument& instrument, const TradedLists& lists, const standalone::Market& market) {
-    return std::any_of(market.instruments.begin(), market.instruments.end(),
-                       [&](const standalone::ListedInstrument& listed) {
-                           return isIn(lists, listed) && listed.record->code == instrument.code &&
-                                  listed.record->market == instrument.market;
-                       });
-}
+constexpr std::ptrdiff_t kMostNames = 3;
 
 /// "built-in default and not set": the levels of the answer's rates, each once.
 std::string levels(const Answer& answer) {
@@ -30,19 +28,56 @@ std::string levels(const Answer& answer) {
     return names.empty() ? "no rates" : fmt::format("{}", fmt::join(names, " and "));
 }
 
+/// Instruments that are answered with the same levels, in the order of the answers.
+using NamesByLevels = std::vector<std::pair<std::string, std::vector<std::string>>>;
+
+std::vector<std::string>& namesWith(NamesByLevels& all, const std::string& levels) {
+    const auto found = std::find_if(all.begin(), all.end(), [&](const auto& each) { return each.first == levels; });
+    if (found != all.end()) {
+        return found->second;
+    }
+    all.push_back({levels, {}});
+    return all.back().second;
+}
+
+/// "SH:600519 is"; "SH:600519, SH:600520, SH:600521 and 17 more are".
+std::string subject(const std::vector<std::string>& names) {
+    if (names.size() == 1) {
+        return names.front() + " is";
+    }
+    if (names.size() <= static_cast<std::size_t>(kMostNames)) {
+        const std::vector<std::string> butLast(names.begin(), names.end() - 1);
+        return fmt::format("{} and {} are", fmt::join(butLast, ", "), names.back());
+    }
+    const std::vector<std::string> first(names.begin(), names.begin() + kMostNames);
+    return fmt::format("{} and {} more are", fmt::join(first, ", "),
+                       grouped(names.size() - static_cast<std::size_t>(kMostNames)));
+}
+
 }  // namespace
 
 std::vector<std::string> unlistedNotes(const standalone::Account& account, const std::vector<Answer>& answers,
                                        const standalone::Market& market) {
-    const std::optional<TradedLists> lists = tradedLists(account.record->accountType);
-    std::vector<std::string> notes;
+    const int type = account.record->accountType;
+    const std::optional<TradedLists> lists = tradedLists(type);
+    if (!lists) {
+        return {};
+    }
+    std::set<std::string> listed;
+    for (const Question& question : tradedInstruments(type, market)) {
+        listed.insert(instrumentText(question.market, question.code));
+    }
+    NamesByLevels unlisted;
     for (const Answer& answer : answers) {
-        if (!lists || isListed(*answer.instrument, *lists, market)) {
-            continue;
+        const std::string name = instrumentText(answer.instrument->market, answer.instrument->code);
+        if (listed.count(name) == 0) {
+            namesWith(unlisted, levels(answer)).push_back(name);
         }
-        notes.push_back(fmt::format("{} is in no list of {} instruments; the fee center answers all the same, with {}",
-                                    instrumentText(answer.instrument->market, answer.instrument->code), lists->name,
-                                    levels(answer)));
+    }
+    std::vector<std::string> notes;
+    for (const auto& [levels, names] : unlisted) {
+        notes.push_back(fmt::format("{} in no list of {} instruments; the fee center answers all the same, with {}",
+                                    subject(names), lists->name, levels));
     }
     return notes;
 }

@@ -9,6 +9,7 @@
 namespace feedesk::test {
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
 
 TEST(Accounts, AreListedWithWhatIsFedForThem) {
@@ -73,6 +74,37 @@ TEST(Accounts, TellLevelsInATableOfOneLineEach) {
     EXPECT_LE(widestLine(outcome.out), 80U);
     EXPECT_EQ(lines(outcome.out).size(), 14U) << outcome.out;
     EXPECT_THAT(outcome.out, testing::ContainsRegex("\nS100     stock +5 +2 +1 +1 +0 +1 +0\n"));
+}
+
+/// The numbers of the accounts that are like the pattern.
+std::vector<std::string> numbers(const MarketFolder& folder, const std::string& pattern) {
+    std::vector<std::string> found;
+    for (const std::string& line : lines(ask(folder.path(), "accounts --csv '" + pattern + "'").out)) {
+        found.push_back(line.substr(0, line.find(',')));
+    }
+    return found;
+}
+
+TEST(Accounts, AreThoseLikeAPatternOfNumbersOrNames) {
+    const MarketFolder folder;
+    EXPECT_THAT(numbers(folder, "S*"), ElementsAre("account", "S100", "S200"));
+    EXPECT_THAT(numbers(folder, "s1*"), ElementsAre("account", "S100"));
+    EXPECT_THAT(numbers(folder, "没有费率的*"), ElementsAre("account", "S200", "H200"));
+    EXPECT_THAT(numbers(folder, "O100"), ElementsAre("account", "O100"));
+    EXPECT_THAT(numbers(folder, "模 拟户"), ElementsAre("account", "F200"));
+}
+
+TEST(Accounts, ThatNothingIsLikeAreNoAnswer) {
+    const MarketFolder folder;
+    const Outcome outcome = ask(folder.path(), "accounts 'Z*'");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "feedesk: the market folder has no account like Z*\n");
+    EXPECT_EQ(
+        ask(folder.path(), "accounts 期权").err,
+        "feedesk: the market folder has no account like 期权; '*期权*' finds the text inside numbers and names\n");
+    EXPECT_EQ(ask(folder.path(), "accounts S101").err,
+              "feedesk: the market folder has no account like S101; did you mean S100?\n");
 }
 
 }  // namespace

@@ -215,15 +215,59 @@ TEST_F(Fee, InstrumentOutsideTheListsOfTheKindIsAnsweredWithANoteBelowTheTable) 
 }
 
 TEST_F(Fee, NoteStaysOutOfAnAnswerForPrograms) {
-    for (const std::string form : {"--json", "--csv"}) {
+    const std::string note =
+        "HK:00700 is in no list of stock instruments; the fee center answers all the same, with built-in default";
+    const std::string count = "1 of 2 instruments answered with the built-in default";
+    for (const auto& [form, told] : std::vector<std::pair<std::string, std::string>>{
+             {"--json", "{\"note\":\"" + note + "\"}\n{\"note\":\"" + count + "\"}\n"},
+             {"--csv", "feedesk: " + note + "\nfeedesk: " + count + "\n"}}) {
         const Outcome outcome = fee("S100 HK:00700 SH:600519 " + form);
         EXPECT_EQ(outcome.status, 0);
         EXPECT_THAT(outcome.out, Not(HasSubstr("in no list")));
-        EXPECT_EQ(outcome.err,
-                  "feedesk: HK:00700 is in no list of stock instruments; the fee center answers all the same, with "
-                  "built-in default\n"
-                  "feedesk: 1 of 2 instruments answered with the built-in default\n");
+        EXPECT_EQ(outcome.err, told);
     }
+}
+
+TEST_F(Fee, NotesOfManyInstrumentsAreOne) {
+    EXPECT_THAT(
+        fee("S100 HK:00700 rb2610 --csv").err,
+        HasSubstr("feedesk: HK:00700 and SHFE:rb2610 are in no list of stock instruments; the fee center answers "
+                  "all the same, with built-in default\n"));
+    EXPECT_THAT(
+        fee("F100 'S*:*0*' --csv").err,
+        HasSubstr("feedesk: SH:000001, SH:600000, SH:600519 and 3 more are in no list of futures instruments; "));
+}
+
+TEST_F(Fee, PatternIsAnsweredByMarketAndCode) {
+    const Outcome outcome = fee("S100 'S*:*0*' --csv");
+    EXPECT_EQ(outcome.status, 0);
+    const std::vector<std::string> csv = lines(outcome.out);
+    ASSERT_EQ(csv.size(), 8U) << outcome.out;
+    EXPECT_THAT(csv[1], testing::StartsWith("S100,stock,SH,000001,"));
+    EXPECT_THAT(csv[4], testing::StartsWith("S100,stock,SHFE,rb2610,"));
+    EXPECT_THAT(csv[7], testing::StartsWith("S100,stock,SZ,300750,"));
+}
+
+TEST_F(Fee, PatternThatNothingIsLikeHasNoAnswer) {
+    const Outcome outcome = fee("S100 'SH:9*' SH:600519 --csv");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(lines(outcome.out).size(), 2U);
+    EXPECT_EQ(outcome.err,
+              "feedesk: the market folder has no instrument like SH:9*; '*9*' finds the text inside codes and names\n");
+}
+
+TEST_F(Fee, PatternOfThousandsIsAnswered) {
+    std::string table =
+        "market,code,name,lists\nSH,600519,贵州茅台,stock\nSH,600000,浦发银行,stock\n"
+        "SZ,000001,平安银行,stock\nHK,00700,腾讯控股,hgt\n";
+    for (int code = 10000; code < 15000; ++code) {
+        table += "SHO," + std::to_string(code) + ",期权,option\n";
+    }
+    folder.write("instruments/all.csv", table + "SHFE,rb2610,螺纹钢2610,futures\nSHFE,au2612,黄金2612,futures\n");
+    const Outcome outcome = fee("O200 'SHO:*' --json");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_THAT(outcome.out, HasSubstr("\"code\":\"10000\""));
+    EXPECT_THAT(outcome.out, HasSubstr("\"code\":\"14999\""));
 }
 
 TEST_F(Fee, KindsThatTradeEverythingHaveNoNote) {

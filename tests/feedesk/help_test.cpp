@@ -10,7 +10,7 @@ using testing::HasSubstr;
 using testing::MatchesRegex;
 
 TEST(Help, FitsEightyColumns) {
-    for (const std::string command : {"", "fee ", "fees ", "accounts "}) {
+    for (const std::string command : {"", "fee ", "fees ", "accounts ", "help "}) {
         const Outcome outcome = runProgram(command + "--help");
         EXPECT_EQ(outcome.status, 0);
         EXPECT_THAT(outcome.out, HasSubstr("Usage: feedesk " + command));
@@ -30,8 +30,26 @@ TEST(Version, IsOneLine) {
     EXPECT_THAT(outcome.out, MatchesRegex("feedesk [0-9]+\\.[0-9]+\\.[0-9]+\n"));
 }
 
+TEST(Version, HasALetter) { EXPECT_EQ(runProgram("-V").out, runProgram("--version").out); }
+
+TEST(Help, IsACommandToo) {
+    for (const std::string command : {"", "fee", "fees", "accounts", "help"}) {
+        const Outcome outcome = runProgram("help " + command);
+        EXPECT_EQ(outcome.status, 0) << command;
+        EXPECT_EQ(outcome.out, runProgram(command + " --help").out);
+        EXPECT_EQ(outcome.err, "");
+    }
+}
+
+TEST(Help, OfAnUnknownCommandIsBadInput) {
+    const Outcome outcome = runProgram("help fex");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "feedesk: there is no command fex; did you mean fee? `feedesk --help` tells how to ask\n");
+}
+
 TEST(Usage, ThatIsWrongIsBadInput) {
-    for (const std::string arguments : {"", "nonsense", "fee", "fee S100", "fees", "accounts --json --csv",
+    for (const std::string arguments : {"", "nonsense", "help nonsense", "help fee fee", "fee", "fee S100", "fees",
                                         "--threads 0 accounts", "--threads 65 accounts", "accounts --wrong"}) {
         const Outcome outcome = runProgram(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
@@ -47,7 +65,8 @@ TEST(Usage, ThreadsThatAreNoNumberAreNamed) {
 TEST(Usage, UnknownCommandAndArgumentAreNamed) {
     EXPECT_THAT(runProgram("nonsense").err, HasSubstr("there is no command nonsense;"));
     EXPECT_THAT(runProgram("accounts --wrong").err, HasSubstr("the argument --wrong was not expected;"));
-    EXPECT_THAT(runProgram("accounts ''").err, HasSubstr("the argument \"\" was not expected;"));
+    EXPECT_THAT(runProgram("accounts 'S*' ''").err, HasSubstr("the argument \"\" was not expected;"));
+    EXPECT_THAT(runProgram("acounts").err, HasSubstr("there is no command acounts; did you mean accounts?"));
 }
 
 TEST(Help, NamesTheKindsOfValuesOnly) {

@@ -105,7 +105,7 @@ TEST_F(MarkedAnswers, AreMarkedInJsonAndCountedBesideIt) {
     ASSERT_EQ(lines(outcome.out).size(), 4U);
     EXPECT_THAT(lines(outcome.out)[1], HasSubstr(R"("source":"fees/stock.csv:2","marks":[],"rates")"));
     EXPECT_THAT(lines(outcome.out)[2], HasSubstr(R"("source":null,"marks":["built_in_default"],"rates")"));
-    EXPECT_EQ(outcome.err, "feedesk: 1 of 2 instruments answered with the built-in default\n");
+    EXPECT_EQ(outcome.err, "{\"note\":\"1 of 2 instruments answered with the built-in default\"}\n");
 }
 
 TEST_F(MarkedAnswers, AreMarkedInCsvAndCountedBesideIt) {

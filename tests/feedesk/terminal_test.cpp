@@ -134,7 +134,8 @@ TEST(Output, EscapesFileNames) {
         "instruments/\x9B"
         "31m.csv",
         "market,code,name,lists\nSHFE,cu2612,c,nothing\n");
-    EXPECT_THAT(ask(folder.path(), "accounts").err, testing::StartsWith("instruments/\\x9b31m.csv:2: "));
+    EXPECT_THAT(ask(folder.path(), "accounts").err,
+                testing::StartsWith(folder.path() + "/instruments/\\x9b31m.csv:2: "));
 }
 
 }  // namespace

@@ -1,0 +1,28 @@
+#ifndef FEEDESK_INSTRUMENT_PATTERNS_H
+#define FEEDESK_INSTRUMENT_PATTERNS_H
+
+#include <string>
+#include <vector>
+
+#include "feedesk/instrument_text.h"
+#include "feedesk/provenance.h"
+
+namespace feedesk {
+
+// Patterns of instruments: "rb*", "SHFE:rb*", "rb*.SHFE", "S*:rb*". `instruments` are sorted by market and code.
+
+bool isPattern(const std::string& text);
+
+/// The instruments whose code or name is like the pattern, by market and code. A market that is written out may be any
+/// of the places; one with '*' stands for markets under their own names.
+std::vector<Question> questionsLike(const std::string& pattern, const Instruments& instruments, const Places& places);
+
+/// Why questionsLike() finds nothing, in one sentence.
+std::string patternProblem(const std::string& pattern, const Instruments& instruments, const Places& places);
+
+/// The instruments whose code or name is like the pattern, which names no market.
+Instruments instrumentsLike(const std::string& pattern, const Instruments& instruments);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_INSTRUMENT_PATTERNS_H

@@ -1,0 +1,57 @@
+#ifndef FEEDESK_INSTRUMENT_TEXT_H
+#define FEEDESK_INSTRUMENT_TEXT_H
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+#include <vector>
+
+#include "host/records.h"
+
+namespace feedesk {
+
+/// What a person may call an instrument by, ready to be compared with many texts.
+struct InstrumentName {
+    explicit InstrumentName(const qmservice::CInstrument& instrument);
+
+    std::string market;
+    std::string code;
+    std::string name;
+    std::string foldedCode;  ///< folding.h
+    std::string foldedName;
+};
+
+using Instrument = boost::shared_ptr<const InstrumentName>;
+using Instruments = std::vector<Instrument>;
+
+/// "SH:600519".
+std::string instrumentText(const std::string& market, const std::string& code);
+
+/// A market and what is named in it, a code, a name or a pattern.
+struct MarketAndName {
+    std::string market;
+    std::string name;
+};
+
+/// The ways in which a text may be read as that: "SH:600519", "600519.SH".
+std::vector<MarketAndName> readings(const std::string& text);
+
+/// A market under a name by which it is asked.
+struct Place {
+    std::string asked;
+    std::string market;
+
+    /// Whether a person who writes `text` names the place; small letters will do.
+    [[nodiscard]] bool isCalled(const std::string& text) const;
+};
+
+using Places = std::vector<Place>;
+
+/// The markets of the instruments under their own names.
+Places placesOf(const Instruments& instruments);
+
+/// The names of the connect channels, which stand for HK.
+Places channels();
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_INSTRUMENT_TEXT_H

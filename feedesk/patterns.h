@@ -1,0 +1,56 @@
+#ifndef FEEDESK_PATTERNS_H
+#define FEEDESK_PATTERNS_H
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "feedesk/folding.h"
+#include "standalone/code_pattern.h"
+
+namespace feedesk {
+
+// A pattern that a person writes is held against the texts that name a thing, such as its code and its name; '*' stands
+// for any text, the empty one included.
+
+/// The items with a text that is like the pattern, in their order: as it is written, or, when that finds none, with
+/// both folded. `textsOf(item)` gives an item's texts, `foldedTextsOf(item)` the same folded.
+template <class Item, class TextsOf, class FoldedTextsOf>
+std::vector<Item> itemsLike(const std::vector<Item>& items, const std::string& pattern, const TextsOf& textsOf,
+                            const FoldedTextsOf& foldedTextsOf) {
+    const auto select = [&items](const std::string& wanted, const auto& texts) {
+        std::vector<Item> found;
+        std::copy_if(items.begin(), items.end(), std::back_inserter(found), [&](const Item& item) {
+            const auto own = texts(item);
+            return std::any_of(own.begin(), own.end(),
+                               [&](const auto& text) { return standalone::matchesPattern(text, wanted); });
+        });
+        return found;
+    };
+    std::vector<Item> found = select(pattern, textsOf);
+    const std::string foldedPattern = folded(pattern);
+    return found.empty() && !foldedPattern.empty() ? select(foldedPattern, foldedTextsOf) : found;
+}
+
+/// The same for items that do not keep their texts folded.
+template <class Item, class TextsOf>
+std::vector<Item> itemsLike(const std::vector<Item>& items, const std::string& pattern, const TextsOf& textsOf) {
+    return itemsLike(items, pattern, textsOf, [&textsOf](const Item& item) {
+        std::vector<std::string> texts;
+        for (const auto& text : textsOf(item)) {
+            texts.push_back(folded(text));
+        }
+        return texts;
+    });
+}
+
+/// The pattern for texts that hold `text` anywhere; empty when there is nothing to look for.
+std::string widened(const std::string& text);
+
+/// What to write, a pattern or an option with one, to find more: a part of a sentence.
+std::string insideAdvice(const std::string& whatToWrite, const std::string& whatIsSearched = "codes and names");
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_PATTERNS_H
