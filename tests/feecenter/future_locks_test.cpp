@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "support/family_marks.h"
@@ -78,6 +79,30 @@ TEST_F(FutureLocksTest, LookupOfStoredRatesHoldsTheLockShared) {
 TEST_F(FutureLocksTest, IncomeSwapLookupHoldsTheLockShared) {
     EXPECT_EQ(heldDuring([&] { center.getIncomeSwapFutureFee(kAccount, rbKey); }),
               Held{"findInstrument: future shared"});
+}
+
+/// A default that tells when it is copied.
+class WatchedFee : public CInstrumentFee {
+public:
+    WatchedFee(const CInstrumentFee& fee, std::function<void()> tell)
+        : CInstrumentFee(fee), onCopied(std::move(tell)) {}
+    [[nodiscard]] boost::shared_ptr<IData> copy() const override {
+        onCopied();
+        return CInstrumentFee::copy();
+    }
+
+private:
+    std::function<void()> onCopied;
+};
+
+TEST_F(FutureLocksTest, LookupsHoldTheLockSharedWhileTheDefaultIsCopied) {
+    Held held;
+    for (auto* original : {&center.defaultFutureFee, &center.defaultIncomeSwapFutureFee}) {
+        *original = boost::make_shared<WatchedFee>(**original, [&] { held.push_back(heldLocks(center)); });
+    }
+    EXPECT_TRUE(center.getFutureFee(kAccount, rbKey));
+    EXPECT_TRUE(center.getIncomeSwapFutureFee(kAccount, rbKey));
+    EXPECT_EQ(held, (Held{"future shared", "future shared"}));
 }
 
 TEST_F(FutureLocksTest, QueryHoldsNothingBeforeTheLookup) {

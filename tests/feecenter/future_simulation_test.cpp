@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstddef>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -83,6 +86,20 @@ TEST_F(FutureSimulationTest, UnsetFeePerLotIsZero) {
 TEST_F(FutureSimulationTest, FeePerLotBesideTheToleranceIsSet) {
     quote(1, -1.00002, -0.99998, 1.0);
     EXPECT_EQ(answer(), (Rates{0, -1.00002, 0, -0.99998, 0, 1.0, 17, 18}));
+}
+
+TEST_F(FutureSimulationTest, FeeThatIsNotANumberIsSet) {
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    for (const int type : {1, 2}) {
+        for (std::size_t which = 0; which < 3; ++which) {
+            quote(type, which == 0 ? none : 1, which == 1 ? none : 1, which == 2 ? none : 1);
+            const Rates rates = answer();
+            const std::size_t first = type == 1 ? 1 : 0;  // by volume or by money
+            for (std::size_t i = 0; i < 3; ++i) {
+                EXPECT_EQ(std::isnan(rates.at(first + 2 * i)), i == which) << "type " << type << ", fee " << i;
+            }
+        }
+    }
 }
 
 TEST_F(FutureSimulationTest, ToleranceIsOneHundredThousandth) {

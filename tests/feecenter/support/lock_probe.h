@@ -27,21 +27,29 @@ inline std::vector<NamedMutex> allMutexes(OpenFeeCenter& center) {
             {"stkOptionTable", &center.stkOptionTableMutex}};
 }
 
+/// How somebody holds the lock: "shared", "exclusive", or nothing when it is free. It is found out by trying to take
+/// the lock: nobody may take it or give it back meanwhile.
+inline std::string holdOf(boost::shared_mutex& mutex) {
+    if (mutex.try_lock()) {
+        mutex.unlock();
+        return "";
+    }
+    if (mutex.try_lock_shared()) {
+        mutex.unlock_shared();
+        return "shared";
+    }
+    return "exclusive";
+}
+
 /// The locks that other threads hold, each as "name shared" or "name exclusive", joined by commas; empty when all are
 /// free. This thread must hold none, and the others must stand still meanwhile.
 inline std::string locksHeldByOthers(OpenFeeCenter& center) {
     std::string held;
     for (const auto& named : allMutexes(center)) {
-        const char* mode = " exclusive";
-        if (named.mutex->try_lock()) {
-            named.mutex->unlock();
-            continue;
+        const std::string hold = holdOf(*named.mutex);
+        if (!hold.empty()) {
+            held += (held.empty() ? "" : ",") + std::string(named.name) + " " + hold;
         }
-        if (named.mutex->try_lock_shared()) {
-            named.mutex->unlock_shared();
-            mode = " shared";
-        }
-        held += (held.empty() ? "" : ",") + std::string(named.name) + mode;
     }
     return held;
 }

@@ -15,6 +15,7 @@ void Shortage::begin(long allocations, bool forGood) {
     left = allocations;
     lasting = forGood;
     active = true;
+    asked = 0;
     failures = 0;
 }
 
@@ -24,7 +25,11 @@ long Shortage::end() {
 }
 
 bool Shortage::fails() {
-    if (!active || left-- > 0) {
+    if (!active) {
+        return false;
+    }
+    ++asked;
+    if (left-- > 0) {
         return false;
     }
     ++failures;

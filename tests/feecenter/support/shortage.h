@@ -15,6 +15,9 @@ public:
     /// Memory is there again; how many allocations failed.
     long end();
 
+    /// How many allocations have been made since it began.
+    [[nodiscard]] long made() const { return asked - failures; }
+
     /// For operator new: whether the allocation that is asked for fails.
     bool fails();
 
@@ -22,6 +25,7 @@ private:
     long left = 0;
     bool lasting = false;
     bool active = false;
+    long asked = 0;
     long failures = 0;
 };
 

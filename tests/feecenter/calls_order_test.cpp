@@ -1,0 +1,265 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "support/call_log.h"
+#include "support/future_builders.h"
+#include "support/operations.h"
+
+// What each operation asks of the host, in which order, and where it finds the services.
+
+namespace {
+
+using test::kNew;
+using test::Operation;
+
+using Names = std::vector<std::string>;
+
+// How the parts of the operations go. A run of crc64 counts as one call.
+
+const std::string kKey = "voStockKey hash ";
+const std::string kStoreLimit = kKey + "getTradeMinUnit crc64 ";
+const std::string kLoadStock = "getRateLimitPtr " + kStoreLimit;
+const std::string kLoadFuture = kKey + "crc64 ";  // the commission's values and the margins'
+
+// An update's first entry is for a group that "B" is in, its second for category 5, which all are in.
+const std::string kGroupFirst = "isStockInCategoryForTS isStockInGroupCategory ";
+const std::string kThenAll = kGroupFirst + "isStockInCategoryForTS ";
+const std::string kMatchLimits = kThenAll + kStoreLimit + kGroupFirst + kStoreLimit + kThenAll + kStoreLimit;
+const std::string kMatchAll = "isStockInCategoryForTS isStockInCategoryForTS ";
+const std::string kNamedGroup = "getCategorId " + kGroupFirst;
+const std::string kNamedAll = kNamedGroup + "getCategorId isStockInCategoryForTS ";
+const std::string kStoreRates = kKey + "crc64 ";
+const std::string kMatchOne = kThenAll + kStoreRates + kThenAll + kStoreRates;  // a commission, a margin
+const std::string kMatchGroups = kGroupFirst + kStoreRates + kGroupFirst + kStoreRates;
+
+// The catalogue of these tests makes its own keys.
+const std::string kTwoMaps = "getInstrumentMap voStockKey voStockKey voStockKey getInstrumentMap ";
+
+// A lookup for an account without entries.
+const std::string kFindStock = "findInstrument getRateLimitPtr ";
+const std::string kFindHgt = "findInstrument getHGTExchangeRateLimitPtr ";
+const std::string kFindSgt = "findInstrument getSgtExchangeRateLimitPtr ";
+const std::string kFindFuture =
+    "findInstrument getAccountData isSimulationPlatform getFeeType getOpenFee getCloseFee getCloseTodayFee ";
+const std::string kFindIncomeSwap = "findInstrument ";
+const std::string kFull = "findInstrument ";
+const std::string kForeign = kFull + "isWPMarket ";
+
+const std::string kEntry = "voStockKey getHashKey hash findInstrument ";
+const std::string kEntryWithUnit = "voStockKey getHashKey hash splitVoStockKey getTradeMinUnit findInstrument ";
+
+const std::map<std::string, std::string> kCalls = {
+    {"doInitStockFee", "getHashKey " + kLoadStock + kLoadStock + kLoadStock},
+    {"doInitCreditFee", "getHashKey " + kLoadStock + kLoadStock + kLoadStock},
+    {"doInitNeeqFee", "getHashKey " + kLoadStock + kLoadStock + kLoadStock},
+    {"doInitStkOptionFee", ""},
+    {"doInitHgtFee", "getHashKey " + kStoreLimit + kStoreLimit + kStoreLimit},
+    {"doInitSgtFee", "getHashKey " + kStoreLimit + kStoreLimit + kStoreLimit},
+    {"doInitFutureFee", "getHashKey " + kLoadFuture + kLoadFuture + kLoadFuture},
+    {"doUpdateStockCustomFee", "getHashKey getInstrumentList " + kMatchLimits},
+    {"doUpdateCreditCustomFee", "getHashKey getInstrumentList " + kMatchLimits},
+    {"doUpdateNeeqCustomFee", "getHashKey getInstrumentList " + kMatchLimits},
+    {"doUpdateStkOptionCustomFee",
+     "getHashKey getInstrumentList " + kNamedAll + kStoreLimit + kNamedGroup + kStoreLimit + kNamedAll + kStoreLimit},
+    {"doUpdateHgtCustomFee", "getHashKey getInstrumentList " + kMatchLimits},
+    {"doUpdateSgtCustomFee",
+     "getHashKey getInstrumentList " + kMatchAll + kStoreLimit + kMatchAll + kStoreLimit + kMatchAll + kStoreLimit},
+    {"doUpdateFutureCustomFee", "getHashKey " + kTwoMaps + kMatchOne + kMatchGroups + kMatchOne},
+    {"doUpdateFutureInstrumentFee", "getHashKey " + kStoreRates},
+    {"getStockFee", kFindStock},
+    {"getCreditFee", kFindStock},
+    {"getNeeqFee", kFindStock},
+    {"getStkOptionFee", ""},
+    {"getHgtFee", kFindHgt},
+    {"getSgtFee", kFindSgt},
+    {"getFutureFee", kFindFuture},
+    {"getIncomeSwapFutureFee", kFindIncomeSwap},
+    {"getPbFullFeeOfAStock", kFull + kFindStock},
+    {"getPbFullFeeOfAFuture", kFull + kFindFuture},
+    {"getPbFullFeeOfShanghaiConnect", kFull + kFindHgt},
+    {"getPbFullFeeOfShenzhenConnect", kFull + kFindSgt},
+    {"getPbFullFeeOfHongKong", kFull + kFindHgt + kFindSgt},
+    {"getPbFullFeeOfAnOption", kFull},
+    {"getPbFullFeeOfAForeignFuture", kForeign + kFindIncomeSwap},
+    {"getPbFullFeeOfNeeq", kForeign + kFindStock},
+    {"getPbFullFeeOfNoFamily", kForeign},
+    {"getStockFees", "getHashKey "},
+    {"getCreditFees", "getHashKey "},
+    {"getNeeqFees", "getHashKey "},
+    {"getStkOptionFees", "getHashKey "},
+    {"getHgtFees", "getHashKey "},
+    {"getSgtFees", "getHashKey "},
+    {"getFutureFees", "getHashKey "},
+    {"getFeeOfKind1", kEntry + kFindFuture},
+    {"getFeeOfKind2", kEntryWithUnit + kFindStock},
+    {"getFeeOfKind3", kEntryWithUnit + kFindStock},
+    {"getFeeOfKind4", kEntry},
+    {"getFeeOfKind5", kEntry + kFindFuture},
+    {"getFeeOfKind6", kEntry},
+    {"getFeeOfKind7", kEntry + kFindHgt},
+    {"getFeeOfKind8", kEntry + kFindStock},
+    {"getFeeOfKind8OfAFuture", kEntry + kFindIncomeSwap},
+    {"getFeeOfKind10", kEntry + kFindStock},
+    {"getFeeOfKind11", kEntry + kFindSgt},
+    {"getFeeOfKind12", kEntry + kFull + kFindStock},
+    {"getFeeOfKind12InHongKong", kEntry + kFull + kFindHgt + kFindSgt},
+    {"getFeeOfKind16", kEntry + kFindIncomeSwap},
+    {"getFeesOfKind1", "getHashKey "},
+    {"getFeesOfKind2", "getHashKey "},
+    {"getFeesOfKind3", "getHashKey "},
+    {"getFeesOfKind5", "getHashKey "},
+    {"getFeesOfKind6", "getHashKey "},
+    {"getFeesOfKind7", "getHashKey "},
+    {"getFeesOfKind10", "getHashKey "},
+    {"getFeesOfKind11", "getHashKey "},
+    {"getFeesOfKind12", ""},
+};
+
+class CallsTest : public test::FeeCenterTest, public ::testing::WithParamInterface<Operation> {
+protected:
+    CallsTest() {
+        stageOperations(scene);
+        const auto note = [this](const std::string& name) { calls.push_back(name); };
+        host.onCall = note;
+        host.onKeyCall = note;
+    }
+
+    void run() {
+        const auto subject = subjectOf(scene, operation, kNew);
+        calls.clear();
+        operation.run(scene, center, subject);
+    }
+
+    test::Scene scene{{"A", "B", "C"}};
+    Names calls;
+    const Operation& operation = GetParam();
+};
+
+TEST_P(CallsTest, HostIsAskedInThisOrder) {
+    run();
+    std::string text;
+    std::string last;
+    for (const auto& call : calls) {
+        text += call == "crc64" && last == call ? "" : call + " ";
+        last = call;
+    }
+    EXPECT_EQ(text, kCalls.count(operation.name) != 0 ? kCalls.at(operation.name) : "no row");
+}
+
+/// Where the service of a call is asked for; empty for what is no service.
+std::string placeOf(const std::string& call) {
+    static const std::map<std::string, std::string> places = {
+        {"findInstrument", "getInstCenter"},
+        {"getInstrumentList", "getInstCenter"},
+        {"getInstrumentMap", "getInstCenter"},
+        {"getAccountData", "getDataCenter"},
+        {"getRateLimitPtr", "ConfigCollector::instance"},
+        {"getHGTExchangeRateLimitPtr", "ConfigCollector::instance"},
+        {"getSgtExchangeRateLimitPtr", "ConfigCollector::instance"},
+        {"isSimulationPlatform", "ConfigCollector::instance"},
+        {"isStockInCategoryForTS", "CppCategory::instance"},
+        {"isStockInCustomCategory", "CppCategory::instance"},
+        {"isStockInGroupCategory", "CppCategory::instance"},
+        {"getCategorId", "CppCategory::instance"},
+        {"isWPMarket", "StockTypeCenter::instance"}};
+    const auto place = places.find(call);
+    return place != places.end() ? place->second : "";
+}
+
+TEST_P(CallsTest, EachServiceIsAskedForAnewAtEachCall) {
+    std::map<std::string, int> asked;
+    host.onInstance = [&](const std::string& place) { ++asked[place]; };
+    for (int i = 0; i < 2; ++i) {
+        asked.clear();
+        run();
+        std::map<std::string, int> expected;
+        bool isFirstMap = true;
+        for (const auto& call : calls) {
+            // Both maps of one job come from the same catalogue.
+            if (!placeOf(call).empty() && (call != "getInstrumentMap" || isFirstMap)) {
+                ++expected[placeOf(call)];
+                isFirstMap = isFirstMap && call != "getInstrumentMap";
+            }
+        }
+        const int centers = expected["getInstCenter"] + expected["getDataCenter"];
+        for (const auto& row : std::map<std::string, int>(expected)) {
+            EXPECT_EQ(asked[row.first], row.second) << row.first;
+        }
+        EXPECT_EQ(asked["TraderCenter::instance"], centers);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Operations, CallsTest, ::testing::ValuesIn(test::allOperations()),
+                         [](const auto& operation) { return operation.param.name; });
+
+// Of an empty list: a load asks for the account's key first, an update looks at the list first.
+
+using Account = boost::shared_ptr<qmservice::CAccountInfo>;
+
+struct EmptyChange {
+    const char* name;
+    void (*run)(test::OpenFeeCenter& center, const Account& account);
+    Names calls;
+};
+
+void PrintTo(const EmptyChange& change, std::ostream* out) { *out << change.name; }
+
+const EmptyChange kEmptyChanges[] = {
+    {"StockLoad", [](auto& center, const auto& account) { center.doInitStockFee(account, {}); }, {"getHashKey"}},
+    {"CreditLoad", [](auto& center, const auto& account) { center.doInitCreditFee(account, {}); }, {"getHashKey"}},
+    {"NeeqLoad", [](auto& center, const auto& account) { center.doInitNeeqFee(account, {}); }, {"getHashKey"}},
+    {"StkOptionLoad", [](auto& center, const auto& account) { center.doInitStkOptionFee(account, {}); }, {}},
+    {"HgtLoad", [](auto& center, const auto& account) { center.doInitHgtFee(account, {}); }, {"getHashKey"}},
+    {"SgtLoad", [](auto& center, const auto& account) { center.doInitSgtFee(account, {}); }, {"getHashKey"}},
+    {"FutureLoad", [](auto& center, const auto& account) { center.doInitFutureFee(account, {}); }, {"getHashKey"}},
+    {"StockUpdate",
+     [](auto& center, const auto& account) { center.doUpdateStockCustomFee(account, test::makeCustomFee()); },
+     {}},
+    {"CreditUpdate",
+     [](auto& center, const auto& account) { center.doUpdateCreditCustomFee(account, test::makeCustomFee()); },
+     {}},
+    {"NeeqUpdate",
+     [](auto& center, const auto& account) { center.doUpdateNeeqCustomFee(account, test::makeCustomFee()); },
+     {}},
+    {"StkOptionUpdate",
+     [](auto& center, const auto& account) { center.doUpdateStkOptionCustomFee(account, test::makeCustomFee()); },
+     {}},
+    {"HgtUpdate",
+     [](auto& center, const auto& account) {
+         center.doUpdateHgtCustomFee(account, test::makeCustomFee<qmservice::CCustomHGTInstrumentFee>());
+     },
+     {}},
+    {"SgtUpdate",
+     [](auto& center, const auto& account) {
+         center.doUpdateSgtCustomFee(account, test::makeCustomFee<qmservice::CCustomSgtInstrumentFee>());
+     },
+     {}},
+    {"FutureUpdate",
+     [](auto& center, const auto& account) {
+         center.doUpdateFutureCustomFee(account, test::makeCustomFutureFee({}, {}));
+     },
+     {}},
+    {"FutureInstrumentUpdate",
+     [](auto& center, const auto& account) {
+         center.doUpdateFutureInstrumentFee(account, test::makeFutureFee(nullptr, nullptr));
+     },
+     {}}};
+
+class EmptyListTest : public test::FeeCenterTest, public ::testing::WithParamInterface<EmptyChange> {};
+
+TEST_P(EmptyListTest, HostIsAskedForTheAccountsKeyByALoadAndForNothingByAnUpdate) {
+    const test::Scene scene{{"A"}};
+    const auto subject = subjectOf(scene, test::changes().front(), kNew);
+    const test::CallLog log(host);
+    GetParam().run(center, subject.account);
+    EXPECT_EQ(log.calls(), GetParam().calls);
+}
+
+INSTANTIATE_TEST_SUITE_P(Changes, EmptyListTest, ::testing::ValuesIn(kEmptyChanges),
+                         [](const auto& change) { return std::string(change.param.name); });
+
+}  // namespace
