@@ -4,8 +4,9 @@ import argparse
 import sys
 from typing import NoReturn
 
-DESCRIPTION = """Changes one operator, constant, field or statement of feecenter/ at a time, builds the library, runs the
-fast tests, and lists the changes that no test noticed."""
+DESCRIPTION = """Changes one operator, constant, field or statement of feecenter/ at a time, how long a lock is held, what
+is kept for the next call, or which step comes first; builds the library, runs the fast tests, and lists the changes that
+no test noticed."""
 
 EPILOG = """A run that is interrupted goes on where it was. Results are kept in build/mutate/results.jsonl; those of a
 file are dropped when the file changes. Changes that no test can notice are listed, with why, in
@@ -24,6 +25,7 @@ def parse(given: list[str]) -> argparse.Namespace:
     parser = Parser(prog="scripts/mutate", description=DESCRIPTION, epilog=EPILOG, allow_abbrev=False)
     parser.add_argument("--list", action="store_true", help="print the changes and try none; works beside a run")
     parser.add_argument("--file", metavar="PATTERN", help="only files whose name matches, such as 'future_*'")
+    parser.add_argument("--kind", metavar="PATTERN", help="only changes of this kind, such as 'lock *' or static")
     parser.add_argument("--only", metavar="ID", action="append", help="only this change, tried anew; may be repeated")
     parser.add_argument("--survivors", action="store_true", help="try the survivors anew: for changed tests")
     parser.add_argument("--jobs", metavar="N", type=int, default=2, help="changes tried at the same time (default: 2)")

@@ -25,6 +25,10 @@ def select(mutants: list[Mutant], options: argparse.Namespace) -> list[Mutant]:
         selected = [one for one in selected if fnmatch.fnmatch(Path(one.file).name, options.file)]
         if not selected:
             raise LookupError(f"--file {options.file}: no file of {DIRECTORY}/ with a change in it matches")
+    if options.kind:
+        selected = [one for one in selected if fnmatch.fnmatch(one.kind, options.kind)]
+        if not selected:
+            raise LookupError(f"--kind {options.kind}: no such change; --list prints them")
     if options.only:
         unknown = set(options.only) - {one.id for one in selected}
         if unknown:

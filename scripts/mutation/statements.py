@@ -4,12 +4,12 @@ import re
 
 from clang.cindex import Cursor, CursorKind
 
+from mutation import steps
 from mutation.expressions import binary_operator
 from mutation.places import Places
 from mutation.replacements import COMPARISONS
 
 LABELS = (CursorKind.CASE_STMT, CursorKind.DEFAULT_STMT)
-JUMPS = (CursorKind.RETURN_STMT, CursorKind.BREAK_STMT, CursorKind.CONTINUE_STMT)
 LOOPS = (CursorKind.FOR_STMT, CursorKind.CXX_FOR_RANGE_STMT, CursorKind.WHILE_STMT)
 FUNCTIONS = (
     CursorKind.FUNCTION_DECL, CursorKind.FUNCTION_TEMPLATE, CursorKind.CXX_METHOD, CursorKind.LAMBDA_EXPR,
@@ -23,12 +23,18 @@ def change_block(places: Places, block: Cursor, parent: Cursor) -> None:
         is_last_return = statement.kind == CursorKind.RETURN_STMT and statement == inside[-1]
         if _is_removable(statement) and not (is_last_return and parent.kind in FUNCTIONS):
             places.replace(statement, "statement removed", "")
-        if _is_lock(statement):
-            _exchange(places, inside[max(index - 1, 0) : index + 1], "lock taken earlier")
-            _exchange(places, inside[index : index + 2], "lock taken later")
+        if steps.is_lock(statement):
+            if index > 0:
+                steps.exchange(places, inside[index - 1], statement, "lock taken earlier")
+            steps.change_hold(places, statement, inside[index + 1 :])
             places.replace(statement, "lock removed", "")
+        else:
+            steps.keep_local(places, statement)
         if statement.kind == CursorKind.COMPOUND_STMT:
             places.replace(statement, "scope opened", places.text(statement)[1:-1])
+    if parent.kind in FUNCTIONS:
+        steps.change_order(places, inside)
+        steps.leave_early(places, inside, parent)
 
 
 def change_if(places: Places, cursor: Cursor) -> None:
@@ -78,26 +84,6 @@ def _unlabelled(statement: Cursor) -> Cursor:
     return statement
 
 
-def _is_lock(statement: Cursor) -> bool:
-    """A variable that holds a lock."""
-    variable = next(statement.get_children(), None) if statement.kind == CursorKind.DECL_STMT else None
-    return variable is not None and variable.kind == CursorKind.VAR_DECL and variable.spelling.lower().endswith("lock")
-
-
 def _is_removable(statement: Cursor) -> bool:
-    return statement.kind.is_expression() or statement.kind in JUMPS
+    return statement.kind.is_expression() or statement.kind in steps.JUMPS
 
-
-def _exchange(places: Places, pair: list[Cursor], kind: str) -> None:
-    if len(pair) == 2:
-        first, second = pair
-        start, end = first.extent.start.offset, _end(places, second)
-        text, other = (places.slice(one, one.extent.start.offset, _end(places, one)) for one in pair)
-        middle = places.slice(first, _end(places, first), second.extent.start.offset)
-        places.change(first, kind, start, end, other + middle + text)
-
-
-def _end(places: Places, statement: Cursor) -> int:
-    """Behind the semicolon, which is no part of an expression."""
-    end = statement.extent.end.offset
-    return end + 1 if places.slice(statement, end, end + 1) == ";" else end

@@ -5,7 +5,7 @@ from pathlib import Path
 
 from clang.cindex import Cursor, CursorKind, Index, TranslationUnit
 
-from mutation import expressions, replacements, statements
+from mutation import expressions, replacements, statements, steps
 from mutation.mutant import Mutant
 from mutation.places import Places
 from mutation.siblings import Siblings
@@ -72,3 +72,4 @@ def _change(places: Places, siblings: Siblings, cursor: Cursor, parent: Cursor) 
         expressions.change_operator(places, cursor)
         if kind == CursorKind.CALL_EXPR:
             expressions.swap_arguments(places, cursor)
+            steps.keep_answer(places, cursor)

@@ -30,6 +30,7 @@ class Program:
 PROGRAMS = (
     Program("feecenter_test"),
     Program("posting_test", takes_objects=True),
+    Program("lock_scopes_test"),
     Program("interleavings_test", tests="*LockMatrix*"),
     Program("memory_test"),
     Program("bad_host_test", tests="-*EveryCallThatFailed*:*BadHostJobTest*"),
