@@ -51,6 +51,13 @@ using uint64 = std::uint64_t;
 /// mode. No operation holds two family locks. The host must not destroy the object while jobs for it are queued or
 /// running, and every host service must exist before it is built.
 ///
+/// To know that a change is done, post a marker, a job of your own, behind it to the strand of the same name:
+/// utils::CSingletonT<net::RPCEngine>::instance()->getStrand(name)->post(marker). When the marker runs, every change
+/// called before it was posted has ended, queries see it, and its job holds account and records no longer; when no
+/// change was called since, the object may be destroyed. Fee centers of one name share the strand: the marker runs
+/// behind the changes of all of them. It tells neither that a record was taken nor that a change did not throw.
+/// host/engine.h says where not to wait for it.
+///
 /// The protected members are for a class derived to look inside or to test; the family operations take no part in
 /// routing and post nothing.
 class FEECENTER_EXPORT CFeeCenter : public IFeeCenter {

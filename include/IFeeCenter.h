@@ -50,13 +50,16 @@ public:
     FEECENTER_EXPORT_INLINE IFeeCenter& operator=(const IFeeCenter&) = default;
     FEECENTER_EXPORT_INLINE IFeeCenter& operator=(IFeeCenter&&) = default;
 
-    /// Queues the account's fee records, as the back end sent them, for the family of the account's kind. Entries are
-    /// added and overwritten, never removed. `account` must not be empty unless `records` is. An empty list, a kind
-    /// that takes no records, and records of another class than CInstrumentFee change nothing.
+    /// Queues the account's fee records, as the back end sent them, for the family of the account's kind. Returns
+    /// before they are stored: a query made right after may be answered as if this had not been called. A job of
+    /// the caller's that is posted to the fee center's strand after this call runs when they are stored; CFeeCenter
+    /// says how. Entries are added and overwritten, never removed. `account` must not be empty unless `records` is. An
+    /// empty list, a kind that takes no records, and records of another class than CInstrumentFee change nothing.
     virtual void initFees(const boost::shared_ptr<CAccountInfo>& account,
                           const std::vector<boost::shared_ptr<IData>>& records) = 0;
 
-    /// Queues one custom fee, which overrides the account's rates category by category. `account` must not be empty. A
+    /// Queues one custom fee, which overrides the account's rates category by category. It is stored, as the records of
+    /// initFees are, when a job runs that was posted to the strand after this call. `account` must not be empty. A
     /// record of a class that the account's kind does not take, and an empty one, change nothing. The job may write the
     /// record (see Ownership above).
     virtual void updateCustomFee(const boost::shared_ptr<CAccountInfo>& account,
