@@ -35,7 +35,8 @@ public:
     std::int32_t tradeMinUnit = 0;  ///< minimum trade unit, in shares
     /// Members of the custom categories by number, each list as joined instrument keys. The job of a custom fee inserts
     /// an empty list under a number that it asks for and does not find, on the strand's thread: leave the record alone
-    /// from updateCustomFee on until the job has run. (Shenzhen connect asks for none.)
+    /// from updateCustomFee on until the job has run (Shenzhen connect asks for none). A limit that an answer carries,
+    /// or that the configuration gives out, is handed in as a copy.
     std::map<int, std::vector<std::string>> customCategories;
     /// What the group category is made of; empty for other categories.
     std::vector<boost::shared_ptr<CGroupCategorySubInfo>> groupCategories;

@@ -33,7 +33,8 @@ class IData;
 /// customCategories is asked for a number that it lacks has an empty list under that number afterwards. So from
 /// updateCustomFee on until the job has run a custom fee, and every limit and detail in it, must be neither read nor
 /// written by the host, nor be handed to a fee center on another strand. On the same strand it may be handed in again:
-/// jobs follow one another there.
+/// jobs follow one another there. And they must belong to the custom fee alone: a limit that an answer carries, or that
+/// the configuration gives out, is shared with other threads; hand in a copy of it.
 ///
 /// Units: rates are plain numbers, not percent: 0.00025 is two and a half ten-thousandths.
 ///
@@ -76,8 +77,8 @@ public:
                                                      const std::string& market, const std::string& code) = 0;
 
     /// Appends the fee of every instrument that the catalogue knows and for which the account has an entry (of futures
-    /// accounts, a commission), in no particular order. False, with
-    /// `out` untouched, when the account has no table or its kind has no list. `account` must not be empty.
+    /// accounts, a commission), in no particular order. False, with `out` untouched, when the account has no table or
+    /// its kind has no list. `account` must not be empty.
     virtual bool getFees(const boost::shared_ptr<CAccountInfo>& account,
                          std::vector<boost::shared_ptr<CInstrumentFee>>& out) = 0;
 };
