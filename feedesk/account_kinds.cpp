@@ -3,23 +3,27 @@
 #include <algorithm>
 #include <vector>
 
+#include "host/account.h"
+
 namespace feedesk {
 
 AccountKind accountKind(int type) {
-    static const std::vector<AccountKind> kinds = {{1, "futures", "stock", true},
-                                                   {2, "stock", "stock", true},
-                                                   {3, "credit", "credit", true},
-                                                   {5, "futures_5", "stock", true},
-                                                   {6, "option", "stock", true},
-                                                   {kHgtAccount, "hgt", "stock", true},
-                                                   {8, "income_swap", "stock", false},
-                                                   {10, "neeq", "neeq", true},
-                                                   {kSgtAccount, "sgt", "stock", true},
-                                                   {kPrimeBrokerageAccount, "prime_brokerage", "stock", false},
-                                                   {16, "income_swap_futures", "stock", false}};
-    const auto found =
-        std::find_if(kinds.begin(), kinds.end(), [type](const AccountKind& kind) { return kind.type == type; });
-    return found == kinds.end() ? AccountKind{type, std::to_string(type), "stock", false} : *found;
+    using namespace qmservice;  // NOLINT(google-build-using-namespace): the kinds
+    static const std::vector<feedesk::AccountKind> kinds = {
+        {kFuturesAccount, "futures", "stock", true},
+        {kStockAccount, "stock", "stock", true},
+        {kCreditAccount, "credit", "credit", true},
+        {kFutures5Account, "futures_5", "stock", true},
+        {kOptionAccount, "option", "stock", true},
+        {kHgtAccount, "hgt", "stock", true},
+        {kIncomeSwapAccount, "income_swap", "stock", false},
+        {kNeeqAccount, "neeq", "neeq", true},
+        {kSgtAccount, "sgt", "stock", true},
+        {kPrimeBrokerageAccount, "prime_brokerage", "stock", false},
+        {kIncomeSwapFuturesAccount, "income_swap_futures", "stock", false}};
+    const auto found = std::find_if(kinds.begin(), kinds.end(),
+                                    [type](const feedesk::AccountKind& kind) { return kind.type == type; });
+    return found == kinds.end() ? feedesk::AccountKind{type, std::to_string(type), "stock", false} : *found;
 }
 
 }  // namespace feedesk

@@ -5,12 +5,9 @@
 
 namespace feedesk {
 
-/// The kinds that the program treats differently from others, by CAccountInfo::accountType.
-enum AccountType : int { kHgtAccount = 7, kSgtAccount = 11, kPrimeBrokerageAccount = 12 };
-
 /// What the program says about a kind of account.
 struct AccountKind {
-    int type = 0;        ///< CAccountInfo::accountType
+    int type = 0;        ///< a qmservice::AccountKind
     std::string name;    ///< as accounts.csv has it
     std::string family;  ///< Market::rateNames of the rates in CInstrumentFee::stkRateLimit
     bool listed = true;  ///< whether a fee center lists the fees of such an account

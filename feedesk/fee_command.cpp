@@ -23,7 +23,7 @@ struct FeeArguments {
 
 bool tradesThroughConnect(const standalone::Account& account) {
     const int type = account.record->accountType;
-    return type == kHgtAccount || type == kSgtAccount;
+    return type == qmservice::kHgtAccount || type == qmservice::kSgtAccount;
 }
 
 /// What the arguments and the list on standard input name.

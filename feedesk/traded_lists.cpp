@@ -5,15 +5,16 @@
 namespace feedesk {
 
 std::optional<TradedLists> tradedLists(int accountType) {
-    using namespace standalone;  // NOLINT(google-build-using-namespace): the lists
-    static const std::map<int, TradedLists> lists = {{1, {"futures", 0, kFutures | kFuturesExtra}},
-                                                     {2, {"stock", kStockList, 0}},
-                                                     {3, {"credit", kCreditList, 0}},
-                                                     {5, {"futures", 0, kFutures | kFuturesExtra}},
-                                                     {6, {"option", kOptionList, 0}},
-                                                     {7, {"hgt", kHgtList, 0}},
-                                                     {10, {"neeq", kNeeqList, 0}},
-                                                     {11, {"sgt", kSgtList, 0}}};
+    using namespace qmservice;  // NOLINT(google-build-using-namespace): kinds and lists
+    static const std::map<int, TradedLists> lists = {
+        {kFuturesAccount, {"futures", 0, kFuturesType | kFuturesExtraType}},
+        {kStockAccount, {"stock", kStockList, 0}},
+        {kCreditAccount, {"credit", kCreditList, 0}},
+        {kFutures5Account, {"futures", 0, kFuturesType | kFuturesExtraType}},
+        {kOptionAccount, {"option", kOptionList, 0}},
+        {kHgtAccount, {"hgt", kHgtList, 0}},
+        {kNeeqAccount, {"neeq", kNeeqList, 0}},
+        {kSgtAccount, {"sgt", kSgtList, 0}}};
     const auto found = lists.find(accountType);
     return found == lists.end() ? std::optional<TradedLists>() : found->second;
 }

@@ -10,6 +10,21 @@
 
 namespace qmservice {
 
+/// What an account trades, as CAccountInfo::accountType holds it. An account of any other kind has no fees.
+enum AccountKind : std::int32_t {
+    kFuturesAccount = 1,
+    kStockAccount = 2,
+    kCreditAccount = 3,
+    kFutures5Account = 5,  ///< futures, as kind 1
+    kOptionAccount = 6,
+    kHgtAccount = 7,  ///< Shanghai-Hong Kong connect
+    kIncomeSwapAccount = 8,
+    kNeeqAccount = 10,
+    kSgtAccount = 11,  ///< Shenzhen-Hong Kong connect
+    kPrimeBrokerageAccount = 12,
+    kIncomeSwapFuturesAccount = 16
+};
+
 /// A trading account.
 ///
 /// getHashKey(0) is the account's key in every table: it depends on accountId alone, so it stays the same for the
@@ -23,9 +38,7 @@ public:
 
     [[nodiscard]] uint64 getHashKey(uint64 seed) const override;
 
-    /// 1 and 5 futures, 2 stock, 3 credit, 6 stock option, 7 Shanghai-Hong Kong connect, 8 income swap, 10 NEEQ,
-    /// 11 Shenzhen-Hong Kong connect, 12 prime-brokerage full, 16 income-swap futures.
-    std::int32_t accountType = 0;
+    std::int32_t accountType = 0;  ///< an AccountKind; other numbers are allowed
     /// The platform the account trades on; the configuration knows which platforms are simulations.
     std::int32_t platformId = 0;
     /// The account's number, unique within a host.

@@ -11,6 +11,19 @@
 
 namespace qmservice {
 
+/// The lists of the catalogue, as bits of a mask.
+enum InstrumentList : int {
+    kStockList = 1,
+    kCreditList = 8,
+    kOptionList = 32,
+    kHgtList = 128,
+    kNeeqList = 256,
+    kSgtList = 16384
+};
+
+/// The types of instruments that the catalogue gives as maps.
+enum InstrumentType : int { kFuturesType = 2, kFuturesExtraType = 1024 };
+
 // Every operation below may be called from any thread, also while the caller holds a lock of the fee center: a host
 // must not call back into the fee center from inside one.
 
@@ -25,12 +38,10 @@ public:
     /// The instrument whose joined key hashes to `instrumentKey`; empty when unknown.
     virtual boost::shared_ptr<CInstrument> findInstrument(uint64 instrumentKey) = 0;
 
-    /// Fills `instruments` with every instrument of one type, by the catalogue's string key. The fee center asks for
-    /// the types 2 and 1024.
+    /// Fills `instruments` with every instrument of one InstrumentType, by the catalogue's string key.
     virtual void getInstrumentMap(int type, std::map<std::string, boost::shared_ptr<CInstrument>>& instruments) = 0;
 
-    /// Fills `instruments` with every instrument of the kinds in the mask: 1 stock, 8 credit, 32 stock option,
-    /// 128 Shanghai-Hong Kong connect, 256 NEEQ, 16384 Shenzhen-Hong Kong connect.
+    /// Fills `instruments` with every instrument of the lists in the mask, bits of InstrumentList.
     virtual void getInstrumentList(std::vector<boost::shared_ptr<CInstrument>>& instruments, int kindMask) = 0;
 };
 

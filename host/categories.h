@@ -10,6 +10,16 @@
 
 namespace qmservice {
 
+/// A range of category numbers, both ends included. Every other number is that of a system category.
+struct CategoryRange {
+    int first;
+    int last;
+
+    [[nodiscard]] constexpr bool holds(int category) const { return category >= first && category <= last; }
+};
+constexpr CategoryRange kCustomCategories{10001, 20001};  ///< categories that a user lists
+constexpr CategoryRange kGroupCategories{70001, 80001};   ///< categories made of other categories
+
 // Every operation below may be called from any thread.
 
 /// The host's category service: utils::CSingletonT<CppCategory>::instance(). In every test the third string, where

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "host/catalogue.h"
 #include "host/records.h"
 
 namespace standalone {
@@ -24,23 +25,10 @@ struct MarketPlace {
     bool foreign = false;
 };
 
-/// The lists of the catalogue, as bits of the kind mask.
-enum KindMask : int {
-    kStockList = 1,
-    kCreditList = 8,
-    kOptionList = 32,
-    kHgtList = 128,
-    kNeeqList = 256,
-    kSgtList = 16384
-};
-
-/// The types of the catalogue's maps; 0 is none.
-enum CatalogueType : int { kNoType = 0, kFutures = 2, kFuturesExtra = 1024 };
-
 struct ListedInstrument {
     boost::shared_ptr<qmservice::CInstrument> record;
-    int kindMask = 0;  ///< the lists it is in
-    int types = 0;     ///< the map types it is in, as bits
+    int kindMask = 0;  ///< the lists it is in, bits of qmservice::InstrumentList
+    int types = 0;     ///< the types it is of, bits of qmservice::InstrumentType
     int tradeUnit = 0;
     Position position;
 };

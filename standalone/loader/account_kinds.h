@@ -8,20 +8,6 @@
 
 namespace standalone::loader {
 
-enum AccountKind : int {
-    kFuturesAccount = 1,
-    kStockAccount = 2,
-    kCreditAccount = 3,
-    kFutures5Account = 5,
-    kOptionAccount = 6,
-    kHgtAccount = 7,
-    kIncomeSwapAccount = 8,
-    kNeeqAccount = 10,
-    kSgtAccount = 11,
-    kPrimeBrokerageAccount = 12,
-    kIncomeSwapFuturesAccount = 16
-};
-
 /// The words of accounts.csv for the kinds.
 const Words& accountKindWords();
 

@@ -9,7 +9,7 @@
 namespace standalone::loader {
 namespace {
 
-using qmservice::CAccountInfo;
+using namespace qmservice;  // NOLINT(google-build-using-namespace): records, kinds and lists
 
 const std::string kFile = "accounts.csv";
 

@@ -2,6 +2,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "host/categories.h"
 #include "host/keys.h"
 #include "standalone/loader/category_columns.h"
 #include "standalone/loader/rule_line.h"
@@ -157,7 +158,9 @@ void readGroupCategories(Load& load) {
     static const Words modes{{"include", 0}, {"exclude", 1}};
     const std::vector<RuleColumn> columns{
         {"group", Need::kFilled,
-         [](RuleLine& line, Cell& cell) { readInteger(cell, kFirstGroup, kLastGroup, line.group); }},
+         [](RuleLine& line, Cell& cell) {
+             readInteger(cell, qmservice::kGroupCategories.first, qmservice::kGroupCategories.last, line.group);
+         }},
         memberCategoryColumn(load),
         {"mode", Need::kFilled, [](RuleLine& line, Cell& cell) { readWord(cell, modes, line.excluded); }}};
     FirstLines<Part> lines;

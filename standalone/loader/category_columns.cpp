@@ -3,6 +3,7 @@
 #include <functional>
 #include <limits>
 
+#include "host/categories.h"
 #include "standalone/loader/words.h"
 
 namespace standalone::loader {
@@ -21,8 +22,7 @@ struct CategoryChoice {
 
 /// A table that the folder lacks and that would hold the unknown category; empty when there is none.
 std::string missingTable(const Load& load, int category, bool mayBeGroup) {
-    const std::string& table =
-        mayBeGroup && category >= kFirstGroup && category <= kLastGroup ? kGroupsFile : kSystemFile;
+    const std::string& table = mayBeGroup && qmservice::kGroupCategories.holds(category) ? kGroupsFile : kSystemFile;
     return load.lacks(table) ? table : "";
 }
 

@@ -10,10 +10,6 @@ namespace standalone::loader {
 inline const std::string kSystemFile = "categories.csv";
 inline const std::string kGroupsFile = "group_categories.csv";
 
-/// The numbers of groups.
-constexpr int kFirstGroup = 70001;
-constexpr int kLastGroup = 80001;
-
 // The column `category` of a table that refers to the categories of the folder, which have been read before.
 
 /// A system or custom category.

@@ -9,10 +9,7 @@
 namespace standalone::loader {
 namespace {
 
-using qmservice::CCustomHGTExchangeRateLimit;
-using qmservice::CCustomSgtExchangeRateLimit;
-using qmservice::CInstrumentFee;
-using qmservice::CStkExchangeRateLimit;
+using namespace qmservice;  // NOLINT(google-build-using-namespace): records, kinds and lists
 
 /// What is particular to the fee table of one family. `Limit` is the class of its rates, `slot` their place in a
 /// record.

@@ -12,11 +12,9 @@
 namespace standalone::loader {
 namespace {
 
-using qmservice::CCommissionRateDetail;
-using qmservice::CInstrumentFee;
-using qmservice::CMarginRateDetail;
+using namespace qmservice;  // NOLINT(google-build-using-namespace): records, kinds and lists
 
-const Lists kFuturesLists{0, kFutures | kFuturesExtra};
+const Lists kFuturesLists{0, kFuturesType | kFuturesExtraType};
 const std::vector<int> kFuturesKinds{kFuturesAccount, kFutures5Account};
 
 template <class Detail>

@@ -8,15 +8,17 @@
 namespace standalone::loader {
 namespace {
 
+using namespace qmservice;  // NOLINT(google-build-using-namespace): records, kinds and lists
+
 struct NamedList {
     const char* name;
     Lists bits;
 };
 
-constexpr NamedList kLists[] = {{"stock", {kStockList, 0}},   {"credit", {kCreditList, 0}},
-                                {"option", {kOptionList, 0}}, {"hgt", {kHgtList, 0}},
-                                {"neeq", {kNeeqList, 0}},     {"sgt", {kSgtList, 0}},
-                                {"futures", {0, kFutures}},   {"futures_extra", {0, kFuturesExtra}}};
+constexpr NamedList kLists[] = {{"stock", {kStockList, 0}},     {"credit", {kCreditList, 0}},
+                                {"option", {kOptionList, 0}},   {"hgt", {kHgtList, 0}},
+                                {"neeq", {kNeeqList, 0}},       {"sgt", {kSgtList, 0}},
+                                {"futures", {0, kFuturesType}}, {"futures_extra", {0, kFuturesExtraType}}};
 
 std::vector<std::string> allNames() {
     std::vector<std::string> names;

@@ -6,20 +6,19 @@
 
 namespace {
 
+using qmservice::kCreditList;
+using qmservice::kFuturesExtraType;
+using qmservice::kFuturesType;
+using qmservice::kHgtList;
+using qmservice::kNeeqList;
+using qmservice::kOptionList;
+using qmservice::kSgtList;
+using qmservice::kStockList;
 using sample::catalogue;
 using sample::codesOf;
 using sample::Instrument;
 using sample::keyOf;
 using sample::listed;
-using standalone::kCreditList;
-using standalone::kFutures;
-using standalone::kFuturesExtra;
-using standalone::kHgtList;
-using standalone::kNeeqList;
-using standalone::kNoType;
-using standalone::kOptionList;
-using standalone::kSgtList;
-using standalone::kStockList;
 using Strings = std::vector<std::string>;
 
 class CatalogueTest : public sample::ServicesTest {
@@ -28,9 +27,9 @@ protected:
         market.instruments = {listed("SZ", "000001", kStockList | kCreditList),
                               listed("SH", "600000", kStockList),
                               listed("HK", "00700", kHgtList | kSgtList),
-                              listed("SHFE", "rb2510", 0, kFutures),
-                              listed("SHFE", "cu2510", 0, kFutures | kFuturesExtra),
-                              listed("INE", "sc2510", 0, kFuturesExtra),
+                              listed("SHFE", "rb2510", 0, kFuturesType),
+                              listed("SHFE", "cu2510", 0, kFuturesType | kFuturesExtraType),
+                              listed("INE", "sc2510", 0, kFuturesExtraType),
                               listed("NEEQ", "430017", kNeeqList),
                               listed("SHO", "10008888", kOptionList)};
         install();
@@ -100,7 +99,7 @@ TEST_F(CatalogueTest, ReplacesWhatTheCallersListHeld) {
 
 TEST_F(CatalogueTest, ReplacesWhatTheCallersMapHeld) {
     std::map<std::string, Instrument> instruments = {{"old", Instrument()}};
-    catalogue().getInstrumentMap(kFutures, instruments);
+    catalogue().getInstrumentMap(kFuturesType, instruments);
     EXPECT_EQ(instruments.size(), 2U);
     EXPECT_EQ(instruments.count("old"), 0U);
 }

@@ -18,9 +18,9 @@ class ConfigurationTest : public sample::ServicesTest {
 protected:
     ConfigurationTest() {
         market.markets = {sample::place("SH", 10), sample::place("HK", 500), sample::place("XX", 0)};
-        market.instruments = {sample::listed("SH", "688001", standalone::kStockList),
-                              sample::listed("SH", "600000", standalone::kStockList),
-                              sample::listed("XX", "1", standalone::kStockList)};
+        market.instruments = {sample::listed("SH", "688001", qmservice::kStockList),
+                              sample::listed("SH", "600000", qmservice::kStockList),
+                              sample::listed("XX", "1", qmservice::kStockList)};
         market.instruments[0].tradeUnit = 200;
         market.stockLimits = {configured<CStkExchangeRateLimit>("SH", "600000", 0.5)};
         market.hgtLimits = {configured<CCustomHGTExchangeRateLimit>("HK", "00700", 0.25)};
@@ -54,7 +54,7 @@ TEST_F(ConfigurationTest, TradeUnitTellsMarketAndCodeApart) {
 
 TEST_F(ConfigurationTest, TradeUnitsOfTheSameCodeInManyMarketsAreKeptApart) {
     for (int unit = 1; unit <= 2000; ++unit) {
-        market.instruments.push_back(sample::listed("M" + std::to_string(unit), "1", standalone::kStockList));
+        market.instruments.push_back(sample::listed("M" + std::to_string(unit), "1", qmservice::kStockList));
         market.instruments.back().tradeUnit = unit;
     }
     install();

@@ -28,7 +28,7 @@ standalone::Market editionOf(int edition) {
     standalone::Market market;
     for (int each = 0; each < edition; ++each) {
         market.instruments.push_back(
-            sample::listed("SH", std::to_string(600000 + each), standalone::kStockList, standalone::kFutures));
+            sample::listed("SH", std::to_string(600000 + each), qmservice::kStockList, qmservice::kFuturesType));
         market.instruments.back().tradeUnit = edition;
         market.instruments.back().record->volumeMultiple = edition;
     }
@@ -60,13 +60,13 @@ int editionOfAll(const Instruments& instruments, RecordOf recordOf) {
 
 int editionOfList() {
     std::vector<Instrument> instruments;
-    catalogue().getInstrumentList(instruments, standalone::kStockList);
+    catalogue().getInstrumentList(instruments, qmservice::kStockList);
     return editionOfAll(instruments, [](const Instrument& each) { return each; });
 }
 
 int editionOfMap() {
     std::map<std::string, Instrument> instruments;
-    catalogue().getInstrumentMap(standalone::kFutures, instruments);
+    catalogue().getInstrumentMap(qmservice::kFuturesType, instruments);
     return editionOfAll(instruments, [](const auto& each) { return each.second; });
 }
 

@@ -23,7 +23,7 @@ inline Instrument instrument(const std::string& market, const std::string& code)
 }
 
 inline standalone::ListedInstrument listed(const std::string& market, const std::string& code, int kindMask,
-                                           int types = standalone::kNoType) {
+                                           int types = 0) {
     standalone::ListedInstrument made;
     made.record = instrument(market, code);
     made.kindMask = kindMask;
