@@ -15,18 +15,21 @@
 namespace qmservice {
 namespace {
 
-/// The key of the instrument that a joined key names. The connect channels trade the Hong Kong market's instruments: a
-/// key that holds "HGT" or "SGT" anywhere has its first three characters replaced by "HK", wherever the text was found.
+/// The key of the instrument that a joined key names. The connect channels trade the Hong Kong market's instruments.
+/// Rule "A connect key is folded at its start": wherever the text was found, the first three characters are replaced.
+/// The host is asked for the hash of the key as given in any case.
 uint64 queriedInstrumentKey(const std::string& stockKey) {
+    const uint64 given = utils::hash(stockKey);
     if (stockKey.find("HGT") == std::string::npos && stockKey.find("SGT") == std::string::npos) {
-        return utils::hash(stockKey);
+        return given;
     }
     return utils::hash(std::string(stockKey).replace(0, 3, "HK"));
 }
 
-/// Stock and credit accounts answer with the instrument's own trade unit, the others with 100.
+/// Stock and credit accounts answer with the instrument's own trade unit, the others with 100. Rule "The trade unit is
+/// asked for by the key as given": connect keys are not folded for it.
 int queriedTradeUnit(int accountType, const std::string& stockKey) {
-    if (accountType != 2 && accountType != 3) {
+    if (accountType != kStockAccount && accountType != kCreditAccount) {
         return kDefaultTradeUnit;
     }
     std::string market;
@@ -70,20 +73,20 @@ void CFeeCenter::initFees(const boost::shared_ptr<CAccountInfo>& account,
         strand->post(boost::bind(&runLoad, member, this, account, boost::make_shared<const Records>(records)));
     };
     switch (account->accountType) {
-        case 1:
-        case 5:
+        case kFuturesAccount:
+        case kFutures5Account:
             return post(&CFeeCenter::doInitFutureFee);
-        case 2:
+        case kStockAccount:
             return post(&CFeeCenter::doInitStockFee);
-        case 3:
+        case kCreditAccount:
             return post(&CFeeCenter::doInitCreditFee);
-        case 6:
+        case kOptionAccount:
             return post(&CFeeCenter::doInitStkOptionFee);
-        case 7:
+        case kHgtAccount:
             return post(&CFeeCenter::doInitHgtFee);
-        case 10:
+        case kNeeqAccount:
             return post(&CFeeCenter::doInitNeeqFee);
-        case 11:
+        case kSgtAccount:
             return post(&CFeeCenter::doInitSgtFee);
         default:
             return;
@@ -94,30 +97,30 @@ void CFeeCenter::updateCustomFee(const boost::shared_ptr<CAccountInfo>& account,
                                  const boost::shared_ptr<IData>& customFee) {
     const auto post = [&](auto member) { return postIf(this, *strand, member, account, customFee); };
     switch (account->accountType) {
-        case 1:
-        case 5:
-        case 12:
-            // Prime brokerage takes futures custom fees, though it takes no fee records.
+        case kFuturesAccount:
+        case kFutures5Account:
+        case kPrimeBrokerageAccount:
+            // Rule "Prime brokerage takes custom fees and no loads".
             if (!post(&CFeeCenter::doUpdateFutureCustomFee)) {
                 post(&CFeeCenter::doUpdateFutureInstrumentFee);
             }
             return;
-        case 2:
+        case kStockAccount:
             post(&CFeeCenter::doUpdateStockCustomFee);
             return;
-        case 3:
+        case kCreditAccount:
             post(&CFeeCenter::doUpdateCreditCustomFee);
             return;
-        case 6:
+        case kOptionAccount:
             post(&CFeeCenter::doUpdateStkOptionCustomFee);
             return;
-        case 7:
+        case kHgtAccount:
             post(&CFeeCenter::doUpdateHgtCustomFee);
             return;
-        case 10:
+        case kNeeqAccount:
             post(&CFeeCenter::doUpdateNeeqCustomFee);
             return;
-        case 11:
+        case kSgtAccount:
             post(&CFeeCenter::doUpdateSgtCustomFee);
             return;
         default:
@@ -152,27 +155,27 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getFee(const boost::shared_ptr<CAc
 boost::shared_ptr<CInstrumentFee> CFeeCenter::findFamilyFee(int accountType, const CInstrument& instrument,
                                                             uint64 accountKey, uint64 instrumentKey, int tradeUnit) {
     switch (accountType) {
-        case 1:
-        case 5:
+        case kFuturesAccount:
+        case kFutures5Account:
             return getFutureFee(accountKey, instrumentKey);
-        case 2:
+        case kStockAccount:
             return getStockFee(accountKey, instrumentKey, tradeUnit);
-        case 3:
+        case kCreditAccount:
             return getCreditFee(accountKey, instrumentKey, tradeUnit);
-        case 6:
+        case kOptionAccount:
             return getStkOptionFee(accountKey, instrumentKey);
-        case 7:
+        case kHgtAccount:
             return getHgtFee(accountKey, instrumentKey);
-        case 8:
+        case kIncomeSwapAccount:
             return isStockMarket(instrument.market) ? getStockFee(accountKey, instrumentKey, tradeUnit)
                                                     : getIncomeSwapFutureFee(accountKey, instrumentKey);
-        case 10:
+        case kNeeqAccount:
             return getNeeqFee(accountKey, instrumentKey, tradeUnit);
-        case 11:
+        case kSgtAccount:
             return getSgtFee(accountKey, instrumentKey);
-        case 12:
+        case kPrimeBrokerageAccount:
             return getPbFullFee(accountKey, instrumentKey, tradeUnit);
-        case 16:
+        case kIncomeSwapFuturesAccount:
             return getIncomeSwapFutureFee(accountKey, instrumentKey);
         default:
             return {};
@@ -182,20 +185,20 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::findFamilyFee(int accountType, con
 bool CFeeCenter::getFees(const boost::shared_ptr<CAccountInfo>& account,
                          std::vector<boost::shared_ptr<CInstrumentFee>>& out) {
     switch (account->accountType) {
-        case 1:
-        case 5:
+        case kFuturesAccount:
+        case kFutures5Account:
             return getFutureFees(account, out);
-        case 2:
+        case kStockAccount:
             return getStockFees(account, out);
-        case 3:
+        case kCreditAccount:
             return getCreditFees(account, out);
-        case 6:
+        case kOptionAccount:
             return getStkOptionFees(account, out);
-        case 7:
+        case kHgtAccount:
             return getHgtFees(account, out);
-        case 10:
+        case kNeeqAccount:
             return getNeeqFees(account, out);
-        case 11:
+        case kSgtAccount:
             return getSgtFees(account, out);
         default:
             return false;
