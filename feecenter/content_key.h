@@ -12,9 +12,8 @@ namespace qmservice {
 /// Rule "No separator in a content key": the key is that of the joined digits, so 1 then 23 and 12 then 3 share one.
 class ContentKey {
 public:
-    /// Folds in a rate. Rule "Rates are truncated in a content key": scaled by 1e8 without rounding, so noise below the
-    /// eighth decimal place vanishes, and 0.00015 folds as 14999. A rate that
-    /// does not fit then, or is not a number, folds as the smallest 64-bit integer.
+    /// Folds in a rate. Rule "Rates are truncated in a content key": scaled by 1e8 and cut off, not rounded, so
+    /// 0.00015 folds as 14999. A rate that does not fit then, or is not a number, folds as the smallest 64-bit integer.
     void foldRate(double rate);
 
     void foldInteger(std::int64_t value);

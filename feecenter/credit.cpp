@@ -1,28 +1,36 @@
 #include "CFeeCenter.h"
-#include "feecenter/family_tables.h"
-#include "feecenter/stock_limits.h"
+#include "feecenter/limit_family.h"
+#include "feecenter/stock_rules.h"
 
 namespace qmservice {
 
+struct CFeeCenter::Credit : StockRules {
+    static constexpr InstrumentList kList = kCreditList;
+    static constexpr auto kListAnswer = &CFeeCenter::getCreditFee;
+
+    static LimitFamily<Limit> of(CFeeCenter& center) {
+        return {{center.creditMutex, {center.creditRateLimitPool, center.creditAccountTable}},
+                center.defaultCreditRateLimit};
+    }
+};
+
 void CFeeCenter::doInitCreditFee(const boost::shared_ptr<CAccountInfo>& account,
                                  const std::vector<boost::shared_ptr<IData>>& records) {
-    loadLimits<StockLimitPolicy>(FamilyTables::credit(*this), account, records);
+    loadLimits<Credit>(*this, account, records);
 }
 
 void CFeeCenter::doUpdateCreditCustomFee(const boost::shared_ptr<CAccountInfo>& account,
                                          const boost::shared_ptr<CCustomStockInstrumentFee>& fee) {
-    overrideStockLimits(FamilyTables::credit(*this), account, *fee, 8);
+    overrideLimits<Credit>(*this, account, *fee);
 }
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::getCreditFee(uint64 accountKey, uint64 instrumentKey, int tradeUnit) {
-    return findStockLimitFee(FamilyTables::credit(*this), accountKey, instrumentKey, tradeUnit);
+    return findLimitFee<Credit>(*this, accountKey, instrumentKey, tradeUnit);
 }
 
 bool CFeeCenter::getCreditFees(const boost::shared_ptr<CAccountInfo>& account,
                                std::vector<boost::shared_ptr<CInstrumentFee>>& fees) {
-    return listFees(creditMutex, creditAccountTable, account, fees, [this](uint64 accountKey, uint64 instrumentKey) {
-        return getCreditFee(accountKey, instrumentKey, kDefaultTradeUnit);
-    });
+    return listLimitFees<Credit>(*this, account, fees);
 }
 
 }  // namespace qmservice

@@ -20,7 +20,8 @@ struct OptionItemRow {
     double fee3;
 };
 
-// The third character of the 'D' rows is no part of their key; the items carry it all the same. fee4 and fee5 are 0.
+// Rule "An item key has two characters behind a D": the third of the 'D' rows is no part of their key, and the items
+// carry it all the same. fee4 and fee5 are 0.
 constexpr std::array<OptionItemRow, 10> kOptionItems = {{
     {'0', '0', '0', 1.3, 0.3, 0.0},
     {'0', '1', '1', 1.3, 0.3, 0.0},

@@ -1,10 +1,9 @@
 #include <boost/smart_ptr/make_shared.hpp>
-#include <boost/thread/lock_types.hpp>
 #include <cmath>
 #include <utility>
 
 #include "CFeeCenter.h"
-#include "feecenter/family_tables.h"
+#include "feecenter/future_tables.h"
 #include "feecenter/host_calls.h"
 
 // Futures and income-swap lookups: the same tables, two defaults.
@@ -24,13 +23,13 @@ struct StoredRates {
 
 StoredRates findRates(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey) {
     StoredRates rates;
-    if (const uint64* key = findEntry(tables.commissionKeys, accountKey, instrumentKey)) {
-        rates.commission = findPooled(tables.commissionDetails, *key);
+    if (const uint64* key = findEntry(*tables.commissionKeys, accountKey, instrumentKey)) {
+        rates.commission = findPooled(*tables.commissionDetails, *key);
     }
-    if (const auto* keys = findEntry(tables.marginKeys, accountKey, instrumentKey)) {
+    if (const auto* keys = findEntry(*tables.marginKeys, accountKey, instrumentKey)) {
         rates.margins.reserve(keys->size());
         for (const uint64 key : *keys) {
-            rates.margins.push_back(findPooled(tables.marginDetails, key));
+            rates.margins.push_back(findPooled(*tables.marginDetails, key));
         }
     }
     return rates;
@@ -121,8 +120,8 @@ void applyExchangeFee(CCommissionRateDetail& commission, const CInstrument& inst
 }  // namespace
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::getFutureFee(uint64 accountKey, uint64 instrumentKey) {
-    const boost::shared_lock<boost::shared_mutex> lock(futureMutex);
-    auto rates = findRates(FamilyTables::futures(*this), accountKey, instrumentKey);
+    const auto tables = Future::of(*this).read();  // held for the whole call
+    auto rates = findRates(*tables, accountKey, instrumentKey);
     const auto instrument = findInstrument(instrumentKey);
     if (rates.found()) {
         if (rates.margins.empty()) {
@@ -141,8 +140,8 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getFutureFee(uint64 accountKey, ui
 }
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::getIncomeSwapFutureFee(uint64 accountKey, uint64 instrumentKey) {
-    const boost::shared_lock<boost::shared_mutex> lock(futureMutex);
-    auto rates = findRates(FamilyTables::futures(*this), accountKey, instrumentKey);
+    const auto tables = Future::of(*this).read();  // held for the whole call
+    auto rates = findRates(*tables, accountKey, instrumentKey);
     const auto instrument = findInstrument(instrumentKey);
     if (rates.found()) {
         // Rule "Income swap keeps missing margins empty": the default's are not put in their place.
@@ -155,7 +154,10 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getIncomeSwapFutureFee(uint64 acco
 bool CFeeCenter::getFutureFees(const boost::shared_ptr<CAccountInfo>& account,
                                std::vector<boost::shared_ptr<CInstrumentFee>>& fees) {
     // Rule "A futures list goes by commissions": instruments with margins but no commission are not listed.
-    return listFees(futureMutex, futureCommissionKeys, account, fees, [this](uint64 accountKey, uint64 instrumentKey) {
+    const auto readKeys = [this](uint64 accountKey) {
+        return instrumentKeysOf(*Future::of(*this).read()->commissionKeys, accountKey);
+    };
+    return listFees(account, fees, readKeys, [this](uint64 accountKey, uint64 instrumentKey) {
         return getFutureFee(accountKey, instrumentKey);
     });
 }

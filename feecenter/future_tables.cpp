@@ -41,49 +41,51 @@ boost::shared_ptr<CMarginRateDetail> makeMargin(const Detail& detail) {
 }
 
 /// Points a slot of the instrument's margin keys at a record. Keys that are not there yet start as three unset slots.
-void setSlot(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey, std::size_t slot, uint64 marginKey) {
-    std::vector<uint64>* stored = findEntry(tables.marginKeys, accountKey, instrumentKey);
+void setSlot(EntryTable<std::vector<uint64>>& marginKeys, uint64 accountKey, uint64 instrumentKey, std::size_t slot,
+             uint64 marginKey) {
+    std::vector<uint64>* stored = findEntry(marginKeys, accountKey, instrumentKey);
     if (stored != nullptr && !stored->empty()) {
         (*stored)[slot] = marginKey;
         return;
     }
     std::vector<uint64> keys(kSlots, kUnset);
     keys[slot] = marginKey;
-    setEntry(tables.marginKeys, accountKey, instrumentKey, std::move(keys));
+    setEntry(marginKeys, accountKey, instrumentKey, std::move(keys));
 }
 
-/// How many slots the instrument's margin keys have. A load keeps them in the order of its records, which may be fewer
-/// than a hedge flag asks for.
-std::size_t slotCount(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey) {
-    const std::vector<uint64>* keys = findEntry(tables.marginKeys, accountKey, instrumentKey);
+/// How many slots the instrument's margin keys have. Rule "Loaded margins have no slots": a load keeps them in the
+/// order of its records, which may be fewer than a hedge flag asks for.
+std::size_t slotCount(const EntryTable<std::vector<uint64>>& marginKeys, uint64 accountKey, uint64 instrumentKey) {
+    const std::vector<uint64>* keys = findEntry(marginKeys, accountKey, instrumentKey);
     return keys != nullptr && !keys->empty() ? keys->size() : kSlots;
 }
 
 }  // namespace
 
 template <class Detail>
-void storeCommissionRates(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey, const Detail& detail) {
-    storeCommission(tables, accountKey, instrumentKey, contentKey(detail), [&] { return makeCommission(detail); });
+void storeCommissionRates(const GuardedFutures& futures, uint64 accountKey, uint64 instrumentKey,
+                          const Detail& detail) {
+    storeCommission(futures, accountKey, instrumentKey, contentKey(detail), [&] { return makeCommission(detail); });
 }
 
 template <class Detail>
-void storeMarginRates(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey, const Detail& detail) {
+void storeMarginRates(const GuardedFutures& futures, uint64 accountKey, uint64 instrumentKey, const Detail& detail) {
     if (detail.hedgeFlag < '1' || detail.hedgeFlag > '3') {
         return;
     }
     const auto slot = static_cast<std::size_t>(detail.hedgeFlag - '1');
     const uint64 marginKey = contentKey(detail);
 
-    const boost::unique_lock<boost::shared_mutex> lock(tables.mutex);
-    if (slot < slotCount(tables, accountKey, instrumentKey)) {
-        poolRecord(tables.marginDetails, marginKey, [&] { return makeMargin(detail); });
-        setSlot(tables, accountKey, instrumentKey, slot, marginKey);
+    auto tables = futures.write();
+    if (slot < slotCount(*tables->marginKeys, accountKey, instrumentKey)) {
+        poolRecord(*tables->marginDetails, marginKey, [&] { return makeMargin(detail); });
+        setSlot(*tables->marginKeys, accountKey, instrumentKey, slot, marginKey);
     }
 }
 
-template void storeCommissionRates(const FutureTables&, uint64, uint64, const CCommissionRateDetail&);
-template void storeCommissionRates(const FutureTables&, uint64, uint64, const CCustomCommissionRateDetail&);
-template void storeMarginRates(const FutureTables&, uint64, uint64, const CMarginRateDetail&);
-template void storeMarginRates(const FutureTables&, uint64, uint64, const CCustomMarginRateDetail&);
+template void storeCommissionRates(const GuardedFutures&, uint64, uint64, const CCommissionRateDetail&);
+template void storeCommissionRates(const GuardedFutures&, uint64, uint64, const CCustomCommissionRateDetail&);
+template void storeMarginRates(const GuardedFutures&, uint64, uint64, const CMarginRateDetail&);
+template void storeMarginRates(const GuardedFutures&, uint64, uint64, const CCustomMarginRateDetail&);
 
 }  // namespace qmservice

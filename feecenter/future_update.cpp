@@ -7,7 +7,6 @@
 #include "feecenter/category_match.h"
 #include "feecenter/category_number.h"
 #include "feecenter/content_key.h"
-#include "feecenter/family_tables.h"
 #include "feecenter/future_tables.h"
 
 // The operations that fill the futures tables: load, update of one instrument, custom fees by category.
@@ -16,33 +15,33 @@ namespace qmservice {
 namespace {
 
 /// Stores a load's commission, a full copy of the detail.
-void loadCommission(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey, const CInstrumentFee& fee) {
+void loadCommission(const GuardedFutures& futures, uint64 accountKey, uint64 instrumentKey, const CInstrumentFee& fee) {
     if (!fee.commissionDetail) {
         return;
     }
     const auto& detail = *fee.commissionDetail;
-    storeCommission(tables, accountKey, instrumentKey, contentKey(detail),
+    storeCommission(futures, accountKey, instrumentKey, contentKey(detail),
                     [&] { return boost::make_shared<CCommissionRateDetail>(detail); });
 }
 
 /// Stores a load's margins, full copies of the details, and replaces the instrument's keys by theirs in list order.
 /// Empty details are passed over; where nothing is left the keys stay as they were.
-void loadMargins(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey, const CInstrumentFee& fee) {
+void loadMargins(const GuardedFutures& futures, uint64 accountKey, uint64 instrumentKey, const CInstrumentFee& fee) {
     if (fee.marginDetails.empty()) {
         return;
     }
-    const boost::unique_lock<boost::shared_mutex> lock(tables.mutex);
+    auto tables = futures.write();
     std::vector<uint64> keys;
     keys.reserve(fee.marginDetails.size());
     for (const auto& detail : fee.marginDetails) {
         if (detail) {
             keys.push_back(contentKey(*detail));
-            poolRecord(tables.marginDetails, keys.back(),
+            poolRecord(*tables->marginDetails, keys.back(),
                        [&] { return boost::make_shared<CMarginRateDetail>(*detail); });
         }
     }
     if (!keys.empty()) {
-        setEntry(tables.marginKeys, accountKey, instrumentKey, std::move(keys));
+        setEntry(*tables->marginKeys, accountKey, instrumentKey, std::move(keys));
     }
 }
 
@@ -50,9 +49,9 @@ void loadMargins(const FutureTables& tables, uint64 accountKey, uint64 instrumen
 std::map<std::string, boost::shared_ptr<CInstrument>> futureInstruments() {
     auto* catalogue = TraderCenter::instance()->getInstCenter();
     std::map<std::string, boost::shared_ptr<CInstrument>> instruments;
-    catalogue->getInstrumentMap(2, instruments);
+    catalogue->getInstrumentMap(kFuturesType, instruments);
     std::map<std::string, boost::shared_ptr<CInstrument>> others;
-    catalogue->getInstrumentMap(1024, others);
+    catalogue->getInstrumentMap(kFuturesExtraType, others);
     for (const auto& other : others) {
         auto& instrument = instruments[other.first];
         if (!instrument) {
@@ -73,15 +72,15 @@ auto firstMatchingDetail(const CInstrument& instrument, const Details& details) 
 void CFeeCenter::doInitFutureFee(const boost::shared_ptr<CAccountInfo>& account,
                                  const std::vector<boost::shared_ptr<IData>>& records) {
     const uint64 accountKey = account->getHashKey(0);
-    const FutureTables tables = FamilyTables::futures(*this);
+    const GuardedFutures futures = Future::of(*this);
     for (const auto& record : records) {
         const auto* fee = dynamic_cast<const CInstrumentFee*>(record.get());
         if (fee == nullptr || !fee->instrument) {
             continue;
         }
         const uint64 instrumentKey = instrumentKeyOf(*fee->instrument);
-        loadCommission(tables, accountKey, instrumentKey, *fee);
-        loadMargins(tables, accountKey, instrumentKey, *fee);
+        loadCommission(futures, accountKey, instrumentKey, *fee);
+        loadMargins(futures, accountKey, instrumentKey, *fee);
     }
 }
 
@@ -92,11 +91,11 @@ void CFeeCenter::doUpdateFutureInstrumentFee(const boost::shared_ptr<CAccountInf
     }
     const uint64 accountKey = account->getHashKey(0);
     const uint64 instrumentKey = instrumentKeyOf(*fee->instrument);
-    const FutureTables tables = FamilyTables::futures(*this);
-    storeCommissionRates(tables, accountKey, instrumentKey, *fee->commissionDetail);
+    const GuardedFutures futures = Future::of(*this);
+    storeCommissionRates(futures, accountKey, instrumentKey, *fee->commissionDetail);
     for (const auto& margin : fee->marginDetails) {
         if (margin) {
-            storeMarginRates(tables, accountKey, instrumentKey, *margin);
+            storeMarginRates(futures, accountKey, instrumentKey, *margin);
         }
     }
 }
@@ -107,19 +106,19 @@ void CFeeCenter::doUpdateFutureCustomFee(const boost::shared_ptr<CAccountInfo>& 
         return;
     }
     const uint64 accountKey = account->getHashKey(0);
-    const FutureTables tables = FamilyTables::futures(*this);
+    const GuardedFutures futures = Future::of(*this);
     for (const auto& entry : futureInstruments()) {
         if (!entry.second) {
             continue;
         }
         const CInstrument& instrument = *entry.second;
         if (const auto* commission = firstMatchingDetail(instrument, customFee->commissionDetails)) {
-            storeCommissionRates(tables, accountKey, instrumentKeyOf(instrument), *commission);
+            storeCommissionRates(futures, accountKey, instrumentKeyOf(instrument), *commission);
         }
         // Rule "One margin detail at most": those of other hedge flags are not looked at once one has matched, so a
         // custom fee sets one hedge flag of an instrument and leaves the others.
         if (const auto* margin = firstMatchingDetail(instrument, customFee->marginDetails)) {
-            storeMarginRates(tables, accountKey, instrumentKeyOf(instrument), *margin);
+            storeMarginRates(futures, accountKey, instrumentKeyOf(instrument), *margin);
         }
     }
 }

@@ -3,55 +3,67 @@
 
 #include <boost/shared_ptr.hpp>
 #include <boost/smart_ptr/make_shared.hpp>
-#include <boost/thread/lock_types.hpp>
-#include <boost/thread/shared_mutex.hpp>
 #include <string>
+#include <type_traits>
 #include <vector>
 
+#include "CFeeCenter.h"
 #include "feecenter/category_match.h"
 #include "feecenter/content_key.h"
+#include "feecenter/guarded.h"
 #include "feecenter/host_calls.h"
 #include "feecenter/tables.h"
 #include "host/records.h"
 #include "host/services.h"
 
-// The algorithm of the families that keep one limit per instrument: stock, credit and NEEQ on one side, the two connect
-// channels on the other. A Policy says what is particular to a side:
+// The algorithm of the families that keep one limit per instrument. A Family is a struct that says what is its own:
+//
+//   of(center)                    its tables and default
+//   kList                         the catalogue's list that its custom fees go through
+//   kListAnswer                   the lookup of CFeeCenter that answers its list
+//
+// and, from StockRules or ConnectRules, what it shares with others:
 //
 //   Limit                         the pooled record class
-//   slot()                        the field of CInstrumentFee that carries it
+//   kSlot                         the field of CInstrumentFee that carries it
 //   incoming(fee, market, code)   the limit to store for a fee record; empty to skip the record
 //   stamped(limit, tradeUnit)     a new record that carries the trade unit, from a limit or a custom limit
+//   matches(instrument, limit)    whether a custom limit applies to the instrument; may write the custom limit
 //   configured(market, code)      the host's configured limit; empty when none
+//   answered(limit, tradeUnit)    what an answer carries of a configured or default limit
 
 namespace qmservice {
 
-/// One family's lock, tables and default, by reference into the fee center.
 template <class Record>
 struct LimitTables {
-    boost::shared_mutex& mutex;
-    RecordPool<Record>& pool;
-    EntryTable<uint64>& accounts;
+    Ref<RecordPool<Record>> pool;
+    Ref<EntryTable<uint64>> entries;
+};
+
+/// One family's tables and default, by reference into the fee center.
+template <class Record>
+struct LimitFamily {
+    Guarded<LimitTables<Record>> tables;
     const boost::shared_ptr<Record>& fallback;
 };
 
 /// Pools the limit and points the instrument at it. The lock is taken for the two table writes only; the pool comes
 /// first, so that an account never names a record that is not there.
-template <class Policy, class Limit>
-void storeLimit(const LimitTables<typename Policy::Limit>& tables, uint64 accountKey, const std::string& market,
-                const std::string& code, const Limit& limit) {
+template <class Family, class Limit>
+void storeLimit(CFeeCenter& center, uint64 accountKey, const std::string& market, const std::string& code,
+                const Limit& limit) {
     const uint64 instrumentKey = instrumentKeyOf(market, code);
     const int tradeUnit = getTradeMinUnit(market, code);
     const uint64 limitKey = contentKey(limit, tradeUnit);
 
-    const boost::unique_lock<boost::shared_mutex> lock(tables.mutex);
-    poolRecord(tables.pool, limitKey, [&] { return Policy::stamped(limit, tradeUnit); });
-    setEntry(tables.accounts, accountKey, instrumentKey, limitKey);
+    auto tables = Family::of(center).tables.write();
+    poolRecord(*tables->pool, limitKey, [&] { return Family::stamped(limit, tradeUnit); });
+    setEntry(*tables->entries, accountKey, instrumentKey, limitKey);
 }
 
 /// Stores the limit of every usable fee record. Records of another class and fees without instrument are passed over.
-template <class Policy>
-void loadLimits(const LimitTables<typename Policy::Limit>& tables, const boost::shared_ptr<CAccountInfo>& account,
+template <class Family>
+void loadLimits(CFeeCenter& center, const boost::shared_ptr<CAccountInfo>& account,
                 const std::vector<boost::shared_ptr<IData>>& records) {
     const uint64 accountKey = account->getHashKey(0);
     for (const auto& record : records) {
@@ -62,66 +74,69 @@ void loadLimits(const LimitTables<typename Policy::Limit>& tables, const boost::
         // Copies, so that one name is asked about and filed even if the host writes its record when it is asked.
         const std::string market = fee->instrument->market;
         const std::string code = fee->instrument->code;
-        if (const auto limit = Policy::incoming(*fee, market, code)) {
-            storeLimit<Policy>(tables, accountKey, market, code, *limit);
+        if (const auto limit = Family::incoming(*fee, market, code)) {
+            storeLimit<Family>(center, accountKey, market, code, *limit);
         }
     }
 }
 
-/// Calls `apply(instrument, entry)` for every instrument of the mask's lists that some custom entry matches, with the
-/// first such entry. `matches(instrument, entry)` runs outside every lock.
-template <class Entries, class Matches, class Apply>
-void forEachMatch(const Entries& entries, int kindMask, const Matches& matches, const Apply& apply) {
-    std::vector<boost::shared_ptr<CInstrument>> instruments;
-    TraderCenter::instance()->getInstCenter()->getInstrumentList(instruments, kindMask);
-    for (const auto& instrument : instruments) {
-        if (!instrument) {
-            continue;
-        }
-        const auto* entry = firstMatch(entries, [&](auto& candidate) { return matches(*instrument, candidate); });
-        if (entry != nullptr) {
-            apply(*instrument, *entry);
-        }
-    }
-}
-
-/// Stores, for each instrument of the mask's lists, the first custom limit that matches it; the others stay as they
+/// Stores, for each instrument of the family's list, the first custom limit that matches it; the others stay as they
 /// are.
-template <class Policy, class CustomLimits, class Matches>
-void overrideLimits(const LimitTables<typename Policy::Limit>& tables, const boost::shared_ptr<CAccountInfo>& account,
-                    const CustomLimits& customLimits, int kindMask, const Matches& matches) {
-    if (customLimits.empty()) {
+template <class Family, class CustomFee>
+void overrideLimits(CFeeCenter& center, const boost::shared_ptr<CAccountInfo>& account, const CustomFee& fee) {
+    if (fee.rateLimits.empty()) {
         return;
     }
     const uint64 accountKey = account->getHashKey(0);
-    forEachMatch(customLimits, kindMask, matches, [&](const CInstrument& instrument, const auto& limit) {
-        storeLimit<Policy>(tables, accountKey, instrument.market, instrument.code, limit);
+    const auto matches = [](const CInstrument& instrument, auto& limit) { return Family::matches(instrument, limit); };
+    forEachMatch(fee.rateLimits, Family::kList, matches, [&](const CInstrument& instrument, const auto& limit) {
+        storeLimit<Family>(center, accountKey, instrument.market, instrument.code, limit);
     });
 }
 
 /// The configured limit of the instrument, else the family's default.
-template <class Policy>
-boost::shared_ptr<typename Policy::Limit> configuredOrDefault(
-    uint64 instrumentKey, const boost::shared_ptr<typename Policy::Limit>& fallback) {
+template <class Family>
+boost::shared_ptr<typename Family::Limit> configuredOrDefault(
+    uint64 instrumentKey, const boost::shared_ptr<typename Family::Limit>& fallback) {
     if (const auto instrument = findInstrument(instrumentKey)) {
-        if (auto limit = Policy::configured(instrument->market, instrument->code)) {
+        if (auto limit = Family::configured(instrument->market, instrument->code)) {
             return limit;
         }
     }
     return fallback;
 }
 
-/// A new fee that carries the pooled limit itself, or, where the account has no entry, what `adapt` makes of the
+/// A new fee that carries the pooled limit itself, or, where the account has no entry, what the family answers of the
 /// configured or default limit. The lock is held shared for the whole call: the fallback asks the host under it.
-template <class Policy, class Adapt>
-boost::shared_ptr<CInstrumentFee> findLimitFee(const LimitTables<typename Policy::Limit>& tables, uint64 accountKey,
-                                               uint64 instrumentKey, const Adapt& adapt) {
-    const boost::shared_lock<boost::shared_mutex> lock(tables.mutex);
+template <class Family>
+boost::shared_ptr<CInstrumentFee> findLimitFee(CFeeCenter& center, uint64 accountKey, uint64 instrumentKey,
+                                               int tradeUnit = kDefaultTradeUnit) {
+    const auto family = Family::of(center);
+    const auto tables = family.tables.read();
     auto fee = boost::make_shared<CInstrumentFee>();
-    const uint64* limitKey = findEntry(tables.accounts, accountKey, instrumentKey);
-    (*fee).*Policy::slot() = limitKey != nullptr ? findPooled(tables.pool, *limitKey)
-                                                 : adapt(configuredOrDefault<Policy>(instrumentKey, tables.fallback));
+    const uint64* limitKey = findEntry(*tables->entries, accountKey, instrumentKey);
+    (*fee).*Family::kSlot =
+        limitKey != nullptr ? findPooled(*tables->pool, *limitKey)
+                            : Family::answered(configuredOrDefault<Family>(instrumentKey, family.fallback), tradeUnit);
     return fee;
+}
+
+/// Lists what the family's table keeps for the account, each instrument answered by the family's kListAnswer.
+template <class Family>
+bool listLimitFees(CFeeCenter& center, const boost::shared_ptr<CAccountInfo>& account,
+                   std::vector<boost::shared_ptr<CInstrumentFee>>& fees) {
+    const auto readKeys = [&](uint64 accountKey) {
+        return instrumentKeysOf(*Family::of(center).tables.read()->entries, accountKey);
+    };
+    const auto lookup = [&](uint64 accountKey, uint64 instrumentKey) {
+        using Answer = decltype(Family::kListAnswer);
+        if constexpr (std::is_invocable_v<Answer, CFeeCenter&, uint64, uint64>) {
+            return (center.*Family::kListAnswer)(accountKey, instrumentKey);
+        } else {
+            return (center.*Family::kListAnswer)(accountKey, instrumentKey, kDefaultTradeUnit);
+        }
+    };
+    return listFees(account, fees, readKeys, lookup);
 }
 
 }  // namespace qmservice

@@ -1,10 +1,10 @@
 #ifndef FEECENTER_OPTION_TABLES_H
 #define FEECENTER_OPTION_TABLES_H
 
-#include <boost/thread/shared_mutex.hpp>
 #include <map>
 #include <string>
 
+#include "feecenter/guarded.h"
 #include "feecenter/tables.h"
 #include "host/records.h"
 
@@ -13,14 +13,11 @@ namespace qmservice {
 /// Item key -> pool key.
 using ItemKeys = std::map<std::string, uint64>;
 
-/// The stock-option tables, the queries' lock and the lock that keeps the tables whole, by reference into the fee
-/// center.
+/// The stock-option tables, by reference into the fee center.
 struct OptionTables {
-    boost::shared_mutex& mutex;
-    boost::shared_mutex& tableMutex;
-    RecordPool<CStockOptionFeeItem>& items;
-    EntryTable<ItemKeys>& accounts;
-    EntryTable<double>& baseRates;
+    Ref<RecordPool<CStockOptionFeeItem>> items;
+    Ref<EntryTable<ItemKeys>> entries;
+    Ref<EntryTable<double>> baseRates;
 };
 
 }  // namespace qmservice

@@ -4,7 +4,7 @@
 #include "CFeeCenter.h"
 #include "feecenter/host_calls.h"
 #include "feecenter/markets.h"
-#include "feecenter/stock_limits.h"
+#include "feecenter/stock_rules.h"
 
 namespace qmservice {
 
@@ -20,7 +20,8 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getPbFullFee(uint64 accountKey, ui
 boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string& market, uint64 accountKey,
                                                               uint64 instrumentKey, int unitVolume) {
     if (isStockMarket(market)) {
-        auto fee = getStockFee(accountKey, instrumentKey, unitVolume);  // neither of the two is ever empty
+        // Rule "A stock answer carries an option rate too". Neither of the two lookups is ever empty.
+        auto fee = getStockFee(accountKey, instrumentKey, unitVolume);
         fee->stkOptionFeeRate = getStkOptionFee(accountKey, instrumentKey)->stkOptionFeeRate;
         return fee;
     }
@@ -51,7 +52,7 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string&
 boost::shared_ptr<CInstrumentFee> CFeeCenter::makeFullDefaultFee(const boost::shared_ptr<CInstrument>& instrument,
                                                                  int unitVolume) {
     auto fee = boost::make_shared<CInstrumentFee>();
-    fee->stkRateLimit = withTradeUnit(defaultStockRateLimit, unitVolume);
+    fee->stkRateLimit = StockRules::answered(defaultStockRateLimit, unitVolume);
     fee->instrument = instrument;
     fee->commissionDetail = defaultFutureFee->commissionDetail;
     fee->marginDetails = defaultFutureFee->marginDetails;

@@ -9,9 +9,7 @@
 #include "CFeeCenter.h"
 #include "feecenter/category_match.h"
 #include "feecenter/content_key.h"
-#include "feecenter/family_tables.h"
 #include "feecenter/item_key.h"
-#include "feecenter/limit_family.h"
 #include "feecenter/option_tables.h"
 
 // Rule "Stock options are written under the stock lock": the update runs under stockMutex and the queries under
@@ -43,23 +41,23 @@ struct StoredItems {
 
 StoredItems findItems(const OptionTables& tables, uint64 accountKey, uint64 instrumentKey) {
     StoredItems stored;
-    const boost::shared_lock<boost::shared_mutex> lock(tables.tableMutex);
-    const ItemKeys* keys = findEntry(tables.accounts, accountKey, instrumentKey);
+    const ItemKeys* keys = findEntry(*tables.entries, accountKey, instrumentKey);
     if (keys == nullptr) {
         return stored;
     }
     stored.found = true;
     for (const auto& key : *keys) {
-        stored.items.emplace(key.first, findPooled(tables.items, key.second));
+        stored.items.emplace(key.first, findPooled(*tables.items, key.second));
     }
-    if (const double* baseRate = findEntry(tables.baseRates, accountKey, instrumentKey)) {
+    if (const double* baseRate = findEntry(*tables.baseRates, accountKey, instrumentKey)) {
         stored.baseRate = *baseRate;
     }
     return stored;
 }
 
-/// A new rate that holds the stored items. What a host's new rate already holds stays under every other key: the nodes
-/// move, nothing is allocated, and no host's item is destroyed under the tables' lock.
+/// A new rate that holds the stored items. Rule "Stored items go into the host's new rate": what a host's new rate
+/// already holds stays under every other key. The nodes move, nothing is allocated, and no host's item is destroyed
+/// under the tables' lock.
 boost::shared_ptr<CStockOptionFeeRate> makeRate(StoredItems&& stored) {
     auto rate = boost::make_shared<CStockOptionFeeRate>();
     stored.items.merge(rate->items);
@@ -82,6 +80,22 @@ void setItem(EntryTable<ItemKeys>& table, uint64 accountKey, uint64 instrumentKe
 
 }  // namespace
 
+struct CFeeCenter::StkOption {
+    static constexpr InstrumentList kList = kOptionList;
+
+    /// Rule "Stock options name their categories": every other family reads the number from the text.
+    static bool matches(const CInstrument& instrument, CCustomStkExchangeRateLimit& limit) {
+        return matchesCategory(instrument, limit,
+                               utils::CSingletonT<CppCategory>::instance()->getCategorId(limit.category));
+    }
+
+    /// The tables under the lock that keeps them whole, which is not the family's.
+    static Guarded<OptionTables> of(CFeeCenter& center) {
+        return {center.stkOptionTableMutex,
+                {center.stkOptionItemPool, center.stkOptionAccountTable, center.stkOptionBaseRateTable}};
+    }
+};
+
 void CFeeCenter::doInitStkOptionFee(const boost::shared_ptr<CAccountInfo>& /*account*/,
                                     const std::vector<boost::shared_ptr<IData>>& /*records*/) {
     // Rule "Stock options load nothing": the records are dropped, and custom fees alone fill the tables.
@@ -93,49 +107,42 @@ void CFeeCenter::doUpdateStkOptionCustomFee(const boost::shared_ptr<CAccountInfo
         return;
     }
     const uint64 accountKey = account->getHashKey(0);
-    const auto matches = [](const CInstrument& instrument, CCustomStkExchangeRateLimit& limit) {
-        // Rule "Stock options name their categories": every other family reads the number from the text.
-        return matchesCategory(instrument, limit,
-                               utils::CSingletonT<CppCategory>::instance()->getCategorId(limit.category));
-    };
-    forEachMatch(fee->rateLimits, 32, matches, [&](const CInstrument& instrument, const auto& limit) {
-        const uint64 instrumentKey = instrumentKeyOf(instrument);
-        const uint64 limitKey = contentKey(limit, getTradeMinUnit(instrument.market, instrument.code));
+    const Guarded<OptionTables> options = StkOption::of(*this);
+    forEachMatch(fee->rateLimits, StkOption::kList, StkOption::matches,
+                 [&](const CInstrument& instrument, const auto& limit) {
+                     const uint64 instrumentKey = instrumentKeyOf(instrument);
+                     const uint64 limitKey = contentKey(limit, getTradeMinUnit(instrument.market, instrument.code));
 
-        const boost::unique_lock<boost::shared_mutex> lock(stockMutex);
-        // Writers exclude each other by stockMutex, so this one may read without the tables' own lock.
-        auto item = findPooled(stkOptionItemPool, limitKey);
-        if (!item) {
-            item = makeItem(limit);
-        }
-        const std::string key = itemKey(*item);
+                     const boost::unique_lock<boost::shared_mutex> lock(stockMutex);
+                     auto item = findPooled(*options.read()->items, limitKey);
+                     if (!item) {
+                         item = makeItem(limit);
+                     }
+                     const std::string key = itemKey(*item);
 
-        const boost::unique_lock<boost::shared_mutex> tableLock(stkOptionTableMutex);
-        stkOptionItemPool.emplace(limitKey, item);
-        setItem(stkOptionAccountTable, accountKey, instrumentKey, key, limitKey);
-    });
+                     auto tables = options.write();
+                     (*tables->items).emplace(limitKey, item);
+                     setItem(*tables->entries, accountKey, instrumentKey, key, limitKey);
+                 });
 }
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::getStkOptionFee(uint64 accountKey, uint64 instrumentKey) {
     const boost::shared_lock<boost::shared_mutex> lock(stkOptionMutex);
     auto fee = boost::make_shared<CInstrumentFee>();
-    auto stored = findItems(FamilyTables::options(*this), accountKey, instrumentKey);
+    auto stored = findItems(*StkOption::of(*this).read(), accountKey, instrumentKey);
     fee->stkOptionFeeRate = stored.found ? makeRate(std::move(stored)) : defaultStkOptionFeeRate;
     return fee;
 }
 
 bool CFeeCenter::getStkOptionFees(const boost::shared_ptr<CAccountInfo>& account,
                                   std::vector<boost::shared_ptr<CInstrumentFee>>& fees) {
-    struct ReadLocks {
-        explicit ReadLocks(const OptionTables& options) : family(options.mutex), tables(options.tableMutex) {}
-
-        boost::shared_lock<boost::shared_mutex> family;
-        boost::shared_lock<boost::shared_mutex> tables;
+    const auto readKeys = [this](uint64 accountKey) {
+        const boost::shared_lock<boost::shared_mutex> lock(stkOptionMutex);
+        return instrumentKeysOf(*StkOption::of(*this).read()->entries, accountKey);
     };
-    const OptionTables options = FamilyTables::options(*this);
-    return listFeesUnder(
-        [&options] { return ReadLocks(options); }, options.accounts, account, fees,
-        [this](uint64 accountKey, uint64 instrumentKey) { return getStkOptionFee(accountKey, instrumentKey); });
+    return listFees(account, fees, readKeys, [this](uint64 accountKey, uint64 instrumentKey) {
+        return getStkOptionFee(accountKey, instrumentKey);
+    });
 }
 
 }  // namespace qmservice

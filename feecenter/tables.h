@@ -2,11 +2,9 @@
 #define FEECENTER_TABLES_H
 
 #include <boost/shared_ptr.hpp>
-#include <boost/smart_ptr/make_shared.hpp>
-#include <boost/thread/lock_types.hpp>
-#include <boost/thread/shared_mutex.hpp>
 #include <boost/unordered_map.hpp>
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -65,38 +63,38 @@ void setEntry(EntryTable<Entry>& table, uint64 accountKey, uint64 instrumentKey,
     table.emplace(accountKey, std::move(entries));
 }
 
-/// The keys alone, in the table's order: a list needs no more, and the less is copied the shorter the lock is held.
+/// The keys of the account's instruments, in the table's order; none when the table has no such account.
 template <class Entry>
-std::vector<uint64> keysOf(const boost::unordered_map<uint64, Entry>& entries) {
+std::optional<std::vector<uint64>> instrumentKeysOf(const EntryTable<Entry>& table, uint64 accountKey) {
+    const auto account = table.find(accountKey);
+    if (account == table.end()) {
+        return std::nullopt;
+    }
     std::vector<uint64> keys;
-    keys.reserve(entries.size());
-    for (const auto& entry : entries) {
+    keys.reserve(account->second.size());
+    for (const auto& entry : account->second) {
         keys.push_back(entry.first);
     }
     return keys;
 }
 
-/// Appends to `fees` the answer of `lookup` for each instrument that the table keeps for the account and the catalogue
-/// knows, stamped with account and instrument. False, with `fees` untouched, when the table has no such account.
+/// Appends to `fees` the answer of `lookup(accountKey, instrumentKey)` for each instrument that the account has and the
+/// catalogue knows, stamped with account and instrument. False, with `fees` untouched, when `readKeys(accountKey)`, the
+/// keys of the account's instruments, has none to give.
 ///
-/// What `takeLock` returns is held only while the account's keys are copied: `lookup` takes its own lock, and the
-/// answers may mix states from before and after a change that runs at the same time.
-template <class TakeLock, class Entry, class Lookup>
-bool listFeesUnder(const TakeLock& takeLock, const EntryTable<Entry>& table,
-                   const boost::shared_ptr<CAccountInfo>& account, std::vector<boost::shared_ptr<CInstrumentFee>>& fees,
-                   const Lookup& lookup) {
+/// `readKeys` takes the family's lock and gives it back: the keys are all that a list copies, so that the lock is held
+/// the shorter. `lookup` takes the lock again, and the answers may mix states from before and after a change that runs
+/// at the same time.
+template <class ReadKeys, class Lookup>
+bool listFees(const boost::shared_ptr<CAccountInfo>& account, std::vector<boost::shared_ptr<CInstrumentFee>>& fees,
+              const ReadKeys& readKeys, const Lookup& lookup) {
     const uint64 accountKey = account->getHashKey(0);
-    std::vector<uint64> instrumentKeys;
-    {
-        const auto lock = takeLock();
-        const auto stored = table.find(accountKey);
-        if (stored == table.end()) {
-            return false;
-        }
-        instrumentKeys = keysOf(stored->second);
+    const std::optional<std::vector<uint64>> instrumentKeys = readKeys(accountKey);
+    if (!instrumentKeys) {
+        return false;
     }
-    fees.reserve(fees.size() + instrumentKeys.size());
-    for (const uint64 instrumentKey : instrumentKeys) {
+    fees.reserve(fees.size() + instrumentKeys->size());
+    for (const uint64 instrumentKey : *instrumentKeys) {
         auto instrument = findInstrument(instrumentKey);
         if (!instrument) {
             continue;
@@ -109,15 +107,6 @@ bool listFeesUnder(const TakeLock& takeLock, const EntryTable<Entry>& table,
         }
     }
     return true;
-}
-
-/// The same under one family's lock in shared mode.
-template <class Entry, class Lookup>
-bool listFees(boost::shared_mutex& mutex, const EntryTable<Entry>& table,
-              const boost::shared_ptr<CAccountInfo>& account, std::vector<boost::shared_ptr<CInstrumentFee>>& fees,
-              const Lookup& lookup) {
-    const auto takeLock = [&mutex] { return boost::shared_lock<boost::shared_mutex>(mutex); };
-    return listFeesUnder(takeLock, table, account, fees, lookup);
 }
 
 }  // namespace qmservice

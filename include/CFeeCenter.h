@@ -31,7 +31,6 @@ class CMarginRateDetail;
 class CStkExchangeRateLimit;
 class CStockOptionFeeItem;
 class CStockOptionFeeRate;
-class FamilyTables;
 
 using uint64 = std::uint64_t;
 
@@ -230,7 +229,14 @@ protected:
     boost::shared_mutex stkOptionTableMutex;
 
 private:
-    friend class FamilyTables;  // the library's own view of each family's members
+    // What is particular to a family, defined where its operations are.
+    struct FEECENTER_LOCAL Stock;
+    struct FEECENTER_LOCAL Credit;
+    struct FEECENTER_LOCAL Neeq;
+    struct FEECENTER_LOCAL StkOption;
+    struct FEECENTER_LOCAL Future;
+    struct FEECENTER_LOCAL Hgt;
+    struct FEECENTER_LOCAL Sgt;
 };
 
 #if defined(__GNUC__)

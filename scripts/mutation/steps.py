@@ -13,8 +13,11 @@ JUMPS = (CursorKind.RETURN_STMT, CursorKind.BREAK_STMT, CursorKind.CONTINUE_STMT
 
 
 def is_lock(statement: Cursor) -> bool:
-    """A variable that holds a lock."""
-    return _declared(statement).lower().endswith("lock")
+    """A variable that holds a lock: one named so, or a handle of guarded tables."""
+    variable = _variable(statement)
+    if variable is None:
+        return False
+    return variable.spelling.lower().endswith("lock") or "Held<" in variable.type.get_canonical().spelling
 
 
 def change_hold(places: Places, lock: Cursor, following: list[Cursor]) -> None:
@@ -78,10 +81,16 @@ def exchange(places: Places, first: Cursor, second: Cursor, kind: str) -> None:
     places.change(first, kind, start, end, other + middle + text)
 
 
+def _variable(statement: Cursor) -> Cursor | None:
+    """The variable that the statement declares."""
+    declared = next(statement.get_children(), None) if statement.kind == CursorKind.DECL_STMT else None
+    return declared if declared is not None and declared.kind == CursorKind.VAR_DECL else None
+
+
 def _declared(statement: Cursor) -> str:
-    """The name of the variable that the statement declares."""
-    variable = next(statement.get_children(), None) if statement.kind == CursorKind.DECL_STMT else None
-    return variable.spelling if variable is not None and variable.kind == CursorKind.VAR_DECL else ""
+    """Its name."""
+    variable = _variable(statement)
+    return "" if variable is None else variable.spelling
 
 
 def _inner_ends(statements: list[Cursor]) -> Iterator[Cursor]:
