@@ -12,6 +12,7 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/numbers.h"
+#include "standalone/loader/encoding.h"
 
 namespace feedesk {
 namespace {
@@ -44,6 +45,27 @@ std::string standardInput() {
     return text;
 }
 
+/// What is written in ASCII is understood, whatever encoding the comments beside it have.
+bool isUnderstood(const std::vector<AskedInstrument>& list) {
+    return std::all_of(list.begin(), list.end(),
+                       [](const AskedInstrument& each) { return standalone::loader::isUtf8(each.text); });
+}
+
+[[noreturn]] void refuseEncoding(const std::string& name, const std::string& iconvName) {
+    refuse(fmt::format(
+        "looks like {}, but UTF-8 was expected; convert it: iconv -f {} -t UTF-8 LIST | feedesk fee ACCOUNT -", name,
+        iconvName));
+}
+
+void checkEncoding(const std::string& text, const std::vector<AskedInstrument>& list) {
+    if (standalone::loader::beginsAsUtf16(text)) {
+        refuseEncoding("UTF-16", "UTF-16");
+    }
+    if (!isUnderstood(list) && standalone::loader::looksLikeGb18030(text)) {
+        refuseEncoding("GB18030 (GBK)", "GB18030");
+    }
+}
+
 void addWords(std::string_view line, std::size_t number, std::vector<AskedInstrument>& words) {
     while (!line.empty() && line.front() != '#') {
         const std::size_t length = std::min(line.find_first_of(kBlanks), line.size());
@@ -58,7 +80,9 @@ std::vector<AskedInstrument> readList() {
     if (isatty(STDIN_FILENO) != 0) {
         tellNote("the instruments are read from this terminal; a line with Ctrl-D ends them");
     }
-    std::vector<AskedInstrument> list = parsedList(standardInput());
+    const std::string text = standardInput();
+    std::vector<AskedInstrument> list = parsedList(text);
+    checkEncoding(text, list);
     if (list.empty()) {
         throw Failure(kNoAnswer, fmt::format("{} names no instrument", kStandardInput));
     }

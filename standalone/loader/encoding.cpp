@@ -1,5 +1,7 @@
 #include "standalone/loader/encoding.h"
 
+#include <bson/bson.h>
+
 #include <cstddef>
 
 namespace standalone::loader {
@@ -29,6 +31,8 @@ bool isPunctuation(std::string_view text, std::size_t at) {
 }
 
 }  // namespace
+
+bool isUtf8(std::string_view text) { return bson_utf8_validate(text.data(), text.size(), false); }
 
 bool beginsAsUtf16(std::string_view text) {
     const std::string_view mark = text.substr(0, 2);

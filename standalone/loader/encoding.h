@@ -7,6 +7,8 @@
 
 namespace standalone::loader {
 
+bool isUtf8(std::string_view text);
+
 /// Whether the text begins with the byte order mark of UTF-16.
 bool beginsAsUtf16(std::string_view text);
 

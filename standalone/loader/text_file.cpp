@@ -1,7 +1,5 @@
 #include "standalone/loader/text_file.h"
 
-#include <bson/bson.h>
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -56,8 +54,6 @@ std::size_t lineAt(std::string_view text, std::size_t offset) {
     const auto* const end = text.begin() + static_cast<std::ptrdiff_t>(offset);
     return 1 + static_cast<std::size_t>(std::count(text.begin(), end, '\n'));
 }
-
-bool isUtf8(std::string_view text) { return bson_utf8_validate(text.data(), text.size(), false); }
 
 std::size_t firstLineNotUtf8(std::string_view text) {
     std::size_t line = 1;

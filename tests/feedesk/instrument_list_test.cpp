@@ -86,6 +86,35 @@ TEST_F(InstrumentListOfFee, ThatDoesNotEndIsRefused) {
     EXPECT_THAT(outcome.err, HasSubstr("standard input holds more than the 16,000,000 bytes"));
 }
 
+TEST_F(InstrumentListOfFee, InGb18030IsRefusedWithTheCommandThatConvertsIt) {
+    const Outcome outcome = fee("S100 -", "SH:600519\n\xB9\xF3\xD6\xDD\xC3\xA9\xCC\xA8\n");  // 贵州茅台
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err,
+              "feedesk: standard input looks like GB18030 (GBK), but UTF-8 was expected; convert it: "
+              "iconv -f GB18030 -t UTF-8 LIST | feedesk fee ACCOUNT -\n");
+}
+
+TEST_F(InstrumentListOfFee, MayHaveCommentsInGb18030) {
+    const Outcome outcome = fee("S100 - --csv", "SH:600519 # \xB9\xF3\xD6\xDD\xC3\xA9\xCC\xA8\n");
+    EXPECT_EQ(lines(outcome.out).size(), 2U) << outcome.out;
+    EXPECT_EQ(outcome.status, 0);
+}
+
+TEST_F(InstrumentListOfFee, OfBytesThatAreNoTextIsAskedWordByWord) {
+    const Outcome outcome = fee("S100 - --csv", "SH:600519\nSH:\xFF\n");
+    EXPECT_EQ(lines(outcome.out).size(), 2U) << outcome.out;
+    EXPECT_THAT(outcome.err, HasSubstr("standard input:2: the market folder has no instrument \"SH:\\xff\""));
+    EXPECT_EQ(outcome.status, 1);
+}
+
+TEST_F(InstrumentListOfFee, InUtf16IsRefusedWithTheCommandThatConvertsIt) {
+    const Outcome outcome = feeFrom("S100 -", "printf '\\377\\376S\\0H\\0' |");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.err, HasSubstr("standard input looks like UTF-16, but UTF-8 was expected; convert it: "
+                                       "iconv -f UTF-16 -t UTF-8 LIST"));
+}
+
 TEST_F(InstrumentListOfFee, ThatIsTooLongIsRefused) {
     const Outcome outcome = feeFrom("F100 -", "yes rb2610 | head -n 100001 |");
     EXPECT_EQ(outcome.status, 2);
