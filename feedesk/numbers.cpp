@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <system_error>
 
 namespace feedesk {
 namespace {
@@ -18,15 +19,27 @@ struct Decimal {
 /// A decimal of so many digits survives a double, and the noise of a quotient does not reach the last of them.
 constexpr int kSignificantDigits = 15;
 
-/// A finite number that is not 0, rounded to the significant digits; zeros at their end are left out.
-Decimal decimalOf(double value) {
+/// "2.3e-04": a finite number rounded to the significant digits. The largest doubles would be rounded to what no double
+/// holds; they are written with the fewest digits that read back as the same double.
+std::string scientific(double value) {
     std::array<char, 32> buffer{};
-    const char* end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                    std::chars_format::scientific, kSignificantDigits - 1)
-                          .ptr;
+    char* const last = buffer.data() + buffer.size();
+    const char* end =
+        std::to_chars(buffer.data(), last, value, std::chars_format::scientific, kSignificantDigits - 1).ptr;
+    double readBack = 0;
+    if (std::from_chars(buffer.data(), end, readBack).ec == std::errc::result_out_of_range && value > 1) {
+        end = std::to_chars(buffer.data(), last, value, std::chars_format::scientific).ptr;
+    }
+    return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
+}
+
+/// A finite number that is not 0; zeros at the end of its digits are left out.
+Decimal decimalOf(double value) {
+    const std::string text = scientific(std::fabs(value));
+    const char* const end = text.data() + text.size();
     Decimal decimal;
     decimal.negative = std::signbit(value);
-    const char* next = buffer.data();
+    const char* next = text.data();
     for (; next != end && *next != 'e'; ++next) {
         if (*next != '.') {
             decimal.digits += *next;

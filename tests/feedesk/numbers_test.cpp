@@ -40,9 +40,17 @@ TEST(PlainNumber, RoundsTheNoiseOfArithmeticAway) {
 }
 
 TEST(PlainNumber, WritesTheLargestAndTheSmallestNumbersOut) {
-    // 1.7976931348623157e308 and 4.9406564584124654e-324.
-    EXPECT_EQ(plainNumber(std::numeric_limits<double>::max()), "179769313486232" + std::string(294, '0'));
+    // 1.7976931348623140e308 and 4.9406564584124654e-324.
+    EXPECT_EQ(plainNumber(1.797693134862314e308), "179769313486231" + std::string(294, '0'));
     EXPECT_EQ(plainNumber(std::numeric_limits<double>::denorm_min()), "0." + std::string(323, '0') + "494065645841247");
+}
+
+TEST(PlainNumber, IsNeverRoundedToMoreThanTheLargestDouble) {
+    // Fifteen digits would be 1.79769313486232e308, which reads back as infinity.
+    const std::string largest = "17976931348623157" + std::string(292, '0');
+    EXPECT_EQ(plainNumber(std::numeric_limits<double>::max()), largest);
+    EXPECT_EQ(plainNumber(std::numeric_limits<double>::lowest()), "-" + largest);
+    EXPECT_EQ(percent(std::numeric_limits<double>::max()), largest + "00%");
 }
 
 TEST(PlainNumber, HasNoSignAtZero) {
