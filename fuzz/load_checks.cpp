@@ -3,11 +3,11 @@
 #include <bson/bson.h>
 
 #include <algorithm>
-#include <tuple>
 
 #include "fuzz/fail.h"
 #include "fuzz/market_checks.h"
 #include "fuzz/market_text.h"
+#include "standalone/loader/reading_order.h"
 
 namespace fuzz {
 namespace {
@@ -15,6 +15,7 @@ namespace {
 using standalone::FurtherErrors;
 using standalone::LoadError;
 using standalone::LoadResult;
+using standalone::loader::standsBefore;
 
 std::size_t linesOf(const std::string& text) {
     const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
@@ -46,7 +47,8 @@ bool isOneLine(const std::string& text) {
            std::none_of(text.begin(), text.end(), isControl);
 }
 
-/// Errors that are told, or counted by kind: each has a place, a text of one line, and they come by file, then line.
+/// Errors that are told, or counted by kind: each has a place, a text of one line, and they come in the
+/// order in which files are read, then by line.
 template <class Errors>
 void checkErrors(const Files& files, const std::string& folder, const Errors& errors) {
     for (const auto& error : errors) {
@@ -55,9 +57,9 @@ void checkErrors(const Files& files, const std::string& folder, const Errors& er
         if (!isOneLine(text)) fail("an error is one line of text: " + text);
     }
     const bool sorted = std::is_sorted(errors.begin(), errors.end(), [](const auto& a, const auto& b) {
-        return std::tie(a.file, a.line) < std::tie(b.file, b.line);
+        return standsBefore(a.file, a.line, b.file, b.line);
     });
-    if (!sorted) fail("errors come by file, then line");
+    if (!sorted) fail("errors come in the order of reading, then by line");
 }
 
 /// The errors that are told come before those that are counted, and all of them are counted once.
@@ -65,7 +67,7 @@ void checkCounts(const LoadResult& result) {
     std::size_t count = result.errors.size();
     for (const FurtherErrors& further : result.further) {
         const LoadError& last = result.errors.back();
-        if (std::tie(further.file, further.line) < std::tie(last.file, last.line))
+        if (standsBefore(further.file, further.line, last.file, last.line))
             fail("the first errors are told: " + further.text(result.market.folder));
         count += further.count;
     }

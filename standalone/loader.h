@@ -15,7 +15,7 @@ constexpr std::size_t kMostErrors = 100;
 
 struct LoadResult {
     Market market;                       ///< whole when there are no errors, otherwise empty but for its folder
-    std::vector<LoadError> errors;       ///< by file, then line; the first kMostErrors when there are more
+    std::vector<LoadError> errors;       ///< by file as they are read, then line; the first kMostErrors
     std::vector<FurtherErrors> further;  ///< those behind them, one for each kind, by the place of the first
     std::size_t errorCount = 0;          ///< of all of them
 

@@ -1,20 +1,17 @@
 #include "standalone/loader/error_log.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
+#include "standalone/loader/reading_order.h"
 #include "standalone/loader/words.h"
 
 namespace standalone::loader {
 namespace {
 
-/// By file, then line.
 template <class One, class Other>
-bool standsBefore(const One& one, const Other& other) {
-    const std::string_view file = one.file;
-    const std::string_view otherFile = other.file;
-    return std::tie(file, one.line) < std::tie(otherFile, other.line);
+bool comesBefore(const One& one, const Other& other) {
+    return standsBefore(one.file, one.line, other.file, other.line);
 }
 
 }  // namespace
@@ -28,11 +25,11 @@ void ErrorLog::add(const ErrorPlace& place, ErrorKind kind, const std::string& s
 }
 
 bool ErrorLog::isAmongFirst(const ErrorPlace& place) const {
-    return first.size() < kMostErrors || standsBefore(place, first.back());
+    return first.size() < kMostErrors || comesBefore(place, first.back());
 }
 
 void ErrorLog::keep(const ErrorPlace& place, ErrorKind kind, const std::string& message) {
-    const auto behind = std::upper_bound(first.begin(), first.end(), place, standsBefore<ErrorPlace, LoadError>);
+    const auto behind = std::upper_bound(first.begin(), first.end(), place, comesBefore<ErrorPlace, LoadError>);
     first.insert(behind, {std::string(place.file), place.line, std::string(place.column), kind, printable(message)});
     if (first.size() <= kMostErrors) return;
     const LoadError last = std::move(first.back());
@@ -42,7 +39,7 @@ void ErrorLog::keep(const ErrorPlace& place, ErrorKind kind, const std::string& 
 
 void ErrorLog::countOnly(std::string_view file, std::size_t line, ErrorKind kind) {
     FurtherErrors& same = others[kind];
-    if (same.count++ != 0 && !standsBefore(ErrorPlace{file, line}, same)) return;
+    if (same.count++ != 0 && !standsBefore(file, line, same.file, same.line)) return;
     same.kind = kind;
     same.file = file;
     same.line = line;
@@ -54,7 +51,7 @@ void ErrorLog::take(LoadResult& result) {
         result.errorCount += same.count;
         result.further.push_back(std::move(same));
     }
-    std::stable_sort(result.further.begin(), result.further.end(), standsBefore<FurtherErrors, FurtherErrors>);
+    std::stable_sort(result.further.begin(), result.further.end(), comesBefore<FurtherErrors, FurtherErrors>);
     result.errors = std::move(first);
 }
 

@@ -20,8 +20,8 @@ struct ErrorPlace {
     std::string_view column = {};
 };
 
-/// The errors of one load: the first kMostErrors by file and line, and of each kind the number of the others, so that a
-/// folder of any number of errors takes little memory. For one thread.
+/// The errors of one load: the first kMostErrors in the order of reading_order.h, and of each kind the number of the
+/// others, so that a folder of any number of errors takes little memory. For one thread.
 class ErrorLog {
 public:
     /// Notes an error. `sentence` is called for its message when it is among the first so far. The message may quote
@@ -43,7 +43,7 @@ public:
         if (once.emplace(place.file, kind).second) add(place, kind, sentence);
     }
 
-    /// Hands out the errors by file, then line; those of one line stay in the order in which they were found.
+    /// Hands out the errors in that order; those of one line stay in the order in which they were found.
     void take(LoadResult& result);
 
 private:

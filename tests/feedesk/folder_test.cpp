@@ -22,9 +22,9 @@ TEST(Folder, ThatIsBrokenTellsEveryErrorAndAnswersNothing) {
     EXPECT_EQ(outcome.out, "");
     const std::vector<std::string> errors = lines(outcome.err);
     ASSERT_EQ(errors.size(), 4U) << outcome.err;
-    EXPECT_THAT(errors[0], StartsWith(folder.path() + "/custom/stock.csv:2: "));
-    EXPECT_THAT(errors[1], StartsWith(folder.path() + "/fees/stock.csv:2: "));
-    EXPECT_THAT(errors[2], StartsWith(folder.path() + "/fees/stock.csv:3: "));
+    EXPECT_THAT(errors[0], StartsWith(folder.path() + "/fees/stock.csv:2: "));
+    EXPECT_THAT(errors[1], StartsWith(folder.path() + "/fees/stock.csv:3: "));
+    EXPECT_THAT(errors[2], StartsWith(folder.path() + "/custom/stock.csv:2: "));
     EXPECT_EQ(errors[3], "feedesk: 3 errors; nothing was loaded");
 }
 

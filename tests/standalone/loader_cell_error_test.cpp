@@ -389,7 +389,7 @@ TEST_F(LoaderCellError, EveryBadCellOfARowIsReported) {
     expectPlaces({"fees/credit.csv:3", "fees/credit.csv:3", "fees/credit.csv:3", "fees/credit.csv:3"});
 }
 
-TEST_F(LoaderCellError, ErrorsOfAllFilesComeByFileThenLine) {
+TEST_F(LoaderCellError, ErrorsOfAllFilesComeInTheOrderOfReadingThenByLine) {
     append("fees/stock.csv", "S1,SH,60*,,x,,,,,\nS1,SH,60*,,,y,,,,\n");
     append("custom/sgt.csv", "G1,1,99,,\n");
     append("categories.csv", "x,Name,,,\n");
@@ -398,8 +398,8 @@ TEST_F(LoaderCellError, ErrorsOfAllFilesComeByFileThenLine) {
     append("custom/stock.csv", "S1,1,20,x,,,,,\n");
     append("instruments/a.csv", "SH,600009,Name,shares,,,,\n");
     // custom/sgt.csv:3 follows from the category that could not be read.
-    expectPlaces({"accounts.csv:13", "categories.csv:5", "custom/stock.csv:5", "fees/stock.csv:4", "fees/stock.csv:5",
-                  "instruments/a.csv:8", "market.toml:5"});
+    expectPlaces({"market.toml:5", "accounts.csv:13", "instruments/a.csv:8", "categories.csv:5", "fees/stock.csv:4",
+                  "fees/stock.csv:5", "custom/stock.csv:5"});
 }
 
 TEST_F(LoaderCellError, AccountOfABadLineIsNotUnknown) {

@@ -38,23 +38,35 @@ TEST_F(LoaderErrorCut, TheOthersAreCountedByKindWithThePlaceOfTheFirst) {
               "does not have");
 }
 
-// Files are not read in the order of their names: instruments come before fees, and market.toml before both.
-TEST_F(LoaderErrorCut, TheFirstAreThoseOfTheFirstFilesWhicheverIsReadFirst) {
+// What others follow from is among the first, although market.toml is the last by name.
+TEST_F(LoaderErrorCut, TheFirstAreThoseOfTheFilesThatAreReadFirst) {
     append("market.toml", "fee9 = 1\n");
-    append("instruments/a.csv", times(100, "SH,1,One,x,,,,\n"));
+    append("instruments/a.csv", times(30, "SH,1,One,x,,,,\n"));
     append("fees/credit.csv", times(60, "C1,SH,*,x,\n"));
     const LoadResult result = load();
     ASSERT_EQ(result.errors.size(), 100U);
-    EXPECT_EQ(result.errors[59].file, "fees/credit.csv");
-    EXPECT_EQ(result.errors[60].file, "instruments/a.csv");
-    EXPECT_EQ(result.errors[60].line, 8U);
-    EXPECT_EQ(result.errors.back().file, "instruments/a.csv");
-    ASSERT_EQ(result.further.size(), 3U);
-    EXPECT_EQ(result.further.back().file, "market.toml");
-    EXPECT_EQ(result.further.back().count, 1U);
+    EXPECT_EQ(result.errors[0].file, "market.toml");
+    EXPECT_EQ(result.errors[1].file, "instruments/a.csv");
+    EXPECT_EQ(result.errors[1].line, 8U);
+    EXPECT_EQ(result.errors.back().file, "fees/credit.csv");
+    ASSERT_EQ(result.further.size(), 1U);
+    EXPECT_EQ(result.further.back().file, "fees/credit.csv");
     std::size_t counted = 0;
     for (const FurtherErrors& further : result.further) counted += further.count;
     EXPECT_EQ(counted + 100, result.errorCount);
+}
+
+TEST_F(LoaderErrorCut, ErrorsComeInTheOrderInWhichFilesAreRead) {
+    const std::vector<std::string> inOrder = {
+        "instrument",     "market.toml",           "accounts.csv",         "instruments/a.csv", "instruments/zzz.txt",
+        "categories.csv", "custom_categories.csv", "group_categories.csv", "configured/x.csv",  "fees/stack.csv",
+        "fees/x.csv",     "custom/x.csv"};
+    for (const std::string& file : inOrder) write(file, "= \r=");
+    std::vector<std::string> files;
+    for (const LoadError& error : load().errors) {
+        if (files.empty() || files.back() != error.file) files.push_back(error.file);
+    }
+    EXPECT_EQ(files, inOrder);
 }
 
 }  // namespace

@@ -114,8 +114,8 @@ TEST_F(LoaderReadingError, CommandThatConvertsNamesAnyPath) {
     fs::create_directory(named);
     std::ofstream(named / "accounts.csv") << "\xD6\xD0";
     const LoadResult result = loadMarket(named.string());
-    ASSERT_FALSE(result.ok());
-    EXPECT_THAT(result.errors[0].message,
+    ASSERT_GE(result.errors.size(), 2U);  // the first: there is no market.toml
+    EXPECT_THAT(result.errors[1].message,
                 ::testing::HasSubstr("-t UTF-8 '" + folder.string() + "/it'\\''s new/accounts.csv' > utf8"));
 }
 

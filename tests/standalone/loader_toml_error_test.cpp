@@ -22,7 +22,7 @@ TEST_F(LoaderTomlError, MarketNameThatTheTerminalObeysIsEscapedWhereItIsNamed) {
     append("instruments/a.csv", "SX,1,One,stock,,,,\n");
     const LoadResult result = load();
     ASSERT_EQ(result.errors.size(), 2U);
-    EXPECT_EQ(result.errors[0].file, "instruments/a.csv");
+    EXPECT_EQ(result.errors[1].file, "instruments/a.csv");
     for (const LoadError& error : result.errors) {
         EXPECT_THAT(error.message, ::testing::HasSubstr("\\x1b[31m"));
         EXPECT_THAT(error.message, ::testing::Not(::testing::HasSubstr("\x1b")));
