@@ -22,13 +22,13 @@ std::optional<std::size_t> InstrumentIndex::find(const std::string& market, cons
 
 std::vector<std::size_t> InstrumentIndex::match(const std::vector<ListedInstrument>& catalogue, const Lists& lists,
                                                 const std::string& market, const std::string& pattern,
-                                                const std::string& product) const {
+                                                const std::string& product, std::size_t most) const {
     std::vector<std::size_t> places;
     const auto codes = markets.find(market);
     if (codes == markets.end()) return places;
     // Only the codes that begin as the pattern does are looked at; they stand together.
     const std::string start = pattern.substr(0, pattern.find('*'));
-    for (auto code = codes->second.lower_bound(start); code != codes->second.end(); ++code) {
+    for (auto code = codes->second.lower_bound(start); code != codes->second.end() && places.size() < most; ++code) {
         if (code->first.compare(0, start.size(), start) != 0) break;
         const ListedInstrument& instrument = catalogue[code->second];
         const bool wanted = lists.hold(instrument) && (product.empty() || instrument.record->productId == product);

@@ -41,10 +41,10 @@ public:
     [[nodiscard]] std::optional<std::size_t> find(const std::string& market, const std::string& code) const;
 
     /// The places, in the catalogue's order, of the instruments of a market whose code matches `pattern` and which are
-    /// in the lists and, when `product` is not empty, of that product.
+    /// in the lists and, when `product` is not empty, of that product. The search ends with the first `most` by code.
     [[nodiscard]] std::vector<std::size_t> match(const std::vector<ListedInstrument>& catalogue, const Lists& lists,
                                                  const std::string& market, const std::string& pattern,
-                                                 const std::string& product) const;
+                                                 const std::string& product, std::size_t most) const;
 
 private:
     using Codes = std::map<std::string, std::size_t, std::less<>>;

@@ -141,8 +141,9 @@ std::vector<std::size_t> matchInstruments(Load& load, const std::string& file, c
                                           const Lists& lists) {
     const RuleLine& line = read.line;
     if (line.market.empty() || line.code.empty()) return {};
+    const std::size_t most = read.whole ? load.market.instruments.size() : 1;
     std::vector<std::size_t> places =
-        load.instruments.match(load.market.instruments, lists, line.market, line.code, line.product);
+        load.instruments.match(load.market.instruments, lists, line.market, line.code, line.product, most);
     if (places.empty()) reportNoMatch(load, file, read, lists);
     return places;
 }

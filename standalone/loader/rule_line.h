@@ -58,7 +58,8 @@ std::vector<RuleColumn> joined(std::vector<RuleColumn> columns, const std::vecto
 /// The name of a market of the folder; it may be unknown without an error when the markets could not be read.
 bool readMarketName(const Load& load, Cell& cell, std::string& market);
 
-/// The places in the catalogue of the instruments that a line means; an error is reported when there are none.
+/// The places in the catalogue of the instruments that a line means; an error is reported when there are none. Of a
+/// line that is not whole, which gives no fees, one place is enough: a table of many wrong lines is to be told of soon.
 std::vector<std::size_t> matchInstruments(Load& load, const std::string& file, const ReadRule& read,
                                           const Lists& lists);
 
