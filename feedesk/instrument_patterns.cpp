@@ -30,11 +30,19 @@ Places placesLike(const std::string& market, const Places& places) {
     return found;
 }
 
+using Texts = std::array<std::string_view, 2>;
+
+Texts textsOf(const Instrument& each) { return {each->code, each->name}; }
+Texts foldedTextsOf(const Instrument& each) { return {each->foldedCode, each->foldedName}; }
+
 /// The places that a pattern names, and what it says of the instruments there.
 struct PlacedPattern {
     Places places;
     std::string name;
     bool namesPlaces = false;  ///< otherwise they are all of them
+
+    /// Folding would take the colon away: "X:6*" would find what is like "x6*".
+    [[nodiscard]] bool namesUnknownMarket() const { return !namesPlaces && name.find(':') != std::string::npos; }
 };
 
 /// A text whose part before a colon or behind a point is no market is a pattern for all markets.
@@ -58,6 +66,16 @@ Instruments instrumentsIn(const Places& places, const Instruments& instruments) 
     return found;
 }
 
+Instruments wantedBy(const PlacedPattern& pattern, const Instruments& instruments) {
+    if (pattern.namesUnknownMarket()) {
+        return itemsWrittenLike(instruments, pattern.name, textsOf);
+    }
+    if (!pattern.namesPlaces) {
+        return instrumentsLike(pattern.name, instruments);
+    }
+    return instrumentsLike(pattern.name, instrumentsIn(pattern.places, instruments));
+}
+
 std::vector<std::string> namesOf(const Places& places) {
     std::vector<std::string> names;
     for (const Place& place : places) {
@@ -77,21 +95,13 @@ std::string widerPattern(const std::string& pattern, const Instruments& instrume
 bool isPattern(const std::string& text) { return narrowed(text).find('*') != std::string::npos; }
 
 Instruments instrumentsLike(const std::string& pattern, const Instruments& instruments) {
-    using Texts = std::array<std::string_view, 2>;
-    return itemsLike(
-        instruments, pattern,
-        [](const Instrument& each) {
-            return Texts{each->code, each->name};
-        },
-        [](const Instrument& each) {
-            return Texts{each->foldedCode, each->foldedName};
-        });
+    return itemsLike(instruments, pattern, textsOf, foldedTextsOf);
 }
 
 std::vector<Question> questionsLike(const std::string& pattern, const Instruments& instruments, const Places& places) {
     const PlacedPattern wanted = placed(pattern, places);
     std::vector<Question> questions;
-    for (const Instrument& instrument : instrumentsLike(wanted.name, instrumentsIn(wanted.places, instruments))) {
+    for (const Instrument& instrument : wantedBy(wanted, instruments)) {
         for (const Place& place : wanted.places) {
             if (place.market == instrument->market) {
                 questions.push_back({place.asked, instrument->code});
@@ -103,10 +113,9 @@ std::vector<Question> questionsLike(const std::string& pattern, const Instrument
 
 std::string patternProblem(const std::string& pattern, const Instruments& instruments, const Places& places) {
     const PlacedPattern wanted = placed(pattern, places);
-    const std::size_t colon = wanted.name.find(':');
-    if (colon != std::string::npos && !wanted.namesPlaces) {
-        return fmt::format("the market folder has no market {}; it has {}", echoed(wanted.name.substr(0, colon)),
-                           fmt::join(namesOf(places), ", "));
+    if (wanted.namesUnknownMarket()) {
+        return fmt::format("the market folder has no market {}; it has {}",
+                           echoed(wanted.name.substr(0, wanted.name.find(':'))), fmt::join(namesOf(places), ", "));
     }
     return fmt::format("the market folder has no instrument like {}{}", echoed(pattern),
                        widerPattern(wanted.name, instrumentsIn(wanted.places, instruments)));

@@ -8,29 +8,36 @@
 
 #include "feedesk/folding.h"
 #include "standalone/code_pattern.h"
+#include "standalone/loader/encoding.h"
 
 namespace feedesk {
 
 // A pattern that a person writes is held against the texts that name a thing, such as its code and its name; '*' stands
 // for any text, the empty one included.
 
-/// The items with a text that is like the pattern, in their order: as it is written, or, when that finds none, with
-/// both folded. `textsOf(item)` gives an item's texts, `foldedTextsOf(item)` the same folded.
+/// The items with a text that is like the pattern as it is written, in their order. `textsOf(item)` gives an item's
+/// texts, which are UTF-8; a pattern that is not is like none of them, although its bytes may stand inside characters.
+template <class Item, class TextsOf>
+std::vector<Item> itemsWrittenLike(const std::vector<Item>& items, const std::string& pattern, const TextsOf& textsOf) {
+    std::vector<Item> found;
+    if (!standalone::loader::isUtf8(pattern)) {
+        return found;
+    }
+    std::copy_if(items.begin(), items.end(), std::back_inserter(found), [&](const Item& item) {
+        const auto own = textsOf(item);
+        return std::any_of(own.begin(), own.end(),
+                           [&](const auto& text) { return standalone::matchesPattern(text, pattern); });
+    });
+    return found;
+}
+
+/// The same, or, when that finds none, with both folded. `foldedTextsOf(item)` gives an item's texts folded.
 template <class Item, class TextsOf, class FoldedTextsOf>
 std::vector<Item> itemsLike(const std::vector<Item>& items, const std::string& pattern, const TextsOf& textsOf,
                             const FoldedTextsOf& foldedTextsOf) {
-    const auto select = [&items](const std::string& wanted, const auto& texts) {
-        std::vector<Item> found;
-        std::copy_if(items.begin(), items.end(), std::back_inserter(found), [&](const Item& item) {
-            const auto own = texts(item);
-            return std::any_of(own.begin(), own.end(),
-                               [&](const auto& text) { return standalone::matchesPattern(text, wanted); });
-        });
-        return found;
-    };
-    std::vector<Item> found = select(pattern, textsOf);
+    std::vector<Item> found = itemsWrittenLike(items, pattern, textsOf);
     const std::string foldedPattern = folded(pattern);
-    return found.empty() && !foldedPattern.empty() ? select(foldedPattern, foldedTextsOf) : found;
+    return found.empty() && !foldedPattern.empty() ? itemsWrittenLike(items, foldedPattern, foldedTextsOf) : found;
 }
 
 /// The same for items that do not keep their texts folded.

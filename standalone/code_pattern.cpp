@@ -1,5 +1,6 @@
 #include "standalone/code_pattern.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace standalone {
@@ -20,6 +21,10 @@ bool matchesPattern(std::string_view code, std::string_view pattern) noexcept {
     std::size_t star = pattern.find(kAnyRun);
     if (star == std::string_view::npos) {
         return code == pattern;
+    }
+    // Most codes are too short for a long pattern, which is soon seen.
+    if (code.size() + static_cast<std::size_t>(std::count(pattern.begin(), pattern.end(), kAnyRun)) < pattern.size()) {
+        return false;
     }
     if (!startsWith(code, pattern.substr(0, star))) {
         return false;

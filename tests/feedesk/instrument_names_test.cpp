@@ -176,6 +176,15 @@ TEST(InstrumentNames, TellThatNothingIsLikeAPattern) {
               "the market folder has no instrument like 茅台*; '*茅台*' finds the text inside codes and names");
     EXPECT_EQ(found("SHFE:a:b*"), "the market folder has no instrument like SHFE:a:b*");
     EXPECT_EQ(found("XX:rb*"), "the market folder has no market XX; it has CZCE, DCE, HK, INE, SH, SHFE, SZ, WP.X");
+    // CZCE:SR610 and SHFE:rb2610 are like what is left without the colon.
+    EXPECT_EQ(found("S:R*"), "the market folder has no market S; it has CZCE, DCE, HK, INE, SH, SHFE, SZ, WP.X");
+    EXPECT_EQ(found("R*:2610"), "the market folder has no market R*; it has CZCE, DCE, HK, INE, SH, SHFE, SZ, WP.X");
+    EXPECT_EQ(found("a.b:*"), "WP.X a.b:c");
+}
+
+TEST(InstrumentNames, DoNotLookForAByteInsideACharacter) {
+    EXPECT_EQ(found("*\x9B*"), "the market folder has no instrument like \"*\\x9b*\"");  // 国 is E5 9B BD
+    EXPECT_EQ(found("*\xE5\x9B\xBD*"), "HK 02318, SH 688888, SZ 000004, SZ 000006");
 }
 
 TEST(InstrumentNames, TellTheMarketThatHasTheCode) {
