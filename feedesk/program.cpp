@@ -21,10 +21,12 @@ constexpr const char* kAbout = "What trading costs an account: commission, fees 
 
 constexpr const char* kExamples = R"(Examples:
   feedesk accounts
-  feedesk fee 1000001 SH:600519 000001.SZ
-  feedesk fee 3000001 'SHFE:rb*' --json
-  feedesk fee 1000001 - <instruments.txt
+  feedesk accounts --levels                where each account's rates come from
+  feedesk fee 1000001 SH:600519 贵州茅台
+  feedesk fee 3000001 'SHFE:rb*' --json    a pattern needs quotes
+  feedesk fee 1000001 - <instruments.txt   a list on standard input
   feedesk fees 1000001 --only-market SZ --match '30*' --csv
+  feedesk fees 1000001 --strict            status 1 when a rate is only built in
 
 Exit status: 0 answered, 1 the question has no answer, 2 bad usage or bad input.)";
 

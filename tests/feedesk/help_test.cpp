@@ -20,7 +20,10 @@ TEST(Help, FitsEightyColumns) {
 
 TEST(Help, ShowsExamplesAndExitStatuses) {
     const Outcome outcome = runProgram("--help");
-    EXPECT_THAT(outcome.out, HasSubstr("feedesk fee 1000001 SH:600519"));
+    for (const std::string example : {"fee 1000001 SH:600519", "fee 3000001 'SHFE:rb*' --json", "fee 1000001 - <",
+                                      "fees 1000001 --only-market SZ", "fees 1000001 --strict", "accounts --levels"}) {
+        EXPECT_THAT(outcome.out, HasSubstr("  feedesk " + example));
+    }
     EXPECT_THAT(outcome.out, HasSubstr("Exit status: 0 answered, 1 the question has no answer, 2 bad usage"));
 }
 
