@@ -1,11 +1,20 @@
 #!/usr/bin/env bash
-# The examples of a document are what feedesk prints. In each ```console block a line "$ feedesk ..." is run on the
-# bundled market, and what follows must be its output. Commands on another market folder are passed over.
+# The examples of a document are what feedesk prints. In each ```console block a line "$ feedesk ..." is run where the
+# bundled market is the usual one and `broken` is a copy of it with faults; what follows must be its output.
 #   check_examples.sh FEEDESK MARKET DOCUMENT
 set -uo pipefail
-feedesk=$1
-export FEEDESK_MARKET=$2 COLUMNS=80
-document=$3
+feedesk=$(realpath "$1")
+market=$(realpath "$2")
+document=$(realpath "$3")
+export FEEDESK_MARKET=$market COLUMNS=80
+
+place=$(mktemp -d) || exit 1
+trap 'rm -rf "$place"' EXIT
+cd "$place" || exit 1
+
+# A rate in percent, an account and a market that are misspelt.
+cp -r "$market" broken || exit 1
+sed -i -e '2s/,0\.00025,/,0.025%,/' -e '5s/^1000001,/100001,/' -e '10s/,SH,/,SX,/' broken/fees/stock.csv || exit 1
 
 checked=0
 wrong=0
@@ -36,7 +45,7 @@ while IFS= read -r line; do
   elif [[ -n $inside && $line == '$ '* ]]; then
     check
     expected=
-    [[ $line == '$ feedesk --market '* ]] || command=$line
+    command=$line
   elif [[ -n $inside ]]; then
     expected+=$line$'\n'
   fi
