@@ -402,6 +402,11 @@ TEST_F(LoaderCellError, ErrorsOfAllFilesComeInTheOrderOfReadingThenByLine) {
                   "fees/stock.csv:5", "custom/stock.csv:5"});
 }
 
+TEST_F(LoaderCellError, BadLineThatMatchesNoInstrumentIsToldOfBoth) {
+    append("fees/stock.csv", "S1,SH,60*,,x,,,,,\nS1,SH,9*,,x,,,,,\n");
+    expectPlaces({"fees/stock.csv:4", "fees/stock.csv:5", "fees/stock.csv:5"});
+}
+
 TEST_F(LoaderCellError, AccountOfABadLineIsNotUnknown) {
     replace("accounts.csv", "C1,Credit,credit", "C1,Credit,loan");
     expectError("accounts.csv", 3, {"loan"});
