@@ -44,7 +44,14 @@ protected:
     const Operation& operation = GetParam();
 };
 
-// How often.
+// How often. That the stock-option tables have a lock of their own, stkOptionTable, the last to be taken, is this
+// library's design; all other holds are what is required. How often an update takes that one is its own affair.
+
+/// The scene's instruments, which every update reaches.
+constexpr std::size_t kInstruments = 3;
+/// Of how many the known account has entries: Scene::prepare() leaves the last one out, but in stock options.
+constexpr std::size_t kEntries = kInstruments - 1;
+constexpr std::size_t kOptionEntries = kInstruments;
 
 std::string times(std::size_t count, const std::string& text) {
     std::string all;
@@ -54,19 +61,28 @@ std::string times(std::size_t count, const std::string& text) {
     return all;
 }
 
+/// The text without the holds of stkOptionTable inside of others.
+std::string withoutTableHolds(std::string text) {
+    for (const std::string hold : {"{stkOptionTable shared}", "{stkOptionTable exclusive}"}) {
+        for (std::size_t at = 0; (at = text.find(hold)) != std::string::npos;) {
+            text.erase(at, hold.size());
+        }
+    }
+    return text;
+}
+
 /// A change holds the lock once for each entry that it writes.
 std::string holdsOfChange(const Operation& change) {
-    if (change.name == "doUpdateStkOptionCustomFee") {
-        return times(3, "stock exclusive{stkOptionTable exclusive}; ");
-    }
     if (change.name == "doUpdateFutureInstrumentFee") {
         return times(4, "future exclusive; ");  // a commission and three margins
     }
     if (change.exclusive.empty()) {
         return "";
     }
-    const std::string& lock = *change.exclusive.begin();
-    return times(lock == "future" ? 6 : 3, lock + " exclusive; ");  // futures: a commission and a margin
+    // The options' update has two, of which the stock family's is the one that counts here.
+    const std::string lock = change.exclusive.count("stock") != 0 ? "stock" : *change.exclusive.begin();
+    const std::size_t perInstrument = lock == "future" ? 2 : 1;  // futures: a commission and a margin
+    return times(kInstruments * perInstrument, lock + " exclusive; ");
 }
 
 /// A lookup holds each of its families' locks once.
@@ -80,7 +96,7 @@ std::string holdsOfLookup(const Operation& lookup) {
 
 /// A list holds the lock once for itself, and each of its lookups once more.
 std::string holdsOfList(const Operation& list) {
-    const std::size_t listed = list.shared.count("stkOption") != 0 ? 3 : 2;
+    const std::size_t listed = list.shared.count("stkOption") != 0 ? kOptionEntries : kEntries;
     if (list.shared.count("neeq") != 0) {
         return "neeq shared; " + times(listed, "stock shared; ");
     }
@@ -97,7 +113,7 @@ std::string expectedHolds(const Operation& operation) {
 TEST_P(LockScopesTest, EachLockIsHeldOnceForEachStepAndGivenBack) {
     const LockScopes scopes(center);
     run(kKnown);
-    EXPECT_EQ(scopes.holds(), expectedHolds(operation));
+    EXPECT_EQ(operation.isChange() ? withoutTableHolds(scopes.holds()) : scopes.holds(), expectedHolds(operation));
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, LockScopesTest, ::testing::ValuesIn(test::allOperations()),
@@ -128,22 +144,25 @@ std::string keysText(const OpenFeeCenter& center) {
 
 class WritesTest : public LockScopesTest {};
 
-TEST_P(WritesTest, TablesChangeUnderEachLockOfTheChangeAlone) {
+TEST_P(WritesTest, TablesChangeOnlyWhileEachLockOfTheChangeIsHeldExclusively) {
     for (const std::string& watched : operation.exclusive) {
         for (const uint64 account : {kKnown, kNew}) {
             OpenFeeCenter fees;
             scene.prepare(fees);
             const std::string before = keysText(fees);
-            std::string given = before;
-            const LockScopes scopes(fees, [&](const std::string& lock, bool taken) {
+            std::string seen = before;
+            std::string held;
+            const LockScopes scopes(fees, [&](const std::string& lock, const std::string& hold) {
                 if (lock == watched) {
-                    EXPECT_TRUE(!taken || keysText(fees) == given) << "written while " << lock << " was not held";
-                    given = keysText(fees);
+                    EXPECT_TRUE(held == "exclusive" || keysText(fees) == seen)
+                        << "written while " << lock << " was held " << (held.empty() ? "not at all" : held);
+                    seen = keysText(fees);
+                    held = hold;
                 }
             });
             operation.run(scene, fees, subjectOf(scene, operation, account));
-            EXPECT_EQ(keysText(fees), given) << "written after " << watched << " was given back";
-            EXPECT_NE(before, given) << "nothing was written";
+            EXPECT_EQ(keysText(fees), seen) << "written after " << watched << " was given back";
+            EXPECT_NE(before, seen) << "nothing was written";
         }
     }
 }
@@ -179,9 +198,9 @@ TEST_P(ReadsTest, AnswerIsMadeOfWhatTheTablesHoldWhileTheLockIsHeld) {
         // Hong Kong's two answers are dropped, whatever they are.
         ASSERT_EQ(run(kNew) == expected, operation.market == "HK");
         {
-            const LockScopes scopes(center, [&](const std::string& lock, bool taken) {
+            const LockScopes scopes(center, [&](const std::string& lock, const std::string& hold) {
                 if (lock == watched) {
-                    taken ? entries.appear(lock) : entries.vanish(lock);
+                    hold.empty() ? entries.vanish(lock) : entries.appear(lock);
                 }
             });
             EXPECT_EQ(run(kNew), expected) << watched;
@@ -253,7 +272,7 @@ TEST(LockScopesMeansTest, HoldsAndAllocationsAreSeenAsTheyAre) {
     OpenFeeCenter center;
     std::vector<std::string> moments;
     LockScopes scopes(center,
-                      [&](const std::string& lock, bool taken) { moments.push_back((taken ? "+" : "-") + lock); });
+                      [&](const std::string& lock, const std::string& hold) { moments.push_back(lock + ":" + hold); });
     ::operator delete(::operator new(1));
     center.stockMutex.lock();
     ::operator delete(::operator new(1));
@@ -263,7 +282,7 @@ TEST(LockScopesMeansTest, HoldsAndAllocationsAreSeenAsTheyAre) {
     ::operator delete(::operator new(1));
     EXPECT_EQ(scopes.allocationsOutside(), 2);
     EXPECT_EQ(scopes.holds(), "stock exclusive{hgt shared}; ");
-    EXPECT_EQ(moments, (std::vector<std::string>{"+stock", "+hgt", "-hgt", "-stock"}));
+    EXPECT_EQ(moments, (std::vector<std::string>{"stock:exclusive", "hgt:shared", "hgt:", "stock:"}));
 }
 
 }  // namespace

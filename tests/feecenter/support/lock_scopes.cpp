@@ -65,8 +65,7 @@ void LockScopes::unlocked(const void* mutex) {
 }
 
 void LockScopes::note(Watched& watched, const std::string& hold) {
-    const bool taken = watched.hold.empty();
-    if (taken) {
+    if (watched.hold.empty()) {
         text += (held != 0 ? "{" : "") + std::string(watched.named.name) + " " + hold;
         ++held;
     } else {
@@ -74,7 +73,7 @@ void LockScopes::note(Watched& watched, const std::string& hold) {
         --held;
     }
     watched.hold = hold;
-    visit(watched.named.name, taken);
+    visit(watched.named.name, hold);
 }
 
 }  // namespace test

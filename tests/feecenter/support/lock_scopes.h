@@ -20,11 +20,11 @@ namespace test {
 /// Nor can memory run short meanwhile: it counts the thread's allocations by Shortage.
 class LockScopes {
 public:
-    /// Called after the lock was taken, or given back.
-    using Visit = std::function<void(const std::string& lock, bool taken)>;
+    /// Called after the lock was taken, with how it is held, "shared" or "exclusive", or given back, with nothing.
+    using Visit = std::function<void(const std::string& lock, const std::string& hold)>;
 
     explicit LockScopes(
-        OpenFeeCenter& center, Visit visitor = [](const std::string&, bool) {});
+        OpenFeeCenter& center, Visit visitor = [](const std::string&, const std::string&) {});
     LockScopes(const LockScopes&) = delete;
     LockScopes& operator=(const LockScopes&) = delete;
     ~LockScopes();
