@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <ostream>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -36,15 +38,15 @@ const std::string kStoreRates = kKey + "crc64 ";
 const std::string kMatchOne = kThenAll + kStoreRates + kThenAll + kStoreRates;  // a commission, a margin
 const std::string kMatchGroups = kGroupFirst + kStoreRates + kGroupFirst + kStoreRates;
 
-// The catalogue of these tests makes its own keys.
-const std::string kTwoMaps = "getInstrumentMap voStockKey voStockKey voStockKey getInstrumentMap ";
+const std::string kTwoMaps = "getInstrumentMap getInstrumentMap ";
 
 // A lookup for an account without entries.
 const std::string kFindStock = "findInstrument getRateLimitPtr ";
 const std::string kFindHgt = "findInstrument getHGTExchangeRateLimitPtr ";
 const std::string kFindSgt = "findInstrument getSgtExchangeRateLimitPtr ";
+// An instrument's fee type and its three fees are asked for in any order; here they stand by the alphabet.
 const std::string kFindFuture =
-    "findInstrument getAccountData isSimulationPlatform getFeeType getOpenFee getCloseFee getCloseTodayFee ";
+    "findInstrument getAccountData isSimulationPlatform getCloseFee getCloseTodayFee getFeeType getOpenFee ";
 const std::string kFindIncomeSwap = "findInstrument ";
 const std::string kFull = "findInstrument ";
 const std::string kForeign = kFull + "isWPMarket ";
@@ -139,15 +141,30 @@ protected:
     const Operation& operation = GetParam();
 };
 
-TEST_P(CallsTest, HostIsAskedInThisOrder) {
-    run();
+bool isFeeGetter(const std::string& call) {
+    static const std::set<std::string> getters = {"getFeeType", "getOpenFee", "getCloseFee", "getCloseTodayFee"};
+    return getters.count(call) != 0;
+}
+
+/// The calls as the rows write them: of a run of crc64 the first alone, and an instrument's getters by the alphabet.
+std::string textOf(Names calls) {
+    for (auto from = calls.begin(); (from = std::find_if(from, calls.end(), isFeeGetter)) != calls.end();) {
+        const auto to = std::find_if_not(from, calls.end(), isFeeGetter);
+        std::sort(from, to);
+        from = to;
+    }
     std::string text;
     std::string last;
     for (const auto& call : calls) {
         text += call == "crc64" && last == call ? "" : call + " ";
         last = call;
     }
-    EXPECT_EQ(text, kCalls.count(operation.name) != 0 ? kCalls.at(operation.name) : "no row");
+    return text;
+}
+
+TEST_P(CallsTest, HostIsAskedInThisOrder) {
+    run();
+    EXPECT_EQ(textOf(calls), kCalls.count(operation.name) != 0 ? kCalls.at(operation.name) : "no row");
 }
 
 /// Where the service of a call is asked for; empty for what is no service.
@@ -170,26 +187,24 @@ std::string placeOf(const std::string& call) {
     return place != places.end() ? place->second : "";
 }
 
-TEST_P(CallsTest, EachServiceIsAskedForAnewAtEachCall) {
+// One answer may serve several calls of a run, but none outlives the run: a host may put another service in its place.
+
+TEST_P(CallsTest, EachRunAsksAnewForTheServicesThatItCallsAndForNoOthers) {
     std::map<std::string, int> asked;
     host.onInstance = [&](const std::string& place) { ++asked[place]; };
-    for (int i = 0; i < 2; ++i) {
+    for (const char* which : {"first", "second"}) {
         asked.clear();
         run();
-        std::map<std::string, int> expected;
-        bool isFirstMap = true;
+        std::map<std::string, int> called;
         for (const auto& call : calls) {
-            // Both maps of one job come from the same catalogue.
-            if (!placeOf(call).empty() && (call != "getInstrumentMap" || isFirstMap)) {
-                ++expected[placeOf(call)];
-                isFirstMap = isFirstMap && call != "getInstrumentMap";
-            }
+            ++called[placeOf(call)];
         }
-        const int centers = expected["getInstCenter"] + expected["getDataCenter"];
-        for (const auto& row : std::map<std::string, int>(expected)) {
-            EXPECT_EQ(asked[row.first], row.second) << row.first;
+        called["TraderCenter::instance"] = called["getInstCenter"] + called["getDataCenter"];
+        for (const char* place : {"TraderCenter::instance", "getInstCenter", "getDataCenter",
+                                  "ConfigCollector::instance", "CppCategory::instance", "StockTypeCenter::instance"}) {
+            EXPECT_GE(asked[place], called[place] != 0 ? 1 : 0) << place << ", " << which << " run";
+            EXPECT_LE(asked[place], called[place]) << place << ", " << which << " run";
         }
-        EXPECT_EQ(asked["TraderCenter::instance"], centers);
     }
 }
 

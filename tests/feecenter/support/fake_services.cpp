@@ -11,6 +11,9 @@ namespace {
 
 using test::FakeHost;
 
+/// The joined key, without a word to the test.
+std::string joined(const std::string& market, const std::string& code) { return market + "|" + code; }
+
 /// The host, after the test has been told of the call.
 FakeHost& host(const char* operation) {
     FakeHost::instance().called(operation);
@@ -49,7 +52,7 @@ public:
 private:
     /// An empty instrument is listed under an empty key.
     static std::string keyOf(const qmservice::CInstrument* instrument) {
-        return instrument != nullptr ? utils::voStockKey(instrument->market, instrument->code) : std::string();
+        return instrument != nullptr ? joined(instrument->market, instrument->code) : std::string();
     }
 };
 
@@ -66,7 +69,7 @@ namespace utils {
 
 std::string voStockKey(const std::string& market, const std::string& code) {
     FakeHost::instance().keyCalled("voStockKey");
-    return market + "|" + code;
+    return joined(market, code);
 }
 
 void splitVoStockKey(const std::string& key, std::string& market, std::string& code) {
