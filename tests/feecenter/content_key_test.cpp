@@ -48,6 +48,11 @@ TEST_F(ContentKeyTest, ScaledRateIsTruncatedNotRounded) {
     EXPECT_TRUE(foldsAs(-0.999e-8, "0"));
 }
 
+TEST_F(ContentKeyTest, NoiseAcrossAStepSplitsRatesThatAreEqualButForIt) {
+    EXPECT_TRUE(foldsAs(0.00015, "14999"));
+    EXPECT_TRUE(foldsAs(0.0001500000001, "15000"));
+}
+
 TEST_F(ContentKeyTest, RateThatDoesNotFitFoldsAsTheSmallestInteger) {
     const std::string smallest = "-9223372036854775808";
     EXPECT_TRUE(foldsAs(std::numeric_limits<double>::quiet_NaN(), smallest));

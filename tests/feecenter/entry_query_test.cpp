@@ -133,6 +133,22 @@ TEST_F(EntryQueryTest, UnknownInstrumentIsEmptyWhateverTheEmptyFeeMemberHolds) {
     }
 }
 
+TEST_F(EntryQueryTest, InstrumentGoneBeforeThePrimeBrokerageLookupIsTheEmptyFeeMemberUnstamped) {
+    center.emptyFee = boost::make_shared<CInstrumentFee>();
+    for (const char* market : {"SH", "DCE", "HK", "XX"}) {
+        host.addInstrument(market, "1");
+        int finds = 0;
+        host.onCall = [&](const std::string& operation) {
+            if (operation == "findInstrument" && ++finds == 2) {
+                host.catalogue.clear();
+            }
+        };
+        EXPECT_EQ(center.getFee(makeAccount(12, 7), market, "1"), center.emptyFee) << market;
+        EXPECT_EQ(finds, 2) << market;
+        EXPECT_TRUE(center.emptyFee->isEqual(CInstrumentFee())) << market;
+    }
+}
+
 TEST_F(EntryQueryTest, KindWithoutFeesIsAnsweredWithTheEmptyFeeMemberUnstamped) {
     host.addInstrument("SH", "600000");
     for (const int kind : {-1, 0, 4, 9, 13, 14, 15, 17}) {

@@ -135,6 +135,12 @@ TEST_F(FutureInstrumentUpdateTest, LoadedVectorTooShortForTheSlotKeepsEverything
     EXPECT_EQ(center.futureMarginDetails.size(), 2U);
 }
 
+TEST_F(FutureInstrumentUpdateTest, LoadedVectorTooShortForTheSlotTakesTheCommission) {
+    load({makeFutureFee(rb, makeCommission(50), {makeMargin('1', 20)})});
+    updateMargins({makeMargin('3', 40)});
+    EXPECT_EQ(ratesOf(*storedCommission(*rb)), (Rates{11, 12, 13, 14, 15, 16, 17, 18}));
+}
+
 TEST_F(FutureInstrumentUpdateTest, DetailsBesideOneWithoutSlotInAShortVectorAreApplied) {
     load({makeFutureFee(rb, nullptr, {makeMargin('2', 20)})});
     const auto detail = makeMargin('1', 40);

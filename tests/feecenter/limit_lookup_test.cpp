@@ -84,6 +84,16 @@ TYPED_TEST(LimitLookupTest, AccountWithoutATableFallsBackToTheConfiguredRecordIt
     EXPECT_EQ(this->limitOf(*a), rates);
 }
 
+TYPED_TEST(LimitLookupTest, FallbackAsksTheConfigurationAnewEachTime) {
+    const auto a = this->instrument("A");
+    for (const double rate : {0.7, 0.8}) {
+        this->configured(*a) = this->limit(rate);
+        EXPECT_EQ(this->limitOf(*a)->rate1, rate);
+    }
+    this->configured(*a) = nullptr;
+    EXPECT_EQ(this->limitOf(*a), this->fallback());
+}
+
 TYPED_TEST(LimitLookupTest, WithNothingConfiguredTheDefaultRecordItselfIsAnswered) {
     const auto a = this->instrument("A");
     EXPECT_EQ(this->limitOf(*a), this->fallback());

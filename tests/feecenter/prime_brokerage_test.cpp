@@ -129,6 +129,38 @@ TEST_F(PrimeBrokerageTest, HongKongChannelsConfiguredLimitsAreDroppedToo) {
     EXPECT_EQ(test::describe(find("HK")), test::kFullDefault);
 }
 
+/// A fee that a host cannot copy.
+class UncopiedFee : public CInstrumentFee {
+public:
+    explicit UncopiedFee(const CInstrumentFee& fee) : CInstrumentFee(fee) {}
+
+    [[nodiscard]] boost::shared_ptr<IData> copy() const override { return {}; }
+};
+
+TEST_F(PrimeBrokerageTest, FullDefaultStandsInForAFuturesDefaultWhoseCopyIsOfNoUse) {
+    for (auto* fee : {&center.defaultFutureFee, &center.defaultIncomeSwapFutureFee}) {
+        *fee = boost::make_shared<UncopiedFee>(**fee);
+    }
+    for (const char* market : {"DCE", "CMEO"}) {
+        EXPECT_EQ(test::describe(find(market)), test::kFullDefault) << market;
+    }
+}
+
+TEST_F(PrimeBrokerageTest, FullDefaultStandsInForAFuturesInstrumentThatTheCatalogueForgotMeanwhile) {
+    for (const char* market : {"DCE", "CMEO"}) {
+        int finds = 0;
+        host.onCall = [&](const std::string& operation) {
+            if (operation == "findInstrument" && ++finds == 2) {
+                host.catalogue.clear();
+            }
+        };
+        const auto fee = find(market);
+        EXPECT_EQ(finds, 2) << market;
+        EXPECT_EQ(test::describe(fee), test::kFullDefault) << market;
+        EXPECT_EQ(fee->instrument, instrument) << market;
+    }
+}
+
 TEST_F(PrimeBrokerageTest, FullDefaultSharesEveryDefaultRecord) {
     const auto fee = find("XX");
     EXPECT_EQ(fee->instrument, instrument);
