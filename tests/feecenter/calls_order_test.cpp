@@ -1,12 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <boost/smart_ptr/make_shared.hpp>
 #include <map>
 #include <ostream>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "host/services.h"
 #include "support/call_log.h"
 #include "support/future_builders.h"
 #include "support/operations.h"
@@ -210,6 +212,40 @@ TEST_P(CallsTest, EachRunAsksAnewForTheServicesThatItCallsAndForNoOthers) {
 
 INSTANTIATE_TEST_SUITE_P(Operations, CallsTest, ::testing::ValuesIn(test::allOperations()),
                          [](const auto& operation) { return operation.param.name; });
+
+// What a query by key hashes.
+
+struct Hashed {
+    const char* name;
+    std::string key;
+    Names texts;
+};
+
+void PrintTo(const Hashed& row, std::ostream* out) { *out << row.name; }
+
+const Hashed kHashed[] = {{"OrdinaryKey", "SH|A", {"SH|A"}},
+                          {"HongKongKey", "HK|A", {"HK|A"}},
+                          {"ShanghaiConnectKey", "HGT|A", {"HGT|A", "HK|A"}},
+                          {"ShenzhenConnectKey", "SGT|A", {"SGT|A", "HK|A"}},
+                          {"ConnectTextInTheCode", "SH|6HGT1", {"SH|6HGT1", "HK6HGT1"}},
+                          {"BothConnectTexts", "HGT|SGT", {"HGT|SGT", "HK|SGT"}},
+                          {"TwoCharacters", "HG", {"HG"}}};
+
+class HashedKeyTest : public test::FeeCenterTest, public ::testing::WithParamInterface<Hashed> {};
+
+TEST_P(HashedKeyTest, KeyIsHashedAsGivenAndAConnectKeyOnceMoreWhenItIsFolded) {
+    const auto known = boost::make_shared<qmservice::CInstrument>();
+    host.catalogue[utils::hash(GetParam().texts.back())] = known;
+    Names texts;
+    host.onHash = [&](const std::string& text) { texts.push_back(text); };
+    const auto fee = center.getFee(test::makeAccount(7, kNew), GetParam().key);
+    EXPECT_EQ(texts, GetParam().texts);
+    ASSERT_TRUE(fee);
+    EXPECT_EQ(fee->instrument, known);
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, HashedKeyTest, ::testing::ValuesIn(kHashed),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // Of an empty list: a load asks for the account's key first, an update looks at the list first.
 

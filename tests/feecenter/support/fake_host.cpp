@@ -16,6 +16,7 @@ void FakeHost::reset() {
     onCall = nullptr;
     onKeyCall = nullptr;
     onInstance = nullptr;
+    onHash = nullptr;
     runJobs();
     strands.clear();
     instruments.clear();
@@ -84,6 +85,12 @@ void FakeHost::called(const std::string& operation) const {
 void FakeHost::keyCalled(const char* operation) const {
     if (onKeyCall) {
         onKeyCall(operation);
+    }
+}
+
+void FakeHost::hashed(const std::string& text) const {
+    if (onHash) {
+        onHash(text);
     }
 }
 

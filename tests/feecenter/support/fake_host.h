@@ -73,6 +73,8 @@ public:
     std::function<void(const std::string&)> onKeyCall;
     /// The same for asking where a service is, such as "TraderCenter::instance".
     std::function<void(const std::string&)> onInstance;
+    /// Called with each text that is hashed.
+    std::function<void(const std::string&)> onHash;
     /// What a category test answers, in place of the data above; a custom category without this holds the instruments
     /// whose code is in the list.
     std::function<bool(const std::string& market, const std::string& code, const std::string& product, int category)>
@@ -88,6 +90,7 @@ public:
     boost::shared_ptr<boost::asio::io_service::strand> strand(const std::string& name);
     void called(const std::string& operation) const;
     void keyCalled(const char* operation) const;
+    void hashed(const std::string& text) const;
     void instanceAsked(const char* operation) const;
 
     /// Where the jobs run, for a test that runs them on threads of its own.

@@ -81,6 +81,7 @@ void splitVoStockKey(const std::string& key, std::string& market, std::string& c
 
 qmservice::uint64 hash(const std::string& text) {
     FakeHost::instance().keyCalled("hash");
+    FakeHost::instance().hashed(text);
     // FNV-1a.
     qmservice::uint64 value = 0xcbf29ce484222325U;
     for (const char c : text) {
