@@ -114,7 +114,7 @@ void CFeeCenter::doUpdateStkOptionCustomFee(const boost::shared_ptr<CAccountInfo
                      const uint64 limitKey = contentKey(limit, getTradeMinUnit(instrument.market, instrument.code));
 
                      const boost::unique_lock<boost::shared_mutex> lock(stockMutex);
-                     auto item = findPooled(*options.read()->items, limitKey);
+                     auto item = findPooled(*options.readAmongWriters(lock).items, limitKey);
                      if (!item) {
                          item = makeItem(limit);
                      }
