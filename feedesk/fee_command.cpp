@@ -1,5 +1,6 @@
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <memory>
 
 #include "feedesk/account_kinds.h"

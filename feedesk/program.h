@@ -1,12 +1,15 @@
 #ifndef FEEDESK_PROGRAM_H
 #define FEEDESK_PROGRAM_H
 
-#include <CLI/CLI.hpp>
 #include <functional>
 #include <string>
 
 #include "feedesk/failure.h"
 #include "feedesk/session.h"
+
+namespace CLI {
+class App;
+}  // namespace CLI
 
 namespace feedesk {
 
