@@ -14,7 +14,7 @@ using boost::shared_ptr;
 using namespace qmservice;  // NOLINT(google-build-using-namespace): the record classes
 using standalone::Position;
 
-constexpr const char* kStrand = "trace";
+constexpr const char* kTracingStrand = "trace";
 
 // A million and more: scaled for the content keys it is a whole number far inside 64 bits, each dye has a key of its
 // own, and nobody charges a million times the turnover.
@@ -164,12 +164,12 @@ Origin Dyes::origin(double rate) const {
 }
 
 Tracer::Tracer(const standalone::Market& realMarket)
-    : market(realMarket), dyedMarket(dyedCopy(market, dyes)), center(kStrand) {}
+    : market(realMarket), dyedMarket(dyedCopy(market, dyes)), center(kTracingStrand) {}
 
 void Tracer::feedOnce(const standalone::Account& account) {
     if (fed.insert(&account).second) {
         standalone::feed(center, dyedCopy(account, dyes));
-        standalone::waitForStrand(kStrand);
+        standalone::waitForStrand(kTracingStrand);
     }
 }
 

@@ -25,9 +25,9 @@ struct LimitFamily {
 };
 
 /// The lines that have set a limit already, by instrument.
-using FirstLines = std::map<std::size_t, Position>;
+using FirstByPlace = std::map<std::size_t, Position>;
 
-bool isFirst(Load& load, const std::string& file, const ReadRule& read, std::size_t place, FirstLines& lines) {
+bool isFirst(Load& load, const std::string& file, const ReadRule& read, std::size_t place, FirstByPlace& lines) {
     const auto [first, isNew] = lines.emplace(place, read.position);
     if (isNew) return true;
     load.errors.add({file, read.position.line, "code"}, ErrorKind::kRepeated, [&, at = first->second] {
@@ -51,7 +51,7 @@ void readFamily(Load& load, const LimitFamily<Limit, count>& family) {
     if (!load.hasFile(file)) return;
     const std::vector<RuleColumn> keys =
         joined({marketColumn(load, Need::kFilled), codeColumn(Need::kFilled)}, family.ownColumns);
-    FirstLines lines;
+    FirstByPlace lines;
     readTable<RuleLine>(
         load, file, joined(keys, namedRates(load, family.name)),
         [&](const ReadRule& read) {

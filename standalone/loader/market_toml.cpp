@@ -13,7 +13,7 @@
 namespace standalone::loader {
 namespace {
 
-using Need = TomlSection::Need;
+using TomlNeed = TomlSection::Need;
 
 const std::string kFile = "market.toml";
 constexpr int kFormat = 1;
@@ -22,15 +22,15 @@ constexpr int kLowest = std::numeric_limits<int>::min();
 constexpr int kHighest = std::numeric_limits<int>::max();
 
 void readEngine(Load& load, TomlSection& root) {
-    const toml::table* table = root.readTable("engine", Need::kOptional);
+    const toml::table* table = root.readTable("engine", TomlNeed::kOptional);
     if (table == nullptr) return;
     TomlSection engine(*table, "engine", kFile, load.errors);
-    engine.readInteger("threads", Need::kOptional, 1, kMostThreads, load.market.engineThreads);
+    engine.readInteger("threads", TomlNeed::kOptional, 1, kMostThreads, load.market.engineThreads);
     engine.refuseOtherKeys();
 }
 
 void readPlatforms(Load& load, TomlSection& root) {
-    const toml::table* table = root.readTable("platforms", Need::kOptional);
+    const toml::table* table = root.readTable("platforms", TomlNeed::kOptional);
     if (table == nullptr) return;
     TomlSection platforms(*table, "platforms", kFile, load.errors);
     platforms.readIntegers("simulation", kLowest, kHighest, load.market.simulationPlatforms);
@@ -54,17 +54,17 @@ void readMarket(Load& load, TomlSection& markets, const std::string& name) {
     load.marketNames.push_back(name);
     MarketPlace& place = load.market.markets.emplace_back();
     place.market = name;
-    const toml::table* table = markets.readTable(name, Need::kNeeded);
+    const toml::table* table = markets.readTable(name, TomlNeed::kNeeded);
     if (table == nullptr) return;
     TomlSection section(*table, "markets." + name, kFile, load.errors);
-    section.readText("title", Need::kNeeded, place.title);
-    section.readInteger("trade_unit", Need::kNeeded, 1, kHighest, place.tradeUnit);
-    section.readFlag("foreign", Need::kOptional, place.foreign);
+    section.readText("title", TomlNeed::kNeeded, place.title);
+    section.readInteger("trade_unit", TomlNeed::kNeeded, 1, kHighest, place.tradeUnit);
+    section.readFlag("foreign", TomlNeed::kOptional, place.foreign);
     section.refuseOtherKeys();
 }
 
 void readMarkets(Load& load, TomlSection& root) {
-    const toml::table* table = root.readTable("markets", Need::kNeeded);
+    const toml::table* table = root.readTable("markets", TomlNeed::kNeeded);
     load.markets.complete = table != nullptr && !table->empty();
     if (table == nullptr) return;
     TomlSection markets(*table, "markets", kFile, load.errors);
@@ -81,7 +81,7 @@ bool isColumnName(const std::string& name) {
 
 void readUnit(TomlSection& section, RateUnit& unit) {
     std::string word = "fraction";
-    section.readText("unit", Need::kOptional, word);
+    section.readText("unit", TomlNeed::kOptional, word);
     if (word == "yuan") {
         unit = RateUnit::kYuan;
     } else if (word != "fraction") {
@@ -92,7 +92,7 @@ void readUnit(TomlSection& section, RateUnit& unit) {
 }
 
 void readColumn(TomlSection& section, std::string& column) {
-    section.readText("column", Need::kOptional, column);
+    section.readText("column", TomlNeed::kOptional, column);
     if (!isColumnName(column)) {
         section.refuse(
             ErrorKind::kKeyValue, "column",
@@ -108,7 +108,7 @@ bool readRate(Load& load, const toml::table& table, const std::string& name, Rat
     TomlSection section(table, name, kFile, load.errors);
     readColumn(section, rate.column);
     rate.title = rate.column;
-    section.readText("title", Need::kOptional, rate.title);
+    section.readText("title", TomlNeed::kOptional, rate.title);
     readUnit(section, rate.unit);
     section.refuseOtherKeys();
     return section.good();
@@ -127,12 +127,12 @@ void refuseSharedColumns(TomlSection& family, const std::vector<RateName>& rates
 
 void readFamily(Load& load, TomlSection& families, const std::string& name) {
     std::vector<RateName>& rates = load.market.rateNames[name] = ownRateNames(name);
-    const toml::table* table = families.readTable(name, Need::kOptional);
+    const toml::table* table = families.readTable(name, TomlNeed::kOptional);
     if (table == nullptr) return;
     TomlSection family(*table, "rates." + name, kFile, load.errors);
     bool good = true;
     for (RateName& rate : rates) {
-        const toml::table* entry = family.readTable(rate.field, Need::kOptional);
+        const toml::table* entry = family.readTable(rate.field, TomlNeed::kOptional);
         if (entry == nullptr) continue;
         if (!readRate(load, *entry, "rates." + name + "." + rate.field, rate)) good = false;
     }
@@ -143,7 +143,7 @@ void readFamily(Load& load, TomlSection& families, const std::string& name) {
 
 void readRates(Load& load, TomlSection& root) {
     static const toml::table nothing;
-    const toml::table* table = root.readTable("rates", Need::kOptional);
+    const toml::table* table = root.readTable("rates", TomlNeed::kOptional);
     TomlSection families(table == nullptr ? nothing : *table, "rates", kFile, load.errors);
     for (const std::string& name : namedFamilies()) readFamily(load, families, name);
     families.refuseOtherKeys();
@@ -153,8 +153,8 @@ void readRates(Load& load, TomlSection& root) {
 void readRoot(Load& load, const toml::table& table) {
     TomlSection root(table, "", kFile, load.errors);
     int format = kFormat;
-    root.readInteger("format", Need::kNeeded, kFormat, kFormat, format);
-    root.readText("title", Need::kNeeded, load.market.title);
+    root.readInteger("format", TomlNeed::kNeeded, kFormat, kFormat, format);
+    root.readText("title", TomlNeed::kNeeded, load.market.title);
     readEngine(load, root);
     readPlatforms(load, root);
     readMarkets(load, root);

@@ -18,7 +18,7 @@ Fault chooseFault(Bytes& bytes, bool inQuery) {
     return {static_cast<long>(before), forGood};
 }
 
-std::string describe(const Fault& fault) {
+std::string faultText(const Fault& fault) {
     return " with a fault after " + std::to_string(fault.before) + " occasions" +
            (fault.forGood ? " and for good" : "");
 }
@@ -51,11 +51,11 @@ FaultyStep stepOf(const Step& bytesOfStep, const World& world, Focus focus) {
 std::string describe(const FaultyStep& step, const World& world, Focus focus) {
     switch (step.kind) {
         case FaultyStep::Kind::change:
-            return step.change.describe() + describe(step.fault);
+            return step.change.describe() + faultText(step.fault);
         case FaultyStep::Kind::queueing:
-            return "queueing " + step.change.describe() + describe(step.fault);
+            return "queueing " + step.change.describe() + faultText(step.fault);
         case FaultyStep::Kind::query:
-            return describe(step.query) + describe(step.fault);
+            return describe(step.query) + faultText(step.fault);
         case FaultyStep::Kind::ordinary:
             break;
     }

@@ -17,14 +17,14 @@ constexpr std::uint64_t kAnswers = HISTORIES_ANSWERS;
 #else
 constexpr std::uint64_t kAnswers = 1'500'000;
 #endif
-constexpr int kRound = 8;  ///< histories of one seed
+constexpr int kHistoriesOfASeed = 8;
 
 class RandomHistories : public ::testing::TestWithParam<Focus> {};
 
 TEST_P(RandomHistories, AnswerAsTheModelDoes) {
     Totals totals;
     expectHistories(sideBySide(GetParam(), Compare::eachStep, totals),
-                    {kRound, [&] { return totals.answers; }, kAnswers}, [&] { return describe(totals); });
+                    {kHistoriesOfASeed, [&] { return totals.answers; }, kAnswers}, [&] { return describe(totals); });
 }
 
 INSTANTIATE_TEST_SUITE_P(Focus, RandomHistories, ::testing::ValuesIn(kFocuses), &testNameOf);
