@@ -1,6 +1,6 @@
 // Folders and files that the system does not give, texts in another encoding, and shapes of lines at their limits.
 
-#include <sys/resource.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -15,27 +15,32 @@ namespace fs = std::filesystem;
 
 using LoaderReadingError = LoaderTest;
 
-/// While it lives the program may open no more files.
-class NoMoreFiles {
+/// While it lives the folder lets nobody in: root neither, which asks no permission, so that the program is not root
+/// then.
+class Closed {
 public:
-    NoMoreFiles() {
-        getrlimit(RLIMIT_NOFILE, &before);
-        rlimit none = before;
-        none.rlim_cur = 0;
-        setrlimit(RLIMIT_NOFILE, &none);
+    explicit Closed(const fs::path& which) : folder(which), before(fs::status(which).permissions()) {
+        constexpr uid_t kNobody = 65534;
+        fs::permissions(folder, fs::perms::none);
+        EXPECT_EQ(seteuid(user == 0 ? kNobody : user), 0);
     }
-    NoMoreFiles(const NoMoreFiles&) = delete;
-    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
-    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before); }
+    Closed(const Closed&) = delete;
+    Closed& operator=(const Closed&) = delete;
+    ~Closed() {
+        EXPECT_EQ(seteuid(user), 0);
+        fs::permissions(folder, before);
+    }
 
 private:
-    rlimit before{};
+    fs::path folder;
+    fs::perms before;
+    uid_t user = geteuid();
 };
 
 TEST_F(LoaderReadingError, FolderThatCannotBeOpened) {
     LoadResult result;
     {
-        const NoMoreFiles limit;
+        const Closed closed(folder);
         result = load();
     }
     ASSERT_EQ(result.errors.size(), 1U);
