@@ -92,8 +92,7 @@ protected:
     }
 
     /// Whether `work` gets through before the host answers.
-    template <class Work>
-    bool getsThrough(const Work& work) {
+    bool getsThrough(const test::Work& work) {
         return test::getsThroughUnaided(work, [this] { answerNow(); });
     }
 

@@ -38,8 +38,7 @@ protected:
     }
 
     /// Whether `work` gets through while this thread holds every lock but the family's and the `also` named.
-    template <class Work>
-    bool needsOwnLockOnly(const Work& work, Calls also = {}) {
+    bool needsOwnLockOnly(const test::Work& work, Calls also = {}) {
         also.insert(ownLock());
         std::optional<HeldLocks> others(std::in_place, this->center, also);
         return test::getsThrough(work, [&others] { others.reset(); });

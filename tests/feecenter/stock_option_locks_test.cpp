@@ -45,8 +45,7 @@ protected:
     std::size_t itemCount() { return center.getStkOptionFee(7, key)->stkOptionFeeRate->items.size(); }
 
     /// Whether `work` gets through while this thread holds every lock but the named ones.
-    template <class Work>
-    bool needsOnly(const Calls& locks, const Work& work) {
+    bool needsOnly(const Calls& locks, const test::Work& work) {
         std::optional<HeldLocks> others(std::in_place, center, locks);
         return getsThrough(work, [&others] { others.reset(); });
     }

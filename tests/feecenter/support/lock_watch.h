@@ -3,8 +3,7 @@
 
 #include <boost/thread/lock_types.hpp>
 #include <boost/thread/shared_mutex.hpp>
-#include <chrono>
-#include <future>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -55,58 +54,20 @@ private:
     std::vector<boost::unique_lock<boost::shared_mutex>> locks;
 };
 
+using Work = std::function<void()>;
+
 /// Whether `work` gets through on a thread of its own while this thread holds what it holds. The time limit is reached
 /// only by work that waits for that; `rescue` is called then and must let it go on.
-template <class Work, class Rescue>
-bool getsThroughUnaided(const Work& work, const Rescue& rescue) {
-    auto done = std::async(std::launch::async, work);
-    const bool through = done.wait_for(std::chrono::seconds(60)) == std::future_status::ready;
-    if (!through) {
-        rescue();
-    }
-    done.get();
-    return through;
-}
+bool getsThroughUnaided(const Work& work, const Work& rescue);
 
 /// The same; `release` is called in any case, once.
-template <class Work, class Release>
-bool getsThrough(const Work& work, const Release& release) {
-    const bool through = getsThroughUnaided(work, release);
-    if (through) {
-        release();
-    }
-    return through;
-}
+bool getsThrough(const Work& work, const Work& release);
 
 /// Whether `work`, on a thread of its own, waits to hold `mutex` exclusively while another thread holds it shared. A
 /// lock that somebody waits for so turns further readers away, and that is what is watched for. `whileItWaits` is
 /// called on this thread, which then holds the mutex shared.
-template <class Work, class WhileItWaits>
-bool waitsToWrite(boost::shared_mutex& mutex, const Work& work, const WhileItWaits& whileItWaits) {
-    boost::shared_lock<boost::shared_mutex> reader(mutex);
-    auto done = std::async(std::launch::async, work);
-    bool waits = false;
-    while (!waits && done.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready) {
-        waits = !std::async(std::launch::async, [&mutex] {
-                     const bool entered = mutex.try_lock_shared();
-                     if (entered) {
-                         mutex.unlock_shared();
-                     }
-                     return entered;
-                 }).get();
-    }
-    if (waits) {
-        whileItWaits();
-    }
-    reader.unlock();
-    done.get();
-    return waits;
-}
-
-template <class Work>
-bool waitsToWrite(boost::shared_mutex& mutex, const Work& work) {
-    return waitsToWrite(mutex, work, [] {});
-}
+bool waitsToWrite(
+    boost::shared_mutex& mutex, const Work& work, const Work& whileItWaits = [] {});
 
 }  // namespace test
 
