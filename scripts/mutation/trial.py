@@ -29,10 +29,12 @@ class Program:
 # What is quick and notices most comes first.
 PROGRAMS = (
     Program("feecenter_test"),
+    Program("locks_test"),
     Program("posting_test", takes_objects=True),
     Program("lock_scopes_test"),
     Program("interleavings_test", tests="*LockMatrix*"),
     Program("memory_test"),
+    Program("bad_host_slow_test"),
     Program("bad_host_test", tests="-*EveryCallThatFailed*:*BadHostJobTest*"),
     Program("histories_test", tests="*RandomHistories*"),
 )

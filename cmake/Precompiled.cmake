@@ -1,0 +1,44 @@
+# Other people's headers that many sources include are compiled once for all libraries and once for all test programs,
+# not once for each source. A source still includes what it uses: the library itself and release builds are compiled
+# without what is here.
+#
+# Sources that share compiled headers must agree on what these look at: definitions, optimisation, position
+# independence. Where they do not, the compiler says so and stops.
+
+# precompile(NAME LINK libraries... HEADERS headers... OPTIONS options...)
+# PIC where the sources that use it go into a shared library, or into a static one.
+function(precompile name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "PIC" "" "LINK;HEADERS;OPTIONS")
+  set(source ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "// There is nothing here but the headers that are compiled with it.\n")
+  add_library(${name} STATIC ${source})
+  target_link_libraries(${name} PRIVATE feecenter_build_flags ${arg_LINK})
+  target_compile_options(${name} PRIVATE ${arg_OPTIONS})
+  target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+  set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ${arg_PIC} USERS_OPTIONS "${arg_OPTIONS}")
+endfunction()
+
+# use_precompiled(NAME targets...): compiles the targets as NAME is compiled, and with its headers. Does nothing where the
+# build has no NAME.
+function(use_precompiled name)
+  if(NOT TARGET ${name})
+    return()
+  endif()
+  get_target_property(pic ${name} POSITION_INDEPENDENT_CODE)
+  get_target_property(options ${name} USERS_OPTIONS)
+  foreach(target IN LISTS ARGN)
+    target_precompile_headers(${target} REUSE_FROM ${name})
+    target_compile_definitions(${target} PRIVATE $<TARGET_PROPERTY:${name},COMPILE_DEFINITIONS>)
+    target_compile_options(${target} PRIVATE ${options})
+    set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ${pic})
+  endforeach()
+endfunction()
+
+if(FEECENTER_TESTS)
+  set(precompiled_headers
+    <boost/asio/io_service.hpp> <boost/asio/io_service_strand.hpp> <boost/make_shared.hpp> <boost/shared_ptr.hpp>
+    <boost/thread/lock_types.hpp> <boost/thread/shared_mutex.hpp> <boost/unordered_map.hpp> <fmt/format.h>
+    <algorithm> <filesystem> <functional> <map> <optional> <set> <string> <string_view> <utility> <vector>)
+  precompile(precompiled_for_libraries PIC LINK Boost::headers Boost::thread fmt::fmt HEADERS ${precompiled_headers})
+  target_compile_definitions(precompiled_for_libraries PRIVATE $<TARGET_PROPERTY:feecenter_standalone,INTERFACE_COMPILE_DEFINITIONS>)
+endif()
