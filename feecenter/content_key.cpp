@@ -31,7 +31,7 @@ void foldRates(ContentKey& key, std::initializer_list<double> rates) {
 template <class Detail>
 uint64 commissionKey(const Detail& detail) {
     ContentKey key;
-    // Rule "openRatioByVolume counts twice": it stands in the chain before and after openRatioByMoney.
+    // Rule "openRatioByVolume counts twice": the chain has it before and after openRatioByMoney.
     foldRates(key, {detail.openRatioByVolume, detail.openRatioByMoney, detail.openRatioByVolume,
                     detail.closeRatioByMoney, detail.closeRatioByVolume, detail.closeTodayRatioByMoney,
                     detail.closeTodayRatioByVolume, detail.commissionExtra1, detail.commissionExtra2});

@@ -20,7 +20,7 @@ struct Part {
     std::size_t size;
 };
 
-/// What stands between the separators, which belong to no part.
+/// What is between the separators, which belong to no part.
 std::vector<Part> partsOf(std::string_view text, std::string_view separators) {
     std::vector<Part> parts;
     for (std::size_t start = 0; start <= text.size();) {

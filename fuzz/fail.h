@@ -5,7 +5,7 @@
 
 namespace fuzz {
 
-/// Ends the process as a crash: an input has shown that something does not hold. `what` is told on standard error.
+/// Ends the process as a crash: an input has shown that something does not hold. `what` is written to standard error.
 [[noreturn]] void fail(const std::string& what);
 
 }  // namespace fuzz

@@ -1,7 +1,7 @@
 // Any bytes as a history of changes: behind it the fee center and the model answer alike. What they answer after each
 // step is compared only when they do not, to tell where it begins: the fuzzer drops steps by itself, and so comes to
-// every state on the way. With FUZZ_DESCRIBE in the environment every history is told in words first, which is the way
-// to read an input.
+// every state on the way. With FUZZ_DESCRIBE in the environment every history is printed in words first, which is the
+// way to read an input.
 
 #include <cstddef>
 #include <cstdint>

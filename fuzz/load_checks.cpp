@@ -47,7 +47,7 @@ bool isOneLine(const std::string& text) {
            std::none_of(text.begin(), text.end(), isControl);
 }
 
-/// Errors that are told, or counted by kind: each has a place, a text of one line, and they come in the
+/// Errors that are shown, or counted by kind: each has a place, a text of one line, and they come in the
 /// order in which files are read, then by line.
 template <class Errors>
 void checkErrors(const Files& files, const std::string& folder, const Errors& errors) {
@@ -62,19 +62,19 @@ void checkErrors(const Files& files, const std::string& folder, const Errors& er
     if (!sorted) fail("errors come in the order of reading, then by line");
 }
 
-/// The errors that are told come before those that are counted, and all of them are counted once.
+/// The errors that are shown come before those that are counted, and all of them are counted once.
 void checkCounts(const LoadResult& result) {
     std::size_t count = result.errors.size();
     for (const FurtherErrors& further : result.further) {
         const LoadError& last = result.errors.back();
         if (standsBefore(further.file, further.line, last.file, last.line))
-            fail("the first errors are told: " + further.text(result.market.folder));
+            fail("the first errors are shown: " + further.text(result.market.folder));
         count += further.count;
     }
     if (count != result.errorCount) fail("every error is counted");
-    if (result.errors.size() > standalone::kMostErrors) fail("so many errors are told at most");
+    if (result.errors.size() > standalone::kMostErrors) fail("so many errors are shown at most");
     if (result.errors.size() < standalone::kMostErrors && !result.further.empty())
-        fail("an error is told if it can be");
+        fail("an error is shown if it can be");
 }
 
 /// A load that loaded nothing and found nothing wrong either: the text of a market that is as it was made.

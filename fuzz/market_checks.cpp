@@ -40,7 +40,7 @@ private:
         const auto file = files.find(market.files[position.file]);
         require(file != files.end(), "a file of the market is in the folder", market.files[position.file]);
         const auto lines = std::count(file->second.begin(), file->second.end(), '\n') + 1;
-        require(position.line >= 2 && position.line <= lines, "a line stands below the header", file->first);
+        require(position.line >= 2 && position.line <= lines, "a line is below the header", file->first);
     }
 
     void checkSettings() {

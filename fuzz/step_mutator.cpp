@@ -47,7 +47,7 @@ void change(History& history, Random& random) {
     }
 }
 
-/// How a history stands in an input: a byte for each step's length, then its bytes.
+/// How an input holds a history: a byte for each step's length, then its bytes.
 Step flat(std::uint8_t accounts, const History& history) {
     Step bytes{accounts};
     for (const Step& step : history) {

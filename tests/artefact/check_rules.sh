@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The page of surprising rules, the code and the tests agree: each rule of the page names tests, each test that it names is
-# one of the programs', and each rule that a comment names stands on the page.
+# one of the programs', and each rule that a comment names is on the page.
 #   check_rules.sh PAGE SOURCES PROGRAM...
 set -euo pipefail
 page=$1
@@ -11,7 +11,7 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 
-# "Suite.Test" whatever the instance: a suite of types stands before the slash, one of values behind it.
+# "Suite.Test" whatever the instance: a suite of types is before the slash, one of values behind it.
 for program in "$@"; do
   "$program" --gtest_list_tests | awk '
     /^[^ ].*\./ { parts = split($1, part, "/"); suite = /# TypeParam/ ? part[1] : part[parts]; sub(/\.$/, "", suite) }

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Takes the one ```cpp block out of a document, for a test to compile as it stands: its #include lines go to INCLUDES, the
+# Takes the one ```cpp block out of a document, for a test to compile as it is: its #include lines go to INCLUDES, the
 # rest goes to BODY. Every line keeps its number, so that the compiler's messages name the document's own lines.
 #   extract_sample.sh DOCUMENT INCLUDES BODY
 set -uo pipefail

@@ -219,7 +219,7 @@ public:
                           &neeqAccountTable, &defaultNeeqRateLimit, &emptyFee);
     }
 
-    /// Nothing stands before the first member but the pointer to the table of virtual operations.
+    /// Nothing comes before the first member but the pointer to the table of virtual operations.
     [[nodiscard]] std::ptrdiff_t placeOfFirstMember() const {
         return reinterpret_cast<const char*>(&strand) - reinterpret_cast<const char*>(this);
     }

@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "support/beside_readers.h"
+#include "support/concurrent_readers.h"
 #include "support/family_marks.h"
 #include "support/versioned_fees.h"
 
-// Loads, custom fees, instrument updates, lookups and lists of every family at once beside one strand. Every rate
+// Loads, custom fees, instrument updates, lookups and lists of every family at once, with one strand. Every rate
 // record is made from one version number: an answer tells which version it is of, and whether it is whole.
 
 namespace {
@@ -363,14 +363,14 @@ TEST_F(AllFamiliesThreadsTest, RecordOfTwoVersionsIsNoticed) {
 TEST_F(AllFamiliesThreadsTest, ReadersOfEveryFamilyBesideTheStrandSeeWholeVersionsOnly) {
     constexpr int kVersions = 150;
     constexpr std::size_t kReaders = 3;
-    test::BesideReaders beside(host, *center.strand);
+    test::ConcurrentReaders readers(host, *center.strand);
     std::vector<std::set<int>> seen(kReaders);
-    const auto complaints = beside.run(
+    const auto complaints = readers.run(
         kVersions, kReaders, [&](int version) { post(version); },
         [&](std::size_t reader) {
-            const int oldest = beside.oldest();
+            const int oldest = readers.oldest();
             seen[reader].insert(others.lastVersion());
-            return complaint(oldest, [&beside] { return beside.newest(); });
+            return complaint(oldest, [&readers] { return readers.newest(); });
         });
     EXPECT_EQ(complaints, std::vector<std::string>(kReaders));
     EXPECT_EQ(seen, std::vector<std::set<int>>(kReaders, test::versionsUpTo(kVersions)));

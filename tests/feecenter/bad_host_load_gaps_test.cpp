@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "support/gaps_test.h"
+#include "support/gaps_fixture.h"
 
-// Empty pointers and useless records in every place of what is loaded: the entries beside them count as if they were
+// Empty pointers and useless records in every place of what is loaded: the other entries count as if they were
 // alone.
 
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/fickle_test.h"
+#include "support/fickle_fixture.h"
 #include "support/table_checks.h"
 
 // Configuration, accounts and category tests that change their mind: each answer is used where it was asked for, and

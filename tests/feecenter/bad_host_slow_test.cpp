@@ -7,7 +7,7 @@
 #include <thread>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/lock_waiters.h"
 #include "support/lock_watch.h"
 #include "support/operations.h"
@@ -69,7 +69,7 @@ protected:
         return slow;
     }
 
-    /// Waits until the operation stands still in the slow call; a failure where it ends without coming there.
+    /// Waits until the operation is inside the slow call; fails when it ends without reaching it.
     void expectReached(std::future<void>& slow) {
         auto arrival = reached.get_future();
         EXPECT_TRUE(test::seenBefore(slow, [&] {
@@ -209,7 +209,7 @@ TEST_P(BadHostSlowChangeTest, EveryQueryGetsThroughAndTheNextJobWaits) {
         }
         center.initFees(test::makeAccount(10, 4), scene.records(90));
         host.service().poll();
-        EXPECT_EQ(center.neeqAccountTable.count(4), 0U) << "a job beside the slow one";
+        EXPECT_EQ(center.neeqAccountTable.count(4), 0U) << "a second job while the slow one runs";
     }));
     answerNow();
     slow.get();

@@ -5,7 +5,7 @@
 
 #include "support/bad_host.h"
 #include "support/entry_mixes.h"
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/operations.h"
 #include "support/table_checks.h"
 #include "support/tally.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/fickle_test.h"
+#include "support/fickle_fixture.h"
 
 // Instruments that are another one each time that they are asked for.
 
@@ -39,7 +39,7 @@ const Answers kAnswers[] = {
     {8, {"SH", "NEEQ"}, "limit 51;"},
     {8, {"NEEQ", "SH"}, kIncomeSwapFee},
     {8, {"DCE", "SH"}, kIncomeSwapFee},
-    // Prime brokerage asks anew and goes by what it is told.
+    // Prime brokerage asks again and uses the new answer.
     {12, {"SH", "DCE", "SH"}, kSimulationFee},
     {12, {"DCE", "SH", "SH"}, "limit 50;option default;"},
     {12, {"DCE", "SH", "NEEQ"}, "limit 51;option default;"},

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "support/gaps_test.h"
+#include "support/gaps_fixture.h"
 
-// Empty pointers in every place of a custom fee and of the instruments that the host lists for it: the entries beside
+// Empty pointers in every place of a custom fee and of the instruments that the host lists for it: the other entries
 // them count as if they were alone.
 
 namespace {

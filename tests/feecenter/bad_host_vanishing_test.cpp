@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/fickle_test.h"
+#include "support/fickle_fixture.h"
 #include "support/table_checks.h"
 
 // Instruments that come and go between two questions.

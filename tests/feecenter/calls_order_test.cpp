@@ -46,7 +46,7 @@ const std::string kTwoMaps = "getInstrumentMap getInstrumentMap ";
 const std::string kFindStock = "findInstrument getRateLimitPtr ";
 const std::string kFindHgt = "findInstrument getHGTExchangeRateLimitPtr ";
 const std::string kFindSgt = "findInstrument getSgtExchangeRateLimitPtr ";
-// An instrument's fee type and its three fees are asked for in any order; here they stand by the alphabet.
+// An instrument's fee type and its three fees are asked for in any order; here they are sorted.
 const std::string kFindFuture =
     "findInstrument getAccountData isSimulationPlatform getCloseFee getCloseTodayFee getFeeType getOpenFee ";
 const std::string kFindIncomeSwap = "findInstrument ";

@@ -6,7 +6,7 @@
 
 #include "support/call_log.h"
 #include "support/host_error.h"
-#include "support/limit_family_test.h"
+#include "support/limit_family_fixture.h"
 
 // The rule that every family but Shenzhen connect shares: which custom limit applies to an instrument.
 

@@ -6,13 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "support/beside_readers.h"
-#include "support/fee_center_test.h"
+#include "support/concurrent_readers.h"
+#include "support/fee_center_fixture.h"
 #include "support/strand_threads.h"
 #include "support/versioned_fees.h"
 
-// Queries from many threads beside changes on the strand. Every rate record is made from one version number, so that a
-// reader can tell which version it was given and whether it is whole.
+// Queries from many threads while changes run on the strand. Every rate record is made from one version number, so that
+// a reader can tell which version it was given and whether it is whole.
 
 namespace {
 
@@ -71,14 +71,14 @@ TEST_F(ConcurrencyTest, AnswerThatIsTooOldOrTooNewIsNoticed) {
 TEST_F(ConcurrencyTest, ReadersSeeOnlyWholeVersionsThatTheHistoryAllows) {
     constexpr int kVersions = 150;
     constexpr std::size_t kReaders = 4;
-    test::BesideReaders beside(host, *center.strand);
+    test::ConcurrentReaders readers(host, *center.strand);
     std::vector<std::set<int>> seen(kReaders);
-    const auto complaints = beside.run(
+    const auto complaints = readers.run(
         kVersions, kReaders, [&](int version) { fees.post(version); },
         [&](std::size_t reader) {
-            const int oldest = beside.oldest();
+            const int oldest = readers.oldest();
             seen[reader].insert(fees.lastVersion());
-            return fees.complaint(oldest, [&beside] { return beside.newest(); });
+            return fees.complaint(oldest, [&readers] { return readers.newest(); });
         });
     EXPECT_EQ(complaints, std::vector<std::string>(kReaders));
     EXPECT_EQ(seen, std::vector<std::set<int>>(kReaders, test::versionsUpTo(kVersions)));

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "support/call_log.h"
-#include "support/limit_family_test.h"
+#include "support/limit_family_fixture.h"
 
 // What the two connect channels share and the stock families do not, and how their matching differs.
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "support/limit_family_test.h"
+#include "support/limit_family_fixture.h"
 
 // Queries fold the connect markets onto Hong Kong's, changes and lists do not.
 

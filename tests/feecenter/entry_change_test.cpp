@@ -3,7 +3,7 @@
 #include <boost/weak_ptr.hpp>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include "host/services.h"
 #include "support/call_log.h"
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 
 namespace {
 
@@ -14,7 +14,7 @@ using test::makeAccount;
 
 class EntryQueryTest : public test::FeeCenterTest {
 protected:
-    /// The catalogue answers `text`, hashed as it stands, with a new instrument.
+    /// The catalogue answers `text`, hashed as it is, with a new instrument.
     boost::shared_ptr<CInstrument> known(const std::string& text) {
         auto instrument = boost::make_shared<CInstrument>();
         instrument->market = "HK";

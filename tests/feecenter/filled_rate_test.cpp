@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 
 // A host whose new stock-option rate already holds items: filled_rate/host/stock_records.h.
 

@@ -7,7 +7,7 @@
 
 #include "support/future_builders.h"
 
-// Which category a futures custom detail is matched by, told by what the host is asked.
+// Which category a futures custom detail is matched by, seen from what the host is asked.
 
 namespace {
 

@@ -44,7 +44,7 @@ protected:
         account->platformId = kSimulation;
         host.simulationPlatforms = {kSimulation};
         host.accounts[kAccount] = boost::make_shared<CAccountData>(account);
-        // A default whose rates are not zero, so that what is set and what is left can be told apart.
+        // A default whose rates are not zero, so that what is set and what is left can be distinguished.
         center.defaultFutureFee->commissionDetail = test::makeCommission(10);
     }
 

@@ -8,11 +8,11 @@
 #include <utility>
 #include <vector>
 
-#include "support/beside_readers.h"
+#include "support/concurrent_readers.h"
 #include "support/future_builders.h"
 
-// Every kind's lookups and lists of futures beside changes on the strand. Each record proves itself: its rates are all
-// made from one version number, so that a torn one shows.
+// Every kind's lookups and lists of futures while changes run on the strand. Each record proves itself: its rates are
+// all made from one version number, so that a torn one shows.
 
 namespace {
 
@@ -209,10 +209,10 @@ TEST_F(FutureThreadsTest, CheckerRefusesAVersionThatGoesBack) {
 TEST_F(FutureThreadsTest, ReadersBesideTheStrandSeeWholeStatesOnly) {
     constexpr int kVersions = 200;
     constexpr std::size_t kReaders = 3;
-    test::BesideReaders beside(host, *center.strand);
+    test::ConcurrentReaders readers(host, *center.strand);
     std::vector<Newest> newest(kReaders);
     std::vector<std::set<int>> seen(kReaders);  // of the account that is changed last
-    const auto faults = beside.run(
+    const auto faults = readers.run(
         kVersions, kReaders, [&](int version) { post(version); },
         [&](std::size_t reader) {
             const std::string fault = readOnce(newest[reader]);

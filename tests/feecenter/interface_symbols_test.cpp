@@ -5,7 +5,7 @@
 #include <type_traits>
 #include <utility>
 
-// The class is hidden in the shared library, so this stands in the program that links the objects. That the library
+// The class is hidden in the shared library, so this test is in the program that links the objects. That the library
 // exports the interface's constructors and assignments is guarded elsewhere, by the check of its symbols
 // (artefact.exports); here is what they do.
 

@@ -4,7 +4,7 @@
 #include <future>
 #include <string>
 
-#include "support/interleaving_test.h"
+#include "support/interleaving_fixture.h"
 #include "support/table_checks.h"
 #include "support/tally.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/interleaving_test.h"
+#include "support/interleaving_fixture.h"
 #include "support/table_checks.h"
 
 // A change or another query at each call that a query makes of the host: each entry is answered as it was at some
@@ -23,7 +23,7 @@ class QueryInterleavingTest : public test::InterleavingTest {
 protected:
     using Answers = std::set<std::string>;
 
-    /// What a lookup may answer when the tables went through the states of a change while it stood still.
+    /// What a lookup may answer when the tables went through the states of a change while it was paused.
     [[nodiscard]] Answers lookupAnswers(const Seen& seen, const std::vector<FeeState>& states,
                                         std::size_t instrument) const {
         if (test::heldAt(first, seen.calls).lock.empty()) {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/interleaving_test.h"
+#include "support/interleaving_fixture.h"
 #include "support/table_checks.h"
 
 // A query at each call that a change makes of the host: it sees what the change has written by then.

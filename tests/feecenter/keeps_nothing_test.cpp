@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/operations.h"
 #include "support/table_checks.h"
 

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "support/limit_family_test.h"
+#include "support/limit_family_fixture.h"
 
 // Loads of the families that keep one limit per instrument.
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "support/call_log.h"
-#include "support/limit_family_test.h"
+#include "support/limit_family_fixture.h"
 
 // Lookups and lists of the families that keep one limit per instrument.
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "support/call_log.h"
-#include "support/limit_family_test.h"
+#include "support/limit_family_fixture.h"
 
 // Custom fees of the families that keep one limit per instrument.
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/fickle_test.h"
+#include "support/fickle_fixture.h"
 
 // Whose instrument an answer carries when the catalogue answers with another record each time.
 
@@ -19,7 +19,7 @@ using test::Scene;
 class StampTest : public test::FickleTest {
 protected:
     StampTest() {
-        // Every second record is of another market, and stands for the same key.
+        // Every second record is of another market, and has the same key.
         host.onCall = [this](const std::string& operation) {
             if (operation == "findInstrument") {
                 for (auto& known : host.catalogue) {

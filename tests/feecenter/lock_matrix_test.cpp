@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/lock_waiters.h"
 #include "support/operations.h"
 #include "support/table_checks.h"
@@ -120,7 +120,7 @@ TEST_P(PostLockMatrixTest, ChangeIsQueuedWithoutAnyLock) {
 INSTANTIATE_TEST_SUITE_P(Changes, PostLockMatrixTest, ::testing::ValuesIn(test::changes()),
                          [](const auto& operation) { return operation.param.name; });
 
-// The table itself: each family's lock stands in it for the operations that have to take it, and in no further row.
+// The table itself: it names each family's lock for the operations that have to take it, and in no other row.
 
 TEST(LockTableTest, EachChangeTakesTheLockOfItsFamilyAndStockOptionsThatOfStocks) {
     std::set<std::string> rows;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/lock_scopes.h"
 #include "support/operations.h"
 #include "support/passing_entries.h"

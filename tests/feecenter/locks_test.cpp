@@ -6,7 +6,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "support/limit_family_test.h"
+#include "support/limit_family_fixture.h"
 #include "support/lock_watch.h"
 
 // Which lock each operation of the limit families holds, and when.

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/services.h"
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 
 // A client learns that its changes are done from a marker: a job of its own, posted to the strand that the host's
 // engine keeps under the fee center's name.

@@ -6,7 +6,7 @@
 
 #include "support/entry_mixes.h"
 #include "support/family_marks.h"
-#include "support/memory_test.h"
+#include "support/memory_fixture.h"
 
 // Memory runs out inside a job that changes the tables: the same job gets through afterwards.
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/memory_test.h"
+#include "support/memory_fixture.h"
 #include "support/operations.h"
 
 // Memory runs out inside an entry operation that queues a change, on every way that leads from one to the strand.
@@ -58,7 +58,7 @@ public:
         }
     }
 
-    /// What the way to the strand depends on beside the kind of account.
+    /// What the way to the strand depends on besides the kind of account.
     [[nodiscard]] std::string className() const {
         const auto* fee = customFee.get();
         return fee != nullptr ? typeid(*fee).name() : "records";

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "support/family_marks.h"
-#include "support/memory_test.h"
+#include "support/memory_fixture.h"
 
 // Memory runs out inside a query: it has changed nothing, and answers when it is asked again.
 

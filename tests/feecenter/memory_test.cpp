@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "support/entry_mixes.h"
-#include "support/memory_test.h"
+#include "support/memory_fixture.h"
 
 // The shortage and the checks themselves, and a fee center that memory is too short to build.
 
@@ -124,7 +124,7 @@ TEST_F(MemoryTest, ConstructionThatFailedIsRepeated) {
         long allocations = 0;
         for (bool struck = true; struck; ++allocations) {
             std::optional<LastFeeCenter> center;
-            host.reset();  // the strand is made anew
+            host.reset();  // makes a new strand
             shortage.begin(allocations, forGood);
             try {
                 center.emplace("fees");

@@ -13,7 +13,7 @@ using test::kAccount;
 
 class PrimeBrokerageTest : public test::FeeCenterTest {
 protected:
-    /// The answer for an instrument of the market, at the unit volume of 100 unless told.
+    /// The answer for an instrument of the market, at a unit volume of 100 by default.
     boost::shared_ptr<CInstrumentFee> find(const std::string& market, int unitVolume = 100) {
         instrument = host.addInstrument(market, "1");
         return center.getPbFullFee(kAccount, test::instrumentKey(*instrument), unitVolume);

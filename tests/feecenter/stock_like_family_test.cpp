@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "support/limit_family_test.h"
+#include "support/limit_family_fixture.h"
 
 // What the stock, credit and NEEQ families share and the connect channels do not.
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/lock_watch.h"
 
 // Stock-option queries and updates take different locks, so that neither waits for the other.

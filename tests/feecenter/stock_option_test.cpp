@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "support/call_log.h"
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/future_builders.h"
 #include "support/limit_families.h"
 #include "support/lock_waiters.h"

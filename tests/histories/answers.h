@@ -12,7 +12,7 @@ namespace histories {
 using Fee = boost::shared_ptr<qmservice::CInstrumentFee>;
 
 /// What is wrong with an answer of the fee center, next to the model's; empty when nothing is. Nobody but the caller
-/// may hold the answer. Shared records are only told from each other here: what stands in them is compared where the
+/// may hold the answer. Shared records are only distinguished here: what is in them is compared where the
 /// tables are.
 std::string differenceOfAnswers(const Sharing& sharing, const Fee& expected, const Fee& actual);
 

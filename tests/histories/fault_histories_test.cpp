@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "histories/fault_test.h"
+#include "histories/fault_fixture.h"
 #include "histories/trouble.h"
 #include "support/fake_host.h"
 #include "support/host_error.h"

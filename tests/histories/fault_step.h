@@ -27,7 +27,7 @@ struct FaultyStep {
     Step rest;
 };
 
-/// The step that the bytes stand for, in a world of these instruments and accounts; the world's facts do not matter.
+/// The step that the bytes mean, in a world of these instruments and accounts; the world's facts do not matter.
 FaultyStep stepOf(const Step& bytesOfStep, const World& world, Focus focus);
 
 /// For a person.

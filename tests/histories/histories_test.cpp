@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "histories/focus_test.h"
+#include "histories/focus_fixture.h"
 #include "histories/random_histories.h"
 #include "histories/run_history.h"
 

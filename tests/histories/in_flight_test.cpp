@@ -9,7 +9,7 @@
 #include <iostream>
 #include <string>
 
-#include "histories/focus_test.h"
+#include "histories/focus_fixture.h"
 #include "histories/stepped.h"
 
 // Random histories with queries in flight: on real threads, and stepped by hand from one call of the host to the next.

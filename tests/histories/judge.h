@@ -12,7 +12,7 @@
 
 namespace histories {
 
-/// What a query that ran beside changes may have answered. A lookup under one lock answers from one state of the
+/// What a query that ran during changes may have answered. A lookup under one lock answers from one state of the
 /// window. A query that looks up several times answers from one state after the other, never from an older one again.
 ///
 /// All that it refers to must outlive it, and answers are the caller's alone.
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] std::string complaintOfFee(const Account& account, const World::Question& question, Window window,
                                              const Fee& actual) const;
 
-    /// What is wrong with an answer of getFees, whose fees stand in the order in which they were looked up.
+    /// What is wrong with an answer of getFees, whose fees are in the order of the lookups.
     [[nodiscard]] std::string complaintOfList(const Account& account, Window window, bool known,
                                               const std::vector<Fee>& actual) const;
 

@@ -3,7 +3,7 @@
 #include <new>
 #include <string>
 
-#include "histories/fault_test.h"
+#include "histories/fault_fixture.h"
 #include "histories/trouble.h"
 #include "support/shortage.h"
 

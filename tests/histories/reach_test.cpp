@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "histories/focus_test.h"
+#include "histories/focus_fixture.h"
 #include "histories/record_fields.h"
 
 // That random histories come to everything they are there for: another choice of values could quietly leave out a

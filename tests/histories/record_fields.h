@@ -27,7 +27,7 @@ inline bool same(const std::string& a, const std::string& b) { return a == b; }
 inline bool same(const std::map<int, std::vector<std::string>>& a, const std::map<int, std::vector<std::string>>& b) {
     return a == b;
 }
-// Whose record it is that a fee is for, not what stands in it.
+// Whose record it is that a fee is for, not what is in it.
 inline bool same(const boost::shared_ptr<qmservice::CAccountInfo>& a,
                  const boost::shared_ptr<qmservice::CAccountInfo>& b) {
     return a == b;

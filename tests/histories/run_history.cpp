@@ -8,7 +8,8 @@
 namespace histories {
 namespace {
 
-/// The step and, if told, the comparison after it. An exception, which neither side may throw, is a difference too.
+/// The step and, if asked for, the comparison after it. An exception, which neither side may throw, is a difference
+/// too.
 std::string differenceAfter(const Operation& operation, World& world, SideBySide& both, bool compare) {
     try {
         operation.apply(world, both);

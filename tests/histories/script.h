@@ -22,7 +22,7 @@ struct ScriptedChange {
     FeeChange change;
 };
 
-/// The changes that the other three quarters stand for.
+/// The changes that the other three quarters mean.
 std::vector<ScriptedChange> changesOf(const History& history, const World& world, Focus focus);
 
 /// Both parts in words, one step a line.

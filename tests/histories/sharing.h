@@ -6,13 +6,13 @@
 
 namespace histories {
 
-/// Which record of the fee center stands for which one of the model, both ways: the pooled, the default and the
+/// Which record of the fee center matches which one of the model, both ways: the pooled, the default and the
 /// configured ones. A record of an answer that is not among them must be the answer's own.
 ///
 /// The records must outlive this.
 class Sharing {
 public:
-    /// False when one of the two stands for another one already.
+    /// False when one of the two matches another one already.
     template <class Record>
     bool pair(const boost::shared_ptr<Record>& modelled, const boost::shared_ptr<Record>& real) {
         return pairs.emplace(modelled.get(), real.get()).first->second == real.get() &&

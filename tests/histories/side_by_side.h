@@ -19,7 +19,7 @@
 
 namespace histories {
 
-/// A fee center on the scripted host and a model beside it: the same is done to both, and what they answer is compared.
+/// A fee center on the scripted host and a model: the same is done to both, and what they answer is compared.
 /// There is one scripted host, so only one of these may be alive.
 class SideBySide {
 public:

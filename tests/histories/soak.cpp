@@ -1,4 +1,4 @@
-// Runs random histories against the model for as long as told. See usage.
+// Runs random histories against the model for as long as asked. See usage.
 
 #include <chrono>
 #include <cstdint>
@@ -31,7 +31,7 @@ bool parse(const std::string& text, double& number) {
     return !text.empty() && *end == '\0';
 }
 
-/// What is run for as long as told.
+/// What is run for as long as asked.
 struct Work {
     std::function<std::string(std::uint64_t seed, Focus focus)> run;  ///< what is wrong; empty when nothing is
     std::function<std::string()> totals;

@@ -16,7 +16,7 @@ struct Operation {
     std::function<std::string()> describe;  ///< for a person
 };
 
-/// The operation that the bytes stand for, in a world of these instruments and accounts; the world's facts do not
+/// The operation that the bytes mean, in a world of these instruments and accounts; the world's facts do not
 /// matter.
 Operation operationOf(const Step& step, const World& world, Focus focus);
 

@@ -10,7 +10,7 @@
 namespace histories {
 
 /// What is wrong with the fee center's pools, tables and defaults, next to the model's; empty when nothing is. Each
-/// record must stand for one of the model's, be held by the fee center alone and hold the same values; each table entry
+/// record must match one of the model's, be held by the fee center alone and hold the same values; each table entry
 /// must name a pooled record. No answer may be alive.
 ///
 /// Pooled records that are seen for the first time, and the defaults, are paired with the model's.

@@ -129,7 +129,7 @@ void World::addOddities() {
     instruments.push_back(makeInstrument("SHFE", "rb2605", "out"));
     facts.listed.push_back({instruments.back(), 0, 1024});
     // Instruments of the connect markets, and those that the folded key finds. The catalogue has no record under two
-    // keys: a list's fees are told apart by their instruments.
+    // keys: a list's fees are distinguished by their instruments.
     instruments.push_back(makeInstrument("HGT", "09988"));
     facts.catalogue[joinedKey("HK", "09988")] = makeInstrument("HGT", "09988");
     instruments.push_back(makeInstrument("SGT", "02318"));

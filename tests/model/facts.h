@@ -45,7 +45,7 @@ struct Facts {
     std::map<Name, boost::shared_ptr<qmservice::CCustomSgtExchangeRateLimit>> sgtLimits;
     std::set<int> simulationPlatforms;
     std::set<std::string> foreignMarkets;
-    std::map<std::string, int> categoryNumbers;    ///< what a category's name stands for; -1 for any other
+    std::map<std::string, int> categoryNumbers;    ///< the number of a category name; -1 for any other
     std::set<std::pair<int, Name>> systemMembers;  ///< category number and instrument
     std::set<Name> groupMembers;                   ///< whatever the group
     // In place of the sets above, where set. A custom category without one holds the instruments whose code is listed.

@@ -14,8 +14,8 @@
 namespace model {
 
 /// The whole fee center in its plainest form, to compare the real one with: ordered maps of strings and records, no
-/// hashing, no locks, one thread. Records stand for themselves: two answers of the model hold one and the same record
-/// where the fee center must share it, and a record of their own where it must not.
+/// hashing, no locks, one thread. Records are compared by identity: two answers of the model hold one and the same
+/// record where the fee center must share it, and a record of their own where it must not.
 ///
 /// A pool's key is the text of the record's rates that the fee center would hash; an instrument is known by its joined
 /// key.

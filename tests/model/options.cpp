@@ -32,7 +32,7 @@ char character(int code) {
     return static_cast<char>(place < 128 ? place : place - 256);
 }
 
-/// The key has no third character beside a second code of 68, which is 'D'; a code that only goes round to it has one.
+/// The key has no third character after a second code of 68, which is 'D'; a code that only goes round to it has one.
 std::string itemKeyOf(const CStockOptionFeeItem& item) {
     std::string key;
     for (const int code : {item.firstKeyCode, item.secondKeyCode, item.thirdKeyCode}) {

@@ -8,7 +8,7 @@ namespace {
 
 using namespace qmservice;
 
-/// A key with either channel's name in it is the key of the Hong Kong instrument: the name is taken to stand at the
+/// A key with either channel's name in it is the key of the Hong Kong instrument: the name is taken to be at the
 /// start, wherever it was found.
 std::string folded(const std::string& key) {
     const bool connect = key.find("HGT") != std::string::npos || key.find("SGT") != std::string::npos;

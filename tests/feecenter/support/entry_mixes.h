@@ -10,7 +10,8 @@
 #include "support/future_builders.h"
 #include "support/open_fee_center.h"
 
-// What a change that was broken off may have left in an entry: a part of what it was to write, beside what was there.
+// What a change that was broken off may have left in an entry: a part of what it was to write, along with what was
+// there.
 
 namespace test {
 

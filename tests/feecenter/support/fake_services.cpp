@@ -14,7 +14,7 @@ using test::FakeHost;
 /// The joined key, without a word to the test.
 std::string joined(const std::string& market, const std::string& code) { return market + "|" + code; }
 
-/// The host, after the test has been told of the call.
+/// The host, after the test has seen the call.
 FakeHost& host(const char* operation) {
     FakeHost::instance().called(operation);
     return FakeHost::instance();

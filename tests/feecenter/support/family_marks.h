@@ -6,7 +6,8 @@
 
 #include "support/future_builders.h"
 
-// Tables in which each family has a rate of its own for the same account and instrument, and answers told apart by it.
+// Tables in which each family has a rate of its own for the same account and instrument, which shows where an answer
+// comes from.
 
 namespace test {
 

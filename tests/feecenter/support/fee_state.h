@@ -38,7 +38,7 @@ std::string answerIn(const FeeState& state, const Operation& query, std::size_t 
 /// The instruments that a list is about.
 std::vector<std::size_t> listedIn(const FeeState& state, const Operation& list);
 
-/// A list's answer about one instrument, as it stands in the whole.
+/// A list's answer about one instrument, as part of the whole answer.
 std::string entryIn(const FeeState& state, const Operation& list, std::size_t instrument);
 
 }  // namespace test

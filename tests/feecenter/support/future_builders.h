@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 
 namespace test {
 

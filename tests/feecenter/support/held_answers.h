@@ -17,7 +17,7 @@ namespace test {
 constexpr int kAnsweredKinds[] = {1, 2, 3, 5, 6, 7, 8, 10, 11, 12, 16};
 
 /// A scene's fees as a host got them and keeps them, for every kind of account, with entries and without, and what
-/// stood in every field then. The records in them are the tables' own: whatever happens to the tables may not be seen
+/// was in every field then. The records in them are the tables' own: whatever happens to the tables may not be seen
 /// in them.
 class HeldAnswers {
 public:

@@ -42,7 +42,7 @@ inline std::string holdOf(boost::shared_mutex& mutex) {
 }
 
 /// The locks that other threads hold, each as "name shared" or "name exclusive", joined by commas; empty when all are
-/// free. This thread must hold none, and the others must stand still meanwhile.
+/// free. This thread must hold none, and the others must not run meanwhile.
 inline std::string locksHeldByOthers(OpenFeeCenter& center) {
     std::string held;
     for (const auto& named : allMutexes(center)) {

@@ -70,7 +70,7 @@ private:
         tables.push_back({locks, appear, vanish});
     }
 
-    /// A rate that answerText() takes for torn stands there all the time but when the entries do.
+    /// A rate that answerText() takes for torn is there whenever the entries are not.
     void addBaseRates(OpenFeeCenter& center) {
         const auto set = [&center](double rate) {
             for (const auto& entry : center.stkOptionAccountTable.at(kBystander)) {

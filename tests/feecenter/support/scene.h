@@ -17,7 +17,7 @@ constexpr uint64 kKnown = 2;      ///< has entries before the operation
 constexpr uint64 kNew = 3;        ///< has none
 
 /// A host with a few instruments that every family lists, and fees for them in every family at once. Category 5 holds
-/// every instrument. Records are told apart by one rate, which all their values follow from.
+/// every instrument. Records differ by one rate, from which all their values follow from.
 class Scene {
 public:
     using Instrument = boost::shared_ptr<qmservice::CInstrument>;

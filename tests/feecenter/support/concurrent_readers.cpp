@@ -1,4 +1,4 @@
-#include "support/beside_readers.h"
+#include "support/concurrent_readers.h"
 
 #include <algorithm>
 #include <future>
@@ -28,19 +28,20 @@ private:
 
 }  // namespace
 
-BesideReaders::BesideReaders(FakeHost& theHost, boost::asio::io_service::strand& theStrand)
+ConcurrentReaders::ConcurrentReaders(FakeHost& theHost, boost::asio::io_service::strand& theStrand)
     : host(theHost), strand(theStrand) {
     host.onCall = host.onKeyCall = [this](const std::string& /*operation*/) {
         if (toMeet != 0) {
-            standing = std::exchange(toMeet, 0);
-            standStill();
+            paused = std::exchange(toMeet, 0);
+            pause();
         }
     };
 }
 
-BesideReaders::~BesideReaders() { host.onCall = host.onKeyCall = nullptr; }
+ConcurrentReaders::~ConcurrentReaders() { host.onCall = host.onKeyCall = nullptr; }
 
-std::vector<std::string> BesideReaders::run(int versions, std::size_t readers, const Post& post, const Round& round) {
+std::vector<std::string> ConcurrentReaders::run(int versions, std::size_t readers, const Post& post,
+                                                const Round& round) {
     last = versions;
     met = std::vector<std::atomic<int>>(readers);
     std::vector<std::future<std::string>> complaints;
@@ -61,7 +62,7 @@ std::vector<std::string> BesideReaders::run(int versions, std::size_t readers, c
     return all;
 }
 
-void BesideReaders::postAll(const Post& post) {
+void ConcurrentReaders::postAll(const Post& post) {
     for (int version = 1; version <= last; ++version) {
         posted = version;
         strand.post([version] { toMeet = version; });
@@ -76,19 +77,19 @@ void BesideReaders::postAll(const Post& post) {
     }
 }
 
-void BesideReaders::standStill() {
-    const auto hasMet = [this](const std::atomic<int>& reader) { return reader >= standing; };
+void ConcurrentReaders::pause() {
+    const auto hasMet = [this](const std::atomic<int>& reader) { return reader >= paused; };
     while (!std::all_of(met.begin(), met.end(), hasMet)) {
         std::this_thread::yield();
     }
 }
 
-std::string BesideReaders::read(std::size_t reader, const Round& round) {
+std::string ConcurrentReaders::read(std::size_t reader, const Round& round) {
     const Leaving leaving(met[reader], last);
     std::string complaint;
     for (bool isLast = false; complaint.empty() && !isLast;) {
         isLast = done == last;
-        const int begun = standing;
+        const int begun = paused;
         complaint = round(reader);
         met[reader] = begun;
     }

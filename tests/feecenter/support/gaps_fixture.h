@@ -1,5 +1,5 @@
-#ifndef TESTS_FEECENTER_SUPPORT_GAPS_TEST_H
-#define TESTS_FEECENTER_SUPPORT_GAPS_TEST_H
+#ifndef TESTS_FEECENTER_SUPPORT_GAPS_FIXTURE_H
+#define TESTS_FEECENTER_SUPPORT_GAPS_FIXTURE_H
 
 #include <gtest/gtest.h>
 
@@ -7,12 +7,12 @@
 #include <functional>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/operations.h"
 #include "support/table_checks.h"
 #include "support/tally.h"
 
-// Lists with gaps: empty pointers and useless records beside the good entries.
+// Lists with gaps: empty pointers and useless records among the good entries.
 
 namespace test {
 
@@ -81,4 +81,4 @@ protected:
 
 }  // namespace test
 
-#endif  // TESTS_FEECENTER_SUPPORT_GAPS_TEST_H
+#endif  // TESTS_FEECENTER_SUPPORT_GAPS_FIXTURE_H

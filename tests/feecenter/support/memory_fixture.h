@@ -1,12 +1,12 @@
-#ifndef TESTS_FEECENTER_SUPPORT_MEMORY_TEST_H
-#define TESTS_FEECENTER_SUPPORT_MEMORY_TEST_H
+#ifndef TESTS_FEECENTER_SUPPORT_MEMORY_FIXTURE_H
+#define TESTS_FEECENTER_SUPPORT_MEMORY_FIXTURE_H
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <new>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/held_answers.h"
 #include "support/scene.h"
 #include "support/shortage.h"
@@ -64,4 +64,4 @@ protected:
 
 }  // namespace test
 
-#endif  // TESTS_FEECENTER_SUPPORT_MEMORY_TEST_H
+#endif  // TESTS_FEECENTER_SUPPORT_MEMORY_FIXTURE_H

@@ -1,5 +1,5 @@
-#ifndef TESTS_FEECENTER_SUPPORT_INTERLEAVING_TEST_H
-#define TESTS_FEECENTER_SUPPORT_INTERLEAVING_TEST_H
+#ifndef TESTS_FEECENTER_SUPPORT_INTERLEAVING_FIXTURE_H
+#define TESTS_FEECENTER_SUPPORT_INTERLEAVING_FIXTURE_H
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/fee_state.h"
 #include "support/holds.h"
 #include "support/operations.h"
@@ -20,8 +20,8 @@ namespace test {
 /// The family lookups and lists.
 std::vector<Operation> familyQueries();
 
-/// At which of the calls of `first` the other operation is run. Where the two have no lock in common, one call stands
-/// for a run of crc64.
+/// At which of the calls of `first` the other operation is run. Where the two have no lock in common, one call is
+/// enough for a run of crc64.
 std::vector<std::size_t> stepsAmong(const Names& calls, const Operation& first, const Operation& second);
 
 /// A pair of operations: the first one, which is the parameter, is stopped at a call that it makes of the host, and the
@@ -35,9 +35,9 @@ protected:
         OpenFeeCenter center;
     };
 
-    /// What was seen of the second operation while the first one stood still, and what both answered.
+    /// What was seen of the second operation while the first one was paused, and what both answered.
     struct Seen {
-        Names calls;  ///< of the first, the last being the one at which it stood still
+        Names calls;  ///< of the first, the last being the one at which it was paused
         std::string held;
         bool waited = false;
         std::string first;
@@ -74,4 +74,4 @@ private:
 
 }  // namespace test
 
-#endif  // TESTS_FEECENTER_SUPPORT_INTERLEAVING_TEST_H
+#endif  // TESTS_FEECENTER_SUPPORT_INTERLEAVING_FIXTURE_H

@@ -1,5 +1,5 @@
-#ifndef TESTS_HISTORIES_FAULT_TEST_H
-#define TESTS_HISTORIES_FAULT_TEST_H
+#ifndef TESTS_HISTORIES_FAULT_FIXTURE_H
+#define TESTS_HISTORIES_FAULT_FIXTURE_H
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 
 #include "histories/fault_run.h"
-#include "histories/focus_test.h"
+#include "histories/focus_fixture.h"
 
 namespace histories {
 
@@ -25,4 +25,4 @@ inline void expectHistoriesWithFaults(Focus focus, Trouble& trouble, const std::
 
 }  // namespace histories
 
-#endif  // TESTS_HISTORIES_FAULT_TEST_H
+#endif  // TESTS_HISTORIES_FAULT_FIXTURE_H

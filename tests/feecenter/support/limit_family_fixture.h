@@ -1,5 +1,5 @@
-#ifndef TESTS_FEECENTER_SUPPORT_LIMIT_FAMILY_TEST_H
-#define TESTS_FEECENTER_SUPPORT_LIMIT_FAMILY_TEST_H
+#ifndef TESTS_FEECENTER_SUPPORT_LIMIT_FAMILY_FIXTURE_H
+#define TESTS_FEECENTER_SUPPORT_LIMIT_FAMILY_FIXTURE_H
 
 #include <boost/smart_ptr/make_shared.hpp>
 #include <cstddef>
@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/limit_families.h"
 
 namespace test {
@@ -115,4 +115,4 @@ protected:
 
 }  // namespace test
 
-#endif  // TESTS_FEECENTER_SUPPORT_LIMIT_FAMILY_TEST_H
+#endif  // TESTS_FEECENTER_SUPPORT_LIMIT_FAMILY_FIXTURE_H

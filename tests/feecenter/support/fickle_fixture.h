@@ -1,10 +1,10 @@
-#ifndef TESTS_FEECENTER_SUPPORT_FICKLE_TEST_H
-#define TESTS_FEECENTER_SUPPORT_FICKLE_TEST_H
+#ifndef TESTS_FEECENTER_SUPPORT_FICKLE_FIXTURE_H
+#define TESTS_FEECENTER_SUPPORT_FICKLE_FIXTURE_H
 
 #include <functional>
 #include <string>
 
-#include "support/fee_center_test.h"
+#include "support/fee_center_fixture.h"
 #include "support/operations.h"
 
 namespace test {
@@ -41,9 +41,9 @@ protected:
     std::size_t finds = 0;
 };
 
-/// Instruments are what changes: each step of a query goes by what it was told itself.
+/// Instruments are what changes: each step of a query uses its own answer from the host.
 class BadHostFickleTest : public FickleTest {};
 
 }  // namespace test
 
-#endif  // TESTS_FEECENTER_SUPPORT_FICKLE_TEST_H
+#endif  // TESTS_FEECENTER_SUPPORT_FICKLE_FIXTURE_H

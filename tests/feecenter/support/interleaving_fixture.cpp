@@ -1,4 +1,4 @@
-#include "support/interleaving_test.h"
+#include "support/interleaving_fixture.h"
 
 #include <algorithm>
 #include <future>

@@ -1,5 +1,5 @@
-#ifndef TESTS_HISTORIES_FOCUS_TEST_H
-#define TESTS_HISTORIES_FOCUS_TEST_H
+#ifndef TESTS_HISTORIES_FOCUS_FIXTURE_H
+#define TESTS_HISTORIES_FOCUS_FIXTURE_H
 
 #include <gtest/gtest.h>
 
@@ -48,4 +48,4 @@ inline void expectHistories(const Trial& trial, const Until& until, const std::f
 
 }  // namespace histories
 
-#endif  // TESTS_HISTORIES_FOCUS_TEST_H
+#endif  // TESTS_HISTORIES_FOCUS_FIXTURE_H
