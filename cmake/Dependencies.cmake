@@ -9,6 +9,7 @@ find_package(fmt REQUIRED)
 find_package(CLI11 REQUIRED)
 pkg_check_modules(bson REQUIRED IMPORTED_TARGET libbson-1.0)
 pkg_check_modules(lzma REQUIRED IMPORTED_TARGET liblzma)
+pkg_check_modules(rapidjson REQUIRED IMPORTED_TARGET RapidJSON)
 pkg_check_modules(xxhash REQUIRED IMPORTED_TARGET libxxhash)
 pkg_check_modules(tomlplusplus REQUIRED IMPORTED_TARGET tomlplusplus)
 

@@ -6,17 +6,11 @@
 #include <vector>
 
 #include "feedesk/provenance.h"
+#include "feedesk/rows/rows.h"
 #include "host/records.h"
 #include "standalone/market.h"
 
 namespace feedesk {
-
-enum class Unit {
-    kFraction,  ///< of turnover or value
-    kYuan,      ///< per lot, contract or share
-    kNumber,    ///< of a unit that the records do not tell
-    kCount      ///< no rate: a trade unit, a mode
-};
 
 struct Rate {
     std::string column;
@@ -43,7 +37,8 @@ struct FeeLine {
     std::string item;   ///< key of the option's fee item, hedge flag of the margin; else empty
     std::string label;  ///< what a person calls the item
     Origin origin;
-    std::vector<TitledRates> rates;  ///< empty when it is not set
+    /// Empty when it is not set; otherwise the same rates in the same order for every line of the part.
+    std::vector<TitledRates> rates;
 };
 
 /// The fee of one instrument for one account, as a fee center answered it.

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "feedesk/json.h"
+#include "feedesk/rows/json.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
 
@@ -11,15 +11,16 @@ namespace {
 
 MessageForm messageForm = MessageForm::kSentences;
 
-void tellLine(const std::string& sentence, const JsonObject& object) {
-    tell((messageForm == MessageForm::kObjects ? object.str() : singleLine(sentence)) + "\n");
+void tellLine(const std::string& sentence, JsonObject& object) {
+    tell((messageForm == MessageForm::kObjects ? object.text() : singleLine(sentence)) + "\n");
 }
 
-JsonObject place(const std::string& file, std::size_t line) {
-    JsonObject object;
-    file.empty() ? object.null("file") : object.text("file", file);
-    line == 0 ? object.null("line") : object.number("line", line);
-    return object;
+void addPlace(JsonObject& object, const std::string& file, std::size_t line) {
+    object.member("file", textOrNothing(file)).member("line", line == 0 ? Value(Nothing()) : line);
+}
+
+void tellOne(const std::string& sentence, const std::string& name, const std::string& value) {
+    tellLine(sentence, JsonObject().member(name, value));
 }
 
 }  // namespace
@@ -28,30 +29,33 @@ void setMessageForm(MessageForm form) noexcept { messageForm = form; }
 
 void tellProblem(const std::string& sentence, ExitStatus status) {
     tellLine("feedesk: " + sentence,
-             JsonObject().text("error", sentence).number("status", static_cast<std::size_t>(status)));
+             JsonObject().member("error", sentence).member("status", static_cast<std::size_t>(status)));
 }
 
 void tellProblem(const InputLine& where, const std::string& sentence, ExitStatus status) {
+    JsonObject object;
+    addPlace(object, where.file, where.line);
     tellLine(fmt::format("feedesk: {}:{}: {}", where.file, where.line, sentence),
-             place(where.file, where.line).text("error", sentence).number("status", static_cast<std::size_t>(status)));
+             object.member("error", sentence).member("status", static_cast<std::size_t>(status)));
 }
 
 void tellLoadError(const standalone::LoadError& error, const std::string& folder) {
-    JsonObject object = place(error.file, error.line);
-    object.text("path", error.path(folder));
-    error.column.empty() ? object.null("column") : object.text("column", error.column);
-    tellLine(error.text(folder), object.text("kind", nameOf(error.kind)).text("error", error.message));
+    JsonObject object;
+    addPlace(object, error.file, error.line);
+    object.member("path", error.path(folder)).member("column", textOrNothing(error.column));
+    object.member("kind", std::string(nameOf(error.kind))).member("error", error.message);
+    tellLine(error.text(folder), object);
 }
 
 void tellFurtherErrors(const standalone::FurtherErrors& errors, const std::string& folder) {
-    tellLine(errors.text(folder), place(errors.file, errors.line)
-                                      .text("kind", nameOf(errors.kind))
-                                      .number("further", errors.count)
-                                      .text("error", errors.text(folder)));
+    JsonObject object;
+    addPlace(object, errors.file, errors.line);
+    object.member("kind", std::string(nameOf(errors.kind))).member("further", errors.count);
+    tellLine(errors.text(folder), object.member("error", errors.text(folder)));
 }
 
-void tellNote(const std::string& sentence) { tellLine("feedesk: " + sentence, JsonObject().text("note", sentence)); }
+void tellNote(const std::string& sentence) { tellOne("feedesk: " + sentence, "note", sentence); }
 
-void tellSummary(const std::string& sentence) { tellLine(sentence, JsonObject().text("summary", sentence)); }
+void tellSummary(const std::string& sentence) { tellOne(sentence, "summary", sentence); }
 
 }  // namespace feedesk

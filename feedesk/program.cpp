@@ -2,165 +2,83 @@
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
-#include <algorithm>
-#include <charconv>
-#include <cstdio>
-#include <exception>
-#include <sstream>
-#include <string_view>
+#include <memory>
 
-#include "feedesk/json.h"
 #include "feedesk/messages.h"
+#include "feedesk/rows/sinks.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
 
 namespace feedesk {
 namespace {
 
-constexpr const char* kAbout = "What trading costs an account: commission, fees and margins.";
-
-constexpr const char* kExamples = R"(Examples:
-  feedesk accounts
-  feedesk accounts --levels                where each account's rates come from
-  feedesk fee 1000001 SH:600519 贵州茅台
-  feedesk fee 3000001 'SHFE:rb*' --json    a pattern needs quotes
-  feedesk fee 1000001 - <instruments.txt   a list on standard input
-  feedesk fees 1000001 --only-market SZ --match '30*' --csv
-  feedesk fees 1000001 --strict            status 1 when a rate is only built in
-
-Exit status: 0 answered, 1 the question has no answer, 2 bad usage or bad input.)";
-
-constexpr const char* kUsualFolder = "market";
-constexpr int kMostThreads = 64;
-
-/// Why the text is no number of threads; empty when it is one.
-std::string threadsProblem(const std::string& text) {
-    int number = 0;
-    const char* const end = text.data() + text.size();
-    const std::from_chars_result read = std::from_chars(text.data(), end, number);
-    const bool good = read.ec == std::errc() && read.ptr == end && number >= 1 && number <= kMostThreads;
-    return good ? "" : fmt::format("{} is not a whole number from 1 to {}", echoed(text), kMostThreads);
+std::unique_ptr<RowSink> sinkFor(Format format) {
+    switch (format) {
+        case Format::kJson:
+            return jsonSink(writeData);
+        case Format::kCsv:
+            return csvSink(writeData);
+        case Format::kTable:
+            break;
+    }
+    return tableSink(writeText, outputWidth());
 }
 
-void describe(CLI::App& app, Program& program) {
-    app.name("feedesk");
-    app.set_version_flag("-V,--version", "feedesk " FEEDESK_VERSION, "Print the version and exit");
-    app.footer(kExamples);
-    app.get_formatter()->column_width(26);
-    app.require_subcommand(1);
-    app.fallthrough();
-    program.session.folder = kUsualFolder;
-    app.add_option("--market", program.session.folder, "Market folder (FEEDESK_MARKET; else ./market)")
-        ->envname("FEEDESK_MARKET")
-        ->type_name("DIR")
-        ->option_text("DIR");
-    app.add_option("--threads", program.session.threads, "Threads of the engine, 1 to 64")
-        ->check(CLI::Validator(threadsProblem, ""))
-        ->type_name("N");
-    app.add_flag("--summary", program.summary, "Tell what was loaded and how long it took");
-    for (const auto add : {addFee, addFees, addAccounts, addHelp}) {
-        add(app, program);
+std::string headingText(const std::string& heading) {
+    return heading.empty() ? "" : shortened(singleLine(heading), outputWidth()) + "\n\n";
+}
+
+std::string filled(const std::string& note) {
+    return fmt::format("{}", fmt::join(fillLines(words(singleLine(note)), outputWidth()), "\n"));
+}
+
+/// What stands below a table.
+std::string below(const Remarks& remarks) {
+    std::string text;
+    for (const std::string& note : remarks.notes) {
+        text += filled(note) + "\n";
     }
-    for (CLI::App* command : app.get_subcommands({})) {
-        command->footer("feedesk --help tells more: the market folder, examples, exit status.");
+    text += remarks.warning.empty() ? "" : marked(filled(remarks.warning)) + "\n";
+    return text.empty() ? "" : "\n" + text;
+}
+
+void tellBeside(const Remarks& remarks) {
+    for (const std::string& note : remarks.notes) {
+        tellNote(note);
+    }
+    if (!remarks.warning.empty()) {
+        tellNote(remarks.warning);
     }
 }
 
-/// What is wrong with a command line. `error` repeats some arguments as they were written.
-std::string usageProblem(const CLI::App& app, const CLI::ParseError& error) {
-    const std::vector<std::string> left = app.remaining(true);
-    const bool noCommand = app.get_subcommands().empty();
-    if (!left.empty()) {
-        return fmt::format("the argument {} was not expected", echoed(left.front()));
-    }
-    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError) && noCommand) {
-        return "a command is needed";
-    }
-    return singleLine(error.what());
-}
-
-/// Help and version are answers; everything else that ends the reading of a command line is bad usage.
-ExitStatus usage(const CLI::App& app, const CLI::ParseError& error) {
-    std::ostringstream answer;
-    std::ostringstream ignored;
-    if (app.exit(error, answer, ignored) == 0) {
-        writeText(answer.str());
-        return kAnswered;
-    }
-    const std::vector<std::string> left = app.remaining(true);
-    const bool isUnknownCommand = !left.empty() && app.get_subcommands().empty() && left.front().front() != '-';
-    throw Failure(kBadInput, isUnknownCommand ? unknownCommand(app, left.front())
-                                              : usageProblem(app, error) + "; `feedesk --help` tells how to ask");
-}
-
-ExitStatus answerCommandLine(int argc, const char* const* argv) {
-    CLI::App app(kAbout);
-    Program program;
-    describe(app, program);
+Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink) {
     try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return usage(app, error);
+        return giveRows(sink);
+    } catch (...) {
+        sink.end();
+        throw;
     }
-    return program.command();
-}
-
-/// Whether --json is among the arguments, even of a command line that is wrong.
-bool asksForJson(int argc, const char* const* argv) {
-    const char* const* const end = std::find(argv, argv + argc, std::string_view("--"));
-    return std::find(argv, end, std::string_view("--json")) != end;
-}
-
-/// Tells why there is no answer. A program that asked for JSON reads an empty list, unless what it reads was the
-/// problem.
-ExitStatus withoutAnswer(const std::string& sentence, ExitStatus status, bool json) {
-    tellProblem(sentence, status);
-    if (!json || std::ferror(stdout) != 0) {
-        return status;
-    }
-    try {
-        writeData(jsonArray({}));
-    } catch (const Failure& unwritten) {
-        tellProblem(unwritten.what(), unwritten.status());
-        return unwritten.status();
-    }
-    return status;
 }
 
 }  // namespace
 
-void addFormatOptions(CLI::App& command, Program& program) {
-    CLI::Option* json = command.add_flag_callback(
-        "--json", [&program] { program.format = Format::kJson; }, "Answer as JSON");
-    command
-        .add_flag_callback(
-            "--csv", [&program] { program.format = Format::kCsv; }, "Answer as comma-separated values")
-        ->excludes(json);
-}
-
-void Program::answer(const std::string& text, const Session& opened) const {
-    const std::string last = summary ? opened.summary() : "";
+void Program::answer(const Session& opened, const Sections& sections,
+                     const std::function<Remarks(RowSink&)>& giveRows) {
+    hasAnswered = true;
+    const std::unique_ptr<RowSink> sink = sinkFor(format);
+    sink->begin(sections);
+    const Remarks remarks = given(giveRows, *sink);
     if (format == Format::kTable) {
-        writeText(summary ? text + last + "\n" : text);
+        writeText(headingText(remarks.heading));
+        sink->end();
+        writeText(below(remarks) + (summary ? opened.summary() + "\n" : ""));
         return;
     }
-    writeData(text);
+    sink->end();
     if (summary) {
-        tellSummary(last);
+        tellSummary(opened.summary());
     }
-}
-
-int run(int argc, const char* const* argv) {
-    const bool json = asksForJson(argc, argv);
-    setMessageForm(json ? MessageForm::kObjects : MessageForm::kSentences);
-    try {
-        return answerCommandLine(argc, argv);
-    } catch (const Failure& failure) {
-        return withoutAnswer(failure.what(), failure.status(), json);
-    } catch (const std::exception& error) {
-        return withoutAnswer(error.what(), kBadInput, json);
-    }
+    tellBeside(remarks);
 }
 
 }  // namespace feedesk

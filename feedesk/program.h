@@ -3,17 +3,22 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "feedesk/failure.h"
+#include "feedesk/rows/rows.h"
 #include "feedesk/session.h"
-
-namespace CLI {
-class App;
-}  // namespace CLI
 
 namespace feedesk {
 
 enum class Format { kTable, kJson, kCsv };
+
+/// What people are told with an answer's rows.
+struct Remarks {
+    std::string heading;             ///< above the tables; not beside JSON and CSV
+    std::vector<std::string> notes;  ///< below the tables, or on standard error beside JSON and CSV
+    std::string warning;             ///< the last of the notes, coloured
+};
 
 /// What the command line asks for, and what the commands share.
 struct Program {
@@ -23,23 +28,13 @@ struct Program {
     bool strict = false;  ///< whether a marked answer counts as none
     std::function<ExitStatus()>
         command;  ///< what to do once the whole command line is read; set by the one that is named
+    bool hasAnswered = false;
 
-    /// Writes an answer to standard output and, when it is asked for, the session's summary: below a table, else on
-    /// standard error, so that programs can read the answer.
-    void answer(const std::string& text, const Session& opened) const;
+    /// Answers on standard output in the form that the command line asks for. `giveRows` gives every row to the sink,
+    /// one after another; when it throws, what it has given is answered. The session's summary, when it is asked for,
+    /// stands last below a table and on standard error beside JSON and CSV, so that programs can read the answer.
+    void answer(const Session& opened, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
 };
-
-/// Adds --json and --csv to a command.
-void addFormatOptions(CLI::App& command, Program& program);
-
-// One command each: adds it to the command line and says what it does.
-void addFee(CLI::App& app, Program& program);
-void addFees(CLI::App& app, Program& program);
-void addAccounts(CLI::App& app, Program& program);
-void addHelp(CLI::App& app, Program& program);
-
-/// Why there is no such command, and where the commands are told: one sentence.
-std::string unknownCommand(const CLI::App& app, const std::string& name);
 
 /// Reads the command line, answers and tells what went wrong; the program's exit status.
 int run(int argc, const char* const* argv);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "feedesk/commands/commands.h"
 #include "feedesk/program.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"

@@ -1,10 +1,11 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-#include <memory>
 
 #include "feedesk/account_kinds.h"
-#include "feedesk/fee_output.h"
+#include "feedesk/commands/commands.h"
+#include "feedesk/commands/fee_answer.h"
+#include "feedesk/commands/options.h"
 #include "feedesk/instrument_list.h"
 #include "feedesk/messages.h"
 #include "feedesk/numbers.h"
@@ -58,7 +59,7 @@ Asked ask(const std::vector<AskedInstrument>& instruments, const InstrumentNames
     return asked;
 }
 
-ExitStatus fee(const Program& program, const FeeArguments& arguments) {
+ExitStatus fee(Program& program, const FeeArguments& arguments) {
     const std::vector<AskedInstrument> instruments = askedInstruments(arguments.instruments);
     Session session(program.session);
     const standalone::Account& account = session.account(arguments.account);
@@ -68,7 +69,7 @@ ExitStatus fee(const Program& program, const FeeArguments& arguments) {
     ExitStatus status = kAnswered;
     if (!replies.answers.empty() || program.format == Format::kJson) {
         const std::vector<std::string> notes = unlistedNotes(account, replies.answers, session.market());
-        status = tellFees(program, session, account, replies.answers, notes);
+        status = answerFees(program, session, account, replies.answers, notes);
     }
     return asked.problems == 0 && replies.unanswered.empty() ? status : kNoAnswer;
 }
@@ -77,16 +78,15 @@ ExitStatus fee(const Program& program, const FeeArguments& arguments) {
 
 void addFee(CLI::App& app, Program& program) {
     CLI::App* command = app.add_subcommand("fee", "Rates of instruments for an account");
-    const auto arguments = std::make_shared<FeeArguments>();
-    command->add_option("ACCOUNT", arguments->account, "Number of the account")->required()->type_name("");
+    FeeArguments& arguments = argumentsOf(*command, program, fee);
+    command->add_option("ACCOUNT", arguments.account, "Number of the account")->required()->type_name("");
     command
-        ->add_option("INSTRUMENT", arguments->instruments,
+        ->add_option("INSTRUMENT", arguments.instruments,
                      "SH:600519, 600519.SH, sh600519, a code or\na name that one instrument has, a pattern\n"
                      "such as 'SHFE:rb*', or - for a list on\nstandard input")
         ->required()
         ->type_name("");
     addFeeOptions(*command, program);
-    command->callback([&program, arguments] { program.command = [=, &program] { return fee(program, *arguments); }; });
 }
 
 }  // namespace feedesk

@@ -1,11 +1,10 @@
-#include "feedesk/table.h"
+#include "feedesk/rows/layout.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <iterator>
 #include <numeric>
-#include <utility>
 
 #include "feedesk/text.h"
 
@@ -14,32 +13,14 @@ namespace {
 
 constexpr std::size_t kGap = 2;
 
-Cell printableCell(Cell cell) {
-    std::transform(cell.begin(), cell.end(), cell.begin(), singleLine);
-    return cell;
-}
-
-Table printableTable(Table table) {
-    for (Column& column : table.columns) {
-        column.title = printableCell(std::move(column.title));
-    }
-    for (TableRow& row : table.rows) {
-        row.heading = singleLine(row.heading);
-        for (Cell& cell : row.cells) {
-            cell = printableCell(std::move(cell));
-        }
-    }
-    return table;
-}
-
 using Widths = std::vector<std::size_t>;
-using CellWidth = std::size_t (*)(const Cell&);
+using PiecesWidth = std::size_t (*)(const Pieces&);
 
-std::string onOneLine(const Cell& cell) { return fmt::format("{}", fmt::join(cell, " ")); }
+std::string onOneLine(const Pieces& cell) { return fmt::format("{}", fmt::join(cell, " ")); }
 
-std::size_t widthOnOneLine(const Cell& cell) { return displayWidth(onOneLine(cell)); }
+std::size_t widthOnOneLine(const Pieces& cell) { return displayWidth(onOneLine(cell)); }
 
-std::size_t widthOfWidestPiece(const Cell& cell) {
+std::size_t widthOfWidestPiece(const Pieces& cell) {
     std::size_t widest = 0;
     for (const std::string& piece : cell) {
         widest = std::max(widest, displayWidth(piece));
@@ -48,19 +29,19 @@ std::size_t widthOfWidestPiece(const Cell& cell) {
 }
 
 /// How wide each column is when its title and its cells are measured this way.
-Widths columnWidths(const Table& table, CellWidth ofTitle, CellWidth ofCell) {
+Widths columnWidths(const TextTable& table, PiecesWidth ofTitle, PiecesWidth ofCell) {
     Widths widths;
-    for (const Column& column : table.columns) {
+    for (const TextColumn& column : table.columns) {
         widths.push_back(ofTitle(column.title));
     }
-    for (const TableRow& row : table.rows) {
+    for (const TextRow& row : table.rows) {
         std::transform(row.cells.begin(), row.cells.end(), widths.begin(), widths.begin(),
-                       [ofCell](const Cell& cell, std::size_t width) { return std::max(width, ofCell(cell)); });
+                       [ofCell](const Pieces& cell, std::size_t width) { return std::max(width, ofCell(cell)); });
     }
     return widths;
 }
 
-Widths shortestWidths(const Table& table, Widths widths) {
+Widths shortestWidths(const TextTable& table, Widths widths) {
     for (std::size_t i = 0; i < widths.size(); ++i) {
         if (table.columns[i].shortest != 0) {
             widths[i] =
@@ -91,17 +72,17 @@ void narrow(Widths& widths, const Widths& floors, std::size_t width) {
 }
 
 /// What is left of the widths when every cell has been put on its lines.
-void tighten(Widths& widths, const Table& table) {
+void tighten(Widths& widths, const TextTable& table) {
     for (std::size_t i = 0; i < widths.size(); ++i) {
         std::size_t used = widthOfWidestPiece(fillLines(table.columns[i].title, widths[i]));
-        for (const TableRow& row : table.rows) {
+        for (const TextRow& row : table.rows) {
             used = std::max(used, widthOfWidestPiece(fillLines(row.cells[i], widths[i])));
         }
         widths[i] = std::min(widths[i], used);
     }
 }
 
-Widths fit(const Table& table, std::size_t width, Squeeze squeeze) {
+Widths fit(const TextTable& table, std::size_t width, Squeeze squeeze) {
     Widths widths = columnWidths(table, widthOnOneLine, widthOnOneLine);
     const Widths wrappedTitles = columnWidths(table, widthOfWidestPiece, widthOnOneLine);
     narrow(widths, wrappedTitles, width);
@@ -114,7 +95,7 @@ Widths fit(const Table& table, std::size_t width, Squeeze squeeze) {
     return widths;
 }
 
-std::string placed(const std::string& text, const Column& column, std::size_t width) {
+std::string placed(const std::string& text, const TextColumn& column, std::size_t width) {
     const std::string fitting = shortened(text, width);
     return column.align == Align::kLeft ? fmt::format("{:<{}}", fitting, width) : fmt::format("{:>{}}", fitting, width);
 }
@@ -122,7 +103,7 @@ std::string placed(const std::string& text, const Column& column, std::size_t wi
 void trimEnd(std::string& text) { text.erase(text.find_last_not_of(' ') + 1); }
 
 /// One row, as lines, as many as its highest cell needs; `atBottom` puts cells of fewer lines on the last ones.
-std::vector<std::string> rowLines(const Table& table, const std::vector<Cell>& row, const Widths& widths,
+std::vector<std::string> rowLines(const TextTable& table, const std::vector<Pieces>& row, const Widths& widths,
                                   bool atBottom) {
     std::vector<std::vector<std::string>> cells;
     std::size_t height = 0;
@@ -151,17 +132,17 @@ std::string rowText(const std::vector<std::string>& lines, bool isMarked) {
     return text;
 }
 
-std::vector<Cell> titles(const Table& table) {
-    std::vector<Cell> row;
-    for (const Column& column : table.columns) {
+std::vector<Pieces> titles(const TextTable& table) {
+    std::vector<Pieces> row;
+    for (const TextColumn& column : table.columns) {
         row.push_back(column.title);
     }
     return row;
 }
 
 /// A row turned upright: what stands beside each title, the heading first.
-std::vector<std::string> upright(const TableRow& row) {
-    std::vector<std::string> texts = {row.heading};
+Pieces upright(const TextRow& row) {
+    Pieces texts = {row.heading};
     std::transform(row.cells.begin(), row.cells.end(), std::back_inserter(texts), onOneLine);
     for (std::string& text : texts) {
         text.erase(0, text.find_first_not_of(' '));  // the indentation below a heading
@@ -170,73 +151,63 @@ std::vector<std::string> upright(const TableRow& row) {
     return texts;
 }
 
-std::vector<std::string> uprightTitles(const Table& table) {
-    std::vector<std::string> names = {""};
-    std::transform(table.columns.begin(), table.columns.end(), std::back_inserter(names),
-                   [](const Column& column) { return onOneLine(column.title); });
+Pieces uprightTitles(const TextTable& table) {
+    Pieces names = {""};
+    for (const TextColumn& column : table.columns) {
+        names.push_back(onOneLine(column.title));
+    }
     return names;
 }
 
-/// A title and what stands beside it; below it where the line would be too wide.
-std::string entryText(const std::string& title, std::size_t titleWidth, const std::string& values, std::size_t width) {
-    std::string text = fmt::format("{:<{}}{}", title, titleWidth, values);
-    trimEnd(text);
-    if (displayWidth(text) > width) {
-        text = (title.empty() ? "" : title + "\n") + values;
-        trimEnd(text);
-    }
-    return text + "\n";
+std::string padded(const std::string& text, std::size_t width) {
+    return text + std::string(width - displayWidth(text), ' ');
 }
 
-/// Rows side by side: their texts, title by title.
-std::string block(const std::vector<std::string>& names, const std::vector<Cell>& rows, std::size_t width) {
-    const std::size_t titleWidth = widthOfWidestPiece(names);
+/// Upright rows side by side: a line for each title that has a text.
+std::string block(const Pieces& names, const std::vector<Pieces>& rows) {
     std::string text;
     for (std::size_t i = 0; i < names.size(); ++i) {
-        std::string values;
-        for (const Cell& row : rows) {
-            const std::size_t behind = widthOfWidestPiece(row) - displayWidth(row[i]);
-            values += std::string(kGap, ' ') + row[i] + std::string(behind, ' ');
+        std::string line;
+        for (const Pieces& row : rows) {
+            line += std::string(kGap, ' ') + padded(row[i], widthOfWidestPiece(row));
         }
-        const bool empty = values.find_first_not_of(' ') == std::string::npos;
-        text += empty ? "" : entryText(names[i], titleWidth, values, width);
+        trimEnd(line);
+        text += line.empty() ? "" : padded(names[i], widthOfWidestPiece(names)) + line + "\n";
     }
     return text;
 }
 
 }  // namespace
 
-std::string columnsSideBySide(const Table& table, std::size_t width, Squeeze squeeze) {
-    const Table shown = printableTable(table);
-    const Widths widths = fit(shown, width, squeeze);
+std::string columnsSideBySide(const TextTable& table, std::size_t width, Squeeze squeeze) {
+    const Widths widths = fit(table, width, squeeze);
     if (total(widths) > width) {
         return "";
     }
-    std::string text = rowText(rowLines(shown, titles(shown), widths, true), false);
+    std::string text = rowText(rowLines(table, titles(table), widths, true), false);
     std::string heading;
-    for (const TableRow& row : shown.rows) {
+    for (const TextRow& row : table.rows) {
         if (row.heading != heading) {
             heading = row.heading;
             text += shortened(heading, width) + "\n";
         }
-        text += rowText(rowLines(shown, row.cells, widths, false), row.marked);
+        text += rowText(rowLines(table, row.cells, widths, false), row.marked);
     }
     return text;
 }
 
-std::string rowsSideBySide(const Table& table, std::size_t width) {
-    const Table shown = printableTable(table);
-    const std::vector<std::string> names = uprightTitles(shown);
+std::string rowsSideBySide(const TextTable& table, std::size_t width) {
+    const Pieces names = uprightTitles(table);
     std::string text;
-    std::vector<Cell> together;
+    std::vector<Pieces> together;
     std::size_t used = widthOfWidestPiece(names);
     const auto finish = [&] {
-        text += (text.empty() ? "" : "\n") + block(names, together, width);
+        text += (text.empty() ? "" : "\n") + block(names, together);
         together.clear();
         used = widthOfWidestPiece(names);
     };
-    for (const TableRow& row : shown.rows) {
-        const Cell texts = upright(row);
+    for (const TextRow& row : table.rows) {
+        const Pieces texts = upright(row);
         if (!together.empty() && used + kGap + widthOfWidestPiece(texts) > width) {
             finish();
         }
@@ -245,11 +216,6 @@ std::string rowsSideBySide(const Table& table, std::size_t width) {
     }
     finish();
     return text;
-}
-
-std::string tableText(const Table& table, std::size_t width) {
-    const std::string text = columnsSideBySide(table, width, Squeeze::kTexts);
-    return text.empty() ? rowsSideBySide(table, width) : text;
 }
 
 }  // namespace feedesk

@@ -1,13 +1,15 @@
-#include "feedesk/table.h"
+#include "feedesk/rows/layout.h"
 
 #include <gtest/gtest.h>
+
+#include "feedesk/text.h"
 
 namespace feedesk {
 namespace {
 
 /// 20 columns wide with its titles on one line, 15 with a title on two lines.
-Table sample() {
-    Table table;
+TextTable sample() {
+    TextTable table;
     table.columns = {{{"Name"}, Align::kLeft, 5}, {{"Stamp", "duty"}, Align::kRight}};
     table.rows = {{{{"贵州茅台"}, {"0.05%"}}, ""}, {{{"rb"}, {"1%"}}, ""}};
     return table;
@@ -43,7 +45,7 @@ TEST(ColumnsSideBySide, ShortensNothingWhereOnlyTitlesMayBeSqueezed) {
 TEST(ColumnsSideBySide, IsEmptyWhereItDoesNotFit) { EXPECT_EQ(columnsSideBySide(sample(), 11, Squeeze::kTexts), ""); }
 
 TEST(ColumnsSideBySide, PutsTheSecondPieceOfACellOnANewLine) {
-    Table table;
+    TextTable table;
     table.columns = {{{"A"}}, {{"Open"}, Align::kRight}};
     table.rows = {{{{"rb"}, {"0.01%", "+ 3 yuan"}}, ""}, {{{"au"}, {"20 yuan"}}, ""}};
     EXPECT_EQ(columnsSideBySide(table, 12, Squeeze::kTexts),
@@ -54,7 +56,7 @@ TEST(ColumnsSideBySide, PutsTheSecondPieceOfACellOnANewLine) {
 }
 
 TEST(ColumnsSideBySide, SaysAHeadingOnceForItsRows) {
-    Table table;
+    TextTable table;
     table.columns = {{{"Item"}}};
     table.rows = {{{{"000"}}, "one"}, {{{"001"}}, "one"}, {{{"000"}}, "other"}};
     EXPECT_EQ(columnsSideBySide(table, 80, Squeeze::kTexts), "Item\none\n000\n001\nother\n000\n");
@@ -67,29 +69,28 @@ TEST(RowsSideBySide, TurnsTheTable) {
 }
 
 TEST(RowsSideBySide, GoesOnBelowWhereRoomEnds) {
-    EXPECT_EQ(rowsSideBySide(sample(), 20),
-              "Name        贵州茅台\n"
-              "Stamp duty  0.05%\n"
-              "\n"
-              "Name        rb\n"
-              "Stamp duty  1%\n");
-}
-
-TEST(RowsSideBySide, PutsATextBelowItsTitleInTheLeastRoom) {
-    Table table = sample();
-    table.rows.pop_back();
-    EXPECT_EQ(rowsSideBySide(table, 16), "Name\n  贵州茅台\nStamp duty\n  0.05%\n");
+    const std::string below =
+        "Name        贵州茅台\n"
+        "Stamp duty  0.05%\n"
+        "\n"
+        "Name        rb\n"
+        "Stamp duty  1%\n";
+    EXPECT_EQ(rowsSideBySide(sample(), 20), below);
+    EXPECT_EQ(rowsSideBySide(sample(), 1), below) << "no text is cut where a row alone is too wide";
 }
 
 TEST(RowsSideBySide, LeavesOutTitlesWithoutTexts) {
-    Table table = sample();
+    TextTable table = sample();
     table.rows = {{{{"rb"}, {}}, ""}};
     EXPECT_EQ(rowsSideBySide(table, 80), "Name        rb\n");
 }
 
-TEST(TableText, TurnsTheTableOnlyWhereItDoesNotFit) {
-    EXPECT_EQ(tableText(sample(), 12), columnsSideBySide(sample(), 12, Squeeze::kTexts));
-    EXPECT_EQ(tableText(sample(), 11), rowsSideBySide(sample(), 11));
+TEST(RowsSideBySide, RepeatsTheHeadingAndMarksTheTexts) {
+    TextTable table;
+    table.columns = {{{"Item"}}, {{"Open"}}};
+    table.rows = {{{{"  1"}, {"0.01%", "+ 3 yuan"}}, "one", true}, {{{"  2"}, {"-"}}, "one"}};
+    EXPECT_EQ(rowsSideBySide(table, 80), "      " + marked("one") + "             one\nItem  " + marked("1") +
+                                             "               2\nOpen  " + marked("0.01% + 3 yuan") + "  -\n");
 }
 
 }  // namespace

@@ -6,10 +6,11 @@
 #include <boost/algorithm/string/case_conv.hpp>
 #include <iterator>
 #include <locale>
-#include <memory>
 
 #include "feedesk/account_kinds.h"
-#include "feedesk/fee_output.h"
+#include "feedesk/commands/commands.h"
+#include "feedesk/commands/fee_answer.h"
+#include "feedesk/commands/options.h"
 #include "feedesk/numbers.h"
 #include "feedesk/patterns.h"
 #include "feedesk/program.h"
@@ -85,7 +86,7 @@ std::string whyNoneWanted(const FeesArguments& arguments, const std::vector<Answ
                        counted(answers.size(), "instrument"), arguments.account, widerPattern(arguments, answers));
 }
 
-ExitStatus fees(const Program& program, const FeesArguments& given) {
+ExitStatus fees(Program& program, const FeesArguments& given) {
     Session session(program.session);
     const standalone::Account& account = session.account(given.account);
     const FeesArguments arguments = withKnownMarkets(given, session.market());
@@ -98,7 +99,7 @@ ExitStatus fees(const Program& program, const FeesArguments& given) {
     if (answers.empty()) {
         throw Failure(kNoAnswer, whyNoneWanted(arguments, listed->answers));
     }
-    const ExitStatus status = tellFees(program, session, account, answers);
+    const ExitStatus status = answerFees(program, session, account, answers);
     return listed->unanswered.empty() ? status : kNoAnswer;
 }
 
@@ -106,15 +107,14 @@ ExitStatus fees(const Program& program, const FeesArguments& given) {
 
 void addFees(CLI::App& app, Program& program) {
     CLI::App* command = app.add_subcommand("fees", "Every fee in an account's list");
-    const auto arguments = std::make_shared<FeesArguments>();
-    command->add_option("ACCOUNT", arguments->account, "Number of the account")->required()->type_name("");
-    command->add_option("--only-market", arguments->markets, "Only this market; may be given again")
+    FeesArguments& arguments = argumentsOf(*command, program, fees);
+    command->add_option("ACCOUNT", arguments.account, "Number of the account")->required()->type_name("");
+    command->add_option("--only-market", arguments.markets, "Only this market; may be given again")
         ->type_name("M")
         ->allow_extra_args(false);
-    command->add_option("--match", arguments->pattern, "Only codes or names like this; * is any text")
+    command->add_option("--match", arguments.pattern, "Only codes or names like this; * is any text")
         ->type_name("PATTERN");
     addFeeOptions(*command, program);
-    command->callback([&program, arguments] { program.command = [=, &program] { return fees(program, *arguments); }; });
 }
 
 }  // namespace feedesk

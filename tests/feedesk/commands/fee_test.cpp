@@ -1,6 +1,7 @@
-#include <bson/bson.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <rapidjson/document.h>
+#include <rapidjson/pointer.h>
 
 #include "feedesk/session.h"
 #include "tests/feedesk/support/market_folder.h"
@@ -21,43 +22,27 @@ protected:
     MarketFolder folder;
 };
 
-/// A parsed JSON array of objects.
+/// A parsed JSON text; a path is "/0/rates/commission".
 class Json {
 public:
-    explicit Json(const std::string& text)
-        // libbson reads objects only.
-        : document(wrapped(text)) {}
-    Json(const Json&) = delete;
-    Json& operator=(const Json&) = delete;
-    ~Json() { bson_destroy(document); }
+    explicit Json(const std::string& text) { document.Parse(text.data(), text.size()); }
 
-    [[nodiscard]] bool parsed() const { return document != nullptr; }
-    [[nodiscard]] std::string text(const std::string& path) const {
-        bson_iter_t found;
-        return find(path, found) && BSON_ITER_HOLDS_UTF8(&found) ? bson_iter_utf8(&found, nullptr) : "?";
+    [[nodiscard]] bool parsed() const { return !document.HasParseError(); }
+    [[nodiscard]] std::string text(const char* path) const {
+        const rapidjson::Value* found = rapidjson::Pointer(path).Get(document);
+        return found != nullptr && found->IsString() ? found->GetString() : "?";
     }
-    [[nodiscard]] double number(const std::string& path) const {
-        bson_iter_t found;
-        return find(path, found) && BSON_ITER_HOLDS_NUMBER(&found) ? bson_iter_as_double(&found) : -1;
+    [[nodiscard]] double number(const char* path) const {
+        const rapidjson::Value* found = rapidjson::Pointer(path).Get(document);
+        return found != nullptr && found->IsNumber() ? found->GetDouble() : -1;
     }
-    [[nodiscard]] bool isNull(const std::string& path) const {
-        bson_iter_t found;
-        return find(path, found) && BSON_ITER_HOLDS_NULL(&found);
+    [[nodiscard]] bool isNull(const char* path) const {
+        const rapidjson::Value* found = rapidjson::Pointer(path).Get(document);
+        return found != nullptr && found->IsNull();
     }
 
 private:
-    static bson_t* wrapped(const std::string& text) {
-        const std::string object = "{\"a\":" + text + "}";
-        return bson_new_from_json(reinterpret_cast<const std::uint8_t*>(object.data()),
-                                  static_cast<ssize_t>(object.size()), nullptr);
-    }
-    [[nodiscard]] bool find(const std::string& path, bson_iter_t& found) const {
-        bson_iter_t begin;
-        return document != nullptr && bson_iter_init(&begin, document) &&
-               bson_iter_find_descendant(&begin, ("a." + path).c_str(), &found);
-    }
-
-    bson_t* document;
+    rapidjson::Document document;
 };
 
 TEST_F(Fee, TableShowsTheRatesThatAreNotZeroAndNamesTheOthers) {
@@ -140,38 +125,38 @@ TEST_F(Fee, JsonHoldsTheExactNumbers) {
     const Outcome outcome = fee("S100 SZ:300750 SH:000001 --json");
     const Json json(outcome.out);
     ASSERT_TRUE(json.parsed()) << outcome.out;
-    EXPECT_EQ(json.text("0.account"), "S100");
-    EXPECT_EQ(json.text("0.kind"), "stock");
-    EXPECT_EQ(json.text("0.instrument.market"), "SZ");
-    EXPECT_EQ(json.text("0.instrument.code"), "300750");
-    EXPECT_EQ(json.text("0.instrument.name"), "宁德时代");
-    EXPECT_EQ(json.text("0.part"), "stock");
-    EXPECT_EQ(json.text("0.item"), "");
-    EXPECT_EQ(json.text("0.level"), "own record");
-    EXPECT_EQ(json.text("0.source"), "fees/stock.csv:3");
-    EXPECT_EQ(json.number("0.rates.commission"), 0.0000341);
-    EXPECT_EQ(json.number("0.rates.transfer_fee"), 0);
-    EXPECT_EQ(json.number("0.rates.stamp_duty"), 0.0005);
-    EXPECT_EQ(json.number("0.rates.trade_unit"), 100);
-    EXPECT_EQ(json.text("1.instrument.name"), "上证 \"A\", 指数");
-    EXPECT_EQ(json.text("1.level"), "built-in default");
-    EXPECT_TRUE(json.isNull("1.source"));
-    EXPECT_EQ(json.number("1.rates.commission"), 0.00015);
-    EXPECT_EQ(json.text("2.account"), "?");
+    EXPECT_EQ(json.text("/0/account"), "S100");
+    EXPECT_EQ(json.text("/0/kind"), "stock");
+    EXPECT_EQ(json.text("/0/instrument/market"), "SZ");
+    EXPECT_EQ(json.text("/0/instrument/code"), "300750");
+    EXPECT_EQ(json.text("/0/instrument/name"), "宁德时代");
+    EXPECT_EQ(json.text("/0/part"), "stock");
+    EXPECT_EQ(json.text("/0/item"), "");
+    EXPECT_EQ(json.text("/0/level"), "own record");
+    EXPECT_EQ(json.text("/0/source"), "fees/stock.csv:3");
+    EXPECT_EQ(json.number("/0/rates/commission"), 0.0000341);
+    EXPECT_EQ(json.number("/0/rates/transfer_fee"), 0);
+    EXPECT_EQ(json.number("/0/rates/stamp_duty"), 0.0005);
+    EXPECT_EQ(json.number("/0/rates/trade_unit"), 100);
+    EXPECT_EQ(json.text("/1/instrument/name"), "上证 \"A\", 指数");
+    EXPECT_EQ(json.text("/1/level"), "built-in default");
+    EXPECT_TRUE(json.isNull("/1/source"));
+    EXPECT_EQ(json.number("/1/rates/commission"), 0.00015);
+    EXPECT_EQ(json.text("/2/account"), "?");
 }
 
 TEST_F(Fee, JsonHasOneObjectForEachRecordOfAFuture) {
     const Outcome outcome = fee("F100 rb2610 --json");
     const Json json(outcome.out);
     ASSERT_TRUE(json.parsed()) << outcome.out;
-    EXPECT_EQ(json.text("0.part"), "commission");
-    EXPECT_EQ(json.number("0.rates.open_by_money"), 0.0001);
-    EXPECT_EQ(json.number("0.rates.open_by_volume"), 0.01);
-    EXPECT_EQ(json.number("0.rates.close_by_volume"), 2.5);
-    EXPECT_EQ(json.text("1.part"), "margin");
-    EXPECT_EQ(json.text("1.item"), "1");
-    EXPECT_EQ(json.number("1.rates.long_by_money"), 0.07);
-    EXPECT_EQ(json.number("1.rates.short_by_money"), 0.08);
+    EXPECT_EQ(json.text("/0/part"), "commission");
+    EXPECT_EQ(json.number("/0/rates/open_by_money"), 0.0001);
+    EXPECT_EQ(json.number("/0/rates/open_by_volume"), 0.01);
+    EXPECT_EQ(json.number("/0/rates/close_by_volume"), 2.5);
+    EXPECT_EQ(json.text("/1/part"), "margin");
+    EXPECT_EQ(json.text("/1/item"), "1");
+    EXPECT_EQ(json.number("/1/rates/long_by_money"), 0.07);
+    EXPECT_EQ(json.number("/1/rates/short_by_money"), 0.08);
 }
 
 TEST_F(Fee, CsvHasOneLineForEachItem) {
@@ -287,7 +272,7 @@ TEST_F(Fee, CharactersThatTheTerminalObeysAreEscaped) {
     EXPECT_THAT(fee("S100 SH:600519").out,
                 testing::StartsWith("Account S100 (stock) a\\xc2\\x9b31m\\xe2\\x80\\xaeb\\x1b[0m\n"));
     EXPECT_THAT(ask(folder.path(), "accounts").out, HasSubstr("  a\\xc2\\x9b31m\\xe2\\x80\\xaeb\\x1b[0m  "));
-    EXPECT_THAT(ask(folder.path(), "accounts --json").out, HasSubstr("\"a\\u009b31m\\u202eb\\u001b[0m\""));
+    EXPECT_THAT(ask(folder.path(), "accounts --json").out, HasSubstr("\"a\\u009B31m\\u202Eb\\u001B[0m\""));
 }
 
 TEST_F(Fee, ArgumentsAreRepeatedReadably) {

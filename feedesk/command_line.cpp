@@ -1,0 +1,144 @@
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <exception>
+#include <sstream>
+#include <string_view>
+
+#include "feedesk/commands/commands.h"
+#include "feedesk/messages.h"
+#include "feedesk/program.h"
+#include "feedesk/terminal.h"
+#include "feedesk/text.h"
+
+namespace feedesk {
+namespace {
+
+constexpr const char* kAbout = "What trading costs an account: commission, fees and margins.";
+
+constexpr const char* kExamples = R"(Examples:
+  feedesk accounts
+  feedesk accounts --levels                where each account's rates come from
+  feedesk fee 1000001 SH:600519 贵州茅台
+  feedesk fee 3000001 'SHFE:rb*' --json    a pattern needs quotes
+  feedesk fee 1000001 - <instruments.txt   a list on standard input
+  feedesk fees 1000001 --only-market SZ --match '30*' --csv
+  feedesk fees 1000001 --strict            status 1 when a rate is only built in
+
+Exit status: 0 answered, 1 the question has no answer, 2 bad usage or bad input.)";
+
+constexpr const char* kUsualFolder = "market";
+constexpr int kMostThreads = 64;
+
+/// Why the text is no number of threads; empty when it is one.
+std::string threadsProblem(const std::string& text) {
+    int number = 0;
+    const char* const end = text.data() + text.size();
+    const std::from_chars_result read = std::from_chars(text.data(), end, number);
+    const bool good = read.ec == std::errc() && read.ptr == end && number >= 1 && number <= kMostThreads;
+    return good ? "" : fmt::format("{} is not a whole number from 1 to {}", echoed(text), kMostThreads);
+}
+
+void describe(CLI::App& app, Program& program) {
+    app.name("feedesk");
+    app.set_version_flag("-V,--version", "feedesk " FEEDESK_VERSION, "Print the version and exit");
+    app.footer(kExamples);
+    app.get_formatter()->column_width(26);
+    app.require_subcommand(1);
+    app.fallthrough();
+    program.session.folder = kUsualFolder;
+    app.add_option("--market", program.session.folder, "Market folder (FEEDESK_MARKET; else ./market)")
+        ->envname("FEEDESK_MARKET")
+        ->type_name("DIR")
+        ->option_text("DIR");
+    app.add_option("--threads", program.session.threads, "Threads of the engine, 1 to 64")
+        ->check(CLI::Validator(threadsProblem, ""))
+        ->type_name("N");
+    app.add_flag("--summary", program.summary, "Tell what was loaded and how long it took");
+    for (AddCommand* const add : kCommands) {
+        add(app, program);
+    }
+    for (CLI::App* command : app.get_subcommands({})) {
+        command->footer("feedesk --help tells more: the market folder, examples, exit status.");
+    }
+}
+
+/// What is wrong with a command line. `error` repeats some arguments as they were written.
+std::string usageProblem(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<std::string> left = app.remaining(true);
+    const bool noCommand = app.get_subcommands().empty();
+    if (!left.empty()) {
+        return fmt::format("the argument {} was not expected", echoed(left.front()));
+    }
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError) && noCommand) {
+        return "a command is needed";
+    }
+    return singleLine(error.what());
+}
+
+/// Help and version are answers; everything else that ends the reading of a command line is bad usage.
+ExitStatus usage(const CLI::App& app, const CLI::ParseError& error) {
+    std::ostringstream answer;
+    std::ostringstream ignored;
+    if (app.exit(error, answer, ignored) == 0) {
+        writeText(answer.str());
+        return kAnswered;
+    }
+    const std::vector<std::string> left = app.remaining(true);
+    const bool isUnknownCommand = !left.empty() && app.get_subcommands().empty() && left.front().front() != '-';
+    throw Failure(kBadInput, isUnknownCommand ? unknownCommand(app, left.front())
+                                              : usageProblem(app, error) + "; `feedesk --help` tells how to ask");
+}
+
+ExitStatus answerCommandLine(int argc, const char* const* argv, Program& program) {
+    CLI::App app(kAbout);
+    describe(app, program);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return usage(app, error);
+    }
+    return program.command();
+}
+
+/// Whether --json is among the arguments, even of a command line that is wrong.
+bool asksForJson(int argc, const char* const* argv) {
+    const char* const* const end = std::find(argv, argv + argc, std::string_view("--"));
+    return std::find(argv, end, std::string_view("--json")) != end;
+}
+
+/// Tells why there is no answer, or no more of it. A program that asked for JSON and has read nothing yet reads an
+/// empty list.
+ExitStatus withoutAnswer(const std::string& sentence, ExitStatus status, bool readsNothing) {
+    tellProblem(sentence, status);
+    if (!readsNothing) {
+        return status;
+    }
+    try {
+        writeData("[]\n");
+    } catch (const Failure& unwritten) {
+        tellProblem(unwritten.what(), unwritten.status());
+        return unwritten.status();
+    }
+    return status;
+}
+
+}  // namespace
+
+int run(int argc, const char* const* argv) {
+    const bool json = asksForJson(argc, argv);
+    setMessageForm(json ? MessageForm::kObjects : MessageForm::kSentences);
+    Program program;
+    try {
+        return answerCommandLine(argc, argv, program);
+    } catch (const Failure& failure) {
+        return withoutAnswer(failure.what(), failure.status(), json && !program.hasAnswered);
+    } catch (const std::exception& error) {
+        return withoutAnswer(error.what(), kBadInput, json && !program.hasAnswered);
+    }
+}
+
+}  // namespace feedesk

@@ -1,0 +1,46 @@
+#include "feedesk/commands/fee_answer.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+
+#include "feedesk/account_kinds.h"
+#include "feedesk/commands/fee_rows.h"
+#include "feedesk/commands/options.h"
+#include "feedesk/marks.h"
+#include "feedesk/messages.h"
+
+namespace feedesk {
+namespace {
+
+std::string heading(const standalone::Account& account) {
+    const qmservice::CAccountInfo& info = *account.record;
+    return fmt::format("Account {} ({}) {}", info.accountId, accountKind(info.accountType).name, info.accountName);
+}
+
+}  // namespace
+
+void addFeeOptions(CLI::App& command, Program& program) {
+    addFormatOptions(command, program);
+    command.add_flag("--strict", program.strict, "Exit status 1 when a rate is built in, not set\nor a margin of 0");
+}
+
+void tellUnanswered(const Replies& replies, const standalone::Account& account) {
+    for (const Question& question : replies.unanswered) {
+        tellProblem(fmt::format("the fee center has no fee of {} for account {}",
+                                instrumentText(question.market, question.code), account.record->accountId));
+    }
+}
+
+ExitStatus answerFees(Program& program, const Session& session, const standalone::Account& account,
+                      const std::vector<Answer>& answers, const std::vector<std::string>& notes) {
+    const Remarks remarks{heading(account), notes, markedSentence(answers)};
+    const FeeRows rows(answers, session.market());
+    program.answer(session, rows.sections(), [&](RowSink& sink) {
+        rows.giveTo(sink);
+        return remarks;
+    });
+    return program.strict && !remarks.warning.empty() ? kNoAnswer : kAnswered;
+}
+
+}  // namespace feedesk

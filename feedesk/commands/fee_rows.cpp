@@ -1,0 +1,143 @@
+#include "feedesk/commands/fee_rows.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include "feedesk/account_kinds.h"
+#include "feedesk/instrument_text.h"
+#include "feedesk/marks.h"
+
+namespace feedesk {
+namespace {
+
+using FeeFields = FieldsOf<FeeRow>;
+
+constexpr std::size_t kShortestName = 8;
+constexpr const char* kRates = "rates";
+
+/// What the tables call a part, and what they call its items; a part without items has one row for each instrument.
+struct PartTitle {
+    std::string title;
+    std::string items;
+};
+
+PartTitle partTitle(const std::string& part) {
+    static const std::map<std::string, PartTitle> titles = {{"stock", {"Stock rates", ""}},
+                                                            {"credit", {"Credit rates", ""}},
+                                                            {"neeq", {"NEEQ rates", ""}},
+                                                            {"option", {"Stock option fee items", "Item"}},
+                                                            {"commission", {"Futures commission", ""}},
+                                                            {"margin", {"Futures margin", "Hedge flag"}},
+                                                            {"hgt", {"Shanghai-Hong Kong connect rates", ""}},
+                                                            {"sgt", {"Shenzhen-Hong Kong connect rates", ""}}};
+    const auto found = titles.find(part);
+    return found == titles.end() ? PartTitle{part, "Item"} : found->second;
+}
+
+const qmservice::CInstrument& instrument(const FeeRow& row) { return *row.answer.instrument; }
+
+std::string symbol(const FeeRow& row) { return instrumentText(instrument(row).market, instrument(row).code); }
+
+Value source(const FeeRow& row) {
+    const auto& position = row.line.origin.position;
+    return position ? Value(Source{row.market.where(*position)}) : Value(Nothing());
+}
+
+Names markNames(const FeeRow& row) {
+    const std::vector<Mark> marks = marksOf(row.line);
+    Names names;
+    std::transform(marks.begin(), marks.end(), std::back_inserter(names), markName);
+    return names;
+}
+
+/// The fields of every row. Where an instrument has several rows its name is their heading.
+FeeFields commonFields(const std::string& items) {
+    const bool hasItems = !items.empty();
+    const Field shownInstrument = hasItems ? forPeople("Instrument").at(ShownAt::kHeading) : forPeople("Instrument");
+    const Field name = Field{"name", hasItems ? "" : "Name"}.shortenedTo(kShortestName);
+    return {
+        {forPrograms("account"), [](const FeeRow& row) { return row.answer.account->accountId; }},
+        {forPrograms("kind"), [](const FeeRow& row) { return accountKind(row.answer.account->accountType).name; }},
+        {shownInstrument,
+         [hasItems](const FeeRow& row) { return symbol(row) + (hasItems ? " " + instrument(row).name : ""); }},
+        {forPrograms("market").in("instrument"), [](const FeeRow& row) { return instrument(row).market; }},
+        {forPrograms("code").in("instrument"), [](const FeeRow& row) { return instrument(row).code; }},
+        {name.in("instrument"), [](const FeeRow& row) { return instrument(row).name; }},
+        {forPrograms("part"), [](const FeeRow& row) { return row.line.part; }},
+        {{"item", items},
+         [](const FeeRow& row) {
+             return Label{row.line.item, {row.line.label}};
+         }},
+        {Field{"level", "Level"}.at(ShownAt::kLast),
+         [](const FeeRow& row) {
+             return Label{levelName(row.line.origin.level), levelPieces(row.line)};
+         }},
+        {Field{"source", "Source"}.at(ShownAt::kLast).when(WhenZero::kLeftOut), source},
+        {forPrograms("marks"), markNames},
+        {beginOf(kRates), [](const FeeRow& /*row*/) { return Nothing(); }},
+    };
+}
+
+/// A trade unit or a mode is no rate, and of a rate that nobody has named nobody expects to read that it is 0.
+WhenZero whenZero(const TitledRates& titled) {
+    const Rate& first = titled.rates.front();
+    return first.unit == Unit::kCount || first.column == titled.title ? WhenZero::kLeftOut : WhenZero::kNamed;
+}
+
+/// The rates of a part: those of a line that has them.
+void addRateFields(FeeFields& fields, const FeeLine& line) {
+    for (std::size_t i = 0; i < line.rates.size(); ++i) {
+        const TitledRates& titled = line.rates[i];
+        for (std::size_t j = 0; j < titled.rates.size(); ++j) {
+            Field field{titled.rates[j].column, titled.title, titled.rates[j].unit, kRates};
+            field.whenZero = whenZero(titled);
+            field.added = j > 0;
+            fields.push_back({field, [i, j](const FeeRow& row) {
+                                  return row.line.rates.empty() ? Value(Nothing()) : row.line.rates[i].rates[j].value;
+                              }});
+        }
+    }
+}
+
+}  // namespace
+
+FeeRows::FeeRows(const std::vector<Answer>& newAnswers, const standalone::Market& newMarket)
+    : answers(newAnswers), market(newMarket) {
+    forEachRow([this](const FeeRow& row) {
+        const auto section = sectionOfPart.emplace(row.line.part, fieldsOfSection.size());
+        if (section.second) {
+            fieldsOfSection.push_back(commonFields(partTitle(row.line.part).items));
+        }
+        FeeFields& fields = fieldsOfSection[section.first->second];
+        if (fields.back().field.name.empty()) {  // no rates yet
+            addRateFields(fields, row.line);
+        }
+    });
+    parts.resize(fieldsOfSection.size());
+    for (const auto& [part, number] : sectionOfPart) {
+        parts[number] = sectionOf(partTitle(part).title, fieldsOfSection[number]);
+    }
+}
+
+void FeeRows::giveTo(RowSink& sink) const {
+    forEachRow([&](const FeeRow& feeRow) {
+        const std::size_t section = sectionOfPart.at(feeRow.line.part);
+        Row row = rowOf(fieldsOfSection[section], feeRow);
+        row.section = section;
+        row.marked = !marksOf(feeRow.line).empty();
+        sink.row(row);
+    });
+}
+
+template <class Visit>
+void FeeRows::forEachRow(const Visit& visit) const {
+    for (const Answer& answer : answers) {
+        for (const FeeLine& line : answer.lines) {
+            visit(FeeRow{answer, line, market});
+        }
+    }
+}
+
+}  // namespace feedesk

@@ -1,0 +1,27 @@
+#ifndef FEEDESK_COMMANDS_OPTIONS_H
+#define FEEDESK_COMMANDS_OPTIONS_H
+
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "feedesk/program.h"
+
+namespace feedesk {
+
+/// Adds --json and --csv to a command.
+void addFormatOptions(CLI::App& command, Program& program);
+
+/// What a command's options and arguments are read into; `answer` is called with them when the command is named. They
+/// live as long as the command.
+template <class Arguments>
+Arguments& argumentsOf(CLI::App& command, Program& program, ExitStatus (*answer)(Program&, const Arguments&)) {
+    const auto arguments = std::make_shared<Arguments>();
+    command.callback([&program, arguments, answer] {
+        program.command = [&program, arguments, answer] { return answer(program, *arguments); };
+    });
+    return *arguments;
+}
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_COMMANDS_OPTIONS_H

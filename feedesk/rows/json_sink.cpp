@@ -1,0 +1,82 @@
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "feedesk/rows/chunks.h"
+#include "feedesk/rows/json.h"
+#include "feedesk/rows/sinks.h"
+
+namespace feedesk {
+namespace {
+
+/// Opens and closes the groups as the fields come.
+class JsonRow {
+public:
+    void add(const Field& field, const Value& value) {
+        if (field.name.empty() && field.group.empty()) {
+            return;
+        }
+        enter(field.group);
+        const bool isLeftOut = field.name.empty() || (!field.group.empty() && isNothing(value));
+        if (!isLeftOut) {
+            object.member(field.name, value);
+        }
+    }
+
+    std::string text() {
+        enter("");
+        return object.text();
+    }
+
+private:
+    void enter(const std::string& next) {
+        if (next == group) {
+            return;
+        }
+        if (!group.empty()) {
+            object.close();
+        }
+        if (!next.empty()) {
+            object.open(next);
+        }
+        group = next;
+    }
+
+    JsonObject object;
+    std::string group;  // that is open; empty: none is
+};
+
+class JsonSink : public RowSink {
+public:
+    explicit JsonSink(Write write) : chunks(std::move(write)) {}
+
+    void begin(const Sections& newSections) override { sections = newSections; }
+    void row(const Row& row) override;
+    void end() override;
+
+private:
+    Sections sections;
+    bool empty = true;
+    Chunks chunks;
+};
+
+void JsonSink::row(const Row& row) {
+    const std::vector<Field>& fields = sections.at(row.section).fields;
+    JsonRow object;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        object.add(fields[i], row.values[i]);
+    }
+    chunks.add((empty ? "[\n" : ",\n") + object.text());
+    empty = false;
+}
+
+void JsonSink::end() {
+    chunks.add(empty ? "[]\n" : "\n]\n");
+    chunks.flush();
+}
+
+}  // namespace
+
+std::unique_ptr<RowSink> jsonSink(Write write) { return std::make_unique<JsonSink>(std::move(write)); }
+
+}  // namespace feedesk

@@ -1,0 +1,48 @@
+#include "feedesk/rows/shown_text.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "feedesk/numbers.h"
+#include "feedesk/text.h"
+
+namespace feedesk {
+namespace {
+
+Pieces printablePieces(const Pieces& pieces) {
+    Pieces shown;
+    std::transform(pieces.begin(), pieces.end(), std::back_inserter(shown), singleLine);
+    return shown;
+}
+
+std::string numberText(Unit unit, double number) {
+    if (number == 0) {
+        return "0";
+    }
+    return unit == Unit::kFraction ? percent(number) : plainNumber(number) + (unit == Unit::kYuan ? " yuan" : "");
+}
+
+struct ShownText {
+    Unit unit;
+
+    Pieces operator()(const Nothing& /*nothing*/) const { return unit == Unit::kText ? Pieces() : Pieces{"-"}; }
+    Pieces operator()(const std::string& text) const { return {singleLine(text)}; }
+    Pieces operator()(const Label& label) const { return printablePieces(label.shown); }
+    Pieces operator()(const Names& names) const { return printablePieces(names); }
+    Pieces operator()(double number) const { return {numberText(unit, number)}; }
+    Pieces operator()(std::size_t count) const { return {grouped(count)}; }
+    Pieces operator()(const Money& money) const { return {money.decimal}; }
+    Pieces operator()(const Source& source) const { return {singleLine(source.place)}; }
+};
+
+}  // namespace
+
+Pieces shownText(const Field& field, const Value& value) { return std::visit(ShownText{field.unit}, value); }
+
+bool isZero(const Value& value) {
+    const auto* number = std::get_if<double>(&value);
+    const auto* count = std::get_if<std::size_t>(&value);
+    return (number != nullptr && *number == 0) || (count != nullptr && *count == 0);
+}
+
+}  // namespace feedesk

@@ -1,0 +1,34 @@
+#ifndef FEEDESK_ROWS_SINKS_H
+#define FEEDESK_ROWS_SINKS_H
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "feedesk/rows/rows.h"
+
+namespace feedesk {
+
+// The forms of an answer. docs/feedesk.md describes them.
+
+/// Where a sink writes: what it is called with follows, as a whole, what it was called with before.
+using Write = std::function<void(const std::string&)>;
+
+/// A table for each section, an empty line between two, in `width` columns of the terminal: the section's title, the
+/// rows, and which fields are 0. Where room is short, sources become numbered notes below the table. It is as wide as
+/// its widest row: the rows are held until the end.
+std::unique_ptr<RowSink> tableSink(Write write, std::size_t width);
+
+/// A header line with every field of the sections once, in the order in which they appear, then one line for each row;
+/// a cell is empty where the row's section has no such field. A cell with a comma, a quote or a line break is quoted, a
+/// quote inside it doubled. Rows are written as they come.
+std::unique_ptr<RowSink> csvSink(Write write);
+
+/// An array with one object on a line for each row, its members in the order of the fields. What a row has not is null;
+/// in a group it is left out. Rows are written as they come.
+std::unique_ptr<RowSink> jsonSink(Write write);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_ROWS_SINKS_H
