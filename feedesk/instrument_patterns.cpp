@@ -11,7 +11,7 @@
 #include "feedesk/folding.h"
 #include "feedesk/patterns.h"
 #include "feedesk/text.h"
-#include "standalone/code_pattern.h"
+#include "standalone/text/code_pattern.h"
 
 namespace feedesk {
 namespace {

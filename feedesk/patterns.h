@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "feedesk/folding.h"
-#include "standalone/code_pattern.h"
 #include "standalone/loader/encoding.h"
+#include "standalone/text/code_pattern.h"
 
 namespace feedesk {
 

@@ -1,20 +1,25 @@
 #include "standalone/host.h"
 
+#include <memory>
 #include <vector>
 
-#include "standalone/services.h"
+#include "standalone/services/process.h"
 
 namespace standalone {
 
-void install(const Market& market) { services().install(market); }
+void install(const Market& market) {
+    auto snapshot = std::make_shared<const Snapshot>(market);
+    // The swap leaves the contents so far in the pointer, so that they end behind the lock.
+    published().swap(snapshot);
+}
 
 void uninstall() { install(Market()); }
 
-void startEngine(int threads) { services().engine.start(threads); }
+void startEngine(int threads) { strands().start(threads); }
 
-void stopEngine() { services().engine.stop(); }
+void stopEngine() { strands().stop(); }
 
-void waitForStrand(const std::string& name) { services().engine.waitFor(name); }
+void waitForStrand(const std::string& name) { strands().waitFor(name); }
 
 void feed(qmservice::IFeeCenter& feeCenter, const Account& account) {
     std::vector<boost::shared_ptr<qmservice::IData>> records;

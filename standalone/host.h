@@ -10,10 +10,10 @@
 namespace standalone {
 
 /// Puts a market into the process's services: catalogue, accounts, trade units, configured limits, categories, foreign
-/// markets and simulation platforms, in place of what they held. Each service changes in one step: a call that runs
-/// at the same time sees all of the old contents or all of the new. The market is copied, its records are shared; no
-/// instrument or account may be without its record. When memory runs out the services keep what they hold. Safe from
-/// any thread.
+/// markets and simulation platforms, in place of what they held. All services change in one step: a call that runs at
+/// the same time is answered from all of the old market or all of the new, and once one call has seen the new market,
+/// so does every later call to any service. The market is copied, its records are shared; no instrument or account may
+/// be without its record. When memory runs out the services keep what they hold. Safe from any thread.
 void install(const Market& market);
 
 /// Empties the services that install() fills.

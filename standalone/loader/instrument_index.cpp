@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "standalone/code_pattern.h"
+#include "standalone/text/code_pattern.h"
 
 namespace standalone::loader {
 

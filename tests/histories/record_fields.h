@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "host/records.h"
-#include "records/record_classes.h"
 #include "standalone/records/record_fields.h"
+#include "tests/standalone/records/record_classes.h"
 
 // Comparing and describing records field by field.
 

@@ -1,7 +1,7 @@
 #include <string>
 #include <vector>
 
-#include "sample.h"
+#include "tests/standalone/sample.h"
 
 namespace {
 

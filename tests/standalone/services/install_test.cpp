@@ -4,7 +4,7 @@
 #include <thread>
 #include <vector>
 
-#include "sample.h"
+#include "tests/standalone/sample.h"
 
 namespace {
 

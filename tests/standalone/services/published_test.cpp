@@ -1,4 +1,4 @@
-#include "standalone/published.h"
+#include "standalone/services/published.h"
 
 #include <gtest/gtest.h>
 

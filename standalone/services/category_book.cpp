@@ -1,0 +1,49 @@
+#include "standalone/services/category_book.h"
+
+#include <algorithm>
+#include <charconv>
+#include <system_error>
+
+#include "standalone/text/code_pattern.h"
+
+namespace standalone {
+
+namespace {
+
+bool isAnyOr(const std::string& wanted, const std::string& value) { return wanted.empty() || wanted == value; }
+
+bool takesIn(const CategoryRule& rule, const std::string& market, const std::string& code, const std::string& product) {
+    return isAnyOr(rule.market, market) && isAnyOr(rule.product, product) &&
+           (rule.code.empty() || matchesPattern(code, rule.code));
+}
+
+int decimalNumber(const std::string& text) {
+    int number = CategoryBook::kNoCategory;
+    const char* const end = text.data() + text.size();
+    const std::from_chars_result read = std::from_chars(text.data(), end, number);
+    return read.ec == std::errc() && read.ptr == end ? number : CategoryBook::kNoCategory;
+}
+
+}  // namespace
+
+CategoryBook::CategoryBook(const Market& market) {
+    for (const CategoryRule& rule : market.categories) {
+        rules[rule.category].push_back(rule);
+        numbers.emplace(rule.name, rule.category);
+    }
+}
+
+bool CategoryBook::holds(int category, const std::string& market, const std::string& code,
+                         const std::string& product) const {
+    const auto found = rules.find(category);
+    return found != rules.end() &&
+           std::any_of(found->second.begin(), found->second.end(),
+                       [&](const CategoryRule& rule) { return takesIn(rule, market, code, product); });
+}
+
+int CategoryBook::numberOf(const std::string& name) const {
+    const auto found = numbers.find(name);
+    return found == numbers.end() ? decimalNumber(name) : found->second;
+}
+
+}  // namespace standalone
