@@ -2,9 +2,9 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <sstream>
 #include <string_view>
 
@@ -13,6 +13,7 @@
 #include "feedesk/program.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
+#include "standalone/text/numbers.h"
 
 namespace feedesk {
 namespace {
@@ -35,10 +36,8 @@ constexpr int kMostThreads = 64;
 
 /// Why the text is no number of threads; empty when it is one.
 std::string threadsProblem(const std::string& text) {
-    int number = 0;
-    const char* const end = text.data() + text.size();
-    const std::from_chars_result read = std::from_chars(text.data(), end, number);
-    const bool good = read.ec == std::errc() && read.ptr == end && number >= 1 && number <= kMostThreads;
+    const std::optional<int> number = standalone::numberIn<int>(text);
+    const bool good = number && *number >= 1 && *number <= kMostThreads;
     return good ? "" : fmt::format("{} is not a whole number from 1 to {}", echoed(text), kMostThreads);
 }
 

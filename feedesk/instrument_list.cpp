@@ -12,7 +12,8 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/numbers.h"
-#include "standalone/loader/encoding.h"
+#include "standalone/text/encoding.h"
+#include "standalone/text/utf8.h"
 
 namespace feedesk {
 namespace {
@@ -48,7 +49,7 @@ std::string standardInput() {
 /// What is written in ASCII is understood, whatever encoding the comments beside it have.
 bool isUnderstood(const std::vector<AskedInstrument>& list) {
     return std::all_of(list.begin(), list.end(),
-                       [](const AskedInstrument& each) { return standalone::loader::isUtf8(each.text); });
+                       [](const AskedInstrument& each) { return standalone::isUtf8(each.text); });
 }
 
 [[noreturn]] void refuseEncoding(const std::string& name, const std::string& iconvName) {
@@ -58,10 +59,10 @@ bool isUnderstood(const std::vector<AskedInstrument>& list) {
 }
 
 void checkEncoding(const std::string& text, const std::vector<AskedInstrument>& list) {
-    if (standalone::loader::beginsAsUtf16(text)) {
+    if (standalone::beginsAsUtf16(text)) {
         refuseEncoding("UTF-16", "UTF-16");
     }
-    if (!isUnderstood(list) && standalone::loader::looksLikeGb18030(text)) {
+    if (!isUnderstood(list) && standalone::looksLikeGb18030(text)) {
         refuseEncoding("GB18030 (GBK)", "GB18030");
     }
 }

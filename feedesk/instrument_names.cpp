@@ -11,7 +11,7 @@
 #include "feedesk/instrument_advice.h"
 #include "feedesk/instrument_patterns.h"
 #include "feedesk/text.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/wording.h"
 
 namespace feedesk {
 namespace {
@@ -47,7 +47,7 @@ std::string candidatesText(const std::vector<Question>& candidates) {
     for (const Question& candidate : candidates) {
         texts.push_back(instrumentText(candidate.market, candidate.code));
     }
-    return standalone::loader::oneOf(texts, kMostCandidates);
+    return standalone::oneOf(texts, kMostCandidates);
 }
 
 }  // namespace

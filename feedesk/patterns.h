@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "feedesk/folding.h"
-#include "standalone/loader/encoding.h"
 #include "standalone/text/code_pattern.h"
+#include "standalone/text/utf8.h"
 
 namespace feedesk {
 
@@ -20,7 +20,7 @@ namespace feedesk {
 template <class Item, class TextsOf>
 std::vector<Item> itemsWrittenLike(const std::vector<Item>& items, const std::string& pattern, const TextsOf& textsOf) {
     std::vector<Item> found;
-    if (!standalone::loader::isUtf8(pattern)) {
+    if (!standalone::isUtf8(pattern)) {
         return found;
     }
     std::copy_if(items.begin(), items.end(), std::back_inserter(found), [&](const Item& item) {

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -16,6 +15,7 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/text.h"
+#include "standalone/text/numbers.h"
 
 namespace feedesk {
 namespace {
@@ -29,9 +29,7 @@ constexpr std::chrono::milliseconds kNoticeable{400};
 std::size_t widthOfEnvironment() {
     const char* columns = std::getenv("COLUMNS");
     const std::string_view text = columns == nullptr ? "" : columns;
-    std::size_t width = 0;
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), width);
-    return read.ec == std::errc() && read.ptr == text.data() + text.size() ? width : 0;
+    return standalone::numberIn<std::size_t>(text).value_or(0);
 }
 
 std::size_t widthOfTerminal() {

@@ -3,10 +3,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/nearness.h"
+#include "standalone/text/utf8.h"
 
 namespace feedesk {
 namespace {
@@ -15,33 +16,12 @@ constexpr std::size_t kMostNearNames = 3;
 constexpr std::size_t kLongestCharacter = 4;  // bytes
 constexpr std::size_t kLongestEcho = 40;
 
-bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
 std::string_view firstCharacter(std::string_view text) {
     std::size_t length = std::min<std::size_t>(text.size(), 1);
-    while (length < text.size() && continuesCharacter(text[length])) {
+    while (length < text.size() && standalone::isContinuation(text[length])) {
         ++length;
     }
     return text.substr(0, length);
-}
-
-std::size_t lengthGap(const std::string& one, const std::string& other) {
-    return std::max(one.size(), other.size()) - std::min(one.size(), other.size());
-}
-
-/// How many bytes must be inserted, removed or replaced to make one text the other.
-std::size_t editDistance(const std::string& from, const std::string& to) {
-    std::vector<std::size_t> row(to.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < from.size(); ++i) {
-        std::size_t diagonal = row[0]++;
-        for (std::size_t j = 0; j < to.size(); ++j) {
-            const std::size_t replaced = diagonal + (from[i] == to[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
-        }
-    }
-    return row.back();
 }
 
 }  // namespace
@@ -74,10 +54,10 @@ std::string shortened(std::string_view text, std::size_t width) {
     return out + "…";
 }
 
-std::string singleLine(std::string_view text) { return standalone::loader::printable(text); }
+std::string singleLine(std::string_view text) { return standalone::printable(text); }
 
 std::string printable(std::string_view text) {
-    return standalone::loader::replaceUnprintable(text, [](std::string_view character) {
+    return standalone::replaceUnprintable(text, [](std::string_view character) {
         return character == "\n" ? std::string(character) : singleLine(character);
     });
 }
@@ -85,7 +65,7 @@ std::string printable(std::string_view text) {
 std::string echoed(const std::string& text) {
     const bool plain =
         !text.empty() && text.size() <= kLongestEcho && text.find('"') == std::string::npos && singleLine(text) == text;
-    return plain ? text : standalone::loader::inQuotes(text);
+    return plain ? text : standalone::inQuotes(text);
 }
 
 std::vector<std::string> words(std::string_view text) {
@@ -116,10 +96,7 @@ std::vector<std::string> nearNames(const std::string& text, const std::vector<st
     const std::size_t farthest = std::max<std::size_t>(1, text.size() / 3);
     std::vector<std::pair<std::size_t, std::string>> candidates;
     for (const std::string& name : known) {
-        if (lengthGap(text, name) > farthest) {
-            continue;
-        }
-        const std::size_t distance = editDistance(text, name);
+        const std::size_t distance = standalone::editDistance(text, name, farthest);
         if (distance <= farthest) {
             candidates.emplace_back(distance, name);
         }

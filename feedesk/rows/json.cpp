@@ -7,12 +7,12 @@
 
 #include "feedesk/numbers.h"
 #include "feedesk/text.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
 
 namespace feedesk {
 namespace {
 
-using standalone::loader::replaceUnprintable;
+using standalone::replaceUnprintable;
 using JsonWriter = rapidjson::Writer<rapidjson::StringBuffer>;
 
 bool isWholeCharacter(std::string_view character) {

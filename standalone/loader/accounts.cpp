@@ -4,7 +4,7 @@
 #include "standalone/loader/account_kinds.h"
 #include "standalone/loader/table.h"
 #include "standalone/loader/tables.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
 
 namespace standalone::loader {
 namespace {

@@ -7,7 +7,8 @@
 #include "standalone/loader/category_columns.h"
 #include "standalone/loader/rule_line.h"
 #include "standalone/loader/tables.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/numbers.h"
 
 namespace standalone::loader {
 namespace {
@@ -62,10 +63,7 @@ void addRule(Load& load, const std::string& file, const ReadRule& read,
     load.market.categories.push_back({line.category, line.name, line.market, line.code, line.product, read.position});
 }
 
-bool isWholeNumber(std::string_view text) {
-    const std::string_view digits = text.substr(text.front() == '-' ? 1 : 0);
-    return !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
-}
+bool isWholeNumber(std::string_view text) { return isDigits(text.substr(text.front() == '-' ? 1 : 0)); }
 
 // Categories are looked up by name or by number, with one text for both.
 void readCategoryName(RuleLine& line, Cell& cell) {

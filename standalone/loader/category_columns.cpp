@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "host/categories.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
 
 namespace standalone::loader {
 namespace {

@@ -2,32 +2,24 @@
 
 #include <algorithm>
 #include <array>
+#include <boost/algorithm/string/predicate.hpp>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <optional>
 
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/numbers.h"
+#include "standalone/text/wording.h"
 
 namespace standalone::loader {
 namespace {
 
 const std::string kPlainNumber = "a plain number such as 0.00025";
 
-/// Whether the whole text was read as a number; `error` tells a number out of range from a text that is none.
-template <class Number>
-bool readWhole(std::string_view text, Number& value, std::errc& error) {
-    const char* const end = text.data() + text.size();
-    const std::from_chars_result read = std::from_chars(text.data(), end, value);
-    error = read.ec;
-    return read.ptr == end && read.ec != std::errc::invalid_argument;
-}
-
 std::optional<double> plainNumber(std::string_view text) {
-    double value = 0;
-    std::errc error{};
-    if (!readWhole(text, value, error) || error != std::errc() || !std::isfinite(value)) return std::nullopt;
-    return value;
+    const std::optional<double> value = numberIn<double>(text);
+    return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
 std::string written(double value) {
@@ -37,13 +29,9 @@ std::string written(double value) {
     return std::string(digits.data(), end.ptr);
 }
 
-bool endsWith(std::string_view text, std::string_view end) {
-    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
-
 /// How to write a number that ends in a sign for hundredths and so on; the exponent keeps every digit.
 std::string mendParts(std::string_view text, std::string_view sign, const std::string& exponent) {
-    if (!endsWith(text, sign)) return {};
+    if (!boost::ends_with(text, sign)) return {};
     std::string number(text.substr(0, text.size() - sign.size()));
     number.erase(number.find_last_not_of(' ') + 1);
     const std::optional<double> value = plainNumber(number + exponent);
@@ -104,8 +92,8 @@ std::vector<std::string> wordsOf(const Words& words) {
 
 bool readNumber(Cell& cell, double& value) {
     double number = 0;
-    std::errc error{};
-    if (!readWhole(cell.text, number, error)) {
+    const std::errc error = readNumberIn(cell.text, number);
+    if (error == std::errc::invalid_argument) {
         return cell.refuseFound(ErrorKind::kNumber, kPlainNumber, [&] { return mendNumber(cell.text); });
     }
     if (error == std::errc::result_out_of_range) {
@@ -125,14 +113,12 @@ bool readNumberFromZero(Cell& cell, double& value) {
 }
 
 bool readInteger(Cell& cell, int low, int high, int& value) {
-    int number = 0;
-    std::errc error{};
-    const bool whole = readWhole(cell.text, number, error) && error == std::errc();
-    if (!whole || number < low || number > high) {
+    const std::optional<int> number = numberIn<int>(cell.text);
+    if (!number || *number < low || *number > high) {
         return cell.refuseFound(ErrorKind::kNumber,
                                 "a whole number from " + std::to_string(low) + " to " + std::to_string(high));
     }
-    value = number;
+    value = *number;
     return true;
 }
 

@@ -5,7 +5,7 @@
 #include "standalone/loader/rate_members.h"
 #include "standalone/loader/rule_line.h"
 #include "standalone/loader/tables.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
 
 namespace standalone::loader {
 namespace {

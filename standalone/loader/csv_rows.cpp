@@ -3,7 +3,7 @@
 #include <new>
 #include <utility>
 
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
 
 namespace standalone::loader {
 namespace {

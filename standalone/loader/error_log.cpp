@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "standalone/loader/reading_order.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
 
 namespace standalone::loader {
 namespace {

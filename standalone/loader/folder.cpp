@@ -1,9 +1,11 @@
 #include "standalone/loader/folder.h"
 
 #include <algorithm>
+#include <boost/algorithm/string/predicate.hpp>
 #include <system_error>
 
-#include "standalone/loader/words.h"
+#include "standalone/text/nearness.h"
+#include "standalone/text/wording.h"
 
 namespace standalone::loader {
 namespace {
@@ -29,18 +31,15 @@ const std::vector<KnownFolder>& knownFolders() {
     return folders;
 }
 
-bool endsWith(const std::string& text, const std::string& end) {
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
 /// Files that spreadsheets and desktops leave behind: locks begin with "~$", or with a point like other hidden files.
 bool isLitter(const std::string& name) {
-    std::string lower = name;
-    std::transform(lower.begin(), lower.end(), lower.begin(), lowerCase);
-    return name.compare(0, 2, "~$") == 0 || lower == "thumbs.db" || lower == "desktop.ini";
+    const std::string lower = lowerCase(name);
+    return boost::starts_with(name, "~$") || lower == "thumbs.db" || lower == "desktop.ini";
 }
 
-bool leftAlone(const std::string& name) { return name.front() == '.' || endsWith(name, ".md") || isLitter(name); }
+bool leftAlone(const std::string& name) {
+    return name.front() == '.' || boost::ends_with(name, ".md") || isLitter(name);
+}
 
 /// The names in a folder in ascending order; the error says why there are none.
 std::vector<std::string> namesIn(const fs::path& folder, std::error_code& error) {
@@ -107,7 +106,7 @@ private:
 
     void visitFile(const KnownFolder& folder, const std::string& file) {
         const bool known = folder.files.empty()
-                               ? endsWith(file, ".csv")
+                               ? boost::ends_with(file, ".csv")
                                : std::find(folder.files.begin(), folder.files.end(), file) != folder.files.end();
         if (!known) {
             reportUnknown(folder, file);

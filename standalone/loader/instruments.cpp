@@ -6,7 +6,7 @@
 #include "standalone/loader/spreadsheet_code.h"
 #include "standalone/loader/table.h"
 #include "standalone/loader/tables.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
 
 namespace standalone::loader {
 namespace {

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/wording.h"
 
 namespace standalone::loader {
 namespace {

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
 
 namespace standalone {
 namespace {
@@ -66,7 +66,7 @@ std::string pathOf(const std::string& folder, const std::string& file) {
 }
 
 std::string placed(const std::string& path, std::size_t line, const std::string& sentence) {
-    return loader::printable(path) + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + sentence;
+    return printable(path) + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + sentence;
 }
 
 }  // namespace

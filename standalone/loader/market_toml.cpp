@@ -8,7 +8,8 @@
 #include "standalone/loader/text_file.h"
 #include "standalone/loader/toml_nesting.h"
 #include "standalone/loader/toml_section.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/wording.h"
 
 namespace standalone::loader {
 namespace {

@@ -6,7 +6,8 @@
 #include "standalone/loader/account_kinds.h"
 #include "standalone/loader/lists.h"
 #include "standalone/loader/spreadsheet_code.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/wording.h"
 
 namespace standalone::loader {
 namespace {

@@ -3,16 +3,13 @@
 #include <algorithm>
 #include <optional>
 
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/numbers.h"
 
 namespace standalone::loader {
 namespace {
 
 constexpr std::size_t kLongestCode = 8;  // of a code of digits alone; longer ones have no leading zeros
-
-bool isDigits(std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
 
 /// A number of a spreadsheet in its parts: 1.005E+05 is "1", "005" and "05".
 struct NumberParts {

@@ -3,8 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "standalone/loader/long_text.h"
 #include "standalone/loader/text_file.h"
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/nearness.h"
+#include "standalone/text/utf8.h"
+#include "standalone/text/wording.h"
 
 namespace standalone::loader {
 
@@ -170,11 +174,8 @@ bool TableReader::readCells(const std::function<void(std::size_t, Cell&)>& set) 
         const std::size_t column = columnOfCell[i];
         if (column == kNoColumn) continue;
         Cell cell(row.cells[i].text, columns[column].name, row.cells[i].line, state);
-        if (cell.text.size() > kMostCharacters && characters(cell.text) > kMostCharacters) {
-            cell.refuse(ErrorKind::kTooLong, [&] {
-                return " holds " + inQuotes(cell.text) + " of " + std::to_string(characters(cell.text)) +
-                       " characters, but at most " + std::to_string(kMostCharacters) + " are taken; shorten it";
-            });
+        if (const std::string fault = tooLong(cell.text); !fault.empty()) {
+            cell.refuse(ErrorKind::kTooLong, [&] { return " holds " + inQuotes(cell.text) + fault; });
         } else if (!cell.empty()) {
             set(column, cell);
         } else if (columns[column].need == Need::kFilled) {

@@ -8,7 +8,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "standalone/loader/encoding.h"
+#include "standalone/text/encoding.h"
+#include "standalone/text/utf8.h"
 
 namespace standalone::loader {
 namespace {

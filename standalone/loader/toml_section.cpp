@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
-#include "standalone/loader/words.h"
+#include "standalone/loader/long_text.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/utf8.h"
+#include "standalone/text/wording.h"
 
 namespace standalone::loader {
 namespace {
@@ -68,10 +71,8 @@ void TomlSection::readText(std::string_view key, Need need, std::string& value) 
     const auto* text = node->as_string();
     if (text == nullptr || text->get().empty()) {
         refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a text in quotes" + kMend);
-    } else if (characters(text->get()) > kMostCharacters) {
-        refuse(ErrorKind::kKeyValue, key,
-               found(*node) + " of " + std::to_string(characters(text->get())) + " characters, but at most " +
-                   std::to_string(kMostCharacters) + " are taken; shorten it");
+    } else if (const std::string fault = tooLong(text->get()); !fault.empty()) {
+        refuse(ErrorKind::kKeyValue, key, found(*node) + fault);
     } else {
         value = text->get();
     }

@@ -6,7 +6,8 @@
 #include <memory>
 #include <stdexcept>
 
-#include "standalone/records/text.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/utf8.h"
 
 namespace qmservice::records {
 namespace {
@@ -29,7 +30,7 @@ private:
 };
 
 [[noreturn]] void throwNoRoom(std::string_view name) {
-    throw std::length_error("The field \"" + escaped(name) +
+    throw std::length_error("The field \"" + standalone::escaped(name) +
                             "\" does not fit into its BSON document, which holds at most 2147483647 bytes; "
                             "write fewer records into one document.");
 }
@@ -65,7 +66,7 @@ void BsonWriter::append(std::string_view name, std::int32_t value) {
 }
 
 void BsonWriter::append(std::string_view name, std::string_view text) {
-    if (!isUtf8(text)) return appendBinary(name, text);
+    if (!standalone::isUtf8(text)) return appendBinary(name, text);
     require(bson_append_utf8(document, name.data(), nameLength(name), text.data(), intLength(text, name)), name);
 }
 
@@ -93,6 +94,6 @@ void BsonWriter::appendDocument(std::string_view name, const BsonDocument& field
 
 std::string BsonWriter::fieldName(std::int32_t key) { return std::to_string(key); }
 
-std::string BsonWriter::fieldName(std::string_view key) { return escaped(key); }
+std::string BsonWriter::fieldName(std::string_view key) { return standalone::escaped(key); }
 
 }  // namespace qmservice::records

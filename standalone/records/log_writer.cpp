@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "standalone/records/text.h"
+#include "standalone/text/escape.h"
+#include "standalone/text/numbers.h"
 
 namespace qmservice::records {
 
@@ -13,11 +14,11 @@ void LogWriter::separate(bool& first) {
     first = false;
 }
 
-void LogWriter::value(double number) { raw(shortestText(number)); }
+void LogWriter::value(double number) { raw(standalone::shortestText(number)); }
 
 void LogWriter::value(std::int32_t number) { raw(std::to_string(number)); }
 
-void LogWriter::value(std::string_view text) { raw('"' + escaped(text) + '"'); }
+void LogWriter::value(std::string_view text) { raw('"' + standalone::escaped(text) + '"'); }
 
 void LogWriter::writeRecord(const IData* record) {
     if (record == nullptr) return raw("null");

@@ -1,10 +1,9 @@
 #include "standalone/services/category_book.h"
 
 #include <algorithm>
-#include <charconv>
-#include <system_error>
 
 #include "standalone/text/code_pattern.h"
+#include "standalone/text/numbers.h"
 
 namespace standalone {
 
@@ -15,13 +14,6 @@ bool isAnyOr(const std::string& wanted, const std::string& value) { return wante
 bool takesIn(const CategoryRule& rule, const std::string& market, const std::string& code, const std::string& product) {
     return isAnyOr(rule.market, market) && isAnyOr(rule.product, product) &&
            (rule.code.empty() || matchesPattern(code, rule.code));
-}
-
-int decimalNumber(const std::string& text) {
-    int number = CategoryBook::kNoCategory;
-    const char* const end = text.data() + text.size();
-    const std::from_chars_result read = std::from_chars(text.data(), end, number);
-    return read.ec == std::errc() && read.ptr == end ? number : CategoryBook::kNoCategory;
 }
 
 }  // namespace
@@ -43,7 +35,7 @@ bool CategoryBook::holds(int category, const std::string& market, const std::str
 
 int CategoryBook::numberOf(const std::string& name) const {
     const auto found = numbers.find(name);
-    return found == numbers.end() ? decimalNumber(name) : found->second;
+    return found == numbers.end() ? numberIn<int>(name).value_or(kNoCategory) : found->second;
 }
 
 }  // namespace standalone

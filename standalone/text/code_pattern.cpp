@@ -1,6 +1,7 @@
 #include "standalone/text/code_pattern.h"
 
 #include <algorithm>
+#include <boost/algorithm/string/predicate.hpp>
 #include <cstddef>
 
 namespace standalone {
@@ -8,12 +9,6 @@ namespace standalone {
 namespace {
 
 constexpr char kAnyRun = '*';
-
-bool startsWith(std::string_view text, std::string_view start) { return text.substr(0, start.size()) == start; }
-
-bool endsWith(std::string_view text, std::string_view end) {
-    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
 
 }  // namespace
 
@@ -26,7 +21,7 @@ bool matchesPattern(std::string_view code, std::string_view pattern) noexcept {
     if (code.size() + static_cast<std::size_t>(std::count(pattern.begin(), pattern.end(), kAnyRun)) < pattern.size()) {
         return false;
     }
-    if (!startsWith(code, pattern.substr(0, star))) {
+    if (!boost::starts_with(code, pattern.substr(0, star))) {
         return false;
     }
     code.remove_prefix(star);
@@ -40,7 +35,7 @@ bool matchesPattern(std::string_view code, std::string_view pattern) noexcept {
         code.remove_prefix(at + star);
         pattern.remove_prefix(star + 1);
     }
-    return endsWith(code, pattern);
+    return boost::ends_with(code, pattern);
 }
 
 }  // namespace standalone

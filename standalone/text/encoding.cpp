@@ -1,10 +1,8 @@
-#include "standalone/loader/encoding.h"
-
-#include <bson/bson.h>
+#include "standalone/text/encoding.h"
 
 #include <cstddef>
 
-namespace standalone::loader {
+namespace standalone {
 namespace {
 
 bool isWithin(std::string_view text, std::size_t at, unsigned first, unsigned last) {
@@ -32,8 +30,6 @@ bool isPunctuation(std::string_view text, std::size_t at) {
 
 }  // namespace
 
-bool isUtf8(std::string_view text) { return bson_utf8_validate(text.data(), text.size(), false); }
-
 bool beginsAsUtf16(std::string_view text) {
     const std::string_view mark = text.substr(0, 2);
     return mark == "\xFF\xFE" || mark == "\xFE\xFF";
@@ -51,4 +47,4 @@ bool looksLikeGb18030(std::string_view text) {
     return common > 0 && common >= rare;
 }
 
-}  // namespace standalone::loader
+}  // namespace standalone

@@ -1,6 +1,6 @@
-// Texts in messages.
+// Texts of any bytes as a person reads them.
 
-#include "standalone/loader/words.h"
+#include "standalone/text/escape.h"
 
 #include <gtest/gtest.h>
 
@@ -8,24 +8,24 @@
 #include <utility>
 #include <vector>
 
-namespace standalone::loader {
+namespace standalone {
 namespace {
 
-TEST(Words, EmptyTextIsQuotedAsItIs) { EXPECT_EQ(inQuotes(""), "\"\""); }
+TEST(Escape, EmptyTextIsQuotedAsItIs) { EXPECT_EQ(inQuotes(""), "\"\""); }
 
-TEST(Words, LongTextIsShortenedBetweenCharacters) {
+TEST(Escape, LongTextIsShortenedBetweenCharacters) {
     const std::string almost(38, 'a');
     EXPECT_EQ(inQuotes(almost + "茅茅"), '"' + almost + "...\"");
     EXPECT_EQ(inQuotes(almost + "x\xF0\x9F\x98\x80"), '"' + almost + "x...\"");
 }
 
-TEST(Words, LongTextThatIsNotUtf8IsShortenedNearTheSamePlace) {
+TEST(Escape, LongTextThatIsNotUtf8IsShortenedNearTheSamePlace) {
     std::string bytes;
     for (int i = 0; i < 36; ++i) bytes += "\\x80";
     EXPECT_EQ(inQuotes(std::string(41, '\x80')), '"' + bytes + "...\"");
 }
 
-TEST(Words, TextIsEscapedWhereATerminalWouldObeyIt) {
+TEST(Escape, TextIsEscapedWhereATerminalWouldObeyIt) {
     const std::vector<std::pair<std::string, std::string>> rows = {
         {"a\tb\nc\rd\x1B[0m\x7F", "a\\tb\\nc\\x0dd\\x1b[0m\\x7f"},
         {"\xC2\x80\xC2\x9F", "\\xc2\\x80\\xc2\\x9f"},                                      // C1 control characters
@@ -34,7 +34,7 @@ TEST(Words, TextIsEscapedWhereATerminalWouldObeyIt) {
     for (const auto& [text, shown] : rows) EXPECT_EQ(printable(text), shown);
 }
 
-TEST(Words, ByteThatIsNotUtf8IsEscapedAndItsNeighboursStay) {
+TEST(Escape, ByteThatIsNotUtf8IsEscapedAndItsNeighboursStay) {
     const std::vector<std::pair<std::string, std::string>> rows = {
         {"\x9B"
          "31m",
@@ -58,50 +58,19 @@ TEST(Words, ByteThatIsNotUtf8IsEscapedAndItsNeighboursStay) {
     for (const auto& [text, shown] : rows) EXPECT_EQ(printable(text), shown);
 }
 
-TEST(Words, EveryOtherCharacterStays) {
+TEST(Escape, EveryOtherCharacterStays) {
     for (const std::string text : {"", "贵州茅台 a\\x9b", "\xC2\xA0", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF",
                                    "\xEE\x80\x80", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
         EXPECT_EQ(printable(text), text);
     }
 }
 
-TEST(Words, BlankIsWhatDoesNotPrintAndASpace) {
+TEST(Escape, BlankIsWhatDoesNotPrintAndASpace) {
     EXPECT_FALSE(hasBlank("贵州茅台"));
     EXPECT_TRUE(hasBlank("a b"));
     EXPECT_TRUE(hasBlank("茅\t台"));
     EXPECT_TRUE(hasBlank("茅\xE2\x80\x8E"));
 }
 
-TEST(Words, ListOfWordsIsJoinedByCommasAndOr) {
-    EXPECT_EQ(oneOf({}), "");
-    EXPECT_EQ(oneOf({"a"}), "a");
-    EXPECT_EQ(oneOf({"a", "b"}), "a or b");
-    EXPECT_EQ(oneOf({"a", "b", "c"}), "a, b or c");
-}
-
-TEST(Words, WordsPastTheMostAreCounted) {
-    EXPECT_EQ(oneOf({"a", "b", "c"}, 3), "a, b or c");
-    EXPECT_EQ(oneOf({"a", "b", "c", "d", "e"}, 2), "a, b and 3 more");
-}
-
-TEST(Words, NothingIsNearAnEmptyText) { EXPECT_EQ(nearest("", {"a"}), ""); }
-
-TEST(Words, NothingIsNearATextOfMoreThan64Bytes) {
-    const std::string longest(64, 'a');
-    EXPECT_EQ(nearest(longest, {longest + "b"}), longest + "b");
-    EXPECT_EQ(nearest(longest + "a", {longest + "b"}), "");
-}
-
-TEST(Words, NothingIsNearAmongMoreThan2000Candidates) {
-    std::vector<std::string> candidates(2000, "stock");
-    EXPECT_EQ(nearest("stcok", candidates), "stock");
-    candidates.emplace_back("stock");
-    EXPECT_EQ(nearest("stcok", candidates), "");
-}
-
-TEST(Words, NearestOfSeveralIsTheOneWithTheFewestChanges) {
-    EXPECT_EQ(nearest("stock", {"stack2", "sto", "Stick"}), "Stick");
-}
-
 }  // namespace
-}  // namespace standalone::loader
+}  // namespace standalone

@@ -1,13 +1,11 @@
-#ifndef STANDALONE_LOADER_ENCODING_H
-#define STANDALONE_LOADER_ENCODING_H
+#ifndef STANDALONE_TEXT_ENCODING_H
+#define STANDALONE_TEXT_ENCODING_H
 
 #include <string_view>
 
 // Which encoding a text seems to have that is not UTF-8. Safe from any number of threads at once.
 
-namespace standalone::loader {
-
-bool isUtf8(std::string_view text);
+namespace standalone {
 
 /// Whether the text begins with the byte order mark of UTF-16.
 bool beginsAsUtf16(std::string_view text);
@@ -17,6 +15,6 @@ bool beginsAsUtf16(std::string_view text);
 /// out as rare characters.
 bool looksLikeGb18030(std::string_view text);
 
-}  // namespace standalone::loader
+}  // namespace standalone
 
-#endif  // STANDALONE_LOADER_ENCODING_H
+#endif  // STANDALONE_TEXT_ENCODING_H

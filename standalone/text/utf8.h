@@ -1,0 +1,25 @@
+#ifndef STANDALONE_TEXT_UTF8_H
+#define STANDALONE_TEXT_UTF8_H
+
+#include <cstddef>
+#include <string_view>
+
+// Safe from any number of threads at once.
+
+namespace standalone {
+
+/// Whether the text is valid UTF-8; a zero byte counts as a character.
+bool isUtf8(std::string_view text);
+
+/// Bytes of the UTF-8 character that the text, which is not empty, begins with; 0 when it begins with none.
+std::size_t characterLength(std::string_view text);
+
+/// Whether the byte stands inside a UTF-8 character and does not begin one.
+constexpr bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+/// How many characters the text has, which is UTF-8.
+std::size_t characters(std::string_view text);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_TEXT_UTF8_H
