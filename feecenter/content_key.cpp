@@ -3,10 +3,10 @@
 #include <array>
 #include <charconv>
 #include <cstddef>
-#include <initializer_list>
 #include <limits>
 
 #include "CFeeCenter.h"
+#include "host/record_fields.h"
 #include "host/services.h"
 
 namespace qmservice {
@@ -22,19 +22,18 @@ std::int64_t scaled(double rate) {
     return fits ? static_cast<std::int64_t>(product) : std::numeric_limits<std::int64_t>::min();
 }
 
-void foldRates(ContentKey& key, std::initializer_list<double> rates) {
-    for (const double rate : rates) {
-        key.foldRate(rate);
-    }
+/// Folds the rates of a list in its order, which is part of the key.
+template <class Record, class Rates>
+void foldRates(ContentKey& key, const Record& record, const Rates& rates) {
+    records::forEachOf(rates, [&](const auto& rate) { key.foldRate(record.*rate.member); });
 }
 
 template <class Detail>
 uint64 commissionKey(const Detail& detail) {
     ContentKey key;
     // Rule "openRatioByVolume counts twice": the chain has it before and after openRatioByMoney.
-    foldRates(key, {detail.openRatioByVolume, detail.openRatioByMoney, detail.openRatioByVolume,
-                    detail.closeRatioByMoney, detail.closeRatioByVolume, detail.closeTodayRatioByMoney,
-                    detail.closeTodayRatioByVolume, detail.commissionExtra1, detail.commissionExtra2});
+    key.foldRate(detail.openRatioByVolume);
+    foldRates(key, detail, records::commissionRates<Detail>);
     return key.value();
 }
 
@@ -43,16 +42,14 @@ uint64 marginKey(const Detail& detail) {
     ContentKey key;
     key.foldInteger(detail.hedgeFlag);
     key.foldInteger(detail.marginMode);
-    foldRates(key, {detail.longMarginRatio, detail.longMarginRatioByVolume, detail.shortMarginRatio,
-                    detail.shortMarginRatioByVolume, detail.marginExtra1, detail.marginExtra2});
+    foldRates(key, detail, records::marginRates<Detail>);
     return key.value();
 }
 
 template <class Limit>
 uint64 connectKey(const Limit& limit, int tradeUnit) {
     ContentKey key;
-    foldRates(key, {limit.rate1, limit.rate2, limit.rate3, limit.rate4, limit.rate5, limit.rate6, limit.rate7,
-                    limit.rate8, limit.rate9, limit.rate10, limit.rate11, limit.rate12, limit.rate13, limit.rate14});
+    foldRates(key, limit, records::connectRates<Limit>);
     key.foldInteger(tradeUnit);
     return key.value();
 }
@@ -77,20 +74,18 @@ uint64 contentKey(const CCustomMarginRateDetail& detail) { return marginKey(deta
 
 uint64 contentKey(const CStkExchangeRateLimit& limit, int tradeUnit) {
     ContentKey key;
-    foldRates(key, {limit.rate1, limit.rate2, limit.rate3, limit.rate4, limit.rate5, limit.rate6});
+    foldRates(key, limit, records::stockRates<CStkExchangeRateLimit>);
     key.foldInteger(tradeUnit);
     return key.value();
 }
 
 uint64 contentKey(const CCustomStkExchangeRateLimit& limit, int tradeUnit) {
     ContentKey key;
-    foldRates(key, {limit.rate1, limit.rate2, limit.rate3, limit.rate4, limit.rate5, limit.rate6, limit.optionFee1,
-                    limit.optionFee2, limit.optionFee3, limit.optionFee4, limit.optionFee5});
+    foldRates(key, limit, records::stockRates<CCustomStkExchangeRateLimit>);
+    foldRates(key, limit, records::optionFees<CCustomStkExchangeRateLimit>);
     // Rule "Key characters are scaled like rates": of all integers only these three are, so their texts are those of
     // rates.
-    for (const std::int32_t code : {limit.optionSecondKeyCode, limit.optionThirdKeyCode, limit.optionFirstKeyCode}) {
-        key.foldRate(code);
-    }
+    foldRates(key, limit, records::optionKeyCodes<CCustomStkExchangeRateLimit>);
     key.foldInteger(tradeUnit);
     return key.value();
 }

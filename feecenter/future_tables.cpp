@@ -6,9 +6,14 @@
 #include <utility>
 
 #include "feecenter/content_key.h"
+#include "host/record_fields.h"
 
 namespace qmservice {
 namespace {
+
+using records::commissionRates;
+using records::copyFields;
+using records::marginRates;
 
 constexpr std::size_t kSlots = 3;
 constexpr uint64 kUnset = std::numeric_limits<uint64>::max();
@@ -16,14 +21,7 @@ constexpr uint64 kUnset = std::numeric_limits<uint64>::max();
 template <class Detail>
 boost::shared_ptr<CCommissionRateDetail> makeCommission(const Detail& detail) {
     auto record = boost::make_shared<CCommissionRateDetail>();
-    record->openRatioByMoney = detail.openRatioByMoney;
-    record->openRatioByVolume = detail.openRatioByVolume;
-    record->closeRatioByMoney = detail.closeRatioByMoney;
-    record->closeRatioByVolume = detail.closeRatioByVolume;
-    record->closeTodayRatioByMoney = detail.closeTodayRatioByMoney;
-    record->closeTodayRatioByVolume = detail.closeTodayRatioByVolume;
-    record->commissionExtra1 = detail.commissionExtra1;
-    record->commissionExtra2 = detail.commissionExtra2;
+    copyFields(detail, commissionRates<Detail>, *record, commissionRates<CCommissionRateDetail>);
     return record;
 }
 
@@ -31,12 +29,7 @@ template <class Detail>
 boost::shared_ptr<CMarginRateDetail> makeMargin(const Detail& detail) {
     auto record = boost::make_shared<CMarginRateDetail>();
     record->hedgeFlag = detail.hedgeFlag;
-    record->longMarginRatio = detail.longMarginRatio;
-    record->longMarginRatioByVolume = detail.longMarginRatioByVolume;
-    record->shortMarginRatio = detail.shortMarginRatio;
-    record->shortMarginRatioByVolume = detail.shortMarginRatioByVolume;
-    record->marginExtra1 = detail.marginExtra1;
-    record->marginExtra2 = detail.marginExtra2;
+    copyFields(detail, marginRates<Detail>, *record, marginRates<CMarginRateDetail>);
     return record;
 }
 

@@ -11,6 +11,7 @@
 #include "feecenter/content_key.h"
 #include "feecenter/item_key.h"
 #include "feecenter/option_tables.h"
+#include "host/record_fields.h"
 
 // Rule "Stock options are written under the stock lock": the update runs under stockMutex and the queries under
 // stkOptionMutex, so neither takes the other's lock. What keeps the tables whole between them is stkOptionTableMutex,
@@ -21,14 +22,10 @@ namespace {
 
 boost::shared_ptr<CStockOptionFeeItem> makeItem(const CCustomStkExchangeRateLimit& limit) {
     auto item = boost::make_shared<CStockOptionFeeItem>();
-    item->fee1 = limit.optionFee1;
-    item->fee2 = limit.optionFee2;
-    item->fee3 = limit.optionFee3;
-    item->fee4 = limit.optionFee4;
-    item->fee5 = limit.optionFee5;
-    item->secondKeyCode = limit.optionSecondKeyCode;
-    item->thirdKeyCode = limit.optionThirdKeyCode;
-    item->firstKeyCode = limit.optionFirstKeyCode;
+    using Item = CStockOptionFeeItem;
+    using Limit = CCustomStkExchangeRateLimit;
+    records::copyFields(limit, records::optionFees<Limit>, *item, records::optionFees<Item>);
+    records::copyFields(limit, records::optionKeyCodes<Limit>, *item, records::optionKeyCodes<Item>);
     return item;
 }
 

@@ -7,6 +7,7 @@
 
 #include "feecenter/category_match.h"
 #include "feecenter/category_number.h"
+#include "host/record_fields.h"
 #include "host/records.h"
 #include "host/services.h"
 
@@ -38,12 +39,8 @@ struct StockRules {
 
     static boost::shared_ptr<Limit> stamped(const CCustomStkExchangeRateLimit& limit, int tradeUnit) {
         auto record = boost::make_shared<Limit>();
-        record->rate1 = limit.rate1;
-        record->rate2 = limit.rate2;
-        record->rate3 = limit.rate3;
-        record->rate4 = limit.rate4;
-        record->rate5 = limit.rate5;
-        record->rate6 = limit.rate6;
+        records::copyFields(limit, records::stockRates<CCustomStkExchangeRateLimit>, *record,
+                            records::stockRates<Limit>);
         record->unitVolume = tradeUnit;
         return record;
     }

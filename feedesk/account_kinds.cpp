@@ -1,29 +1,22 @@
 #include "feedesk/account_kinds.h"
 
-#include <algorithm>
-#include <vector>
-
-#include "host/account.h"
+#include "standalone/families.h"
 
 namespace feedesk {
+namespace {
+
+/// Whose names the stock rates of an account have: its own family's where that has stock rates.
+std::string stockFamily(const std::string& family) {
+    const bool isStock = !family.empty() && standalone::family(family).records == standalone::RateRecords::kStock;
+    return isStock ? family : "stock";
+}
+
+}  // namespace
 
 AccountKind accountKind(int type) {
-    using namespace qmservice;  // NOLINT(google-build-using-namespace): the kinds
-    static const std::vector<feedesk::AccountKind> kinds = {
-        {kFuturesAccount, "futures", "stock", true},
-        {kStockAccount, "stock", "stock", true},
-        {kCreditAccount, "credit", "credit", true},
-        {kFutures5Account, "futures_5", "stock", true},
-        {kOptionAccount, "option", "stock", true},
-        {kHgtAccount, "hgt", "stock", true},
-        {kIncomeSwapAccount, "income_swap", "stock", false},
-        {kNeeqAccount, "neeq", "neeq", true},
-        {kSgtAccount, "sgt", "stock", true},
-        {kPrimeBrokerageAccount, "prime_brokerage", "stock", false},
-        {kIncomeSwapFuturesAccount, "income_swap_futures", "stock", false}};
-    const auto found = std::find_if(kinds.begin(), kinds.end(),
-                                    [type](const feedesk::AccountKind& kind) { return kind.type == type; });
-    return found == kinds.end() ? feedesk::AccountKind{type, std::to_string(type), "stock", false} : *found;
+    const standalone::AccountKind* kind = standalone::findAccountKind(type);
+    return kind == nullptr ? AccountKind{type, std::to_string(type), stockFamily(""), false}
+                           : AccountKind{type, kind->name, stockFamily(kind->family), kind->isListed};
 }
 
 }  // namespace feedesk

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "feedesk/account_kinds.h"
+#include "host/record_fields.h"
 
 namespace feedesk {
 namespace {
@@ -17,14 +18,22 @@ constexpr const char* kOptionPart = "option";
 
 // The rates that market.toml names, in the order of their fields.
 
-Values values(const CStkExchangeRateLimit& l) { return {l.rate1, l.rate2, l.rate3, l.rate4, l.rate5, l.rate6}; }
+template <class Record, class Rates>
+Values valuesOf(const Record& record, const Rates& rates) {
+    Values values;
+    records::forEachOf(rates, [&](const auto& rate) { values.push_back(record.*rate.member); });
+    return values;
+}
 
-Values values(const CStockOptionFeeItem& item) { return {item.fee1, item.fee2, item.fee3, item.fee4, item.fee5}; }
+Values values(const CStkExchangeRateLimit& limit) {
+    return valuesOf(limit, records::stockRates<CStkExchangeRateLimit>);
+}
+
+Values values(const CStockOptionFeeItem& item) { return valuesOf(item, records::optionFees<CStockOptionFeeItem>); }
 
 template <class Record>
-Values values(const ConnectExchangeRateLimit<Record>& l) {
-    return {l.rate1, l.rate2, l.rate3,  l.rate4,  l.rate5,  l.rate6,  l.rate7,
-            l.rate8, l.rate9, l.rate10, l.rate11, l.rate12, l.rate13, l.rate14};
+Values values(const ConnectExchangeRateLimit<Record>& limit) {
+    return valuesOf(static_cast<const Record&>(limit), records::connectRates<Record>);
 }
 
 TitledRates single(const std::string& title, const std::string& column, Unit unit, double value) {

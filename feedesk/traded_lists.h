@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "feedesk/provenance.h"
+#include "standalone/families.h"
 #include "standalone/market.h"
 
 namespace feedesk {
@@ -13,14 +14,11 @@ namespace feedesk {
 /// The lists of a market folder whose instruments accounts of a kind trade.
 struct TradedLists {
     std::string name;  ///< what a person calls them
-    int kindMask;
-    int types;
+    standalone::Lists lists;
 };
 
 /// By CAccountInfo::accountType; empty for a kind that trades everything.
 std::optional<TradedLists> tradedLists(int accountType);
-
-bool isIn(const TradedLists& lists, const standalone::ListedInstrument& instrument);
 
 /// The instruments that accounts of a kind trade, in the folder's order.
 std::vector<Question> tradedInstruments(int accountType, const standalone::Market& market);

@@ -8,6 +8,7 @@
 #include "feedesk/account_kinds.h"
 #include "feedesk/instrument_text.h"
 #include "feedesk/marks.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 namespace {
@@ -24,16 +25,8 @@ struct PartTitle {
 };
 
 PartTitle partTitle(const std::string& part) {
-    static const std::map<std::string, PartTitle> titles = {{"stock", {"Stock rates", ""}},
-                                                            {"credit", {"Credit rates", ""}},
-                                                            {"neeq", {"NEEQ rates", ""}},
-                                                            {"option", {"Stock option fee items", "Item"}},
-                                                            {"commission", {"Futures commission", ""}},
-                                                            {"margin", {"Futures margin", "Hedge flag"}},
-                                                            {"hgt", {"Shanghai-Hong Kong connect rates", ""}},
-                                                            {"sgt", {"Shenzhen-Hong Kong connect rates", ""}}};
-    const auto found = titles.find(part);
-    return found == titles.end() ? PartTitle{part, "Item"} : found->second;
+    const standalone::Family& family = standalone::family(part);
+    return {family.title, family.itemTitle};
 }
 
 const qmservice::CInstrument& instrument(const FeeRow& row) { return *row.answer.instrument; }

@@ -1,7 +1,9 @@
+#include <fmt/format.h>
+
 #include <boost/make_shared.hpp>
 #include <limits>
 
-#include "standalone/loader/account_kinds.h"
+#include "standalone/families.h"
 #include "standalone/loader/table.h"
 #include "standalone/loader/tables.h"
 #include "standalone/text/escape.h"
@@ -9,18 +11,27 @@
 namespace standalone::loader {
 namespace {
 
-using namespace qmservice;  // NOLINT(google-build-using-namespace): records, kinds and lists
+using qmservice::CAccountInfo;
 
 const std::string kFile = "accounts.csv";
 
-std::vector<Column<CAccountInfo>> accountColumns() {
+const Words& kindWords() {
+    static const Words words = [] {
+        Words all;
+        for (const AccountKind& kind : accountKinds()) all.emplace_back(kind.name, kind.kind);
+        return all;
+    }();
+    return words;
+}
+
+std::vector<TableColumn<CAccountInfo>> accountColumns() {
     return {
-        {"account", Need::kFilled, [](CAccountInfo& info, Cell& cell) { readName(cell, info.accountId); }},
-        {"name", Need::kFilled, [](CAccountInfo& info, Cell& cell) { readText(cell, info.accountName); }},
-        {"kind", Need::kFilled,
-         [](CAccountInfo& info, Cell& cell) { readWord(cell, accountKindWords(), info.accountType); }},
-        {"platform", Need::kOptional,
-         [](CAccountInfo& info, Cell& cell) {
+        {"account", ColumnNeed::kFilled, [](CAccountInfo& info, TableCell& cell) { readName(cell, info.accountId); }},
+        {"name", ColumnNeed::kFilled, [](CAccountInfo& info, TableCell& cell) { readText(cell, info.accountName); }},
+        {"kind", ColumnNeed::kFilled,
+         [](CAccountInfo& info, TableCell& cell) { readWord(cell, kindWords(), info.accountType); }},
+        {"platform", ColumnNeed::kOptional,
+         [](CAccountInfo& info, TableCell& cell) {
              readInteger(cell, std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), info.platformId);
          }},
     };
@@ -37,8 +48,8 @@ void addAccount(Load& load, const ReadLine<CAccountInfo>& read) {
     if (!isNew) {
         const Position first = load.market.accounts[entry->second].position;
         load.errors.add({kFile, read.position.line, "account"}, ErrorKind::kRepeated, [&] {
-            return "the account " + inQuotes(number) + " stands already at " + load.market.where(first) +
-                   "; remove one of the lines or give it another number";
+            return fmt::format("the account {} stands already at {}; remove one of the lines or give it another number",
+                               inQuotes(number), load.market.where(first));
         });
         return;
     }
@@ -47,31 +58,6 @@ void addAccount(Load& load, const ReadLine<CAccountInfo>& read) {
 }
 
 }  // namespace
-
-const Words& accountKindWords() {
-    static const Words words{{"futures", kFuturesAccount},
-                             {"stock", kStockAccount},
-                             {"credit", kCreditAccount},
-                             {"futures_5", kFutures5Account},
-                             {"option", kOptionAccount},
-                             {"hgt", kHgtAccount},
-                             {"income_swap", kIncomeSwapAccount},
-                             {"neeq", kNeeqAccount},
-                             {"sgt", kSgtAccount},
-                             {"prime_brokerage", kPrimeBrokerageAccount},
-                             {"income_swap_futures", kIncomeSwapFuturesAccount}};
-    return words;
-}
-
-std::vector<std::string> kindNames(const std::vector<int>& kinds) {
-    std::vector<std::string> names;
-    for (const int kind : kinds) {
-        for (const auto& [name, value] : accountKindWords()) {
-            if (value == kind) names.push_back(name);
-        }
-    }
-    return names;
-}
 
 void readAccounts(Load& load) {
     if (!load.hasFile(kFile)) {

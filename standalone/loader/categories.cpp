@@ -1,10 +1,12 @@
-#include <map>
+#include <fmt/format.h>
+
 #include <unordered_map>
 #include <utility>
 
 #include "host/categories.h"
 #include "host/keys.h"
 #include "standalone/loader/category_columns.h"
+#include "standalone/loader/first_lines.h"
 #include "standalone/loader/rule_line.h"
 #include "standalone/loader/tables.h"
 #include "standalone/text/escape.h"
@@ -33,8 +35,8 @@ void checkName(Load& load, const std::string& file, const ReadRule& read,
         const CategoryRule& first = load.market.categories[sameNumber->second];
         if (first.name.empty() || first.name == line.name) return;
         load.errors.add({file, read.position.line, "name"}, ErrorKind::kRepeated, [&] {
-            return numbered(line.category) + " is named " + inQuotes(line.name) + " here but " + inQuotes(first.name) +
-                   " at " + load.market.where(first.position) + "; give it one name";
+            return fmt::format("{} is named {} here but {} at {}; give it one name", numbered(line.category),
+                               inQuotes(line.name), inQuotes(first.name), load.market.where(first.position));
         });
         return;
     }
@@ -42,8 +44,8 @@ void checkName(Load& load, const std::string& file, const ReadRule& read,
     if (sameName == names.end()) return;
     const CategoryRule& first = load.market.categories[sameName->second];
     load.errors.add({file, read.position.line, "name"}, ErrorKind::kRepeated, [&] {
-        return numbered(line.category) + " is named " + inQuotes(line.name) + ", but so is " +
-               numbered(first.category) + " at " + load.market.where(first.position) + "; give it another name";
+        return fmt::format("{} is named {}, but so is {} at {}; give it another name", numbered(line.category),
+                           inQuotes(line.name), numbered(first.category), load.market.where(first.position));
     });
 }
 
@@ -66,7 +68,7 @@ void addRule(Load& load, const std::string& file, const ReadRule& read,
 bool isWholeNumber(std::string_view text) { return isDigits(text.substr(text.front() == '-' ? 1 : 0)); }
 
 // Categories are looked up by name or by number, with one text for both.
-void readCategoryName(RuleLine& line, Cell& cell) {
+void readCategoryName(RuleLine& line, TableCell& cell) {
     if (isWholeNumber(cell.text)) {
         cell.refuseFound(ErrorKind::kName, "a name that cannot be taken for the number of a category",
                          [] { return "give it another name"; });
@@ -78,9 +80,9 @@ void readCategoryName(RuleLine& line, Cell& cell) {
 void readSystemCategories(Load& load) {
     const std::string& file = kSystemFile;
     if (!isThere(load, file, load.categories.membersComplete)) return;
-    const RuleColumn name{"name", Need::kFilled, readCategoryName};
+    const RuleColumn name{"name", ColumnNeed::kFilled, readCategoryName};
     const std::vector<RuleColumn> columns{numberColumn("category", &RuleLine::category), name,
-                                          marketColumn(load, Need::kOptional), codeColumn(Need::kOptional),
+                                          marketColumn(load, ColumnNeed::kOptional), codeColumn(ColumnNeed::kOptional),
                                           productColumn()};
     std::unordered_map<std::string, std::size_t> names;
     const bool complete =
@@ -90,17 +92,14 @@ void readSystemCategories(Load& load) {
 
 // --- custom categories
 
-/// The lines that have said something already, by what they speak of.
-template <class Subject>
-using FirstLines = std::map<Subject, Position>;
-
+/// Whether no line before spoke of the subject; reported when one did.
 template <class Subject, class Text>
 bool isFirst(Load& load, const std::string& file, const ReadRule& read, const Subject& subject, const Text& text,
              FirstLines<Subject>& lines) {
-    const auto [first, isNew] = lines.emplace(subject, read.position);
-    if (isNew) return true;
-    load.errors.add({file, read.position.line, "category"}, ErrorKind::kRepeated, [&, at = first->second] {
-        return text() + " already at " + load.market.where(at) + "; remove one of the lines";
+    const std::optional<Position> before = lines.before(subject, read.position);
+    if (!before) return true;
+    load.errors.add({file, read.position.line, "category"}, ErrorKind::kRepeated, [&] {
+        return fmt::format("{} already at {}; remove one of the lines", text(), load.market.where(*before));
     });
     return false;
 }
@@ -115,7 +114,9 @@ void addMember(Load& load, const std::string& file, const ReadRule& read, FirstL
         return;
     }
     std::vector<std::string>& members = load.categories.custom[line.category];
-    const auto text = [&] { return line.market + " " + inQuotes(line.code) + " is in " + numbered(line.category); };
+    const auto text = [&] {
+        return fmt::format("{} {} is in {}", line.market, inQuotes(line.code), numbered(line.category));
+    };
     if (!place || !isFirst(load, file, read, {line.category, *place}, text, lines)) return;
     members.push_back(utils::voStockKey(line.market, line.code));
 }
@@ -124,7 +125,7 @@ void readCustomCategories(Load& load) {
     const std::string file = "custom_categories.csv";
     if (!isThere(load, file, load.categories.membersComplete)) return;
     const std::vector<RuleColumn> columns{numberColumn("category", &RuleLine::category),
-                                          marketColumn(load, Need::kFilled), codeColumn(Need::kFilled)};
+                                          marketColumn(load, ColumnNeed::kFilled), codeColumn(ColumnNeed::kFilled)};
     FirstLines<Member> lines;
     const bool complete =
         readTable<RuleLine>(load, file, columns, [&](const ReadRule& read) { addMember(load, file, read, lines); });
@@ -155,12 +156,12 @@ void readGroupCategories(Load& load) {
     if (!isThere(load, file, load.categories.groupsComplete)) return;
     static const Words modes{{"include", 0}, {"exclude", 1}};
     const std::vector<RuleColumn> columns{
-        {"group", Need::kFilled,
-         [](RuleLine& line, Cell& cell) {
+        {"group", ColumnNeed::kFilled,
+         [](RuleLine& line, TableCell& cell) {
              readInteger(cell, qmservice::kGroupCategories.first, qmservice::kGroupCategories.last, line.group);
          }},
         memberCategoryColumn(load),
-        {"mode", Need::kFilled, [](RuleLine& line, Cell& cell) { readWord(cell, modes, line.excluded); }}};
+        {"mode", ColumnNeed::kFilled, [](RuleLine& line, TableCell& cell) { readWord(cell, modes, line.excluded); }}};
     FirstLines<Part> lines;
     const bool complete =
         readTable<RuleLine>(load, file, columns, [&](const ReadRule& read) { addPart(load, file, read, lines); });

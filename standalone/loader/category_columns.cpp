@@ -1,5 +1,7 @@
 #include "standalone/loader/category_columns.h"
 
+#include <fmt/format.h>
+
 #include <functional>
 #include <limits>
 
@@ -26,7 +28,7 @@ std::string missingTable(const Load& load, int category, bool mayBeGroup) {
     return load.lacks(table) ? table : "";
 }
 
-void readCategory(const Load& load, Cell& cell, const CategoryChoice& choice, bool complete, int& category) {
+void readCategory(const Load& load, TableCell& cell, const CategoryChoice& choice, bool complete, int& category) {
     int number = 0;
     if (!readInteger(cell, 1, std::numeric_limits<int>::max(), number)) return;
     if (choice.known(number)) {
@@ -44,11 +46,12 @@ void readCategory(const Load& load, Cell& cell, const CategoryChoice& choice, bo
 /// A category that custom fees may name: `refuse` tells why a category of the folder that is not `tested` never
 /// matches.
 RuleColumn feeCategoryColumn(const Load& load, const std::string& kinds, bool groups,
-                             const std::function<bool(int)>& tested, const std::function<void(Cell&, int)>& refuse) {
+                             const std::function<bool(int)>& tested,
+                             const std::function<void(TableCell&, int)>& refuse) {
     const CategoryRegister& all = load.categories;
     const CategoryChoice choice{kinds, groups,
                                 [&all](int number) { return isMember(all, number) || all.groups.count(number) != 0; }};
-    return {"category", Need::kFilled, [=, &load, &all](RuleLine& line, Cell& cell) {
+    return {"category", ColumnNeed::kFilled, [=, &load, &all](RuleLine& line, TableCell& cell) {
                 const bool complete = all.membersComplete && all.groupsComplete;
                 int category = 0;
                 readCategory(load, cell, choice, complete, category);
@@ -64,7 +67,7 @@ RuleColumn feeCategoryColumn(const Load& load, const std::string& kinds, bool gr
 }
 
 /// A custom category stands for its members only as a part of a group: by itself the fee center does not look into it.
-void refuseCustomCategory(Cell& cell) {
+void refuseCustomCategory(TableCell& cell) {
     cell.refuse(ErrorKind::kUnusedCategory, [&] {
         return " holds " + inQuotes(cell.text) +
                ", a custom category, which matches no instrument by itself; put it into a group of "
@@ -72,10 +75,12 @@ void refuseCustomCategory(Cell& cell) {
     });
 }
 
-void refuseAllButSystemCategory(Cell& cell, const std::string& kind) {
+void refuseAllButSystemCategory(TableCell& cell, const std::string& kind) {
     cell.refuse(ErrorKind::kUnusedCategory, [&] {
-        return " holds " + inQuotes(cell.text) + ", a " + kind +
-               " category, but Shenzhen connect tests system categories alone; name a category of categories.csv";
+        return fmt::format(
+            " holds {}, a {} category, but Shenzhen connect tests system categories alone; name a category of "
+            "categories.csv",
+            inQuotes(cell.text), kind);
     });
 }
 
@@ -84,7 +89,7 @@ void refuseAllButSystemCategory(Cell& cell, const std::string& kind) {
 RuleColumn memberCategoryColumn(const Load& load) {
     const CategoryRegister& all = load.categories;
     const CategoryChoice choice{"system or custom", false, [&all](int number) { return isMember(all, number); }};
-    return {"category", Need::kFilled, [=, &load, &all](RuleLine& line, Cell& cell) {
+    return {"category", ColumnNeed::kFilled, [=, &load, &all](RuleLine& line, TableCell& cell) {
                 readCategory(load, cell, choice, all.membersComplete, line.category);
             }};
 }
@@ -94,14 +99,14 @@ RuleColumn categoryColumn(const Load& load) {
     return feeCategoryColumn(
         load, "system or group", true,
         [&all](int number) { return all.system.count(number) != 0 || all.groups.count(number) != 0; },
-        [](Cell& cell, int /*category*/) { refuseCustomCategory(cell); });
+        [](TableCell& cell, int /*category*/) { refuseCustomCategory(cell); });
 }
 
 RuleColumn systemCategoryColumn(const Load& load) {
     const CategoryRegister& all = load.categories;
     return feeCategoryColumn(
         load, "system", false, [&all](int number) { return all.system.count(number) != 0; },
-        [&all](Cell& cell, int category) {
+        [&all](TableCell& cell, int category) {
             refuseAllButSystemCategory(cell, all.groups.count(category) != 0 ? "group" : "custom");
         });
 }

@@ -1,8 +1,9 @@
-#include <boost/make_shared.hpp>
-#include <limits>
-#include <map>
+#include <fmt/format.h>
 
-#include "standalone/loader/rate_members.h"
+#include <boost/make_shared.hpp>
+
+#include "standalone/loader/first_lines.h"
+#include "standalone/loader/rate_records.h"
 #include "standalone/loader/rule_line.h"
 #include "standalone/loader/tables.h"
 #include "standalone/text/escape.h"
@@ -10,76 +11,55 @@
 namespace standalone::loader {
 namespace {
 
-using qmservice::CCustomHGTExchangeRateLimit;
-using qmservice::CCustomSgtExchangeRateLimit;
-using qmservice::CStkExchangeRateLimit;
-
-/// What is particular to the configured limits of one family; `unit` is where the record keeps the trade unit.
-template <class Limit, std::size_t count>
-struct LimitFamily {
-    const char* name;
-    const RateMembers<Limit, count>& rates;
-    std::int32_t Limit::*unit;
-    std::vector<ConfiguredLimit<Limit>> Market::*limits;
-    std::vector<RuleColumn> ownColumns;
-};
-
-/// The lines that have set a limit already, by instrument.
-using FirstByPlace = std::map<std::size_t, Position>;
-
-bool isFirst(Load& load, const std::string& file, const ReadRule& read, std::size_t place, FirstByPlace& lines) {
-    const auto [first, isNew] = lines.emplace(place, read.position);
-    if (isNew) return true;
-    load.errors.add({file, read.position.line, "code"}, ErrorKind::kRepeated, [&, at = first->second] {
-        return "the instrument " + read.line.market + " " + inQuotes(read.line.code) + " has a line already at " +
-               load.market.where(at) + "; remove one of them";
+/// Whether no line before gave a limit to the instrument; reported when one did.
+bool isFirst(Load& load, const std::string& file, const ReadRule& read, std::size_t place,
+             FirstLines<std::size_t>& lines) {
+    const std::optional<Position> before = lines.before(place, read.position);
+    if (!before) return true;
+    load.errors.add({file, read.position.line, "code"}, ErrorKind::kRepeated, [&] {
+        return fmt::format("the instrument {} {} has a line already at {}; remove one of them", read.line.market,
+                           inQuotes(read.line.code), load.market.where(*before));
     });
     return false;
 }
 
-template <class Limit, std::size_t count>
-void addLimit(Load& load, const LimitFamily<Limit, count>& family, const ReadRule& read, std::size_t place) {
-    const auto limit = boost::make_shared<Limit>();
-    setRates(*limit, family.rates, read.line);
-    (*limit).*family.unit = read.line.unitVolume != 0 ? read.line.unitVolume : load.market.instruments[place].tradeUnit;
-    (load.market.*family.limits).push_back({read.line.market, read.line.code, limit, read.position});
+template <class Records>
+void addLimit(Load& load, const ReadRule& read, std::size_t place) {
+    const auto limit = boost::make_shared<typename Records::Limit>();
+    setRates(*limit, Records::kRates, read.line);
+    (*limit).*Records::kUnit =
+        read.line.unitVolume != 0 ? read.line.unitVolume : load.market.instruments[place].tradeUnit;
+    (load.market.*Records::kConfigured).push_back({read.line.market, read.line.code, limit, read.position});
 }
 
-template <class Limit, std::size_t count>
-void readFamily(Load& load, const LimitFamily<Limit, count>& family) {
-    const std::string file = "configured/" + std::string(family.name) + ".csv";
-    if (!load.hasFile(file)) return;
-    const std::vector<RuleColumn> keys =
-        joined({marketColumn(load, Need::kFilled), codeColumn(Need::kFilled)}, family.ownColumns);
-    FirstByPlace lines;
-    readTable<RuleLine>(
-        load, file, joined(keys, namedRates(load, family.name)),
-        [&](const ReadRule& read) {
-            const std::optional<std::size_t> place = findInstrument(load, file, read);
-            if (place && isFirst(load, file, read, *place, lines) && read.whole) addLimit(load, family, read, *place);
-        },
-        load.ratesComplete);
+/// The columns beside the rates; a stock limit may have a trade unit of its own.
+std::vector<RuleColumn> keyColumns(const Load& load, const Family& family) {
+    std::vector<RuleColumn> keys{marketColumn(load, ColumnNeed::kFilled), codeColumn(ColumnNeed::kFilled)};
+    if (family.records == RateRecords::kStock) {
+        keys.push_back(numberColumn("unit_volume", &RuleLine::unitVolume, ColumnNeed::kOptional));
+    }
+    return keys;
+}
+
+template <class Records>
+void readLimits(Load& load, const Family& family) {
+    const std::string file = family.configuredTable();
+    FirstLines<std::size_t> lines;
+    readRateTable(load, file, family, keyColumns(load, family), [&](const ReadRule& read) {
+        const std::optional<std::size_t> place = findInstrument(load, file, read);
+        if (place && isFirst(load, file, read, *place, lines) && read.whole) addLimit<Records>(load, read, *place);
+    });
 }
 
 }  // namespace
 
 void readConfiguredLimits(Load& load) {
-    readFamily(load, LimitFamily<CStkExchangeRateLimit, 6>{
-                         "stock",
-                         kStockRates<CStkExchangeRateLimit>,
-                         &CStkExchangeRateLimit::unitVolume,
-                         &Market::stockLimits,
-                         {numberColumn("unit_volume", &RuleLine::unitVolume, Need::kOptional)}});
-    readFamily(load, LimitFamily<CCustomHGTExchangeRateLimit, 14>{"hgt",
-                                                                  kConnectRates<CCustomHGTExchangeRateLimit>,
-                                                                  &CCustomHGTExchangeRateLimit::tradeMinUnit,
-                                                                  &Market::hgtLimits,
-                                                                  {}});
-    readFamily(load, LimitFamily<CCustomSgtExchangeRateLimit, 14>{"sgt",
-                                                                  kConnectRates<CCustomSgtExchangeRateLimit>,
-                                                                  &CCustomSgtExchangeRateLimit::tradeMinUnit,
-                                                                  &Market::sgtLimits,
-                                                                  {}});
+    for (const Family& family : families()) {
+        if (!family.isConfigured) continue;
+        visitRecords(family.records, [&](auto records) {
+            if constexpr (decltype(records)::kHasLimit) readLimits<decltype(records)>(load, family);
+        });
+    }
 }
 
 }  // namespace standalone::loader

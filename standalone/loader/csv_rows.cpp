@@ -1,5 +1,7 @@
 #include "standalone/loader/csv_rows.h"
 
+#include <fmt/format.h>
+
 #include <new>
 #include <utility>
 
@@ -84,17 +86,19 @@ bool CsvRows::feedLine(std::string_view lineText) {
 std::string CsvRows::faultAt(std::string_view lineText, std::size_t offset) const {
     const std::string found = inQuotes(firstCharacter(lineText.substr(offset)));
     if (cellLine < lineNumber) {
-        return "the quoted cell that begins here is not closed properly: in line " + std::to_string(lineNumber) +
-               " its closing quote is followed by " + found +
-               ", but a comma or the line's end was expected; close the "
-               "cell, and double every quote inside it";
+        return fmt::format(
+            "the quoted cell that begins here is not closed properly: in line {} its closing quote is followed by {}, "
+            "but a comma or the line's end was expected; close the cell, and double every quote inside it",
+            lineNumber, found);
     }
     if (lineText[offset] == '"') {
         return "a quote stands inside a cell, after " + inQuotes(lineText.substr(0, offset)) +
                "; put the whole cell in quotes and double every quote inside it";
     }
-    return "a closing quote is followed by " + found + ", after " + inQuotes(lineText.substr(0, offset)) +
-           ", but a comma or the line's end was expected; double every quote inside the cell";
+    return fmt::format(
+        "a closing quote is followed by {}, after {}, but a comma or the line's end was expected; double every quote "
+        "inside the cell",
+        found, inQuotes(lineText.substr(0, offset)));
 }
 
 // A cell that was opened by mistake swallows the lines behind it, so reading goes on right behind the line where the

@@ -1,36 +1,38 @@
+#include <algorithm>
 #include <boost/make_shared.hpp>
 #include <map>
 #include <utility>
 
-#include "standalone/loader/account_kinds.h"
 #include "standalone/loader/category_columns.h"
-#include "standalone/loader/rate_members.h"
+#include "standalone/loader/rate_records.h"
 #include "standalone/loader/rule_line.h"
 #include "standalone/loader/tables.h"
 
 namespace standalone::loader {
 namespace {
 
-using namespace qmservice;
+using namespace qmservice;  // NOLINT(google-build-using-namespace): records
 
 /// By account, then by number of the update.
 using CustomFees = std::map<std::pair<std::size_t, int>, CustomFee>;
 
-/// What is particular to the custom fees of one table: a custom fee of class `Fee` takes an entry of class `Limit` a
-/// line.
-template <class Fee, class Limit, std::size_t count>
-struct CustomFamily {
-    const char* name;
-    std::vector<int> accountKinds;
-    std::vector<boost::shared_ptr<Limit>> Fee::*entries;
-    std::string Limit::*category;
-    const RateMembers<Limit, count>& rates;
-    std::vector<RuleColumn> rateColumns;
-    std::vector<RuleColumn> ownColumns;
-    void (*setOwnFields)(Limit&, const RuleLine&);
-    bool namedRates;  ///< market.toml names the rates
-    RuleColumn (*categoryColumn)(const Load&) = loader::categoryColumn;
-};
+// What the limits of a class have besides category and rates.
+
+template <class Limit>
+void setOwnFields(Limit& /*limit*/, const RuleLine& /*line*/) {}
+
+/// A fee item; a line of the other families that have limits of this class names none.
+void setOwnFields(CCustomStkExchangeRateLimit& limit, const RuleLine& line) {
+    if (line.item.empty()) return;
+    limit.optionFirstKeyCode = static_cast<unsigned char>(line.item[0]);
+    limit.optionSecondKeyCode = static_cast<unsigned char>(line.item[1]);
+    limit.optionThirdKeyCode = static_cast<unsigned char>(line.item[2]);
+}
+
+void setOwnFields(CCustomMarginRateDetail& detail, const RuleLine& line) {
+    detail.hedgeFlag = line.hedgeFlag;
+    detail.marginMode = line.marginMode;
+}
 
 template <class Limit>
 void setCategories(Limit& limit, const CategoryRegister& categories, int category) {
@@ -49,148 +51,60 @@ Fee& feeOf(CustomFee& customFee) {
     return static_cast<Fee&>(*customFee.record);
 }
 
-template <class Fee, class Limit, std::size_t count>
-void addEntry(const Load& load, const CustomFamily<Fee, Limit, count>& family, const ReadRule& read, CustomFees& fees) {
+template <class Records>
+void addEntry(const Load& load, const ReadRule& read, CustomFees& fees) {
     const RuleLine& line = read.line;
-    const auto limit = boost::make_shared<Limit>();
-    (*limit).*family.category = std::to_string(line.category);
-    setRates(*limit, family.rates, line);
-    if (family.setOwnFields != nullptr) family.setOwnFields(*limit, line);
+    const auto limit = boost::make_shared<typename Records::CustomLimit>();
+    (*limit).*Records::kCategory = std::to_string(line.category);
+    setRates(*limit, Records::kCustomRates, line);
+    setOwnFields(*limit, line);
     setCategories(*limit, load.categories, line.category);
     CustomFee& fee = fees[{*line.account, line.update}];
-    (feeOf<Fee>(fee).*family.entries).push_back(limit);
+    (feeOf<typename Records::CustomFee>(fee).*Records::kEntries).push_back(limit);
     fee.entries.push_back(read.position);
-}
-
-template <class Fee, class Limit, std::size_t count>
-void readFamily(Load& load, const CustomFamily<Fee, Limit, count>& family, CustomFees& fees) {
-    const std::string file = "custom/" + std::string(family.name) + ".csv";
-    if (!load.hasFile(file)) return;
-    const std::vector<RuleColumn> keys{accountColumn(load, file, family.accountKinds),
-                                       numberColumn("update", &RuleLine::update), family.categoryColumn(load)};
-    readTable<RuleLine>(
-        load, file, joined(joined(keys, family.ownColumns), family.rateColumns),
-        [&](const ReadRule& read) {
-            if (read.whole) addEntry(load, family, read, fees);
-        },
-        load.ratesComplete || !family.namedRates);
 }
 
 bool isItemCharacter(char byte) {
     return (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
 }
 
-void readItem(RuleLine& line, Cell& cell) {
-    const bool good = cell.text.size() == 3 && isItemCharacter(cell.text[0]) && isItemCharacter(cell.text[1]) &&
-                      isItemCharacter(cell.text[2]);
-    if (good) {
+void readItem(RuleLine& line, TableCell& cell) {
+    if (cell.text.size() == 3 && std::all_of(cell.text.begin(), cell.text.end(), isItemCharacter)) {
         readText(cell, line.item);
     } else {
         cell.refuseFound(ErrorKind::kName, "a fee item of three letters or digits, such as 000 or 0D1");
     }
 }
 
-void setItem(CCustomStkExchangeRateLimit& limit, const RuleLine& line) {
-    limit.optionFirstKeyCode = static_cast<unsigned char>(line.item[0]);
-    limit.optionSecondKeyCode = static_cast<unsigned char>(line.item[1]);
-    limit.optionThirdKeyCode = static_cast<unsigned char>(line.item[2]);
-}
-
-void setMarginFields(CCustomMarginRateDetail& detail, const RuleLine& line) {
-    detail.hedgeFlag = line.hedgeFlag;
-    detail.marginMode = line.marginMode;
-}
-
-void readStockFamilies(Load& load, CustomFees& fees) {
-    using Stock = CustomFamily<CCustomStockInstrumentFee, CCustomStkExchangeRateLimit, 6>;
-    using Option = CustomFamily<CCustomStockInstrumentFee, CCustomStkExchangeRateLimit, 5>;
-    const auto entries = &CCustomStockInstrumentFee::rateLimits;
-    const auto category = &CCustomStkExchangeRateLimit::category;
-    const std::pair<const char*, int> kinds[] = {
-        {"stock", kStockAccount}, {"credit", kCreditAccount}, {"neeq", kNeeqAccount}};
-    for (const auto& [name, kind] : kinds) {
-        readFamily(load,
-                   Stock{name,
-                         {kind},
-                         entries,
-                         category,
-                         kStockRates<CCustomStkExchangeRateLimit>,
-                         namedRates(load, name),
-                         {},
-                         nullptr,
-                         true},
-                   fees);
+std::vector<RuleColumn> keyColumns(const Load& load, const std::string& file, const Family& family) {
+    const bool isSgt = family.records == RateRecords::kSgt;
+    std::vector<RuleColumn> keys{accountColumn(load, file, family.customAccounts),
+                                 numberColumn("update", &RuleLine::update),
+                                 isSgt ? systemCategoryColumn(load) : categoryColumn(load)};
+    if (family.records == RateRecords::kOption) {
+        keys.push_back({"item", ColumnNeed::kFilled, readItem});
+    } else if (family.records == RateRecords::kMargin) {
+        keys = joined(std::move(keys), {hedgeFlagColumn(), marginModeColumn()});
     }
-    const RuleColumn item{"item", Need::kFilled, readItem};
-    readFamily(load,
-               Option{"option",
-                      {kOptionAccount},
-                      entries,
-                      category,
-                      kOptionFees,
-                      namedRates(load, "option"),
-                      {item},
-                      setItem,
-                      true},
-               fees);
+    return keys;
 }
 
-template <class Fee, class Limit>
-void readConnectFamily(Load& load, const char* name, int accountKind, RuleColumn (*categories)(const Load&),
-                       CustomFees& fees) {
-    readFamily(load,
-               CustomFamily<Fee, Limit, 14>{name,
-                                            {accountKind},
-                                            &Fee::rateLimits,
-                                            &Limit::category,
-                                            kConnectRates<Limit>,
-                                            namedRates(load, name),
-                                            {},
-                                            nullptr,
-                                            true,
-                                            categories},
-               fees);
-}
-
-// The commission details of a fee come before its margin details, so the tables are read in this order.
-void readFuturesFamilies(Load& load, CustomFees& fees) {
-    using Commission = CustomFamily<CCustomFutureInstrumentFee, CCustomCommissionRateDetail, 8>;
-    using Margin = CustomFamily<CCustomFutureInstrumentFee, CCustomMarginRateDetail, 6>;
-    const std::vector<int> kinds{kFuturesAccount, kFutures5Account, kPrimeBrokerageAccount};
-    readFamily(load,
-               Commission{"commission",
-                          kinds,
-                          &CCustomFutureInstrumentFee::commissionDetails,
-                          &CCustomCommissionRateDetail::categoryId,
-                          kCommissionRates<CCustomCommissionRateDetail>,
-                          commissionRates(),
-                          {},
-                          nullptr,
-                          false},
-               fees);
-    readFamily(load,
-               Margin{"margin",
-                      kinds,
-                      &CCustomFutureInstrumentFee::marginDetails,
-                      &CCustomMarginRateDetail::categoryId,
-                      kMarginRates<CCustomMarginRateDetail>,
-                      marginRates(),
-                      {hedgeFlagColumn(), marginModeColumn()},
-                      setMarginFields,
-                      false},
-               fees);
+template <class Records>
+void readFamily(Load& load, const Family& family, CustomFees& fees) {
+    const std::string file = family.customTable();
+    readRateTable(load, file, family, keyColumns(load, file, family), [&](const ReadRule& read) {
+        if (read.whole) addEntry<Records>(load, read, fees);
+    });
 }
 
 }  // namespace
 
+// The commission details of a fee come before its margin details, as the families do.
 void readCustomFees(Load& load) {
     CustomFees fees;
-    readStockFamilies(load, fees);
-    readConnectFamily<CCustomHGTInstrumentFee, CCustomHGTExchangeRateLimit>(load, "hgt", kHgtAccount, categoryColumn,
-                                                                            fees);
-    readConnectFamily<CCustomSgtInstrumentFee, CCustomSgtExchangeRateLimit>(load, "sgt", kSgtAccount,
-                                                                            systemCategoryColumn, fees);
-    readFuturesFamilies(load, fees);
+    for (const Family& family : families()) {
+        visitRecords(family.records, [&](auto records) { readFamily<decltype(records)>(load, family, fees); });
+    }
     for (auto& [key, fee] : fees) load.market.accounts[key.first].customFees.push_back(std::move(fee));
 }
 

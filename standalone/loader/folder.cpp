@@ -1,9 +1,12 @@
 #include "standalone/loader/folder.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <boost/algorithm/string/predicate.hpp>
 #include <system_error>
 
+#include "standalone/families.h"
 #include "standalone/text/nearness.h"
 #include "standalone/text/wording.h"
 
@@ -20,14 +23,25 @@ struct KnownFolder {
     std::vector<std::string> files;
 };
 
+std::vector<KnownFolder> makeKnownFolders() {
+    KnownFolder fees{"fees/", {}};
+    KnownFolder configured{"configured/", {}};
+    KnownFolder custom{"custom/", {}};
+    for (const Family& family : families()) {
+        const std::string file = std::string(family.name) + ".csv";
+        if (!family.feeAccounts.empty()) fees.files.push_back(file);
+        if (family.isConfigured) configured.files.push_back(file);
+        custom.files.push_back(file);
+    }
+    return {{"", {"market.toml", "accounts.csv", "categories.csv", "custom_categories.csv", "group_categories.csv"}},
+            {kInstruments + "/", {}},
+            fees,
+            configured,
+            custom};
+}
+
 const std::vector<KnownFolder>& knownFolders() {
-    static const std::vector<KnownFolder> folders{
-        {"", {"market.toml", "accounts.csv", "categories.csv", "custom_categories.csv", "group_categories.csv"}},
-        {kInstruments + "/", {}},
-        {"fees/", {"stock.csv", "credit.csv", "neeq.csv", "hgt.csv", "sgt.csv", "commission.csv", "margin.csv"}},
-        {"configured/", {"stock.csv", "hgt.csv", "sgt.csv"}},
-        {"custom/",
-         {"stock.csv", "credit.csv", "neeq.csv", "option.csv", "hgt.csv", "sgt.csv", "commission.csv", "margin.csv"}}};
+    static const std::vector<KnownFolder> folders = makeKnownFolders();
     return folders;
 }
 
@@ -127,8 +141,8 @@ private:
         const std::string expected = folder.files.empty() ? "tables ending in .csv" : oneOf(names);
         load.misspelt.push_back(nearest(file, names));
         load.errors.add({folder.name + file}, ErrorKind::kUnknownFile,
-                        "the format does not know this name, only " + expected + " here; rename it or remove it" +
-                            suggestion(file, names));
+                        fmt::format("the format does not know this name, only {} here; rename it or remove it{}",
+                                    expected, suggestion(file, names)));
     }
 
     void reportMissing() {

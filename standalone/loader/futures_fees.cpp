@@ -5,17 +5,13 @@
 #include <map>
 #include <utility>
 
-#include "standalone/loader/account_kinds.h"
-#include "standalone/loader/rate_members.h"
+#include "standalone/loader/rate_records.h"
 #include "standalone/loader/rule_line.h"
 
 namespace standalone::loader {
 namespace {
 
 using namespace qmservice;  // NOLINT(google-build-using-namespace): records, kinds and lists
-
-const Lists kFuturesLists{0, kFuturesType | kFuturesExtraType};
-const std::vector<int> kFuturesKinds{kFuturesAccount, kFutures5Account};
 
 template <class Detail>
 struct Placed {
@@ -32,30 +28,25 @@ struct FuturesFee {
 /// By account, then by place in the catalogue.
 using FuturesFees = std::map<std::pair<std::size_t, std::size_t>, FuturesFee>;
 
-std::vector<RuleColumn> keyColumns(const Load& load, const std::string& file) {
-    return {accountColumn(load, file, kFuturesKinds), marketColumn(load, Need::kFilled), codeColumn(Need::kFilled),
-            productColumn()};
-}
-
 /// Reads one of the tables; `apply` takes each good line with the fee of each instrument that it matches.
 template <class Apply>
-void readFuturesTable(Load& load, const std::string& file, const std::vector<RuleColumn>& columns, FuturesFees& fees,
+void readFuturesTable(Load& load, const Family& family, const std::vector<RuleColumn>& ownColumns, FuturesFees& fees,
                       Apply apply) {
-    if (!load.hasFile(file)) return;
-    readTable<RuleLine>(load, file, columns, [&](const ReadRule& read) {
-        const std::vector<std::size_t> places = matchInstruments(load, file, read, kFuturesLists);
+    const std::string file = family.feeTable();
+    const std::vector<RuleColumn> keys = joined(feeKeyColumns(load, file, family), ownColumns);
+    readRateTable(load, file, family, keys, [&](const ReadRule& read) {
+        const std::vector<std::size_t> places = matchInstruments(load, file, read, family.lists);
         if (!read.whole) return;
         for (const std::size_t place : places) apply(read, place, fees[{*read.line.account, place}]);
     });
 }
 
 void readCommissions(Load& load, FuturesFees& fees) {
-    const std::string file = "fees/commission.csv";
-    readFuturesTable(load, file, joined(keyColumns(load, file), commissionRates()), fees,
+    readFuturesTable(load, family("commission"), {}, fees,
                      [&](const ReadRule& read, std::size_t place, FuturesFee& fee) {
                          const auto detail = boost::make_shared<CCommissionRateDetail>();
                          detail->instrumentId = load.market.instruments[place].record->code;
-                         setRates(*detail, kCommissionRates<CCommissionRateDetail>, read.line);
+                         setRates(*detail, records::commissionRates<CCommissionRateDetail>, read.line);
                          fee.commission = {detail, read.position};
                      });
 }
@@ -64,16 +55,14 @@ boost::shared_ptr<CMarginRateDetail> marginDetail(const RuleLine& line) {
     auto detail = boost::make_shared<CMarginRateDetail>();
     detail->hedgeFlag = line.hedgeFlag;
     detail->marginMode = line.marginMode;
-    setRates(*detail, kMarginRates<CMarginRateDetail>, line);
+    setRates(*detail, records::marginRates<CMarginRateDetail>, line);
     return detail;
 }
 
 void readMargins(Load& load, FuturesFees& fees) {
-    const std::string file = "fees/margin.csv";
-    const std::vector<RuleColumn> keys = joined(keyColumns(load, file), {hedgeFlagColumn(), marginModeColumn()});
     boost::shared_ptr<CMarginRateDetail> detail;  // one for all instruments of a line
     Position detailPosition;
-    readFuturesTable(load, file, joined(keys, marginRates()), fees,
+    readFuturesTable(load, family("margin"), {hedgeFlagColumn(), marginModeColumn()}, fees,
                      [&](const ReadRule& read, std::size_t /*place*/, FuturesFee& fee) {
                          if (!detail || detailPosition.line != read.position.line) detail = marginDetail(read.line);
                          detailPosition = read.position;

@@ -10,19 +10,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "standalone/market.h"
+#include "standalone/families.h"
 
 namespace standalone::loader {
-
-/// Some lists of the catalogue: an instrument belongs when it is in one of the kinds or types.
-struct Lists {
-    int kindMask = 0;
-    int types = 0;
-
-    [[nodiscard]] bool hold(const ListedInstrument& instrument) const {
-        return (instrument.kindMask & kindMask) != 0 || (instrument.types & types) != 0;
-    }
-};
 
 /// Whether the market or code holds the name of a connect channel, which the keys of instruments replace by the market
 /// that the channels trade in, so that such an instrument is never found.

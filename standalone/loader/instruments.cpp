@@ -1,3 +1,5 @@
+#include <fmt/format.h>
+
 #include <boost/make_shared.hpp>
 #include <limits>
 
@@ -23,9 +25,9 @@ struct InstrumentLine {
     int tradeUnit = 0;
 };
 
-using InstrumentColumn = Column<InstrumentLine>;
+using InstrumentColumn = TableColumn<InstrumentLine>;
 
-void readCode(Cell& cell, std::string& code) {
+void readCode(TableCell& cell, std::string& code) {
     if (cell.text.find('*') != std::string_view::npos) {
         cell.refuseFound(ErrorKind::kName, "a code without \"*\"",
                          [] { return "\"*\" belongs into patterns of other tables"; });
@@ -43,37 +45,37 @@ void readCode(Cell& cell, std::string& code) {
     }
 }
 
-InstrumentColumn textColumn(const std::string& name, Need need, std::string CInstrument::*field) {
-    return {name, need, [field](InstrumentLine& line, Cell& cell) { readText(cell, line.record.*field); }};
+InstrumentColumn textColumn(const std::string& name, ColumnNeed need, std::string CInstrument::*field) {
+    return {name, need, [field](InstrumentLine& line, TableCell& cell) { readText(cell, line.record.*field); }};
 }
 
 InstrumentColumn sizeColumn(const std::string& name, double CInstrument::*field) {
-    return {name, Need::kOptional,
-            [field](InstrumentLine& line, Cell& cell) { readNumberFromZero(cell, line.record.*field); }};
+    return {name, ColumnNeed::kOptional,
+            [field](InstrumentLine& line, TableCell& cell) { readNumberFromZero(cell, line.record.*field); }};
 }
 
 InstrumentColumn feeColumn(const std::string& name, double CInstrument::*field) {
-    return {name, Need::kOptional,
-            [field](InstrumentLine& line, Cell& cell) { readNumberFromZero(cell, line.record.*field); }};
+    return {name, ColumnNeed::kOptional,
+            [field](InstrumentLine& line, TableCell& cell) { readNumberFromZero(cell, line.record.*field); }};
 }
 
 std::vector<InstrumentColumn> instrumentColumns(const Load& load) {
     static const Words feeTypes{{"per_lot", 1}, {"per_turnover", 2}};
     return {
-        {"market", Need::kFilled,
-         [&load](InstrumentLine& line, Cell& cell) { readMarketName(load, cell, line.record.market); }},
-        {"code", Need::kFilled, [](InstrumentLine& line, Cell& cell) { readCode(cell, line.record.code); }},
-        textColumn("name", Need::kFilled, &CInstrument::name),
-        {"lists", Need::kPresent, [](InstrumentLine& line, Cell& cell) { readLists(cell, line.lists); }},
-        textColumn("product", Need::kOptional, &CInstrument::productId),
-        {"trade_unit", Need::kOptional,
-         [](InstrumentLine& line, Cell& cell) {
+        {"market", ColumnNeed::kFilled,
+         [&load](InstrumentLine& line, TableCell& cell) { readMarketName(load, cell, line.record.market); }},
+        {"code", ColumnNeed::kFilled, [](InstrumentLine& line, TableCell& cell) { readCode(cell, line.record.code); }},
+        textColumn("name", ColumnNeed::kFilled, &CInstrument::name),
+        {"lists", ColumnNeed::kPresent, [](InstrumentLine& line, TableCell& cell) { readLists(cell, line.lists); }},
+        textColumn("product", ColumnNeed::kOptional, &CInstrument::productId),
+        {"trade_unit", ColumnNeed::kOptional,
+         [](InstrumentLine& line, TableCell& cell) {
              readInteger(cell, 1, std::numeric_limits<int>::max(), line.tradeUnit);
          }},
         sizeColumn("multiplier", &CInstrument::volumeMultiple),
         sizeColumn("tick", &CInstrument::priceTick),
-        {"fee_type", Need::kOptional,
-         [](InstrumentLine& line, Cell& cell) { readWord(cell, feeTypes, line.record.feeType); }},
+        {"fee_type", ColumnNeed::kOptional,
+         [](InstrumentLine& line, TableCell& cell) { readWord(cell, feeTypes, line.record.feeType); }},
         feeColumn("open_fee", &CInstrument::openFee),
         feeColumn("close_fee", &CInstrument::closeFee),
         feeColumn("close_today_fee", &CInstrument::closeTodayFee),
@@ -96,8 +98,8 @@ void addInstrument(Load& load, const std::string& file, const ReadLine<Instrumen
     std::vector<ListedInstrument>& all = load.market.instruments;
     if (const auto first = load.instruments.add(record.market, record.code, all.size())) {
         load.errors.add({file, read.position.line, "code"}, ErrorKind::kRepeated, [&] {
-            return "the instrument " + record.market + " " + inQuotes(record.code) + " stands already at " +
-                   load.market.where(all[*first].position) + "; remove one of the lines";
+            return fmt::format("the instrument {} {} stands already at {}; remove one of the lines", record.market,
+                               inQuotes(record.code), load.market.where(all[*first].position));
         });
         return;
     }

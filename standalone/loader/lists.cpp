@@ -1,7 +1,11 @@
 #include "standalone/loader/lists.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
-#include <iterator>
+#include <vector>
+
+#include "host/catalogue.h"
 
 #include "standalone/text/escape.h"
 #include "standalone/text/wording.h"
@@ -9,31 +13,42 @@
 namespace standalone::loader {
 namespace {
 
-using namespace qmservice;  // NOLINT(google-build-using-namespace): records, kinds and lists
-
 struct NamedList {
     const char* name;
     Lists bits;
 };
 
-constexpr NamedList kLists[] = {{"stock", {kStockList, 0}},     {"credit", {kCreditList, 0}},
-                                {"option", {kOptionList, 0}},   {"hgt", {kHgtList, 0}},
-                                {"neeq", {kNeeqList, 0}},       {"sgt", {kSgtList, 0}},
-                                {"futures", {0, kFuturesType}}, {"futures_extra", {0, kFuturesExtraType}}};
+/// The kinds by their bits, each with the name of the family that it is for, then the types.
+std::vector<NamedList> namedLists() {
+    std::vector<NamedList> lists;
+    for (const Family& family : families()) {
+        if (family.lists.kindMask != 0) lists.push_back({family.name, family.lists});
+    }
+    std::sort(lists.begin(), lists.end(),
+              [](const NamedList& one, const NamedList& other) { return one.bits.kindMask < other.bits.kindMask; });
+    lists.push_back({"futures", {0, qmservice::kFuturesType}});
+    lists.push_back({"futures_extra", {0, qmservice::kFuturesExtraType}});
+    return lists;
+}
+
+const std::vector<NamedList>& allLists() {
+    static const std::vector<NamedList> lists = namedLists();
+    return lists;
+}
 
 std::vector<std::string> allNames() {
     std::vector<std::string> names;
-    for (const NamedList& list : kLists) names.emplace_back(list.name);
+    for (const NamedList& list : allLists()) names.emplace_back(list.name);
     return names;
 }
 
-bool readList(Cell& cell, std::string_view word, Lists& lists) {
-    const auto* found =
-        std::find_if(std::begin(kLists), std::end(kLists), [&](const NamedList& list) { return list.name == word; });
-    if (found == std::end(kLists)) {
+bool readList(TableCell& cell, std::string_view word, Lists& lists) {
+    const auto found =
+        std::find_if(allLists().begin(), allLists().end(), [&](const NamedList& list) { return list.name == word; });
+    if (found == allLists().end()) {
         return cell.refuse(ErrorKind::kWord, [&] {
-            return " names the list " + inQuotes(word) + ", but " + oneOf(allNames()) + " was expected" +
-                   mendByOneOf(word, allNames());
+            return fmt::format(" names the list {}, but {} was expected{}", inQuotes(word), oneOf(allNames()),
+                               mendByOneOf(word, allNames()));
         });
     }
     lists.kindMask |= found->bits.kindMask;
@@ -43,7 +58,7 @@ bool readList(Cell& cell, std::string_view word, Lists& lists) {
 
 }  // namespace
 
-bool readLists(Cell& cell, Lists& lists) {
+bool readLists(TableCell& cell, Lists& lists) {
     bool good = true;
     for (std::size_t start = cell.text.find_first_not_of(' '); start < cell.text.size();) {
         const std::size_t end = std::min(cell.text.find(' ', start), cell.text.size());
@@ -55,7 +70,7 @@ bool readLists(Cell& cell, Lists& lists) {
 
 std::string listNames(const Lists& lists) {
     std::vector<std::string> names;
-    for (const NamedList& list : kLists) {
+    for (const NamedList& list : allLists()) {
         if ((list.bits.kindMask & lists.kindMask) != 0 || (list.bits.types & lists.types) != 0) {
             names.emplace_back(list.name);
         }

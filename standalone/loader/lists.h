@@ -3,13 +3,13 @@
 
 #include <string>
 
-#include "standalone/loader/cell.h"
-#include "standalone/loader/instrument_index.h"
+#include "standalone/families.h"
+#include "standalone/loader/table_cell.h"
 
 namespace standalone::loader {
 
 /// Reads the names of lists, separated by spaces. False, with the error reported, when one is unknown.
-bool readLists(Cell& cell, Lists& lists);
+bool readLists(TableCell& cell, Lists& lists);
 
 /// The names of some lists: `stock`, `futures or futures_extra`.
 std::string listNames(const Lists& lists);

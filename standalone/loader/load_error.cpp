@@ -1,3 +1,5 @@
+#include <fmt/format.h>
+
 #include "standalone/load_error.h"
 
 #include <array>
@@ -78,9 +80,8 @@ std::string LoadError::path(const std::string& folder) const { return pathOf(fol
 std::string LoadError::text(const std::string& folder) const { return placed(path(folder), line, message); }
 
 std::string FurtherErrors::text(const std::string& folder) const {
-    return placed(
-        pathOf(folder, file), line,
-        "from here on " + std::to_string(count) + " more of the kind \"" + nameOf(kind) + "\": " + textOf(kind).many);
+    return placed(pathOf(folder, file), line,
+                  fmt::format("from here on {} more of the kind \"{}\": {}", count, nameOf(kind), textOf(kind).many));
 }
 
 }  // namespace standalone

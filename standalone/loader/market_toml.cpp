@@ -1,10 +1,12 @@
 #include "standalone/loader/market_toml.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <limits>
 #include <unordered_map>
 
-#include "standalone/loader/rate_names.h"
+#include "standalone/families.h"
 #include "standalone/loader/text_file.h"
 #include "standalone/loader/toml_nesting.h"
 #include "standalone/loader/toml_section.h"
@@ -14,7 +16,7 @@
 namespace standalone::loader {
 namespace {
 
-using TomlNeed = TomlSection::Need;
+using KeyNeed = TomlSection::KeyNeed;
 
 const std::string kFile = "market.toml";
 constexpr int kFormat = 1;
@@ -23,15 +25,15 @@ constexpr int kLowest = std::numeric_limits<int>::min();
 constexpr int kHighest = std::numeric_limits<int>::max();
 
 void readEngine(Load& load, TomlSection& root) {
-    const toml::table* table = root.readTable("engine", TomlNeed::kOptional);
+    const toml::table* table = root.readTable("engine", KeyNeed::kOptional);
     if (table == nullptr) return;
     TomlSection engine(*table, "engine", kFile, load.errors);
-    engine.readInteger("threads", TomlNeed::kOptional, 1, kMostThreads, load.market.engineThreads);
+    engine.readInteger("threads", KeyNeed::kOptional, 1, kMostThreads, load.market.engineThreads);
     engine.refuseOtherKeys();
 }
 
 void readPlatforms(Load& load, TomlSection& root) {
-    const toml::table* table = root.readTable("platforms", TomlNeed::kOptional);
+    const toml::table* table = root.readTable("platforms", KeyNeed::kOptional);
     if (table == nullptr) return;
     TomlSection platforms(*table, "platforms", kFile, load.errors);
     platforms.readIntegers("simulation", kLowest, kHighest, load.market.simulationPlatforms);
@@ -55,23 +57,31 @@ void readMarket(Load& load, TomlSection& markets, const std::string& name) {
     load.marketNames.push_back(name);
     MarketPlace& place = load.market.markets.emplace_back();
     place.market = name;
-    const toml::table* table = markets.readTable(name, TomlNeed::kNeeded);
+    const toml::table* table = markets.readTable(name, KeyNeed::kNeeded);
     if (table == nullptr) return;
     TomlSection section(*table, "markets." + name, kFile, load.errors);
-    section.readText("title", TomlNeed::kNeeded, place.title);
-    section.readInteger("trade_unit", TomlNeed::kNeeded, 1, kHighest, place.tradeUnit);
-    section.readFlag("foreign", TomlNeed::kOptional, place.foreign);
+    section.readText("title", KeyNeed::kNeeded, place.title);
+    section.readInteger("trade_unit", KeyNeed::kNeeded, 1, kHighest, place.tradeUnit);
+    section.readFlag("foreign", KeyNeed::kOptional, place.foreign);
     section.refuseOtherKeys();
 }
 
 void readMarkets(Load& load, TomlSection& root) {
-    const toml::table* table = root.readTable("markets", TomlNeed::kNeeded);
+    const toml::table* table = root.readTable("markets", KeyNeed::kNeeded);
     load.markets.complete = table != nullptr && !table->empty();
     if (table == nullptr) return;
     TomlSection markets(*table, "markets", kFile, load.errors);
     for (const std::string& name : markets.keys()) readMarket(load, markets, name);
     if (table->empty())
         root.refuse(ErrorKind::kMissingKey, "markets", "has no market, but at least one was expected; add one");
+}
+
+/// Whether the tables of rates, or the answers that show rates, use the name for a column of their own.
+bool isFixedColumn(const std::string& name) {
+    static const std::vector<std::string> fixed{
+        "account", "market", "code", "product", "update", "category",   "item",     "unit_volume",  // of the tables
+        "kind",    "name",   "part", "level",   "source", "trade_unit", "base_rate"};               // of the answers
+    return std::find(fixed.begin(), fixed.end(), name) != fixed.end();
 }
 
 bool isColumnName(const std::string& name) {
@@ -82,18 +92,18 @@ bool isColumnName(const std::string& name) {
 
 void readUnit(TomlSection& section, RateUnit& unit) {
     std::string word = "fraction";
-    section.readText("unit", TomlNeed::kOptional, word);
+    section.readText("unit", KeyNeed::kOptional, word);
     if (word == "yuan") {
         unit = RateUnit::kYuan;
     } else if (word != "fraction") {
         section.refuse(ErrorKind::kKeyValue, "unit",
-                       "holds " + inQuotes(word) + ", but fraction or yuan was expected" +
-                           mendByOneOf(word, {"fraction", "yuan"}));
+                       fmt::format("holds {}, but fraction or yuan was expected{}", inQuotes(word),
+                                   mendByOneOf(word, {"fraction", "yuan"})));
     }
 }
 
 void readColumn(TomlSection& section, std::string& column) {
-    section.readText("column", TomlNeed::kOptional, column);
+    section.readText("column", KeyNeed::kOptional, column);
     if (!isColumnName(column)) {
         section.refuse(
             ErrorKind::kKeyValue, "column",
@@ -109,7 +119,7 @@ bool readRate(Load& load, const toml::table& table, const std::string& name, Rat
     TomlSection section(table, name, kFile, load.errors);
     readColumn(section, rate.column);
     rate.title = rate.column;
-    section.readText("title", TomlNeed::kOptional, rate.title);
+    section.readText("title", KeyNeed::kOptional, rate.title);
     readUnit(section, rate.unit);
     section.refuseOtherKeys();
     return section.good();
@@ -120,42 +130,45 @@ void refuseSharedColumns(TomlSection& family, const std::vector<RateName>& rates
     for (const RateName& rate : rates) {
         const auto [first, isNew] = fields.emplace(rate.column, rate.field);
         if (isNew) continue;
-        family.refuse(
-            ErrorKind::kKeyValue, rate.field,
-            "has the column " + inQuotes(rate.column) + ", which " + first->second + " has already; choose another");
+        family.refuse(ErrorKind::kKeyValue, rate.field,
+                      fmt::format("has the column {}, which {} has already; choose another", inQuotes(rate.column),
+                                  first->second));
     }
 }
 
-void readFamily(Load& load, TomlSection& families, const std::string& name) {
-    std::vector<RateName>& rates = load.market.rateNames[name] = ownRateNames(name);
-    const toml::table* table = families.readTable(name, TomlNeed::kOptional);
+void readFamily(Load& load, TomlSection& named, const Family& family) {
+    const std::string name = family.name;
+    std::vector<RateName>& rates = load.market.rateNames[name];
+    const toml::table* table = named.readTable(name, KeyNeed::kOptional);
     if (table == nullptr) return;
-    TomlSection family(*table, "rates." + name, kFile, load.errors);
+    TomlSection section(*table, "rates." + name, kFile, load.errors);
     bool good = true;
     for (RateName& rate : rates) {
-        const toml::table* entry = family.readTable(rate.field, TomlNeed::kOptional);
+        const toml::table* entry = section.readTable(rate.field, KeyNeed::kOptional);
         if (entry == nullptr) continue;
-        if (!readRate(load, *entry, "rates." + name + "." + rate.field, rate)) good = false;
+        if (!readRate(load, *entry, fmt::format("rates.{}.{}", name, rate.field), rate)) good = false;
     }
-    family.refuseOtherKeys();
-    refuseSharedColumns(family, rates);
-    load.ratesComplete = load.ratesComplete && good && family.good();
+    section.refuseOtherKeys();
+    refuseSharedColumns(section, rates);
+    load.ratesComplete = load.ratesComplete && good && section.good();
 }
 
 void readRates(Load& load, TomlSection& root) {
     static const toml::table nothing;
-    const toml::table* table = root.readTable("rates", TomlNeed::kOptional);
-    TomlSection families(table == nullptr ? nothing : *table, "rates", kFile, load.errors);
-    for (const std::string& name : namedFamilies()) readFamily(load, families, name);
-    families.refuseOtherKeys();
-    load.ratesComplete = load.ratesComplete && families.good();
+    const toml::table* table = root.readTable("rates", KeyNeed::kOptional);
+    TomlSection named(table == nullptr ? nothing : *table, "rates", kFile, load.errors);
+    for (const Family& family : families()) {
+        if (family.isNamed) readFamily(load, named, family);
+    }
+    named.refuseOtherKeys();
+    load.ratesComplete = load.ratesComplete && named.good();
 }
 
 void readRoot(Load& load, const toml::table& table) {
     TomlSection root(table, "", kFile, load.errors);
     int format = kFormat;
-    root.readInteger("format", TomlNeed::kNeeded, kFormat, kFormat, format);
-    root.readText("title", TomlNeed::kNeeded, load.market.title);
+    root.readInteger("format", KeyNeed::kNeeded, kFormat, kFormat, format);
+    root.readText("title", KeyNeed::kNeeded, load.market.title);
     readEngine(load, root);
     readPlatforms(load, root);
     readMarkets(load, root);
@@ -167,7 +180,15 @@ void readRoot(Load& load, const toml::table& table) {
 void giveUp(Load& load) {
     load.markets.complete = false;
     load.ratesComplete = false;
-    for (const std::string& family : namedFamilies()) load.market.rateNames[family] = ownRateNames(family);
+}
+
+/// Every rate that may be named, under the name that it has by itself.
+void nameRates(Market& market) {
+    for (const Family& family : families()) {
+        if (!family.isNamed) continue;
+        std::vector<RateName>& rates = market.rateNames[family.name];
+        for (const RateField& rate : family.rates) rates.push_back({rate.field, rate.column, rate.column, {}});
+    }
 }
 
 /// The description begins with what the parser was doing; it ends without a stop, as the other messages do.
@@ -180,6 +201,7 @@ std::string described(const toml::parse_error& error) {
 }  // namespace
 
 void readMarketToml(Load& load) {
+    nameRates(load.market);
     if (!load.hasFile(kFile)) return giveUp(load);
     load.addFile(kFile);
     const std::optional<std::string> text = readText(load.folder / kFile, kFile, load.errors);

@@ -1,9 +1,10 @@
 #include "standalone/loader/rule_line.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <limits>
 
-#include "standalone/loader/account_kinds.h"
 #include "standalone/loader/lists.h"
 #include "standalone/loader/spreadsheet_code.h"
 #include "standalone/text/escape.h"
@@ -12,7 +13,14 @@
 namespace standalone::loader {
 namespace {
 
-void readAccount(const Load& load, Cell& cell, const std::string& file, const std::vector<int>& kinds,
+/// The words of accounts.csv for some kinds: "futures or futures_5".
+std::string kindNames(const std::vector<int>& kinds) {
+    std::vector<std::string> names;
+    for (const int kind : kinds) names.emplace_back(findAccountKind(kind)->name);
+    return oneOf(names);
+}
+
+void readAccount(const Load& load, TableCell& cell, const std::string& file, const std::vector<int>& kinds,
                  std::optional<std::size_t>& account) {
     const std::size_t* place = load.accounts.find(std::string(cell.text));
     if (place == nullptr &&
@@ -26,22 +34,14 @@ void readAccount(const Load& load, Cell& cell, const std::string& file, const st
         cell.drop();
     } else if (std::find(kinds.begin(), kinds.end(), kind) == kinds.end()) {
         cell.refuse(ErrorKind::kAccountKind, [&, kind = kind] {
-            return " names " + inQuotes(cell.text) + ", an account of the kind " + oneOf(kindNames({kind})) + ", but " +
-                   file + " takes accounts of the kind " + oneOf(kindNames(kinds)) +
-                   "; name such an account or remove the line";
+            return fmt::format(
+                " names {}, an account of the kind {}, but {} takes accounts of the kind {}; name such an account or "
+                "remove the line",
+                inQuotes(cell.text), kindNames({kind}), file, kindNames(kinds));
         });
     } else {
         account = *place;
     }
-}
-
-std::vector<RuleColumn> rateColumns(const std::vector<std::string>& names) {
-    std::vector<RuleColumn> columns;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        columns.push_back(
-            {names[i], Need::kOptional, [i](RuleLine& line, Cell& cell) { readNumber(cell, line.rates[i]); }});
-    }
-    return columns;
 }
 
 bool isPattern(const std::string& code) { return code.find('*') != std::string::npos; }
@@ -52,8 +52,8 @@ void reportUnknownInstrument(Load& load, const std::string& file, const ReadRule
     if (!load.instrumentsComplete) return;
     load.errors.add({file, read.position.line, "code"}, ErrorKind::kUnknownCode, [&] {
         const std::string spoilt = spoiltCode(load.instruments, read.line.market, read.line.code);
-        return "the instrument " + instrumentName(read.line) + " is not in instruments/*.csv" +
-               (spoilt.empty() ? "; correct the code or add the instrument there" : spoilt);
+        return fmt::format("the instrument {} is not in instruments/*.csv{}", instrumentName(read.line),
+                           spoilt.empty() ? "; correct the code or add the instrument there" : spoilt);
     });
 }
 
@@ -66,71 +66,75 @@ void reportNoMatch(Load& load, const std::string& file, const ReadRule& read, co
     if (!load.instrumentsWhole) return;
     load.errors.add({file, read.position.line}, ErrorKind::kNoMatch, [&] {
         const std::string product = line.product.empty() ? "" : " and the product " + inQuotes(line.product);
-        return "the line matches no instrument: none of market " + line.market + " in the list " + listNames(lists) +
-               " has the code " + inQuotes(line.code) + product + "; correct the line or remove it";
+        return fmt::format(
+            "the line matches no instrument: none of market {} in the list {} has the code {}{}; correct the line or "
+            "remove it",
+            line.market, listNames(lists), inQuotes(line.code), product);
     });
 }
 
 }  // namespace
 
-bool readMarketName(const Load& load, Cell& cell, std::string& market) {
+bool readMarketName(const Load& load, TableCell& cell, std::string& market) {
     const std::string name(cell.text);
     if (load.markets.find(name) != nullptr) return readText(cell, market);
     if (!load.markets.complete) return cell.drop();
     return cell.refuse(ErrorKind::kUnknownMarket, [&] {
-        return " holds " + inQuotes(name) + ", which is not a market of market.toml; known are " +
-               oneOf(load.marketNames) + mendByOneOf(name, load.marketNames);
+        return fmt::format(" holds {}, which is not a market of market.toml; known are {}{}", inQuotes(name),
+                           oneOf(load.marketNames), mendByOneOf(name, load.marketNames));
     });
 }
 
 RuleColumn accountColumn(const Load& load, const std::string& file, const std::vector<int>& kinds) {
-    return {"account", Need::kFilled,
-            [&load, file, kinds](RuleLine& line, Cell& cell) { readAccount(load, cell, file, kinds, line.account); }};
+    return {"account", ColumnNeed::kFilled, [&load, file, kinds](RuleLine& line, TableCell& cell) {
+                readAccount(load, cell, file, kinds, line.account);
+            }};
 }
 
-RuleColumn marketColumn(const Load& load, Need need) {
-    return {"market", need, [&load](RuleLine& line, Cell& cell) { readMarketName(load, cell, line.market); }};
+RuleColumn marketColumn(const Load& load, ColumnNeed need) {
+    return {"market", need, [&load](RuleLine& line, TableCell& cell) { readMarketName(load, cell, line.market); }};
 }
 
-RuleColumn codeColumn(Need need) {
-    return {"code", need, [](RuleLine& line, Cell& cell) { readText(cell, line.code); }};
+RuleColumn codeColumn(ColumnNeed need) {
+    return {"code", need, [](RuleLine& line, TableCell& cell) { readText(cell, line.code); }};
 }
 
 RuleColumn productColumn() {
-    return {"product", Need::kOptional, [](RuleLine& line, Cell& cell) { readText(cell, line.product); }};
+    return {"product", ColumnNeed::kOptional, [](RuleLine& line, TableCell& cell) { readText(cell, line.product); }};
 }
 
 RuleColumn hedgeFlagColumn() {
     static const Words flags{{"1", '1'}, {"2", '2'}, {"3", '3'}};
-    return {"hedge_flag", Need::kFilled, [](RuleLine& line, Cell& cell) { readWord(cell, flags, line.hedgeFlag); }};
+    return {"hedge_flag", ColumnNeed::kFilled,
+            [](RuleLine& line, TableCell& cell) { readWord(cell, flags, line.hedgeFlag); }};
 }
 
 RuleColumn marginModeColumn() {
-    return {"margin_mode", Need::kOptional, [](RuleLine& line, Cell& cell) {
+    return {"margin_mode", ColumnNeed::kOptional, [](RuleLine& line, TableCell& cell) {
                 readInteger(cell, std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), line.marginMode);
             }};
 }
 
-RuleColumn numberColumn(const std::string& name, int RuleLine::*field, Need need) {
-    return {name, need, [field](RuleLine& line, Cell& cell) {
+RuleColumn numberColumn(const std::string& name, int RuleLine::*field, ColumnNeed need) {
+    return {name, need, [field](RuleLine& line, TableCell& cell) {
                 readInteger(cell, 1, std::numeric_limits<int>::max(), line.*field);
             }};
 }
 
-std::vector<RuleColumn> namedRates(const Load& load, const std::string& family) {
-    std::vector<std::string> names;
-    for (const RateName& rate : load.market.rateNames.at(family)) names.push_back(rate.column);
-    return rateColumns(names);
+std::vector<RuleColumn> feeKeyColumns(const Load& load, const std::string& file, const Family& family) {
+    return {accountColumn(load, file, family.feeAccounts), marketColumn(load, ColumnNeed::kFilled),
+            codeColumn(ColumnNeed::kFilled), productColumn()};
 }
 
-std::vector<RuleColumn> commissionRates() {
-    return rateColumns({"open_by_money", "open_by_volume", "close_by_money", "close_by_volume", "close_today_by_money",
-                        "close_today_by_volume", "commission_extra1", "commission_extra2"});
-}
-
-std::vector<RuleColumn> marginRates() {
-    return rateColumns(
-        {"long_by_money", "long_by_volume", "short_by_money", "short_by_volume", "margin_extra1", "margin_extra2"});
+std::vector<RuleColumn> rateColumns(const Load& load, const Family& family) {
+    const auto named = load.market.rateNames.find(family.name);
+    std::vector<RuleColumn> columns;
+    for (std::size_t i = 0; i < family.rates.size(); ++i) {
+        const bool isNamed = named != load.market.rateNames.end();
+        columns.push_back({isNamed ? named->second[i].column : family.rates[i].column, ColumnNeed::kOptional,
+                           [i](RuleLine& line, TableCell& cell) { readNumber(cell, line.rates[i]); }});
+    }
+    return columns;
 }
 
 std::vector<RuleColumn> joined(std::vector<RuleColumn> columns, const std::vector<RuleColumn>& more) {

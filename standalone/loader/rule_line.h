@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/loader/instrument_index.h"
+#include "standalone/families.h"
 #include "standalone/loader/table.h"
 
 namespace standalone::loader {
@@ -33,30 +33,40 @@ struct RuleLine {
     std::array<double, kMostRates> rates{};
 };
 
-using RuleColumn = Column<RuleLine>;
+using RuleColumn = TableColumn<RuleLine>;
 using ReadRule = ReadLine<RuleLine>;
 
 // The columns that several tables share. They refer to the load, which outlives them.
 
 /// An account of one of the kinds, for the named table.
 RuleColumn accountColumn(const Load& load, const std::string& file, const std::vector<int>& kinds);
-RuleColumn marketColumn(const Load& load, Need need);
-RuleColumn codeColumn(Need need);
+RuleColumn marketColumn(const Load& load, ColumnNeed need);
+RuleColumn codeColumn(ColumnNeed need);
 RuleColumn productColumn();
 RuleColumn hedgeFlagColumn();
 RuleColumn marginModeColumn();
 /// A whole number from 1.
-RuleColumn numberColumn(const std::string& name, int RuleLine::*field, Need need = Need::kFilled);
-/// The rates of a family that market.toml names.
-std::vector<RuleColumn> namedRates(const Load& load, const std::string& family);
-/// The rates of futures, under fixed names.
-std::vector<RuleColumn> commissionRates();
-std::vector<RuleColumn> marginRates();
+RuleColumn numberColumn(const std::string& name, int RuleLine::*field, ColumnNeed need = ColumnNeed::kFilled);
+/// The columns of a table of fee records that name its instruments: account, market, code and product.
+std::vector<RuleColumn> feeKeyColumns(const Load& load, const std::string& file, const Family& family);
+/// The rates of a family, under the names that market.toml gives or else their own.
+std::vector<RuleColumn> rateColumns(const Load& load, const Family& family);
 
 std::vector<RuleColumn> joined(std::vector<RuleColumn> columns, const std::vector<RuleColumn>& more);
 
+/// Reads a table of a family's rates, if the folder has it: the columns `keys` and those of the rates. `apply` takes
+/// each line.
+template <class Apply>
+void readRateTable(Load& load, const std::string& file, const Family& family, const std::vector<RuleColumn>& keys,
+                   const Apply& apply) {
+    if (!load.hasFile(file)) return;
+    // While the names of the rates could not be read, none is unknown.
+    const bool namesAreKnown = load.ratesComplete || !family.isNamed;
+    readTable<RuleLine>(load, file, joined(keys, rateColumns(load, family)), apply, namesAreKnown);
+}
+
 /// The name of a market of the folder; it may be unknown without an error when the markets could not be read.
-bool readMarketName(const Load& load, Cell& cell, std::string& market);
+bool readMarketName(const Load& load, TableCell& cell, std::string& market);
 
 /// The places in the catalogue of the instruments that a line means; an error is reported when there are none. Of a
 /// line that is not whole, which gives no fees, one place is enough: a table of many wrong lines is to be told of soon.

@@ -1,5 +1,7 @@
 #include "standalone/loader/spreadsheet_code.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <optional>
 
@@ -70,15 +72,15 @@ bool isSpreadsheetNumber(std::string_view code) {
 
 std::string spoiltCode(const InstrumentIndex& instruments, const std::string& market, const std::string& code) {
     if (const std::string there = withoutZeros(instruments, market, code); !there.empty()) {
-        return ", but " + market + " " + inQuotes(there) +
-               " is, from which a spreadsheet seems to have taken the zeros; " + kKeepCodes;
+        return fmt::format(", but {} {} is, from which a spreadsheet seems to have taken the zeros; {}", market,
+                           inQuotes(there), kKeepCodes);
     }
     const std::optional<NumberParts> parts = partsOf(code);
     if (!parts) return {};
     const std::string meant = withZeros(instruments, market, plainDigits(*parts));
     if (!meant.empty()) {
-        return ", but " + market + " " + inQuotes(meant) + " is, of which a spreadsheet seems to have made a number; " +
-               kKeepCodes;
+        return fmt::format(", but {} {} is, of which a spreadsheet seems to have made a number; {}", market,
+                           inQuotes(meant), kKeepCodes);
     }
     if (parts->exponent.empty()) return {};
     return ", and a spreadsheet seems to have made a number of the code; " + std::string(kKeepCodes);

@@ -1,5 +1,7 @@
 #include "standalone/loader/table.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -98,15 +100,15 @@ void TableReader::reportUnknown(const CsvCell& cell, std::vector<bool>& excused)
     }
     const std::string near = nearest(cell.text, names());
     if (!near.empty()) excused[columnOf(near)] = true;
-    headerFault(cell, "the header names an unknown column " + inQuotes(cell.text) + ", but the columns here are " +
-                          oneOf(names(), columns.size()) +
-                          (near.empty() ? "" : "; did you mean " + inQuotes(near) + "?"));
+    headerFault(cell, fmt::format("the header names an unknown column {}, but the columns here are {}{}",
+                                  inQuotes(cell.text), oneOf(names(), columns.size()),
+                                  near.empty() ? "" : "; did you mean " + inQuotes(near) + "?"));
 }
 
 // A needed column that seems to be there under a misspelt name has been reported with that name.
 void TableReader::reportMissing(std::uint32_t line, const std::vector<bool>& excused) {
     for (std::size_t column = 0; column < columns.size(); ++column) {
-        if (columns[column].need == Need::kOptional || hasColumn(column)) continue;
+        if (columns[column].need == ColumnNeed::kOptional || hasColumn(column)) continue;
         isComplete = false;
         if (!excused[column]) {
             headerFault({columns[column].name, line},
@@ -145,19 +147,20 @@ void TableReader::reportColumnCount(std::size_t lines) {
     if (!headerGood) return;  // its fault has been told
     const std::size_t there = columnOfCell.size();
     const std::size_t wanted = row.cells.size();
-    headerFault({"", headerLine}, "the header has " + std::to_string(there) + " columns, but all " +
-                                      std::to_string(lines) + " lines have " + std::to_string(wanted) +
-                                      " cells; name the columns of the lines in the header");
+    headerFault(
+        {"", headerLine},
+        fmt::format(
+            "the header has {} columns, but all {} lines have {} cells; name the columns of the lines in the header",
+            there, lines, wanted));
 }
 
 void TableReader::reportCellCount() {
     load.errors.add({file, row.line}, ErrorKind::kCellCount, [&] {
         const bool few = row.cells.size() < columnOfCell.size();
-        return std::string("the line has too ") + (few ? "few" : "many") +
-               " cells: " + std::to_string(row.cells.size()) + " where the header has " +
-               std::to_string(columnOfCell.size()) +
-               (few ? "; add the missing ones, empty ones too"
-                    : "; remove the extra ones, or quote a cell that holds a comma");
+        return fmt::format("the line has too {} cells: {} where the header has {}{}", few ? "few" : "many",
+                           row.cells.size(), columnOfCell.size(),
+                           few ? "; add the missing ones, empty ones too"
+                               : "; remove the extra ones, or quote a cell that holds a comma");
     });
 }
 
@@ -168,17 +171,17 @@ bool TableReader::next() {
     return false;
 }
 
-bool TableReader::readCells(const std::function<void(std::size_t, Cell&)>& set) {
+bool TableReader::readCells(const std::function<void(std::size_t, TableCell&)>& set) {
     RowState state{load.errors, file, headerGood};
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
         const std::size_t column = columnOfCell[i];
         if (column == kNoColumn) continue;
-        Cell cell(row.cells[i].text, columns[column].name, row.cells[i].line, state);
+        TableCell cell(row.cells[i].text, columns[column].name, row.cells[i].line, state);
         if (const std::string fault = tooLong(cell.text); !fault.empty()) {
             cell.refuse(ErrorKind::kTooLong, [&] { return " holds " + inQuotes(cell.text) + fault; });
         } else if (!cell.empty()) {
             set(column, cell);
-        } else if (columns[column].need == Need::kFilled) {
+        } else if (columns[column].need == ColumnNeed::kFilled) {
             cell.refuse(ErrorKind::kEmptyCell,
                         [] { return " is empty, but every line needs a value there; fill it in"; });
         }

@@ -6,13 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "standalone/loader/cell.h"
 #include "standalone/loader/csv_rows.h"
 #include "standalone/loader/load.h"
+#include "standalone/loader/table_cell.h"
 
 namespace standalone::loader {
 
-enum class Need {
+enum class ColumnNeed {
     kFilled,   ///< the column is needed and none of its cells is empty
     kPresent,  ///< the column is needed; a cell may be empty
     kOptional  ///< the column may be left out; a cell may be empty
@@ -20,17 +20,17 @@ enum class Need {
 
 /// One column of a table whose lines are read into a `Line`.
 template <class Line>
-struct Column {
+struct TableColumn {
     std::string name;
-    Need need = Need::kOptional;
+    ColumnNeed need = ColumnNeed::kOptional;
     /// Reads a cell, which is not empty, into the line or complains through the cell.
-    std::function<void(Line&, Cell&)> set;
+    std::function<void(Line&, TableCell&)> set;
 };
 
 /// A column as its header sees it.
 struct ColumnHeader {
     std::string name;
-    Need need = Need::kOptional;
+    ColumnNeed need = ColumnNeed::kOptional;
 };
 
 /// A line of a table as it was read. `whole` is false when something in it was bad: what could be read is in `line`,
@@ -58,7 +58,7 @@ public:
 
     /// Calls `set` with the number of a column and its cell, for every cell of the line that is not empty. The answer
     /// is whether all of them, and the header, were good.
-    bool readCells(const std::function<void(std::size_t, Cell&)>& set);
+    bool readCells(const std::function<void(std::size_t, TableCell&)>& set);
 
 private:
     static constexpr std::size_t kNoColumn = static_cast<std::size_t>(-1);
@@ -98,14 +98,15 @@ private:
 /// Reads a table line by line and hands each ReadLine to `sink`. False when not every line could be told into cells or
 /// a needed column is missing, so that it is not known what the table holds.
 template <class Line, class Sink>
-bool readTable(Load& load, const std::string& file, const std::vector<Column<Line>>& columns, Sink sink,
+bool readTable(Load& load, const std::string& file, const std::vector<TableColumn<Line>>& columns, Sink sink,
                bool unknownColumns = true) {
     std::vector<ColumnHeader> headers;
-    for (const Column<Line>& column : columns) headers.push_back({column.name, column.need});
+    for (const TableColumn<Line>& column : columns) headers.push_back({column.name, column.need});
     TableReader reader(load, file, std::move(headers), unknownColumns);
     while (reader.next()) {
         ReadLine<Line> read{Line(), reader.position(), true};
-        read.whole = reader.readCells([&](std::size_t column, Cell& cell) { columns[column].set(read.line, cell); });
+        read.whole =
+            reader.readCells([&](std::size_t column, TableCell& cell) { columns[column].set(read.line, cell); });
         sink(read);
     }
     return reader.complete();

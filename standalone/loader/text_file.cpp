@@ -1,5 +1,7 @@
 #include "standalone/loader/text_file.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -78,9 +80,10 @@ std::string shellWord(const std::string& path) {
 /// `encoding` is the name that iconv knows, `alsoKnown` another that a person may know.
 std::string convertFrom(const std::string& encoding, const std::string& alsoKnown, const fs::path& path) {
     const std::string file = shellWord(path.string());
-    return "the text looks like " + encoding + alsoKnown +
-           ", but UTF-8 was expected; save it as UTF-8, or convert it: iconv -f " + encoding + " -t UTF-8 " + file +
-           " > utf8 && mv utf8 " + file;
+    return fmt::format(
+        "the text looks like {}{}, but UTF-8 was expected; save it as UTF-8, or convert it: iconv -f {} -t UTF-8 {} > "
+        "utf8 && mv utf8 {}",
+        encoding, alsoKnown, encoding, file, file);
 }
 
 std::optional<Fault> encodingFault(std::string_view text, const fs::path& path) {

@@ -1,5 +1,7 @@
 #include "standalone/loader/toml_section.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "standalone/loader/long_text.h"
@@ -24,7 +26,7 @@ std::string found(const toml::node& node) {
 
 std::string range(int low, int high) {
     if (low == high) return std::to_string(low);
-    return "a whole number from " + std::to_string(low) + " to " + std::to_string(high);
+    return fmt::format("a whole number from {} to {}", low, high);
 }
 
 bool fits(const toml::node& node, int low, int high) {
@@ -47,15 +49,15 @@ void TomlSection::refuse(ErrorKind kind, std::string_view key, const std::string
     isGood = false;
 }
 
-const toml::node* TomlSection::take(std::string_view key, Need need) {
+const toml::node* TomlSection::take(std::string_view key, KeyNeed need) {
     asked.emplace_back(key);
     const toml::node* node = table.get(key);
-    if (node == nullptr && need == Need::kNeeded)
+    if (node == nullptr && need == KeyNeed::kNeeded)
         refuse(ErrorKind::kMissingKey, key, "is missing, but it is needed; add it");
     return node;
 }
 
-void TomlSection::readInteger(std::string_view key, Need need, int low, int high, int& value) {
+void TomlSection::readInteger(std::string_view key, KeyNeed need, int low, int high, int& value) {
     const toml::node* node = take(key, need);
     if (node == nullptr) return;
     if (fits(*node, low, high)) {
@@ -65,7 +67,7 @@ void TomlSection::readInteger(std::string_view key, Need need, int low, int high
     }
 }
 
-void TomlSection::readText(std::string_view key, Need need, std::string& value) {
+void TomlSection::readText(std::string_view key, KeyNeed need, std::string& value) {
     const toml::node* node = take(key, need);
     if (node == nullptr) return;
     const auto* text = node->as_string();
@@ -78,7 +80,7 @@ void TomlSection::readText(std::string_view key, Need need, std::string& value) 
     }
 }
 
-void TomlSection::readFlag(std::string_view key, Need need, bool& value) {
+void TomlSection::readFlag(std::string_view key, KeyNeed need, bool& value) {
     const toml::node* node = take(key, need);
     if (node == nullptr) return;
     if (const auto* flag = node->as_boolean()) {
@@ -89,7 +91,7 @@ void TomlSection::readFlag(std::string_view key, Need need, bool& value) {
 }
 
 void TomlSection::readIntegers(std::string_view key, int low, int high, std::vector<int>& values) {
-    const toml::node* node = take(key, Need::kOptional);
+    const toml::node* node = take(key, KeyNeed::kOptional);
     if (node == nullptr) return;
     const toml::array* list = node->as_array();
     if (list == nullptr) {
@@ -101,13 +103,14 @@ void TomlSection::readIntegers(std::string_view key, int low, int high, std::vec
             values.push_back(static_cast<int>(element.as_integer()->get()));
         } else {
             isGood = false;
-            errors.add({file, element.source().begin.line, pathTo(key)}, ErrorKind::kKeyValue,
-                       "an element of " + fullName(key) + " " + found(element) + ", but " + range(low, high) + kMend);
+            errors.add(
+                {file, element.source().begin.line, pathTo(key)}, ErrorKind::kKeyValue,
+                fmt::format("an element of {} {}, but {}{}", fullName(key), found(element), range(low, high), kMend));
         }
     }
 }
 
-const toml::table* TomlSection::readTable(std::string_view key, Need need) {
+const toml::table* TomlSection::readTable(std::string_view key, KeyNeed need) {
     const toml::node* node = take(key, need);
     if (node == nullptr) return nullptr;
     if (!node->is_table()) refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a table" + kMend);
@@ -128,8 +131,8 @@ void TomlSection::refuseOtherKeys() {
     for (const auto& [key, node] : table) {
         if (std::find(asked.begin(), asked.end(), key.str()) != asked.end()) continue;
         errors.add({file, key.source().begin.line, pathTo(key.str())}, ErrorKind::kUnknownKey,
-                   fullName(key.str()) + " is not a key of the format, which knows " + oneOf(asked) + " here" +
-                       suggestion(key.str(), asked));
+                   fmt::format("{} is not a key of the format, which knows {} here{}", fullName(key.str()),
+                               oneOf(asked), suggestion(key.str(), asked)));
         isGood = false;
     }
 }

@@ -16,19 +16,19 @@ namespace standalone::loader {
 /// absent, or has a bad value, leaves the caller's value as it was. For one thread.
 class TomlSection {
 public:
-    enum class Need { kNeeded, kOptional };
+    enum class KeyNeed { kNeeded, kOptional };
 
     /// `name` is the table's own name, such as "markets.SH"; empty for the whole file. `table` outlives the section.
     TomlSection(const toml::table& sectionTable, std::string sectionName, const std::string& fileName, ErrorLog& log)
         : table(sectionTable), name(std::move(sectionName)), file(fileName), errors(log) {}
 
-    void readInteger(std::string_view key, Need need, int low, int high, int& value);
-    void readText(std::string_view key, Need need, std::string& value);
-    void readFlag(std::string_view key, Need need, bool& value);
+    void readInteger(std::string_view key, KeyNeed need, int low, int high, int& value);
+    void readText(std::string_view key, KeyNeed need, std::string& value);
+    void readFlag(std::string_view key, KeyNeed need, bool& value);
     void readIntegers(std::string_view key, int low, int high, std::vector<int>& values);
 
     /// The table under a key; null when it is absent or no table.
-    const toml::table* readTable(std::string_view key, Need need);
+    const toml::table* readTable(std::string_view key, KeyNeed need);
 
     /// The keys in the order of the file, for a table whose keys are the file's own.
     [[nodiscard]] std::vector<std::string> keys() const;
@@ -42,7 +42,7 @@ public:
     [[nodiscard]] bool good() const { return isGood; }
 
 private:
-    const toml::node* take(std::string_view key, Need need);
+    const toml::node* take(std::string_view key, KeyNeed need);
     [[nodiscard]] std::string pathTo(std::string_view key) const;
     [[nodiscard]] std::string fullName(std::string_view key) const;
 

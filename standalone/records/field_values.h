@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/records/record_fields.h"
+#include "host/record_fields.h"
 
 // What comparing, copying and naming mean for each kind of field. Each is a struct of overloads, because the overloads
 // for lists and maps call the ones for their entries.

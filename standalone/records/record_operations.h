@@ -11,11 +11,11 @@
 #include <utility>
 
 #include "host/data.h"
+#include "host/record_fields.h"
 #include "standalone/records/bson_writer.h"
 #include "standalone/records/field_values.h"
 #include "standalone/records/hashing.h"
 #include "standalone/records/log_writer.h"
-#include "standalone/records/record_fields.h"
 
 // The operations that RecordOf declares, made from each class's list of fields. One source file instantiates them.
 

@@ -12,8 +12,8 @@
 #include <typeinfo>
 #include <vector>
 
+#include "host/record_fields.h"
 #include "host/records.h"
-#include "standalone/records/record_fields.h"
 #include "tests/standalone/records/record_classes.h"
 
 // Comparing and describing records field by field.

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "histories/bytes.h"
-#include "standalone/records/record_fields.h"
+#include "host/record_fields.h"
 
 namespace histories {
 

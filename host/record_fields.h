@@ -1,12 +1,15 @@
-#ifndef STANDALONE_RECORDS_RECORD_FIELDS_H
-#define STANDALONE_RECORDS_RECORD_FIELDS_H
+#ifndef HOST_RECORD_FIELDS_H
+#define HOST_RECORD_FIELDS_H
 
+#include <cstddef>
 #include <tuple>
+#include <utility>
 
 #include "host/records.h"
 
-// The fields of every record class in layout order. Every operation of the records is made from these lists: a field
-// that is added to a class needs one line here and nothing else.
+// The fields of every record class in layout order, and the rates among them. Whoever copies, folds, writes or shows
+// the fields of a record takes them from these lists: a field that is added to a class needs one line here. A
+// convenience of the boundary: no class is changed by it.
 
 namespace qmservice::records {
 
@@ -23,10 +26,29 @@ Field(const char*, Value Owner::*) -> Field<Owner, Value>;
 template <class Record>
 struct FieldsOf;
 
+/// Calls visit(field) for every field of a list, in its order.
+template <class... Fields, class Visit>
+void forEachOf(const std::tuple<Fields...>& list, Visit visit) {
+    std::apply([&visit](const auto&... fields) { (visit(fields), ...); }, list);
+}
+
 /// Calls visit(field) for every field of the class, in layout order.
 template <class Record, class Visit>
 void forEachField(Visit visit) {
-    std::apply([&visit](const auto&... fields) { (visit(fields), ...); }, FieldsOf<Record>::list);
+    forEachOf(FieldsOf<Record>::list, visit);
+}
+
+/// Copies the fields of one list into those of another, one by one; both lists have as many.
+template <class From, class... FromFields, class To, class... ToFields>
+void copyFields(const From& from, const std::tuple<FromFields...>& fromList, To& to,
+                const std::tuple<ToFields...>& toList) {
+    static_assert(sizeof...(FromFields) == sizeof...(ToFields));
+    std::apply(
+        [&](const auto&... fromFields) {
+            std::apply([&](const auto&... toFields) { ((to.*toFields.member = from.*fromFields.member), ...); },
+                       toList);
+        },
+        fromList);
 }
 
 /// Whether test(field) holds for every field of the class; stops at the first for which it does not.
@@ -41,7 +63,7 @@ bool forAllFields(Test test) {
 // Runs of fields that several classes have in common.
 
 template <class Record>
-inline constexpr auto commissionFields = std::make_tuple(
+inline constexpr auto commissionRates = std::make_tuple(
     Field{"openRatioByMoney", &Record::openRatioByMoney},
     Field{"openRatioByVolume", &Record::openRatioByVolume},
     Field{"closeRatioByMoney", &Record::closeRatioByMoney},
@@ -52,15 +74,69 @@ inline constexpr auto commissionFields = std::make_tuple(
     Field{"commissionExtra2", &Record::commissionExtra2});
 
 template <class Record>
-inline constexpr auto marginFields = std::make_tuple(
-    Field{"hedgeFlag", &Record::hedgeFlag},
+inline constexpr auto marginRatios = std::make_tuple(
     Field{"longMarginRatio", &Record::longMarginRatio},
     Field{"longMarginRatioByVolume", &Record::longMarginRatioByVolume},
     Field{"shortMarginRatio", &Record::shortMarginRatio},
-    Field{"shortMarginRatioByVolume", &Record::shortMarginRatioByVolume},
-    Field{"marginMode", &Record::marginMode},
+    Field{"shortMarginRatioByVolume", &Record::shortMarginRatioByVolume});
+
+template <class Record>
+inline constexpr auto marginExtras = std::make_tuple(
     Field{"marginExtra1", &Record::marginExtra1},
     Field{"marginExtra2", &Record::marginExtra2});
+
+template <class Record>
+inline constexpr auto marginRates = std::tuple_cat(marginRatios<Record>, marginExtras<Record>);
+
+template <class Record>
+inline constexpr auto marginFields = std::tuple_cat(std::make_tuple(
+    Field{"hedgeFlag", &Record::hedgeFlag}),
+    marginRatios<Record>,
+    std::make_tuple(Field{"marginMode", &Record::marginMode}),
+    marginExtras<Record>);
+
+template <class Record>
+inline constexpr auto firstStockRate = std::make_tuple(
+    Field{"rate1", &Record::rate1});
+
+template <class Record>
+inline constexpr auto furtherStockRates = std::make_tuple(
+    Field{"rate2", &Record::rate2},
+    Field{"rate3", &Record::rate3},
+    Field{"rate4", &Record::rate4},
+    Field{"rate5", &Record::rate5},
+    Field{"rate6", &Record::rate6});
+
+template <class Record>
+inline constexpr auto stockRates = std::tuple_cat(firstStockRate<Record>, furtherStockRates<Record>);
+
+template <class Record>
+inline constexpr auto optionFees = std::make_tuple(
+    Field{"fee1", &Record::fee1},
+    Field{"fee2", &Record::fee2},
+    Field{"fee3", &Record::fee3},
+    Field{"fee4", &Record::fee4},
+    Field{"fee5", &Record::fee5});
+
+template <>
+inline constexpr auto optionFees<CCustomStkExchangeRateLimit> = std::make_tuple(
+    Field{"optionFee1", &CCustomStkExchangeRateLimit::optionFee1},
+    Field{"optionFee2", &CCustomStkExchangeRateLimit::optionFee2},
+    Field{"optionFee3", &CCustomStkExchangeRateLimit::optionFee3},
+    Field{"optionFee4", &CCustomStkExchangeRateLimit::optionFee4},
+    Field{"optionFee5", &CCustomStkExchangeRateLimit::optionFee5});
+
+template <class Record>
+inline constexpr auto optionKeyCodes = std::make_tuple(
+    Field{"secondKeyCode", &Record::secondKeyCode},
+    Field{"thirdKeyCode", &Record::thirdKeyCode},
+    Field{"firstKeyCode", &Record::firstKeyCode});
+
+template <>
+inline constexpr auto optionKeyCodes<CCustomStkExchangeRateLimit> = std::make_tuple(
+    Field{"optionSecondKeyCode", &CCustomStkExchangeRateLimit::optionSecondKeyCode},
+    Field{"optionThirdKeyCode", &CCustomStkExchangeRateLimit::optionThirdKeyCode},
+    Field{"optionFirstKeyCode", &CCustomStkExchangeRateLimit::optionFirstKeyCode});
 
 template <class Record>
 inline constexpr auto categoryFields = std::make_tuple(
@@ -68,8 +144,7 @@ inline constexpr auto categoryFields = std::make_tuple(
     Field{"groupCategories", &Record::groupCategories});
 
 template <class Record>
-inline constexpr auto connectFields = std::tuple_cat(std::make_tuple(
-    Field{"category", &Record::category},
+inline constexpr auto connectRates = std::make_tuple(
     Field{"rate1", &Record::rate1},
     Field{"rate2", &Record::rate2},
     Field{"rate3", &Record::rate3},
@@ -83,8 +158,13 @@ inline constexpr auto connectFields = std::tuple_cat(std::make_tuple(
     Field{"rate11", &Record::rate11},
     Field{"rate12", &Record::rate12},
     Field{"rate13", &Record::rate13},
-    Field{"rate14", &Record::rate14},
-    Field{"tradeMinUnit", &Record::tradeMinUnit}),
+    Field{"rate14", &Record::rate14});
+
+template <class Record>
+inline constexpr auto connectFields = std::tuple_cat(std::make_tuple(
+    Field{"category", &Record::category}),
+    connectRates<Record>,
+    std::make_tuple(Field{"tradeMinUnit", &Record::tradeMinUnit}),
     categoryFields<Record>);
 
 template <>
@@ -145,7 +225,7 @@ struct FieldsOf<CCommissionRateDetail> {
     static constexpr const char* className = "CCommissionRateDetail";
     static constexpr auto list = std::tuple_cat(std::make_tuple(
         Field{"instrumentId", &Record::instrumentId}),
-        commissionFields<Record>);
+        commissionRates<Record>);
 };
 
 template <>
@@ -159,29 +239,16 @@ template <>
 struct FieldsOf<CStkExchangeRateLimit> {
     using Record = CStkExchangeRateLimit;
     static constexpr const char* className = "CStkExchangeRateLimit";
-    static constexpr auto list = std::make_tuple(
-        Field{"rate1", &Record::rate1},
-        Field{"rate2", &Record::rate2},
-        Field{"rate3", &Record::rate3},
-        Field{"rate4", &Record::rate4},
-        Field{"rate5", &Record::rate5},
-        Field{"rate6", &Record::rate6},
-        Field{"unitVolume", &Record::unitVolume});
+    static constexpr auto list = std::tuple_cat(
+        stockRates<Record>,
+        std::make_tuple(Field{"unitVolume", &Record::unitVolume}));
 };
 
 template <>
 struct FieldsOf<CStockOptionFeeItem> {
     using Record = CStockOptionFeeItem;
     static constexpr const char* className = "CStockOptionFeeItem";
-    static constexpr auto list = std::make_tuple(
-        Field{"fee1", &Record::fee1},
-        Field{"fee2", &Record::fee2},
-        Field{"fee3", &Record::fee3},
-        Field{"fee4", &Record::fee4},
-        Field{"fee5", &Record::fee5},
-        Field{"secondKeyCode", &Record::secondKeyCode},
-        Field{"thirdKeyCode", &Record::thirdKeyCode},
-        Field{"firstKeyCode", &Record::firstKeyCode});
+    static constexpr auto list = std::tuple_cat(optionFees<Record>, optionKeyCodes<Record>);
 };
 
 template <>
@@ -198,23 +265,13 @@ struct FieldsOf<CCustomStkExchangeRateLimit> {
     using Record = CCustomStkExchangeRateLimit;
     static constexpr const char* className = "CCustomStkExchangeRateLimit";
     static constexpr auto list = std::tuple_cat(std::make_tuple(
-        Field{"category", &Record::category},
-        Field{"rate1", &Record::rate1},
-        Field{"unusedRate1", &Record::unusedRate1},
-        Field{"rate2", &Record::rate2},
-        Field{"rate3", &Record::rate3},
-        Field{"rate4", &Record::rate4},
-        Field{"rate5", &Record::rate5},
-        Field{"rate6", &Record::rate6},
-        Field{"unusedRate2", &Record::unusedRate2},
-        Field{"optionFee1", &Record::optionFee1},
-        Field{"optionFee2", &Record::optionFee2},
-        Field{"optionFee3", &Record::optionFee3},
-        Field{"optionFee4", &Record::optionFee4},
-        Field{"optionFee5", &Record::optionFee5},
-        Field{"optionSecondKeyCode", &Record::optionSecondKeyCode},
-        Field{"optionThirdKeyCode", &Record::optionThirdKeyCode},
-        Field{"optionFirstKeyCode", &Record::optionFirstKeyCode}),
+        Field{"category", &Record::category}),
+        firstStockRate<Record>,
+        std::make_tuple(Field{"unusedRate1", &Record::unusedRate1}),
+        furtherStockRates<Record>,
+        std::make_tuple(Field{"unusedRate2", &Record::unusedRate2}),
+        optionFees<Record>,
+        optionKeyCodes<Record>,
         categoryFields<Record>);
 };
 
@@ -238,7 +295,7 @@ struct FieldsOf<CCustomCommissionRateDetail> {
     static constexpr const char* className = "CCustomCommissionRateDetail";
     static constexpr auto list = std::tuple_cat(std::make_tuple(
         Field{"categoryId", &Record::categoryId}),
-        commissionFields<Record>,
+        commissionRates<Record>,
         categoryFields<Record>);
 };
 
@@ -289,4 +346,4 @@ struct FieldsOf<CCustomFutureInstrumentFee> {
 
 }  // namespace qmservice::records
 
-#endif  // STANDALONE_RECORDS_RECORD_FIELDS_H
+#endif  // HOST_RECORD_FIELDS_H

@@ -1,4 +1,6 @@
-#include "standalone/loader/cell.h"
+#include "standalone/loader/table_cell.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
@@ -64,22 +66,22 @@ std::string mendNumber(std::string_view text) {
 
 }  // namespace
 
-bool Cell::refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& mend) {
+bool TableCell::refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& mend) {
     return refuse(kind, [&] {
         const std::string advice = mend ? mend() : "";
-        return " holds " + inQuotes(text) + ", but " + expected + " was expected; " +
-               (advice.empty() ? "correct it" : advice);
+        return fmt::format(" holds {}, but {} was expected; {}", inQuotes(text), expected,
+                           advice.empty() ? "correct it" : advice);
     });
 }
 
-bool Cell::refuseWithout(const std::string& file, const std::string& what) {
+bool TableCell::refuseWithout(const std::string& file, const std::string& what) {
     row.errors.addOnce({file}, ErrorKind::kMissingFile, [&] {
-        return "the file is missing, but " + row.file + ":" + std::to_string(line) + " names " + what + "; add it";
+        return fmt::format("the file is missing, but {}:{} names {}; add it", row.file, line, what);
     });
     return drop();
 }
 
-bool Cell::drop() {
+bool TableCell::drop() {
     row.whole = false;
     return false;
 }
@@ -90,7 +92,7 @@ std::vector<std::string> wordsOf(const Words& words) {
     return names;
 }
 
-bool readNumber(Cell& cell, double& value) {
+bool readNumber(TableCell& cell, double& value) {
     double number = 0;
     const std::errc error = readNumberIn(cell.text, number);
     if (error == std::errc::invalid_argument) {
@@ -104,7 +106,7 @@ bool readNumber(Cell& cell, double& value) {
     return true;
 }
 
-bool readNumberFromZero(Cell& cell, double& value) {
+bool readNumberFromZero(TableCell& cell, double& value) {
     double number = 0;
     if (!readNumber(cell, number)) return false;
     if (number < 0) return cell.refuseFound(ErrorKind::kNumber, "a number that is not negative");
@@ -112,36 +114,35 @@ bool readNumberFromZero(Cell& cell, double& value) {
     return true;
 }
 
-bool readInteger(Cell& cell, int low, int high, int& value) {
+bool readInteger(TableCell& cell, int low, int high, int& value) {
     const std::optional<int> number = numberIn<int>(cell.text);
     if (!number || *number < low || *number > high) {
-        return cell.refuseFound(ErrorKind::kNumber,
-                                "a whole number from " + std::to_string(low) + " to " + std::to_string(high));
+        return cell.refuseFound(ErrorKind::kNumber, fmt::format("a whole number from {} to {}", low, high));
     }
     value = *number;
     return true;
 }
 
-bool readWord(Cell& cell, const Words& words, int& value) {
+bool readWord(TableCell& cell, const Words& words, int& value) {
     const auto found =
         std::find_if(words.begin(), words.end(), [&](const auto& word) { return word.first == cell.text; });
     if (found == words.end()) {
         return cell.refuse(ErrorKind::kWord, [&] {
             const std::vector<std::string> names = wordsOf(words);
-            return " holds " + inQuotes(cell.text) + ", but " + oneOf(names) + " was expected" +
-                   mendByOneOf(cell.text, names);
+            return fmt::format(" holds {}, but {} was expected{}", inQuotes(cell.text), oneOf(names),
+                               mendByOneOf(cell.text, names));
         });
     }
     value = found->second;
     return true;
 }
 
-bool readText(Cell& cell, std::string& value) {
+bool readText(TableCell& cell, std::string& value) {
     value = cell.text;
     return true;
 }
 
-bool readName(Cell& cell, std::string& value) {
+bool readName(TableCell& cell, std::string& value) {
     if (hasBlank(cell.text)) return cell.refuseFound(ErrorKind::kName, "a text without spaces and control characters");
     return readText(cell, value);
 }

@@ -1,5 +1,5 @@
-#ifndef STANDALONE_LOADER_CELL_H
-#define STANDALONE_LOADER_CELL_H
+#ifndef STANDALONE_LOADER_TABLE_CELL_H
+#define STANDALONE_LOADER_TABLE_CELL_H
 
 #include <cstddef>
 #include <functional>
@@ -20,9 +20,9 @@ struct RowState {
 };
 
 /// One cell of a table, with the way to complain about it. A view: the row outlives it.
-class Cell {
+class TableCell {
 public:
-    Cell(std::string_view cellText, std::string_view columnName, std::size_t lineNumber, RowState& rowState)
+    TableCell(std::string_view cellText, std::string_view columnName, std::size_t lineNumber, RowState& rowState)
         : text(cellText), column(columnName), line(lineNumber), row(rowState) {}
 
     [[nodiscard]] bool empty() const { return text.empty(); }
@@ -62,15 +62,15 @@ std::vector<std::string> wordsOf(const Words& words);
 // Each reads the whole cell into `value`. False, with `value` untouched and the error reported, when it cannot.
 
 /// A finite number, written with a point and without grouping. The locale does not matter.
-bool readNumber(Cell& cell, double& value);
-bool readNumberFromZero(Cell& cell, double& value);
-bool readInteger(Cell& cell, int low, int high, int& value);
-bool readWord(Cell& cell, const Words& words, int& value);
+bool readNumber(TableCell& cell, double& value);
+bool readNumberFromZero(TableCell& cell, double& value);
+bool readInteger(TableCell& cell, int low, int high, int& value);
+bool readWord(TableCell& cell, const Words& words, int& value);
 /// Any text.
-bool readText(Cell& cell, std::string& value);
+bool readText(TableCell& cell, std::string& value);
 /// A text without spaces and control characters.
-bool readName(Cell& cell, std::string& value);
+bool readName(TableCell& cell, std::string& value);
 
 }  // namespace standalone::loader
 
-#endif  // STANDALONE_LOADER_CELL_H
+#endif  // STANDALONE_LOADER_TABLE_CELL_H

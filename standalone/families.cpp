@@ -1,0 +1,154 @@
+#include "standalone/families.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <string>
+#include <tuple>
+#include <utility>
+
+#include "host/catalogue.h"
+#include "host/record_fields.h"
+
+namespace standalone {
+namespace {
+
+using namespace qmservice;  // NOLINT(google-build-using-namespace): records, kinds and lists
+using RateFields = std::vector<RateField>;
+
+constexpr Lists kFuturesLists{0, kFuturesType | kFuturesExtraType};
+
+/// The rates of a list of host/record_fields.h; their columns have the names of the fields.
+template <class Rates>
+RateFields ownColumns(const Rates& list) {
+    RateFields fields;
+    records::forEachOf(list, [&](const auto& rate) { fields.push_back({rate.name, rate.name}); });
+    return fields;
+}
+
+/// The same with columns of other names, one for each rate.
+template <class Rates>
+RateFields withColumns(const Rates& list, std::array<const char*, std::tuple_size_v<Rates>> columns) {
+    RateFields fields = ownColumns(list);
+    for (std::size_t i = 0; i < columns.size(); ++i) fields[i].column = columns[i];
+    return fields;
+}
+
+RateFields commissionFields() {
+    return withColumns(records::commissionRates<CCommissionRateDetail>,
+                       {"open_by_money", "open_by_volume", "close_by_money", "close_by_volume", "close_today_by_money",
+                        "close_today_by_volume", "commission_extra1", "commission_extra2"});
+}
+
+RateFields marginFields() {
+    return withColumns(records::marginRates<CMarginRateDetail>, {"long_by_money", "long_by_volume", "short_by_money",
+                                                                 "short_by_volume", "margin_extra1", "margin_extra2"});
+}
+
+Family stockFamily(const char* name, const char* title, qmservice::AccountKind account, InstrumentList list,
+                   bool isConfigured) {
+    return {name,
+            title,
+            "",
+            name,
+            RateRecords::kStock,
+            {list, 0},
+            {account},
+            {account},
+            isConfigured,
+            true,
+            ownColumns(records::stockRates<CStkExchangeRateLimit>)};
+}
+
+template <class Limit>
+Family connectFamily(const char* name, const char* title, RateRecords limits, qmservice::AccountKind account,
+                     InstrumentList list) {
+    return {name,
+            title,
+            "",
+            name,
+            limits,
+            {list, 0},
+            {account},
+            {account},
+            true,
+            true,
+            ownColumns(records::connectRates<Limit>)};
+}
+
+Family futuresFamily(const char* name, const char* title, const char* itemTitle, RateRecords details,
+                     RateFields rates) {
+    return {name,
+            title,
+            itemTitle,
+            "futures",
+            details,
+            kFuturesLists,
+            {kFuturesAccount, kFutures5Account},
+            {kFuturesAccount, kFutures5Account, kPrimeBrokerageAccount},
+            false,
+            false,
+            std::move(rates)};
+}
+
+Family optionFamily() {
+    return {"option",
+            "Stock option fee items",
+            "Item",
+            "option",
+            RateRecords::kOption,
+            {kOptionList, 0},
+            {},
+            {kOptionAccount},
+            false,
+            true,
+            ownColumns(records::optionFees<CStockOptionFeeItem>)};
+}
+
+}  // namespace
+
+const std::vector<Family>& families() {
+    static const std::vector<Family> all{
+        stockFamily("stock", "Stock rates", kStockAccount, kStockList, true),
+        stockFamily("credit", "Credit rates", kCreditAccount, kCreditList, false),
+        stockFamily("neeq", "NEEQ rates", kNeeqAccount, kNeeqList, false),
+        connectFamily<CCustomHGTExchangeRateLimit>("hgt", "Shanghai-Hong Kong connect rates", RateRecords::kHgt,
+                                                   kHgtAccount, kHgtList),
+        connectFamily<CCustomSgtExchangeRateLimit>("sgt", "Shenzhen-Hong Kong connect rates", RateRecords::kSgt,
+                                                   kSgtAccount, kSgtList),
+        optionFamily(),
+        futuresFamily("commission", "Futures commission", "", RateRecords::kCommission, commissionFields()),
+        futuresFamily("margin", "Futures margin", "Hedge flag", RateRecords::kMargin, marginFields()),
+    };
+    return all;
+}
+
+const Family& family(std::string_view name) {
+    const auto found =
+        std::find_if(families().begin(), families().end(), [&](const Family& each) { return each.name == name; });
+    if (found == families().end()) throw std::out_of_range("there is no family " + std::string(name));
+    return *found;
+}
+
+const std::vector<AccountKind>& accountKinds() {
+    static const std::vector<AccountKind> all{{kFuturesAccount, "futures", "commission", true},
+                                              {kStockAccount, "stock", "stock", true},
+                                              {kCreditAccount, "credit", "credit", true},
+                                              {kFutures5Account, "futures_5", "commission", true},
+                                              {kOptionAccount, "option", "option", true},
+                                              {kHgtAccount, "hgt", "hgt", true},
+                                              {kIncomeSwapAccount, "income_swap", "", false},
+                                              {kNeeqAccount, "neeq", "neeq", true},
+                                              {kSgtAccount, "sgt", "sgt", true},
+                                              {kPrimeBrokerageAccount, "prime_brokerage", "", false},
+                                              {kIncomeSwapFuturesAccount, "income_swap_futures", "", false}};
+    return all;
+}
+
+const AccountKind* findAccountKind(int kind) {
+    const auto found = std::find_if(accountKinds().begin(), accountKinds().end(),
+                                    [&](const AccountKind& each) { return each.kind == kind; });
+    return found == accountKinds().end() ? nullptr : &*found;
+}
+
+}  // namespace standalone

@@ -1,0 +1,83 @@
+#ifndef STANDALONE_FAMILIES_H
+#define STANDALONE_FAMILIES_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standalone/market.h"
+
+// The families of rates and the kinds of account, each in one table. Every name lives as long as the program. Safe from
+// any number of threads at once.
+
+namespace standalone {
+
+/// Some lists of the catalogue: an instrument belongs when it is in one of the kinds or types.
+struct Lists {
+    int kindMask = 0;  ///< bits of qmservice::InstrumentList
+    int types = 0;     ///< bits of qmservice::InstrumentType
+
+    [[nodiscard]] constexpr bool hold(const ListedInstrument& instrument) const {
+        return (instrument.kindMask & kindMask) != 0 || (instrument.types & types) != 0;
+    }
+};
+
+/// Which record classes carry the rates of a family.
+enum class RateRecords {
+    kStock,       ///< CStkExchangeRateLimit; custom CCustomStkExchangeRateLimit
+    kHgt,         ///< CCustomHGTExchangeRateLimit for both
+    kSgt,         ///< CCustomSgtExchangeRateLimit for both
+    kOption,      ///< CStockOptionFeeItem; custom CCustomStkExchangeRateLimit
+    kCommission,  ///< CCommissionRateDetail; custom CCustomCommissionRateDetail
+    kMargin       ///< CMarginRateDetail; custom CCustomMarginRateDetail
+};
+
+/// A rate of a family by itself.
+struct RateField {
+    const char* field;   ///< of its record
+    const char* column;  ///< of its tables
+};
+
+/// One family: the rates of one kind of business, with its tables in a market folder.
+struct Family {
+    const char* name;         ///< of its tables, of its rates in market.toml and of the parts of answers
+    const char* title;        ///< what a person calls its rates
+    const char* itemTitle;    ///< what a person calls the items that tell its rates apart; empty for one without
+    const char* instruments;  ///< what a person calls the instruments that it is for
+    RateRecords records;
+    Lists lists;                      ///< that hold those instruments
+    std::vector<int> feeAccounts;     ///< kinds of account in fees/NAME.csv; none: there is no such table
+    std::vector<int> customAccounts;  ///< the same for custom/NAME.csv
+    bool isConfigured;                ///< whether there is configured/NAME.csv
+    bool isNamed;                     ///< whether market.toml may name its rates; otherwise the names are fixed
+    std::vector<RateField> rates;     ///< in field order
+
+    // Its tables in a market folder.
+    [[nodiscard]] std::string feeTable() const { return std::string("fees/") + name + ".csv"; }
+    [[nodiscard]] std::string configuredTable() const { return std::string("configured/") + name + ".csv"; }
+    [[nodiscard]] std::string customTable() const { return std::string("custom/") + name + ".csv"; }
+};
+
+/// Every family, in the order in which their tables are read.
+const std::vector<Family>& families();
+
+/// The family of that name. Throws std::out_of_range when there is none.
+const Family& family(std::string_view name);
+
+/// What the host and its programs know of a kind of account.
+struct AccountKind {
+    int kind;            ///< a qmservice::AccountKind
+    const char* name;    ///< as accounts.csv has it
+    const char* family;  ///< whose instruments such an account trades; empty for one that trades everything
+    bool isListed;       ///< whether a fee center lists the fees of such an account
+};
+
+/// Every kind that the boundary names, in ascending order.
+const std::vector<AccountKind>& accountKinds();
+
+/// The kind with this number; null when the boundary does not name it.
+const AccountKind* findAccountKind(int kind);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_FAMILIES_H

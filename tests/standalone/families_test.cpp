@@ -1,0 +1,63 @@
+// The tables of families and account kinds agree with each other and with the boundary.
+
+#include "standalone/families.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <stdexcept>
+#include <string>
+
+#include "host/account.h"
+#include "host/catalogue.h"
+
+namespace standalone {
+namespace {
+
+TEST(Families, EachIsFoundByItsName) {
+    for (const Family& each : families()) EXPECT_EQ(&family(each.name), &each);
+}
+
+TEST(Families, UnknownNameIsRefused) { EXPECT_THROW(static_cast<void>(family("bond")), std::out_of_range); }
+
+TEST(Families, KindWithoutANameIsNotFound) {
+    EXPECT_EQ(findAccountKind(4), nullptr);
+    EXPECT_EQ(findAccountKind(0), nullptr);
+}
+
+// Fee records come for the kinds that trade the family's instruments, and for no other.
+TEST(Families, FeeTablesTakeTheKindsThatTradeTheFamily) {
+    for (const AccountKind& kind : accountKinds()) {
+        for (const Family& each : families()) {
+            if (each.feeAccounts.empty() || *kind.family == '\0') continue;
+            const bool isTaken = std::set<int>(each.feeAccounts.begin(), each.feeAccounts.end()).count(kind.kind) != 0;
+            EXPECT_EQ(isTaken, std::string(family(kind.family).instruments) == each.instruments)
+                << kind.name << " " << each.name;
+        }
+    }
+}
+
+TEST(Families, KindsThatTradeEverythingAreNotListed) {
+    std::set<int> everything;
+    for (const AccountKind& kind : accountKinds()) {
+        EXPECT_EQ(kind.isListed, *kind.family != '\0') << kind.name;
+        if (*kind.family == '\0') everything.insert(kind.kind);
+    }
+    EXPECT_EQ(everything, (std::set<int>{8, 12, 16}));
+}
+
+TEST(Families, InstrumentBelongsToAFamilyByListOrByType) {
+    ListedInstrument future;
+    future.types = qmservice::kFuturesExtraType;
+    EXPECT_TRUE(family("commission").lists.hold(future));
+    EXPECT_FALSE(family("stock").lists.hold(future));
+    ListedInstrument share;
+    share.kindMask = qmservice::kStockList | qmservice::kHgtList;
+    EXPECT_TRUE(family("stock").lists.hold(share));
+    EXPECT_TRUE(family("hgt").lists.hold(share));
+    EXPECT_FALSE(family("sgt").lists.hold(share));
+    EXPECT_FALSE(family("margin").lists.hold(share));
+}
+
+}  // namespace
+}  // namespace standalone
