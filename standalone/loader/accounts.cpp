@@ -13,7 +13,7 @@ namespace {
 
 using qmservice::CAccountInfo;
 
-const std::string kFile = "accounts.csv";
+const std::string kAccountsFile = "accounts.csv";
 
 const Words& kindWords() {
     static const Words words = [] {
@@ -47,7 +47,7 @@ void addAccount(Load& load, const ReadLine<CAccountInfo>& read) {
     const auto [entry, isNew] = load.accounts.known.emplace(number, load.market.accounts.size());
     if (!isNew) {
         const Position first = load.market.accounts[entry->second].position;
-        load.errors.add({kFile, read.position.line, "account"}, ErrorKind::kRepeated, [&] {
+        load.errors.add({kAccountsFile, read.position.line, "account"}, ErrorKind::kRepeated, [&] {
             return fmt::format("the account {} stands already at {}; remove one of the lines or give it another number",
                                inQuotes(number), load.market.where(first));
         });
@@ -60,11 +60,11 @@ void addAccount(Load& load, const ReadLine<CAccountInfo>& read) {
 }  // namespace
 
 void readAccounts(Load& load) {
-    if (!load.hasFile(kFile)) {
+    if (!load.hasFile(kAccountsFile)) {
         load.accounts.complete = false;
         return;
     }
-    const bool complete = readTable<CAccountInfo>(load, kFile, accountColumns(),
+    const bool complete = readTable<CAccountInfo>(load, kAccountsFile, accountColumns(),
                                                   [&](const ReadLine<CAccountInfo>& read) { addAccount(load, read); });
     load.accounts.complete = load.accounts.complete && complete;
 }
