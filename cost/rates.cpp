@@ -1,0 +1,185 @@
+#include "cost/rates.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <iterator>
+#include <utility>
+
+#include "cost/refused.h"
+
+namespace cost {
+namespace {
+
+using namespace qmservice;  // NOLINT(google-build-using-namespace): the record classes
+
+/// Reads the fields of one answer.
+class Reader {
+public:
+    Reader(const std::vector<RateName>& rateNames, std::string keyOfItem)
+        : names(rateNames), item(std::move(keyOfItem)) {}
+
+    template <class Record>
+    void readLimit(const Record& limit, std::initializer_list<double Record::*> fields) {
+        readFields(limit, "rate", fields);
+    }
+
+    void readItem(const CStockOptionFeeItem& fees) {
+        using Item = CStockOptionFeeItem;
+        readFields<Item>(fees, "fee", {&Item::fee1, &Item::fee2, &Item::fee3, &Item::fee4, &Item::fee5});
+    }
+
+    void add(const std::string& charge, double value) {
+        rates.push_back({charge, item, decimal(charge, value), "", ""});
+    }
+
+    static Decimal decimal(const std::string& charge, double value) {
+        const auto number = Decimal::fromRate(value);
+        if (!number) {
+            throw Refused("the rate " + charge + " is " + std::to_string(value) + ", which is no rate");
+        }
+        return *number;
+    }
+
+    std::vector<Rate> rates;
+
+private:
+    template <class Record>
+    void readFields(const Record& record, const std::string& prefix, std::initializer_list<double Record::*> fields) {
+        int number = 0;
+        for (const auto field : fields) {
+            add(nameOf(prefix + std::to_string(++number)), record.*field);
+        }
+    }
+
+    [[nodiscard]] const std::string& nameOf(const std::string& field) const {
+        const auto name =
+            std::find_if(names.begin(), names.end(), [&](const RateName& known) { return known.field == field; });
+        return name == names.end() ? field : name->charge;
+    }
+
+    const std::vector<RateName>& names;
+    std::string item;
+};
+
+std::vector<Rate> stockRates(const CStkExchangeRateLimit& limit, const std::vector<RateName>& names) {
+    using Limit = CStkExchangeRateLimit;
+    Reader reader(names, "");
+    reader.readLimit(limit, {&Limit::rate1, &Limit::rate2, &Limit::rate3, &Limit::rate4, &Limit::rate5, &Limit::rate6});
+    return reader.rates;
+}
+
+template <class Limit>
+std::vector<Rate> connectRates(const Limit& limit, const std::vector<RateName>& names) {
+    Reader reader(names, "");
+    reader.readLimit<Limit>(limit, {&Limit::rate1, &Limit::rate2, &Limit::rate3, &Limit::rate4, &Limit::rate5,
+                                    &Limit::rate6, &Limit::rate7, &Limit::rate8, &Limit::rate9, &Limit::rate10,
+                                    &Limit::rate11, &Limit::rate12, &Limit::rate13, &Limit::rate14});
+    return reader.rates;
+}
+
+std::vector<Rate> optionRates(const CStockOptionFeeRate& fee, const std::vector<RateName>& names) {
+    std::vector<Rate> rates;
+    for (const auto& [key, item] : fee.items) {
+        if (item) {
+            Reader reader(names, key);
+            reader.readItem(*item);
+            std::move(reader.rates.begin(), reader.rates.end(), std::back_inserter(rates));
+        }
+    }
+    return rates;
+}
+
+std::vector<Rate> commissionRates(const CCommissionRateDetail& detail) {
+    static const std::vector<RateName> fixedNames;
+    Reader reader(fixedNames, "");
+    reader.add("open_by_money", detail.openRatioByMoney);
+    reader.add("open_by_volume", detail.openRatioByVolume);
+    reader.add("close_by_money", detail.closeRatioByMoney);
+    reader.add("close_by_volume", detail.closeRatioByVolume);
+    reader.add("close_today_by_money", detail.closeTodayRatioByMoney);
+    reader.add("close_today_by_volume", detail.closeTodayRatioByVolume);
+    reader.add("commission_extra1", detail.commissionExtra1);
+    reader.add("commission_extra2", detail.commissionExtra2);
+    return reader.rates;
+}
+
+MarginRate marginRate(const CMarginRateDetail& detail) {
+    return {static_cast<char>(detail.hedgeFlag),
+            Reader::decimal("long_by_money", detail.longMarginRatio),
+            Reader::decimal("long_by_volume", detail.longMarginRatioByVolume),
+            Reader::decimal("short_by_money", detail.shortMarginRatio),
+            Reader::decimal("short_by_volume", detail.shortMarginRatioByVolume),
+            "",
+            ""};
+}
+
+Rates futuresRates(const CInstrumentFee& answer) {
+    Rates rates;
+    if (answer.commissionDetail) {
+        rates.charges = commissionRates(*answer.commissionDetail);
+    }
+    for (const auto& detail : answer.marginDetails) {
+        if (detail) {
+            rates.margins.push_back(marginRate(*detail));
+        }
+    }
+    return rates;
+}
+
+/// Whose rates a stock-like record holds: the account kind's, where it trades on NEEQ its.
+Family stockFamily(const CInstrumentFee& answer) {
+    const std::int32_t kind = answer.account ? answer.account->accountType : kStockAccount;
+    if (kind == kCreditAccount) {
+        return Family::kCredit;
+    }
+    const bool tradesEverything = kind == kPrimeBrokerageAccount;
+    const bool isNeeq =
+        tradesEverything ? answer.instrument && answer.instrument->market == "NEEQ" : kind == kNeeqAccount;
+    return isNeeq ? Family::kNeeq : Family::kStock;
+}
+
+}  // namespace
+
+std::optional<Family> familyOf(const CInstrumentFee& answer) {
+    std::vector<Family> found;
+    if (answer.stkRateLimit) {
+        found.push_back(stockFamily(answer));
+    } else if (answer.stkOptionFeeRate) {
+        // Rule "A stock answer carries an option rate too": beside a stock's rates it says nothing.
+        found.push_back(Family::kOption);
+    }
+    if (answer.hgtRateLimit) {
+        found.push_back(Family::kHgt);
+    }
+    if (answer.sgtRateLimit) {
+        found.push_back(Family::kSgt);
+    }
+    if (answer.commissionDetail || !answer.marginDetails.empty()) {
+        found.push_back(Family::kFutures);
+    }
+    return found.size() == 1 ? std::optional<Family>(found.front()) : std::nullopt;
+}
+
+Rates ratesOf(const CInstrumentFee& answer, const RateNames& names) {
+    const auto family = familyOf(answer);
+    if (!family) {
+        throw Refused("the answer holds no rates, or those of several families, so nobody can say which are charged");
+    }
+    static const std::vector<RateName> noNames;
+    const auto named = names.find(*family);
+    const std::vector<RateName>& fieldNames = named == names.end() ? noNames : named->second;
+    switch (*family) {
+        case Family::kFutures:
+            return futuresRates(answer);
+        case Family::kOption:
+            return {optionRates(*answer.stkOptionFeeRate, fieldNames), {}};
+        case Family::kHgt:
+            return {connectRates(*answer.hgtRateLimit, fieldNames), {}};
+        case Family::kSgt:
+            return {connectRates(*answer.sgtRateLimit, fieldNames), {}};
+        default:
+            return {stockRates(*answer.stkRateLimit, fieldNames), {}};
+    }
+}
+
+}  // namespace cost

@@ -1,0 +1,61 @@
+#ifndef COST_RATES_H
+#define COST_RATES_H
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cost/decimal.h"
+#include "cost/side.h"
+#include "host/records.h"
+
+namespace cost {
+
+/// One rate of an answer. Who asked for the answer and knows where it comes from fills level and source; the library
+/// hands them on.
+struct Rate {
+    std::string charge;  ///< its name, which a term's `charge` is looked up by
+    std::string item;    ///< options: key of the fee item that holds it; else empty
+    Decimal value;
+    std::string level;
+    std::string source;
+};
+
+/// The margin rates of a futures answer for one hedge flag.
+struct MarginRate {
+    char hedgeFlag = '1';
+    Decimal longByMoney;    ///< fraction of the value
+    Decimal longByVolume;   ///< money per lot
+    Decimal shortByMoney;   ///< fraction of the value
+    Decimal shortByVolume;  ///< money per lot
+    std::string level;
+    std::string source;
+};
+
+/// All rates of one answer, those of 0 too.
+struct Rates {
+    std::vector<Rate> charges;
+    std::vector<MarginRate> margins;
+};
+
+/// What a host calls one rate field of its records, such as "rate1" or "fee3".
+struct RateName {
+    std::string field;
+    std::string charge;
+};
+/// A field that is not named is called as the field itself. Futures' rates are always called open_by_money,
+/// open_by_volume, close_..., close_today_..., commission_extra1 and commission_extra2.
+using RateNames = std::map<Family, std::vector<RateName>>;
+
+/// Whose rates the answer holds. Empty when it holds none, or those of several families at once, as the default answer
+/// of a prime-brokerage account does.
+std::optional<Family> familyOf(const qmservice::CInstrumentFee& answer);
+
+/// The answer's rates in the order of the record's fields (options: by item key). Throws Refused when the answer has no
+/// family or a rate is no number that can be charged.
+Rates ratesOf(const qmservice::CInstrumentFee& answer, const RateNames& names);
+
+}  // namespace cost
+
+#endif  // COST_RATES_H

@@ -1,0 +1,86 @@
+#ifndef COST_TERM_H
+#define COST_TERM_H
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cost/date.h"
+#include "cost/decimal.h"
+#include "cost/side.h"
+
+namespace cost {
+
+/// What a rate is multiplied with.
+enum class Basis {
+    kTurnover,  ///< quantity x price x multiplier
+    kQuantity,  ///< shares, lots, contracts
+    kOrder,     ///< 1 for each order
+    kDay        ///< 1 for each day, account, instrument and side
+};
+
+template <>
+inline constexpr std::array<std::string_view, 4> kWords<Basis> = {"turnover", "quantity", "order", "day"};
+
+/// What minimum, maximum and rounding apply to.
+enum class Per {
+    kFill,   ///< each fill by itself
+    kOrder,  ///< the sum of an order's fills of one day
+    kDay     ///< the sum of a day's fills of one account, instrument and side
+};
+
+template <>
+inline constexpr std::array<std::string_view, 3> kWords<Per> = {"fill", "order", "day"};
+
+/// A charging term: how one charge becomes an amount, where and when. One line of charges.csv.
+struct Term {
+    // Where it applies. '*' in the four texts stands for any run of characters; empty, as "*", is any.
+    Family family = Family::kStock;
+    std::string account;
+    std::string market;
+    std::string code;
+    std::string product;
+    DateRange dates;
+
+    // What is charged.
+    std::string charge;  ///< a rate of the answer ("stamp_duty"), or a name of its own when `rate` is given
+    std::string item;    ///< options: key of the fee item whose rate it is ("000"); empty where the rate is the term's
+    std::string title;   ///< what a person reads; may be empty
+    TermSide side = TermSide::kBoth;
+    std::optional<Decimal> rate;  ///< empty: the fee center's
+
+    // How it becomes an amount.
+    Basis basis = Basis::kTurnover;
+    std::optional<Decimal> minimum;
+    std::optional<Decimal> maximum;
+    Per per = Per::kFill;
+    std::optional<Rounding> rounding;  ///< empty: the exact amount stays
+    std::string inside;                ///< the charge that already contains this one; empty: it is paid by itself
+    std::string currency;
+
+    // Who says so.
+    std::string source;
+    std::optional<Date> checked;
+    std::string where;  ///< "charges.csv:12": where it stands, for messages; not looked into
+
+    /// The title, or the charge where there is none.
+    [[nodiscard]] const std::string& name() const { return title.empty() ? charge : title; }
+};
+
+/// What is wrong with one of several terms: its index and a sentence that does not name it.
+struct TermFault {
+    std::size_t term = 0;
+    std::string sentence;
+};
+
+/// Everything that is wrong with terms that shall stand in one schedule, in the order of the terms: a term by itself,
+/// one that is inside a charge which no term of its family has, and two equally specific ones for the same charge and
+/// side on the same day whose places are the same text (the fault is the later term's and names the earlier one's
+/// `where`). Equally specific terms with different patterns are met only where an instrument matches both:
+/// Schedule::termsFor.
+std::vector<TermFault> faultsOf(const std::vector<Term>& terms);
+
+}  // namespace cost
+
+#endif  // COST_TERM_H
