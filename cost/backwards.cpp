@@ -140,7 +140,7 @@ Decimal breakEvenPrice(const Trade& opening, Side closing, const Decimal& tick, 
         }
         const Bill opened = costOf(opening, tariff);
         ClosingCosts costs(opening, closing, tariff);
-        const Decimal stepValue = opening.quantity * *tariff.contract().multiplier * tick;
+        const Decimal stepValue = opening.quantity * tariff.contract().multiplier * tick;
         return isShort(opening.side) ? highestPaying(opened.turnover - opened.costs, stepValue, tick, costs)
                                      : lowestPaying(opened.turnover + opened.costs, stepValue, tick, costs);
     });

@@ -154,7 +154,7 @@ Tariff::Tariff(Place place, Contract contract, Rates rates, TermSet terms) {
     made->contract = std::move(contract);
     made->rates = std::move(rates);
     made->terms = std::move(terms);
-    if (!made->contract.multiplier && made->place.family != Family::kOption && made->place.family != Family::kFutures) {
+    if (made->place.family != Family::kOption && made->place.family != Family::kFutures) {
         made->contract.multiplier = Decimal(1);
     }
     const Planner planner(made->place, made->rates, made->terms);

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,9 +15,9 @@ namespace cost {
 
 /// What of an instrument matters to the amounts of its trades.
 struct Contract {
-    /// Units of the underlying in one lot or contract. Empty: not known, and what needs it is refused; a stock has 1 in
+    /// Units of the underlying in one lot or contract. 0: not known, and what needs it is refused; of shares it is 1 in
     /// any case.
-    std::optional<Decimal> multiplier;
+    Decimal multiplier;
     Decimal minimum = Decimal(1);  ///< least quantity of a purchase or opening
     Decimal increment =
         Decimal(1);  ///< what a purchase or opening can have more than the minimum is a multiple of this

@@ -48,11 +48,11 @@ Decimal turnoverOf(const Trade& trade, const Tariff& tariff) {
     if (!(trade.price > Decimal())) {
         throw Refused("the price is " + trade.price.text() + ", and a trade has one above 0");
     }
-    if (!tariff.contract().multiplier) {
+    if (tariff.contract().multiplier.isZero()) {
         throw Refused("the multiplier of " + tariff.place().instrument() +
                       " is not known, so its turnover cannot be calculated");
     }
-    return trade.quantity * trade.price * *tariff.contract().multiplier;
+    return trade.quantity * trade.price * tariff.contract().multiplier;
 }
 
 }  // namespace cost

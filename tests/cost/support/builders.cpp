@@ -48,6 +48,8 @@ cost::Term term(std::string_view family, std::string_view charge, std::string_vi
     return term;
 }
 
+cost::Term commission() { return term("stock", "commission", "both", "turnover order"); }
+
 cost::Schedule schedule(std::vector<cost::Term> terms) {
     int line = 1;
     for (cost::Term& term : terms) {

@@ -19,6 +19,9 @@ cost::Date date(std::string_view text);
 /// term("stock", "stamp_duty", "sell", "turnover fill 0.01 half_up") — basis, per, rounding; no rounding: none.
 cost::Term term(std::string_view family, std::string_view charge, std::string_view side, std::string_view how);
 
+/// A stock's commission on the turnover of an order.
+cost::Term commission();
+
 /// Gives every term the `where` of its line: "charges.csv:2" for the first, as below a header.
 cost::Schedule schedule(std::vector<cost::Term> terms);
 
