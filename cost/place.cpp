@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <limits>
 
-#include "standalone/code_pattern.h"
+#include "cost/pattern.h"
 
 namespace cost {
 namespace {
 
 bool matches(std::string_view text, std::string_view termText) {
     const std::string_view wanted = pattern(termText);
-    return wanted.empty() || standalone::matchesPattern(text, wanted);
+    return wanted.empty() || matchesPattern(text, wanted);
 }
 
 int exactness(std::string_view termText) {

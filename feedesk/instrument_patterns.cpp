@@ -8,10 +8,10 @@
 #include <iterator>
 #include <locale>
 
+#include "cost/pattern.h"
 #include "feedesk/folding.h"
 #include "feedesk/patterns.h"
 #include "feedesk/text.h"
-#include "standalone/text/code_pattern.h"
 
 namespace feedesk {
 namespace {
@@ -19,8 +19,8 @@ namespace {
 bool isIn(const Place& place, const std::string& market) {
     const bool underItsOwnName = place.asked == place.market;
     const std::string capitals = boost::to_upper_copy(market, std::locale::classic());
-    return place.isCalled(market) || (underItsOwnName && (standalone::matchesPattern(place.asked, market) ||
-                                                          standalone::matchesPattern(place.asked, capitals)));
+    return place.isCalled(market) || (underItsOwnName && (cost::matchesPattern(place.asked, market) ||
+                                                          cost::matchesPattern(place.asked, capitals)));
 }
 
 Places placesLike(const std::string& market, const Places& places) {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "cost/pattern.h"
 #include "feedesk/folding.h"
-#include "standalone/text/code_pattern.h"
 #include "standalone/text/utf8.h"
 
 namespace feedesk {
@@ -26,7 +26,7 @@ std::vector<Item> itemsWrittenLike(const std::vector<Item>& items, const std::st
     std::copy_if(items.begin(), items.end(), std::back_inserter(found), [&](const Item& item) {
         const auto own = textsOf(item);
         return std::any_of(own.begin(), own.end(),
-                           [&](const auto& text) { return standalone::matchesPattern(text, pattern); });
+                           [&](const auto& text) { return cost::matchesPattern(text, pattern); });
     });
     return found;
 }

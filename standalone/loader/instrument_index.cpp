@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "standalone/text/code_pattern.h"
+#include "cost/pattern.h"
 
 namespace standalone::loader {
 
@@ -32,7 +32,7 @@ std::vector<std::size_t> InstrumentIndex::match(const std::vector<ListedInstrume
         if (code->first.compare(0, start.size(), start) != 0) break;
         const ListedInstrument& instrument = catalogue[code->second];
         const bool wanted = lists.hold(instrument) && (product.empty() || instrument.record->productId == product);
-        if (wanted && matchesPattern(code->first, pattern)) places.push_back(code->second);
+        if (wanted && cost::matchesPattern(code->first, pattern)) places.push_back(code->second);
     }
     std::sort(places.begin(), places.end());
     return places;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "standalone/text/code_pattern.h"
+#include "cost/pattern.h"
 #include "standalone/text/numbers.h"
 
 namespace standalone {
@@ -13,7 +13,7 @@ bool isAnyOr(const std::string& wanted, const std::string& value) { return wante
 
 bool takesIn(const CategoryRule& rule, const std::string& market, const std::string& code, const std::string& product) {
     return isAnyOr(rule.market, market) && isAnyOr(rule.product, product) &&
-           (rule.code.empty() || matchesPattern(code, rule.code));
+           (rule.code.empty() || cost::matchesPattern(code, rule.code));
 }
 
 }  // namespace

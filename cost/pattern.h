@@ -1,15 +1,15 @@
-#ifndef STANDALONE_TEXT_CODE_PATTERN_H
-#define STANDALONE_TEXT_CODE_PATTERN_H
+#ifndef COST_PATTERN_H
+#define COST_PATTERN_H
 
 #include <string_view>
 
-namespace standalone {
+namespace cost {
 
 /// Whether the whole of `code` matches `pattern`, in which '*' stands for any run of bytes, the empty one included, and
 /// every other byte for itself. Safe from any thread, free of the locale, and takes at most time proportional to the
 /// product of both lengths.
 bool matchesPattern(std::string_view code, std::string_view pattern) noexcept;
 
-}  // namespace standalone
+}  // namespace cost
 
-#endif  // STANDALONE_TEXT_CODE_PATTERN_H
+#endif  // COST_PATTERN_H

@@ -1,4 +1,4 @@
-#include "standalone/text/code_pattern.h"
+#include "cost/pattern.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-using standalone::matchesPattern;
+using cost::matchesPattern;
 
 /// The definition itself: a star takes nothing, or one byte and then goes on.
 bool matchesByDefinition(std::string_view code, std::string_view pattern) {

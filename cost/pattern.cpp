@@ -1,14 +1,19 @@
-#include "standalone/text/code_pattern.h"
+#include "cost/pattern.h"
 
 #include <algorithm>
-#include <boost/algorithm/string/predicate.hpp>
 #include <cstddef>
 
-namespace standalone {
+namespace cost {
 
 namespace {
 
 constexpr char kAnyRun = '*';
+
+bool startsWith(std::string_view text, std::string_view start) { return text.substr(0, start.size()) == start; }
+
+bool endsWith(std::string_view text, std::string_view end) {
+    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
 
 }  // namespace
 
@@ -21,7 +26,7 @@ bool matchesPattern(std::string_view code, std::string_view pattern) noexcept {
     if (code.size() + static_cast<std::size_t>(std::count(pattern.begin(), pattern.end(), kAnyRun)) < pattern.size()) {
         return false;
     }
-    if (!boost::starts_with(code, pattern.substr(0, star))) {
+    if (!startsWith(code, pattern.substr(0, star))) {
         return false;
     }
     code.remove_prefix(star);
@@ -35,7 +40,7 @@ bool matchesPattern(std::string_view code, std::string_view pattern) noexcept {
         code.remove_prefix(at + star);
         pattern.remove_prefix(star + 1);
     }
-    return boost::ends_with(code, pattern);
+    return endsWith(code, pattern);
 }
 
-}  // namespace standalone
+}  // namespace cost
