@@ -63,6 +63,12 @@ INSTANTIATE_TEST_SUITE_P(
                 "the numbers of the trade are too large to calculate with"}),
     [](const auto& row) { return row.param.name; });
 
+TEST(Turnover, OfSharesHasNoMultiplier) {
+    const Tariff made = allIn();
+    const Tariff tenfold(made.place(), contractOf("10"), made.rates(), made.terms());
+    EXPECT_EQ(turnoverOf(trade("buy 300@1488.50"), tenfold).text(), "446550");
+}
+
 TEST(TradableQuantity, IsAskedOfPurchasesThatAreOrdersOfTheirOwn) {
     EXPECT_EQ(refusal([] { costOf(trade("buy 300@10"), allInLots("100", "100")); }), "");
     EXPECT_EQ(refusal([] { costOf(trade("buy 201@10"), allInLots("200", "1")); }), "");
