@@ -15,9 +15,13 @@ namespace {
 #ifdef HISTORIES_ANSWERS
 constexpr std::uint64_t kAnswers = HISTORIES_ANSWERS;
 #else
-constexpr std::uint64_t kAnswers = 1'500'000;
+constexpr std::uint64_t kAnswers = 600'000;
 #endif
+#ifdef HISTORIES_OF_A_SEED
+constexpr int kHistoriesOfASeed = HISTORIES_OF_A_SEED;
+#else
 constexpr int kHistoriesOfASeed = 8;
+#endif
 
 class RandomHistories : public ::testing::TestWithParam<Focus> {};
 
