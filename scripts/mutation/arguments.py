@@ -27,6 +27,9 @@ def parse(given: list[str]) -> argparse.Namespace:
     parser.add_argument("--file", metavar="PATTERN", help="only files whose name matches, such as 'future_*'")
     parser.add_argument("--kind", metavar="PATTERN", help="only changes of this kind, such as 'lock *' or static")
     parser.add_argument("--only", metavar="ID", action="append", help="only this change, tried anew; may be repeated")
+    parser.add_argument("--alone", action="store_true",
+                        help="run every test on each change, also behind the first that notices it, and print the "
+                             "changes that one test alone notices, by test")  # fmt: skip
     parser.add_argument("--survivors", action="store_true", help="try the survivors anew: for changed tests")
     parser.add_argument("--jobs", metavar="N", type=int, default=2, help="changes tried at the same time (default: 2)")
     parser.add_argument("--timeout", metavar="SECONDS", type=float, default=20.0,

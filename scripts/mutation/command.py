@@ -15,7 +15,7 @@ from mutation import report
 from mutation.mutant import Mutant
 from mutation.results import Results, read_equivalents
 from mutation.tree import find_mutants
-from mutation.trial import PROGRAMS, SURVIVED, Killers, Limits, run_program, try_mutant
+from mutation.trial import KILLED, PROGRAMS, SURVIVED, Killers, Limits, run_program, try_every_test, try_mutant
 from mutation.workbench import DIRECTORY, Base, BuildError, Worker
 
 
@@ -42,7 +42,7 @@ def pending(mutants: list[Mutant], results: Results, options: argparse.Namespace
         known = results.of(mutant)
         if options.survivors:
             return known is not None and known.outcome == SURVIVED
-        return known is None or bool(options.only)
+        return known is None or bool(options.only) or (options.alone and known.outcome == KILLED and not known.every)
 
     return [mutant for mutant in mutants if is_pending(mutant)]
 
@@ -77,7 +77,10 @@ def try_all(mutants: list[Mutant], base: Base, results: Results, options: argpar
             except queue.Empty:
                 return
             try:
-                outcome = try_mutant(worker, mutant, killers, limits)
+                if options.alone:
+                    outcome = try_every_test(worker, mutant, limits)
+                else:
+                    outcome = try_mutant(worker, mutant, killers, limits)
             except Exception as failure:  # shown by the main thread
                 failures.append(failure)
                 stop.set()
@@ -149,5 +152,7 @@ def run_alone(project: Path, place: Path, options: argparse.Namespace) -> int:
         print(f"{len(wanted)} changes to try of {len(selected)}; building the tests", flush=True)
         base.make()
         try_all(wanted, base, results, options)
+    if options.alone:
+        report.print_alone(selected, results)
     accounted = report.report(selected, results, equivalents, len(selected) == len(mutants))
     return 0 if accounted else 1

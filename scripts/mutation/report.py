@@ -2,7 +2,7 @@
 
 import sys
 import threading
-from collections import Counter
+from collections import Counter, defaultdict
 
 from mutation.mutant import Mutant
 from mutation.results import Equivalent, Results, stale
@@ -36,6 +36,31 @@ class Progress:
                 print(f"\r\033[K{line}", end="\n" if done == self._total else "", flush=True)
             elif done % 50 == 0 or done == self._total:
                 print(line, flush=True)
+
+
+def test_name(noticed: str) -> str:
+    """ "Suite.Test" of a test in a program, whatever its instance: "Suite/Type.Test" or "Values/Suite.Test/Value"."""
+    suite, _, test = noticed.partition(" ")[2].partition(".")
+    name, is_of_values, _ = test.partition("/")
+    return f"{suite.split('/')[-1 if is_of_values else 0]}.{name}"
+
+
+def print_alone(mutants: list[Mutant], results: Results) -> None:
+    """For each test the changes that no other test notices, one line each."""
+    alone: dict[str, list[Mutant]] = defaultdict(list)
+    tried = 0
+    for mutant in mutants:
+        outcome = results.of(mutant)
+        tests = {test_name(one) for one in outcome.every} if outcome else set()
+        tried += bool(tests)
+        if len(tests) == 1:
+            alone[tests.pop()].append(mutant)
+    print(f"{sum(map(len, alone.values()))} of {tried} changes are noticed by one test alone:")
+    for test, noticed in sorted(alone.items()):
+        print(test)
+        for mutant in noticed:
+            print(f"    {mutant.id} {mutant.file}:{mutant.line} {mutant.kind}: {mutant.line_before} -> {mutant.line_after}")
+    print()
 
 
 def report(mutants: list[Mutant], results: Results, equivalents: list[Equivalent], is_all: bool) -> bool:

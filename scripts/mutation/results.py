@@ -50,7 +50,7 @@ class Results:
                 continue  # the run was ended while it wrote
             if trial["hash"] == self._hash(trial["file"]):
                 valid[trial["id"]] = trial
-        self._known = {key: Outcome(one["outcome"], one["by"], one["seconds"]) for key, one in valid.items()}
+        self._known = {key: Outcome(one["outcome"], one["by"], one["seconds"], tuple(one.get("every", ()))) for key, one in valid.items()}
         # Only what counts is kept.
         self._path.write_text("".join(json.dumps(one, ensure_ascii=False) + "\n" for one in valid.values()))
 
