@@ -6,21 +6,22 @@
 #include <ostream>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "host/services.h"
 #include "support/call_log.h"
 #include "support/future_builders.h"
+#include "support/holds.h"
+#include "support/lock_probe.h"
 #include "support/operations.h"
 
-// What each operation asks of the host, in which order, and where it finds the services.
+// What each operation asks of the host, in which order, under which lock, and where it finds the services.
 
 namespace {
 
 using test::kNew;
 using test::Operation;
 
-using Names = std::vector<std::string>;
+using test::Names;
 
 // How the parts of the operations go. A run of crc64 counts as one call.
 
@@ -167,6 +168,21 @@ std::string textOf(Names calls) {
 TEST_P(CallsTest, HostIsAskedInThisOrder) {
     run();
     EXPECT_EQ(textOf(calls), kCalls.count(operation.name) != 0 ? kCalls.at(operation.name) : "no row");
+}
+
+TEST_P(CallsTest, HostIsAskedUnderTheLockOfTheLookupAlone) {
+    for (const test::uint64 account : {test::kKnown, kNew}) {
+        test::OpenFeeCenter fees;
+        scene.prepare(fees);
+        const auto subject = subjectOf(scene, operation, account);
+        calls.clear();
+        host.onCall = host.onKeyCall = [&](const std::string& name) {
+            calls.push_back(name);
+            EXPECT_EQ(test::heldLocks(fees), test::heldAt(operation, calls)) << name << ", account " << account;
+        };
+        operation.run(scene, fees, subject);
+        host.onCall = host.onKeyCall = nullptr;
+    }
 }
 
 /// Where the service of a call is asked for; empty for what is no service.

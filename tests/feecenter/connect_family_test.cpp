@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -65,26 +64,6 @@ TYPED_TEST(ConnectFamilyTest, LoadDoesNotAskTheConfiguration) {
     EXPECT_EQ(log.calls(), std::vector<std::string>{"getTradeMinUnit"});
 }
 
-TYPED_TEST(ConnectFamilyTest, LimitOfTheOtherChannelIsNotTaken) {
-    auto fee = boost::make_shared<CInstrumentFee>();
-    fee->instrument = this->instrument("A");
-    fee->hgtRateLimit = limitWith<CCustomHGTExchangeRateLimit>(0.1);
-    fee->sgtRateLimit = limitWith<CCustomSgtExchangeRateLimit>(0.2);
-    ((*fee).*TypeParam::slot).reset();
-    this->load({fee});
-    EXPECT_EQ(this->poolSize(), 0U);
-    EXPECT_TRUE((this->center.*TypeParam::table).empty());
-}
-
-TYPED_TEST(ConnectFamilyTest, LoadCopiesTheWholeLimitAndStampsTheTradeUnit) {
-    const auto a = this->instrument("A");
-    this->host.tradeUnits[{"XX", "A"}] = 500;
-    this->loadOne(a, this->fullLimit());
-    auto expected = this->fullLimit();
-    expected->tradeMinUnit = 500;
-    EXPECT_TRUE(this->stored(*a)->isEqual(*expected));
-}
-
 TYPED_TEST(ConnectFamilyTest, UpdateCopiesTheWholeLimitAndStampsTheTradeUnit) {
     const auto a = this->instrument("A");
     this->host.tradeUnits[{"XX", "A"}] = 500;
@@ -126,14 +105,6 @@ TYPED_TEST(ConnectFamilyTest, DefaultIsAnsweredWithoutATradeUnit) {
     EXPECT_EQ(this->limitOf(*a)->rate4, 0.0013);
 }
 
-TYPED_TEST(ConnectFamilyTest, LookupDoesNotAskForATradeUnit) {
-    const auto a = this->instrument("A");
-    const test::CallLog log(this->host);
-    this->find(*a);
-    EXPECT_EQ(log.count("getTradeMinUnit"), 0U);
-    EXPECT_EQ(log.count("findInstrument"), 1U);
-}
-
 /// Asked with limits for which every custom and group category test would say yes.
 template <class Family>
 class ConnectMatching : public test::LimitFamilyTest<Family> {
@@ -171,16 +142,6 @@ protected:
 
 class HgtMatchingTest : public ConnectMatching<test::Hgt> {};
 class SgtMatchingTest : public ConnectMatching<test::Sgt> {};
-
-TEST_F(HgtMatchingTest, CustomCategoryAppliesAfterTheSystems) {
-    EXPECT_EQ(testsAsked(10001), (std::vector<std::string>{"isStockInCategoryForTS", "isStockInCustomCategory"}));
-    EXPECT_EQ(storedRate(*a), 0.5);
-}
-
-TEST_F(HgtMatchingTest, GroupCategoryAppliesAfterTheSystems) {
-    EXPECT_EQ(testsAsked(70001), (std::vector<std::string>{"isStockInCategoryForTS", "isStockInGroupCategory"}));
-    EXPECT_EQ(storedRate(*a), 0.5);
-}
 
 TEST_F(HgtMatchingTest, StoredCopyCarriesTheEmptyListThatTheLookupInserted) {
     host.inCustomCategory = [](const auto&, const auto&, const auto&) { return true; };

@@ -41,19 +41,6 @@ TEST_F(EntryQueryTest, ConnectKeysAreFoldedOntoTheHongKongKey) {
     EXPECT_EQ(asked("SGT|00700"), instrument);
 }
 
-TEST_F(EntryQueryTest, FamilyIsAskedWithTheFoldedKey) {
-    const auto instrument = host.addInstrument("HK", "00700");
-    auto limit = boost::make_shared<CCustomHGTExchangeRateLimit>();
-    limit->rate1 = 0.5;
-    auto record = boost::make_shared<CInstrumentFee>();
-    record->instrument = instrument;
-    record->hgtRateLimit = limit;
-    center.doInitHgtFee(makeAccount(7, 7), {record});
-    for (const char* market : {"HK", "HGT", "SGT"}) {
-        EXPECT_EQ(center.getFee(makeAccount(7, 7), market, "00700")->hgtRateLimit->rate1, 0.5) << market;
-    }
-}
-
 TEST_F(EntryQueryTest, TextFoundInsideTheCodeStillReplacesTheFirstThreeCharacters) {
     host.addInstrument("SH", "6HGT1");
     host.addInstrument("SH", "6SGT1");
@@ -69,24 +56,6 @@ TEST_F(EntryQueryTest, TextFoundInsideTheCodeStillReplacesTheFirstThreeCharacter
 TEST_F(EntryQueryTest, KeyOfBothTextsIsFoldedOnce) {
     const auto instrument = known("HK|SGT");
     EXPECT_EQ(asked("HGT|SGT"), instrument);
-}
-
-TEST_F(EntryQueryTest, KeyOfThreeCharactersIsFolded) {
-    const auto instrument = known("HK");
-    EXPECT_EQ(asked("HGT"), instrument);
-    EXPECT_EQ(asked("SGT"), instrument);
-}
-
-TEST_F(EntryQueryTest, KeyShorterThanThreeCharactersIsHashedAsItStands) {
-    for (const char* text : {"", "H", "HG", "SG"}) {
-        const auto instrument = known(text);
-        EXPECT_EQ(asked(text), instrument) << "key \"" << text << '"';
-    }
-}
-
-TEST_F(EntryQueryTest, FoldingHeedsCase) {
-    const auto instrument = known("hgt|00700");
-    EXPECT_EQ(asked("hgt|00700"), instrument);
 }
 
 TEST_F(EntryQueryTest, StockAndCreditTakeTheTradeUnitOfTheKeyAsGiven) {
@@ -160,42 +129,6 @@ TEST_F(EntryQueryTest, KindWithoutFeesIsAnsweredWithTheEmptyFeeMemberUnstamped) 
         EXPECT_FALSE(center.emptyFee->account);
         EXPECT_FALSE(center.emptyFee->instrument);
     }
-}
-
-TEST_F(EntryQueryTest, NoFamilyIsAskedForAnUnknownInstrument) {
-    const test::CallLog log(host);
-    EXPECT_FALSE(center.getFee(makeAccount(2, 7), "SH", "600000"));
-    EXPECT_EQ(log.calls(), (std::vector<std::string>{"getTradeMinUnit", "findInstrument"}));
-}
-
-TEST_F(EntryQueryTest, AnswerCarriesTheCallersAccountAndTheCataloguesInstrument) {
-    const auto instrument = host.addInstrument("SH", "600000");
-    for (const int kind : {1, 2, 3, 5, 6, 7, 8, 10, 11, 12, 16}) {
-        const auto account = makeAccount(kind, 7);
-        const auto fee = center.getFee(account, "SH", "600000");
-        ASSERT_TRUE(fee) << "account kind " << kind;
-        EXPECT_EQ(fee->account, account) << "account kind " << kind;
-        EXPECT_EQ(fee->instrument, instrument) << "account kind " << kind;
-    }
-}
-
-TEST_F(EntryQueryTest, SecondQueryReturnsAnotherObject) {
-    const auto instrument = host.addInstrument("SH", "600000");
-    const auto account = makeAccount(2, 7);
-    center.doInitStockFee(account, {test::makeFee(instrument, test::makeLimit(0.1))});
-    const auto first = center.getFee(account, "SH", "600000");
-    const auto second = center.getFee(account, "SH", "600000");
-    EXPECT_NE(first, second);
-    EXPECT_EQ(first->stkRateLimit, second->stkRateLimit);
-}
-
-TEST_F(EntryQueryTest, AnswerOfOneAccountIsNotSeenThroughAnothers) {
-    host.addInstrument("SH", "600000");
-    const auto one = makeAccount(2, 7);
-    const auto other = makeAccount(2, 8);
-    const auto fee = center.getFee(one, "SH", "600000");
-    center.getFee(other, "SH", "600000");
-    EXPECT_EQ(fee->account, one);
 }
 
 /// Answers by joined key with a fee of its own and remembers the key.

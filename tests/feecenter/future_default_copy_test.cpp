@@ -110,15 +110,6 @@ protected:
     boost::shared_ptr<CMarginRateDetail> margin = test::makeMargin('1', 20);
 };
 
-TEST_P(FutureDefaultCopyTest, DeepCopyLeavesTheDefaultUnwritten) {
-    original->copier = [this] {
-        auto fee = boost::make_shared<CInstrumentFee>(*original);
-        fee->commissionDetail = boost::make_shared<CCommissionRateDetail>(*commission);
-        return fee;
-    };
-    expectDetachedAnswers();
-}
-
 TEST_P(FutureDefaultCopyTest, CopyOfItsOwnIsTheAnswerItselfAndKeepsItsCommission) {
     const auto copy = boost::make_shared<CInstrumentFee>();
     const auto detail = test::makeCommission(30);
@@ -170,15 +161,6 @@ TEST_P(FutureDefaultCopyTest, DefaultIsCopiedOnceWhetherTheInstrumentIsKnownOrNo
     EXPECT_FALSE(find());
     EXPECT_EQ(copies, 2);
     expectOriginalUnchanged();
-}
-
-TEST_P(FutureDefaultCopyTest, DefaultIsNotCopiedWhereTheAccountHasARate) {
-    original->copier = [] {
-        ADD_FAILURE() << "the default was copied";
-        return boost::shared_ptr<IData>();
-    };
-    center.doUpdateFutureInstrumentFee(test::makeAccount(1, kAccount), test::makeFutureFee(rb, commission, {}));
-    EXPECT_TRUE(find());
 }
 
 TEST_P(FutureDefaultCopyTest, NoFeeIsTheEmptyFeeMember) {

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <string>
 #include <vector>
 
 #include "support/future_builders.h"
@@ -78,16 +77,6 @@ TEST_F(FutureSimulationTest, OtherFeeTypesChangeNothing) {
     }
 }
 
-TEST_F(FutureSimulationTest, UnsetFeePerLotIsZero) {
-    quote(1, -1.0, -1.000009, -0.999991);
-    EXPECT_EQ(answer(), (Rates{0, 0, 0, 0, 0, 0, 17, 18}));
-}
-
-TEST_F(FutureSimulationTest, FeePerLotBesideTheToleranceIsSet) {
-    quote(1, -1.00002, -0.99998, 1.0);
-    EXPECT_EQ(answer(), (Rates{0, -1.00002, 0, -0.99998, 0, 1.0, 17, 18}));
-}
-
 TEST_F(FutureSimulationTest, FeeThatIsNotANumberIsSet) {
     const double none = std::numeric_limits<double>::quiet_NaN();
     for (const int type : {1, 2}) {
@@ -110,35 +99,6 @@ TEST_F(FutureSimulationTest, ToleranceIsOneHundredThousandth) {
     EXPECT_EQ(answer(), (Rates{0, -1.0000100005, 0, 0, 0, 0, 17, 18}));
 }
 
-TEST_F(FutureSimulationTest, UnsetFeeByTurnoverIsZero) {
-    quote(2, -1.0, -0.999991, -1.000009);
-    EXPECT_EQ(answer(), (Rates{0, 0, 0, 0, 0, 0, 17, 18}));
-}
-
-TEST_F(FutureSimulationTest, FeeByTurnoverBesideTheToleranceIsSet) {
-    quote(2, -1.00002, -0.99998, 0);
-    const Rates rates = answer();
-    EXPECT_DOUBLE_EQ(rates[0], -0.000100002);
-    EXPECT_DOUBLE_EQ(rates[2], -0.000099998);
-    EXPECT_EQ(rates[4], 0);
-}
-
-TEST_F(FutureSimulationTest, MarginsAreTheDefaults) {
-    quote(1, 3.5, 4.5, 5.5);
-    const auto fee = center.getFutureFee(kAccount, test::instrumentKey(*instrument));
-    ASSERT_EQ(fee->marginDetails.size(), 3U);
-    EXPECT_EQ(fee->marginDetails[2]->hedgeFlag, '3');
-    EXPECT_EQ(fee->instrument, instrument);
-    EXPECT_EQ(fee->commissionDetail->instrumentId, "rb2605");
-}
-
-TEST_F(FutureSimulationTest, DefaultItselfIsNotAdjusted) {
-    quote(1, 3.5, 4.5, 5.5);
-    ASSERT_NE(answer(), unadjusted);
-    EXPECT_EQ(test::ratesOf(*center.defaultFutureFee->commissionDetail), unadjusted);
-    EXPECT_EQ(center.defaultFutureFee->commissionDetail->instrumentId, "id");
-}
-
 TEST_F(FutureSimulationTest, AccountUnknownToTheDataCenterIsNotAdjusted) {
     quote(1, 3.5, 4.5, 5.5);
     host.accounts.clear();
@@ -151,28 +111,10 @@ TEST_F(FutureSimulationTest, AccountDataWithoutAccountIsNotAdjusted) {
     EXPECT_EQ(answer(), unadjusted);
 }
 
-TEST_F(FutureSimulationTest, PlatformThatIsNoSimulationIsNotAdjusted) {
-    quote(1, 3.5, 4.5, 5.5);
-    account->platformId = kSimulation + 1;
-    EXPECT_EQ(answer(), unadjusted);
-}
-
 TEST_F(FutureSimulationTest, AccountsOwnRatesAreNotAdjusted) {
     quote(1, 3.5, 4.5, 5.5);
     load({test::makeFutureFee(instrument, test::makeCommission(40))});
     EXPECT_EQ(answer(), (Rates{41, 42, 43, 44, 45, 46, 47, 48}));
-}
-
-TEST_F(FutureSimulationTest, HostIsAskedForAccountAndPlatformOnceAndOnlyForADefault) {
-    quote(1, 3.5, 4.5, 5.5);
-    std::vector<std::string> calls;
-    host.onCall = [&](const std::string& operation) { calls.push_back(operation); };
-    answer();
-    EXPECT_EQ(calls, (std::vector<std::string>{"findInstrument", "getAccountData", "isSimulationPlatform"}));
-    load({test::makeFutureFee(instrument, test::makeCommission(40))});
-    calls.clear();
-    answer();
-    EXPECT_EQ(calls, std::vector<std::string>{"findInstrument"});
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <set>
-#include <string>
 #include <vector>
 
 #include "support/fee_center_fixture.h"

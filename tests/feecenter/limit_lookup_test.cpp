@@ -1,9 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
-#include "support/call_log.h"
 #include "support/limit_family_fixture.h"
 
 // Lookups and lists of the families that keep one limit per instrument.
@@ -11,18 +7,10 @@
 namespace {
 
 using namespace qmservice;
-using test::instrumentKey;
 
 template <class Family>
 class LimitLookupTest : public test::LimitFamilyTest<Family> {};
 TYPED_TEST_SUITE(LimitLookupTest, test::LimitFamilies, test::FamilyName);
-
-TYPED_TEST(LimitLookupTest, EntryIsAnsweredWithThePooledRecordItself) {
-    const auto a = this->instrument("A");
-    this->loadOne(a, this->limit(0.1));
-    EXPECT_EQ(this->limitOf(*a), this->stored(*a));
-    EXPECT_EQ(this->limitOf(*a)->rate1, 0.1);
-}
 
 TYPED_TEST(LimitLookupTest, EntryIsAnsweredWithItsOwnTradeUnitWhateverIsAsked) {
     const auto a = this->instrument("A");
@@ -32,48 +20,11 @@ TYPED_TEST(LimitLookupTest, EntryIsAnsweredWithItsOwnTradeUnitWhateverIsAsked) {
     EXPECT_EQ((*this->limitOf(*a, 300)).*TypeParam::unit, 200);
 }
 
-TYPED_TEST(LimitLookupTest, EntryIsAnsweredWithoutAskingTheHost) {
-    const auto a = this->instrument("A");
-    this->loadOne(a, this->limit(0.1));
-    const test::CallLog log(this->host);
-    this->find(*a);
-    EXPECT_TRUE(log.calls().empty());
-}
-
 TYPED_TEST(LimitLookupTest, EntryIsAnsweredEvenWhenTheCatalogueForgotTheInstrument) {
     const auto a = this->instrument("A");
     this->loadOne(a, this->limit(0.1));
     this->host.removeInstrument(*a);
     EXPECT_EQ(this->limitOf(*a)->rate1, 0.1);
-}
-
-TYPED_TEST(LimitLookupTest, AnswerHoldsTheFamilysLimitAlone) {
-    const auto a = this->instrument("A");
-    const auto fallback = this->find(*a);
-    this->loadOne(a, this->limit(0.1));
-    for (const auto& fee : {fallback, this->find(*a)}) {
-        ASSERT_TRUE((*fee).*TypeParam::slot);
-        auto rest = *fee;
-        (rest.*TypeParam::slot).reset();
-        EXPECT_TRUE(rest.isEqual(CInstrumentFee()));
-    }
-}
-
-TYPED_TEST(LimitLookupTest, EachAnswerIsANewObject) {
-    const auto a = this->instrument("A");
-    EXPECT_NE(this->find(*a), this->find(*a));
-    this->loadOne(a, this->limit(0.1));
-    EXPECT_NE(this->find(*a), this->find(*a));
-}
-
-TYPED_TEST(LimitLookupTest, InstrumentWithoutAnEntryFallsBackToTheConfiguredRecordItself) {
-    const auto a = this->instrument("A");
-    const auto b = this->instrument("B");
-    this->loadOne(b, this->limit(0.1));
-    const auto rates = this->limit(0.7);
-    (*rates).*TypeParam::unit = 100;
-    this->configured(*a) = rates;
-    EXPECT_EQ(this->limitOf(*a), rates);
 }
 
 TYPED_TEST(LimitLookupTest, AccountWithoutATableFallsBackToTheConfiguredRecordItself) {
@@ -99,20 +50,6 @@ TYPED_TEST(LimitLookupTest, WithNothingConfiguredTheDefaultRecordItselfIsAnswere
     EXPECT_EQ(this->limitOf(*a), this->fallback());
 }
 
-TYPED_TEST(LimitLookupTest, InstrumentUnknownToTheCatalogueGetsTheDefaultThoughConfigured) {
-    const auto a = this->instrument("A");
-    this->configured(*a) = this->limit(0.7);
-    this->host.removeInstrument(*a);
-    EXPECT_EQ(this->limitOf(*a), this->fallback());
-}
-
-TYPED_TEST(LimitLookupTest, FallbackAsksForTheFamilysConfiguredLimitOnly) {
-    const auto a = this->instrument("A");
-    const test::CallLog log(this->host);
-    this->find(*a);
-    EXPECT_EQ(log.calls(), (std::vector<std::string>{"findInstrument", TypeParam::askConfigured}));
-}
-
 TYPED_TEST(LimitLookupTest, EntryWhoseRecordIsNotPooledIsAnsweredWithoutLimitAndPoolsNone) {
     const auto a = this->instrument("A");
     this->loadOne(a, this->limit(0.1));
@@ -121,17 +58,6 @@ TYPED_TEST(LimitLookupTest, EntryWhoseRecordIsNotPooledIsAnsweredWithoutLimitAnd
     ASSERT_TRUE(fee);
     EXPECT_FALSE((*fee).*TypeParam::slot);
     EXPECT_TRUE((this->center.*TypeParam::pool).empty());
-}
-
-TYPED_TEST(LimitLookupTest, LookupsAddNothingToTheTables) {
-    const auto a = this->instrument("A");
-    const auto b = this->instrument("B");
-    this->loadOne(b, this->limit(0.1));
-    this->find(*a);
-    test::findFee<TypeParam>(this->center, 99, instrumentKey(*a));
-    EXPECT_EQ((this->center.*TypeParam::table).size(), 1U);
-    EXPECT_EQ((this->center.*TypeParam::table).at(7).size(), 1U);
-    EXPECT_EQ(this->poolSize(), 1U);
 }
 
 template <class Family>
@@ -160,22 +86,6 @@ TYPED_TEST(LimitListTest, FeesAreAppended) {
     EXPECT_EQ(fees[1]->instrument, a);
     EXPECT_TRUE(this->list(fees));
     EXPECT_EQ(fees.size(), 3U);
-}
-
-TYPED_TEST(LimitListTest, EveryEntryIsStampedWithAccountAndInstrument) {
-    const auto a = this->instrument("A");
-    const auto b = this->instrument("B");
-    this->load({this->record(a, this->limit(0.1)), this->record(b, this->limit(0.2))});
-    typename TestFixture::Fees fees;
-    EXPECT_TRUE(this->list(fees));
-    ASSERT_EQ(fees.size(), 2U);
-    for (const auto& fee : fees) {
-        EXPECT_EQ(fee->account, this->account);
-        EXPECT_TRUE((*fee).*TypeParam::slot);
-    }
-    // The order is the hash table's.
-    EXPECT_TRUE((fees[0]->instrument == a && fees[1]->instrument == b) ||
-                (fees[0]->instrument == b && fees[1]->instrument == a));
 }
 
 TYPED_TEST(LimitListTest, InstrumentThatTheCatalogueForgotIsLeftOut) {
@@ -210,31 +120,10 @@ TYPED_TEST(LimitListTest, RoomIsMadeForEveryEntryOfTheTableBeforeAnyIsLeftOut) {
     EXPECT_GE(fees.capacity(), 3U);
 }
 
-TYPED_TEST(LimitListTest, EntriesOfOtherAccountsAreNotListed) {
-    const auto a = this->instrument("A");
-    const auto b = this->instrument("B");
-    this->loadOne(a, this->limit(0.1));
-    (this->center.*TypeParam::load)(test::makeAccount(TypeParam::kind, 8), {this->record(b, this->limit(0.2))});
-    typename TestFixture::Fees fees;
-    EXPECT_TRUE(this->list(fees));
-    ASSERT_EQ(fees.size(), 1U);
-    EXPECT_EQ(fees[0]->instrument, a);
-}
-
 /// The families whose list asks their own lookup: all but NEEQ.
 template <class Family>
 class OwnListTest : public test::LimitFamilyTest<Family> {};
 using OwnListFamilies = ::testing::Types<test::Stock, test::Credit, test::Hgt, test::Sgt>;
 TYPED_TEST_SUITE(OwnListTest, OwnListFamilies, test::FamilyName);
-
-TYPED_TEST(OwnListTest, ListedFeeCarriesThePooledRecordItself) {
-    const auto a = this->instrument("A");
-    this->host.tradeUnits[{"XX", "A"}] = 200;
-    this->loadOne(a, this->limit(0.1));
-    std::vector<boost::shared_ptr<CInstrumentFee>> fees;
-    EXPECT_TRUE(this->list(fees));
-    ASSERT_EQ(fees.size(), 1U);
-    EXPECT_EQ((*fees[0]).*TypeParam::slot, this->stored(*a));
-}
 
 }  // namespace

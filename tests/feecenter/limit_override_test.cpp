@@ -2,10 +2,8 @@
 
 #include <climits>
 #include <string>
-#include <utility>
 #include <vector>
 
-#include "support/call_log.h"
 #include "support/limit_family_fixture.h"
 
 // Custom fees of the families that keep one limit per instrument.
@@ -36,47 +34,6 @@ protected:
     }
 };
 TYPED_TEST_SUITE(LimitOverrideTest, test::LimitFamilies, test::FamilyName);
-
-TYPED_TEST(LimitOverrideTest, MatchedInstrumentTakesTheLimitAndOthersStay) {
-    const auto a = this->instrument("A");
-    const auto b = this->instrument("B");
-    const auto c = this->instrument("C");
-    this->load({this->record(a, this->limit(0.1)), this->record(b, this->limit(0.1))});
-    this->host.systemMembers.insert({5, {"XX", "A"}});
-    this->apply({this->custom("5", 0.5)});
-    EXPECT_EQ(this->storedRate(*a), 0.5);
-    EXPECT_EQ(this->storedRate(*b), 0.1);
-    EXPECT_EQ(this->storedRate(*c), -1);
-}
-
-TYPED_TEST(LimitOverrideTest, AccountNeedsNoEarlierTable) {
-    const auto a = this->instrument("A");
-    this->applyToAll(this->custom("5", 0.5));
-    EXPECT_EQ(this->storedRate(*a), 0.5);
-    EXPECT_EQ((this->center.*TypeParam::table).size(), 1U);
-}
-
-TYPED_TEST(LimitOverrideTest, OnlyInstrumentsOfTheFamilysKindAreReached) {
-    std::vector<std::pair<int, boost::shared_ptr<CInstrument>>> byMask;
-    for (int bit = 0; bit < 31; ++bit) {
-        const int mask = 1 << bit;
-        byMask.emplace_back(mask, this->host.addInstrument("XX", std::to_string(mask), mask));
-    }
-    this->applyToAll(this->custom("5", 0.5));
-    for (const auto& listed : byMask) {
-        EXPECT_EQ(this->storedRate(*listed.second), listed.first == TypeParam::kindMask ? 0.5 : -1)
-            << "kind mask " << listed.first;
-    }
-}
-
-TYPED_TEST(LimitOverrideTest, CustomFeeWithoutLimitsChangesNothingAndAsksTheHostNothing) {
-    this->instrument("A");
-    this->host.inSystemCategory = [](const auto&, const auto&, const auto&, int) { return true; };
-    const test::CallLog log(this->host);
-    this->apply({});
-    EXPECT_TRUE(log.calls().empty());
-    EXPECT_TRUE((this->center.*TypeParam::table).empty());
-}
 
 TYPED_TEST(LimitOverrideTest, EmptyPointersAmongLimitsAndInstrumentsArePassedOver) {
     this->host.instruments.push_back({nullptr, TypeParam::kindMask, 0});
@@ -144,42 +101,6 @@ TYPED_TEST(LimitOverrideTest, CategoryTextBeyondAnIntIsTheLowHalfOfALongThatStop
     EXPECT_EQ(this->numbersAsked({"2147483647", "2147483648", "4294967301", "99999999999999999999",
                                   "-99999999999999999999", "-2147483648"}),
               (std::vector<int>{INT_MAX, INT_MIN, 5, -1, 0, INT_MIN}));
-}
-
-TYPED_TEST(LimitOverrideTest, EqualTradeUnitsShareTheLimitAndOthersGetTheirOwn) {
-    const auto a = this->instrument("A");
-    const auto b = this->instrument("B");
-    const auto c = this->instrument("C");
-    this->host.tradeUnits[{"XX", "C"}] = 500;
-    this->applyToAll(this->custom("5", 0.5));
-    EXPECT_EQ(this->poolSize(), 2U);
-    EXPECT_EQ(this->stored(*a), this->stored(*b));
-    EXPECT_EQ((*this->stored(*a)).*TypeParam::unit, 100);
-    EXPECT_EQ((*this->stored(*c)).*TypeParam::unit, 500);
-}
-
-TYPED_TEST(LimitOverrideTest, PooledRecordDoesNotFollowTheCustomLimit) {
-    const auto a = this->instrument("A");
-    const auto rates = this->custom("5", 0.5);
-    this->applyToAll(rates);
-    rates->rate1 = 0.9;
-    EXPECT_EQ(this->storedRate(*a), 0.5);
-}
-
-TYPED_TEST(LimitOverrideTest, PooledRecordIsKeptWhenTheFeeComesAgain) {
-    const auto a = this->instrument("A");
-    this->applyToAll(this->custom("5", 0.5));
-    const auto first = this->stored(*a);
-    this->applyToAll(this->custom("5", 0.5));
-    EXPECT_EQ(this->stored(*a), first);
-    EXPECT_EQ(this->poolSize(), 1U);
-}
-
-TYPED_TEST(LimitOverrideTest, LaterCustomFeeOverridesAnEarlierOne) {
-    const auto a = this->instrument("A");
-    this->applyToAll(this->custom("5", 0.5));
-    this->applyToAll(this->custom("5", 0.6));
-    EXPECT_EQ(this->storedRate(*a), 0.6);
 }
 
 TYPED_TEST(LimitOverrideTest, CustomLimitGoesBeforeAConfiguredOne) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/fee_center_fixture.h"
+#include "support/future_builders.h"
 #include "support/lock_scopes.h"
 #include "support/operations.h"
 #include "support/passing_entries.h"
@@ -169,6 +170,51 @@ TEST_P(WritesTest, TablesChangeOnlyWhileEachLockOfTheChangeIsHeldExclusively) {
 
 INSTANTIATE_TEST_SUITE_P(Changes, WritesTest, ::testing::ValuesIn(test::changes()),
                          [](const auto& change) { return change.param.name; });
+
+TEST(PoolWriteTest, OptionItemThatWasPooledBeforeTheStockLockWasTakenIsKept) {
+    const test::FreshHost freshHost;
+    test::FakeHost& host = test::FakeHost::instance();
+    OpenFeeCenter center;
+    const auto option = host.addInstrument("SHO", "10000001", 32);
+    host.inSystemCategory = [](auto&&...) { return true; };
+    const auto limit = boost::make_shared<qmservice::CCustomStkExchangeRateLimit>();
+    limit->optionFirstKeyCode = limit->optionSecondKeyCode = limit->optionThirdKeyCode = '0';
+    const auto pooled = boost::make_shared<qmservice::CStockOptionFeeItem>();
+    pooled->firstKeyCode = pooled->secondKeyCode = pooled->thirdKeyCode = '7';
+    const uint64 key = center.getHashKey(limit, 100);
+    {
+        const LockScopes scopes(center, [&](const std::string& lock, const std::string& hold) {
+            if (lock == "stock" && !hold.empty()) {
+                center.stkOptionItemPool[key] = pooled;
+            }
+        });
+        center.doUpdateStkOptionCustomFee(test::makeAccount(6, kNew), test::makeCustomFee(limit));
+    }
+    const auto fee = center.getStkOptionFee(kNew, test::instrumentKey(*option));
+    EXPECT_EQ(fee->stkOptionFeeRate->items.at("777"), pooled);
+}
+
+// A change with nothing to store takes no lock, so that it does not stop the readers, and makes no key.
+
+constexpr int kFlagsWithoutASlot[] = {0, '0', '4'};
+
+using NothingToStoreTest = test::FutureTest;
+
+TEST_F(NothingToStoreTest, FuturesChangeTakesNoLockAndMakesNoKey) {
+    const auto rb = addFuture("rb2605");
+    host.inSystemCategory = [](auto&&...) { return true; };
+    std::string keyCalls;
+    host.onKeyCall = [&](const std::string& operation) { keyCalls += operation == "crc64" ? "crc64 " : ""; };
+    const LockScopes scopes(center);
+    load({test::makeFutureFee(rb, nullptr)});
+    for (const int hedgeFlag : kFlagsWithoutASlot) {
+        const auto margin = test::makeCustomMargin("5", hedgeFlag, 20);
+        center.doUpdateFutureCustomFee(account, test::makeCustomFutureFee({}, {margin}));
+    }
+    EXPECT_EQ(scopes.holds(), "");
+    EXPECT_EQ(keyCalls, "");
+    EXPECT_EQ(tableSizes(), emptyTables);
+}
 
 // What is read.
 

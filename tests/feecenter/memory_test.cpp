@@ -2,116 +2,58 @@
 
 #include <new>
 #include <optional>
-#include <vector>
+#include <string>
 
 #include "support/entry_mixes.h"
 #include "support/memory_fixture.h"
+#include "support/operations.h"
 
-// The shortage and the checks themselves, and a fee center that memory is too short to build.
+// Memory runs out inside each operation: what was there stays, no entry points anywhere but where it did or is to, and
+// the same call then leads to where it leads without a shortage.
 
 namespace {
 
 using test::differences;
-using test::faultOf;
-using test::HeldAnswers;
-using test::kBystander;
 using test::kKnown;
 using test::kNew;
-using test::lossesOf;
 using test::MemoryTest;
 using test::OpenFeeCenter;
-using test::strays;
+using test::Operation;
+using test::Subject;
 using test::uint64;
 
-TEST_F(MemoryTest, ShortageStrikesTheChosenAllocation) {
-    for (const bool forGood : {false, true}) {
-        shortage.begin(1, forGood);
-        bool results[3] = {};
-        for (bool& result : results) {
-            result = shortage.fails();
+class MemoryOperationTest : public MemoryTest, public ::testing::WithParamInterface<Operation> {
+protected:
+    MemoryOperationTest() { stageOperations(scene); }
+
+    void expectSurvives(const Subject& subject) {
+        const auto run = [&](OpenFeeCenter& center) { return GetParam().run(scene, center, subject); };
+        OpenFeeCenter before;
+        scene.prepare(before);
+        OpenFeeCenter expected;
+        scene.prepare(expected);
+        const std::string answer = run(expected);
+        for (const bool forGood : {false, true}) {
+            exhaust(run, forGood, [&](OpenFeeCenter& center) {
+                EXPECT_EQ(test::lossesOf(center, before), "");
+                EXPECT_EQ(test::strays(center, before, expected), "");
+                EXPECT_EQ(run(center), answer);
+                EXPECT_EQ(differences(center, expected), "");
+                EXPECT_EQ(test::faultOf(center), "");
+            });
         }
-        EXPECT_GT(shortage.end(), 0);
-        EXPECT_FALSE(results[0]);
-        EXPECT_TRUE(results[1]);
-        EXPECT_EQ(results[2], forGood);
     }
-    shortage.begin(1, true);
-    EXPECT_EQ(shortage.end(), 0);
-}
+};
 
-TEST_F(MemoryTest, CheckerNoticesBrokenTables) {
-    OpenFeeCenter center;
-    scene.prepare(center);
-    ASSERT_EQ(faultOf(center), "");
-    center.stockAccountTable[kNew];
-    EXPECT_EQ(faultOf(center), "stock: an account without instruments; ");
-    center.stockAccountTable[kNew][1] = 99;
-    EXPECT_EQ(faultOf(center), "stock: an entry whose record is not in the pool; ");
-    center.stockAccountTable.erase(kNew);
-    center.futureMarginKeys[kNew][1];
-    EXPECT_EQ(faultOf(center), "margin: an instrument without records; ");
-    center.futureMarginKeys.erase(kNew);
-    center.hgtRateLimitPool[99];
-    EXPECT_EQ(faultOf(center), "hgt: an empty record in the pool; ");
-    center.hgtRateLimitPool.erase(99);
-    ASSERT_EQ(faultOf(center), "");
-    center.sgtMutex.lock_shared();
-    EXPECT_EQ(faultOf(center), "sgt: the lock is held");
-    center.sgtMutex.unlock_shared();
-
-    OpenFeeCenter before;
-    scene.prepare(before);
-    ASSERT_EQ(lossesOf(center, before) + differences(center, before), "");
-    center.neeqAccountTable[kBystander].begin()->second = center.neeqAccountTable[kKnown].begin()->second;
-    EXPECT_EQ(lossesOf(center, before), "neeq ");
-    center.creditAccountTable.erase(kKnown);
-    EXPECT_EQ(lossesOf(center, before), "credit neeq ");
-    center.futureCommissionDetails.begin()->second = test::makeCommission(999);
-    EXPECT_EQ(lossesOf(center, before), "credit commission neeq ");
-    EXPECT_EQ(differences(center, before), "credit commission neeq ");
-}
-
-TEST_F(MemoryTest, CheckerNoticesEntriesThatPointElsewhere) {
-    OpenFeeCenter center;
-    OpenFeeCenter before;
-    OpenFeeCenter after;
-    for (auto* each : {&center, &before, &after}) {
-        scene.prepare(*each);
+TEST_P(MemoryOperationTest, CallThatFailedIsRepeated) {
+    for (const uint64 account : {kKnown, kNew}) {
+        SCOPED_TRACE("account " + std::to_string(account));
+        expectSurvives(subjectOf(scene, GetParam(), account));
     }
-    uint64& entry = center.stockAccountTable[kKnown].begin()->second;
-    uint64& toBe = after.stockAccountTable[kKnown].begin()->second;
-    std::vector<uint64> others;
-    for (const auto& other : center.stockAccountTable[kBystander]) {
-        others.push_back(other.second);
-    }
-    ASSERT_EQ(others.size(), 2U);
-    toBe = others[0];
-    EXPECT_EQ(strays(center, before, after), "");
-    entry = others[0];
-    EXPECT_EQ(strays(center, before, after), "");
-    entry = others[1];
-    EXPECT_EQ(strays(center, before, after), "stock ");
-    center.neeqAccountTable[kNew][1] = others[0];
-    EXPECT_EQ(strays(center, before, after), "stock neeq ");
-    center.stkOptionAccountTable[kBystander].begin()->second["0D"] = others[0];
-    EXPECT_EQ(strays(center, before, after), "stock option neeq ");
-    center.futureMarginKeys[kKnown].begin()->second.back() = others[0];
-    EXPECT_EQ(strays(center, before, after), "stock option margin neeq ");
 }
 
-TEST_F(MemoryTest, ChangeOfAnAnswerThatIsHeldIsNoticed) {
-    OpenFeeCenter center;
-    scene.prepare(center);
-    const HeldAnswers held(center);
-    EXPECT_EQ(held.difference(), "");
-    auto& rate = center.stockRateLimitPool.begin()->second->rate6;
-    rate += 1;
-    EXPECT_NE(held.difference(), "");
-    rate -= 1;
-    EXPECT_EQ(held.difference(), "");
-    center.defaultNeeqRateLimit->rate1 += 1;
-    EXPECT_NE(held.difference(), "");
-}
+INSTANTIATE_TEST_SUITE_P(Operations, MemoryOperationTest, ::testing::ValuesIn(test::allOperations()),
+                         [](const auto& operation) { return operation.param.name; });
 
 /// std::optional destroys what it holds through its own class: it is to be the last one.
 class LastFeeCenter final : public OpenFeeCenter {

@@ -52,29 +52,6 @@ TEST_F(PrimeBrokerageTest, StockFeeGetsTheOptionRateOfTheSameKey) {
     EXPECT_EQ(test::describe(fee), test::kStockWithOption);
 }
 
-TEST_F(PrimeBrokerageTest, StockFeeWithoutEntriesHasTheStockAndOptionDefaultsAndNoOthers) {
-    const auto fee = find("SZ");
-    EXPECT_EQ(fee->stkRateLimit, center.defaultStockRateLimit);
-    EXPECT_EQ(fee->stkOptionFeeRate, center.defaultStkOptionFeeRate);
-    EXPECT_FALSE(fee->commissionDetail);
-    EXPECT_TRUE(fee->marginDetails.empty());
-    EXPECT_FALSE(fee->hgtRateLimit);
-    EXPECT_FALSE(fee->sgtRateLimit);
-}
-
-TEST_F(PrimeBrokerageTest, StockFallbackCarriesTheUnitVolumeHandedIn) {
-    EXPECT_EQ(find("SH", 300)->stkRateLimit->unitVolume, 300);
-    EXPECT_EQ(center.defaultStockRateLimit->unitVolume, 100);
-}
-
-TEST_F(PrimeBrokerageTest, NeeqFallbackCarriesTheUnitVolumeHandedInAndTheNeeqDefault) {
-    center.defaultNeeqRateLimit->rate1 = 33;
-    const auto fee = find("NEEQ", 300);
-    EXPECT_EQ(fee->stkRateLimit->rate1, 33);
-    EXPECT_EQ(fee->stkRateLimit->unitVolume, 300);
-    EXPECT_FALSE(fee->stkOptionFeeRate);
-}
-
 TEST_F(PrimeBrokerageTest, FuturesMarketWithoutRatesGetsTheFuturesDefaultNotTheFullOne) {
     for (const char* market : {"CFFEX", "SHFE"}) {
         const auto fee = find(market);
@@ -175,41 +152,9 @@ TEST_F(PrimeBrokerageTest, FullDefaultSharesEveryDefaultRecord) {
     EXPECT_NE(find("XX"), fee);
 }
 
-TEST_F(PrimeBrokerageTest, FullDefaultsMarginListIsItsOwn) {
-    find("XX")->marginDetails.clear();
-    EXPECT_EQ(center.defaultFutureFee->marginDetails.size(), 3U);
-}
-
-TEST_F(PrimeBrokerageTest, FullDefaultOfAnotherUnitVolumeHasACopyOfTheStockDefault) {
-    const auto fee = find("XX", 200);
-    EXPECT_NE(fee->stkRateLimit, center.defaultStockRateLimit);
-    EXPECT_EQ(fee->stkRateLimit->unitVolume, 200);
-    EXPECT_EQ(fee->stkRateLimit->rate1, 0.00015);
-    EXPECT_EQ(fee->stkRateLimit->rate6, 0.001);
-    EXPECT_EQ(center.defaultStockRateLimit->unitVolume, 100);
-}
-
 TEST_F(PrimeBrokerageTest, FullDefaultDoesNotAskForAConfiguredLimit) {
     host.rateLimits[{"XX", "1"}] = test::makeLimit(55);
     EXPECT_EQ(find("XX")->stkRateLimit, center.defaultStockRateLimit);
-}
-
-TEST_F(PrimeBrokerageTest, QueryPassesOneHundredWhateverTheInstrumentsTradeUnit) {
-    for (const char* market : {"SH", "NEEQ", "XX"}) {
-        host.addInstrument(market, "1");
-        host.tradeUnits[{market, "1"}] = 7;
-        const auto fee = center.getFee(test::makeAccount(12, kAccount), market, "1");
-        EXPECT_EQ(fee->stkRateLimit->unitVolume, 100) << market;
-    }
-}
-
-TEST_F(PrimeBrokerageTest, QueryStampsAccountAndInstrumentOnTheFullDefault) {
-    const auto account = test::makeAccount(12, kAccount);
-    instrument = host.addInstrument("XX", "1");
-    const auto fee = center.getFee(account, "XX", "1");
-    EXPECT_EQ(fee->account, account);
-    EXPECT_EQ(fee->instrument, instrument);
-    EXPECT_FALSE(center.defaultFutureFee->account);
 }
 
 // A market that the host calls foreign as well: the earlier test in the order decides.
@@ -225,16 +170,6 @@ TEST_F(PrimeBrokerageTest, ForeignTestComesAfterTheOtherMarketsAndBeforeNeeq) {
         mark(row.first);
         EXPECT_EQ(test::describe(find(row.first)), row.second) << row.first;
     }
-}
-
-TEST_F(PrimeBrokerageTest, HostIsAskedForAForeignMarketOnlyWhereNoEarlierTestHolds) {
-    host.onCall = [this](const std::string& operation) { calls.push_back(operation); };
-    for (const char* market : {"SH", "DCE", "INE", "HGT", "SGT", "HK", "SHO"}) {
-        find(market);
-    }
-    EXPECT_FALSE(called("isWPMarket"));
-    find("NEEQ");
-    EXPECT_TRUE(called("isWPMarket"));
 }
 
 }  // namespace

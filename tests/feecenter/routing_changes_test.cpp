@@ -1,11 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <set>
 #include <string>
-#include <typeindex>
-#include <typeinfo>
-#include <vector>
 
 #include "support/family_marks.h"
 
@@ -131,89 +127,6 @@ TEST_F(RoutingChangesTest, PlainFeeUpdatesTheInstrumentForFuturesAndPrimeBrokera
 TEST_F(RoutingChangesTest, RecordOfAnotherClassIsDroppedForEveryKind) {
     expectCustomChanges(boost::make_shared<CAccountInfo>(), {});
     expectCustomChanges(test::makeCommission(10), {});
-}
-
-TEST_F(RoutingChangesTest, EmptyRecordIsDroppedForEveryKind) { expectCustomChanges(nullptr, {}); }
-
-/// One record of each class that some kind takes as a custom fee, with rates that match every instrument.
-std::vector<boost::shared_ptr<IData>> customFeeRecords() {
-    return {test::makeCustomFee(test::makeCustomLimit("5", 1)),
-            test::makeCustomFee<CCustomHGTInstrumentFee>(test::markedLimit<CCustomHGTExchangeRateLimit>(1)),
-            test::makeCustomFee<CCustomSgtInstrumentFee>(test::markedLimit<CCustomSgtExchangeRateLimit>(1)),
-            test::makeCustomFutureFee({test::makeCustomCommission("5", 10)}, {test::makeCustomMargin("5", '1', 20)})};
-}
-
-/// One record of each class that no operation takes by itself.
-std::vector<boost::shared_ptr<IData>> otherRecords() {
-    return {boost::make_shared<CAccountInfo>(),
-            boost::make_shared<CInstrument>(),
-            boost::make_shared<CGroupCategorySubInfo>(),
-            test::makeLimit(1),
-            boost::make_shared<CStockOptionFeeItem>(),
-            boost::make_shared<CStockOptionFeeRate>(),
-            test::markedLimit<CCustomHGTExchangeRateLimit>(1),
-            test::markedLimit<CCustomSgtExchangeRateLimit>(1),
-            test::makeCommission(10),
-            test::makeMargin('1', 20),
-            test::makeCustomLimit("5", 1),
-            test::makeCustomCommission("5", 10),
-            test::makeCustomMargin("5", '1', 20)};
-}
-
-std::vector<boost::shared_ptr<IData>> allButPlainFees() {
-    auto records = otherRecords();
-    for (const auto& record : customFeeRecords()) {
-        records.push_back(record);
-    }
-    return records;
-}
-
-TEST_F(RoutingChangesTest, RecordsOfTheseTestsAreOfEveryClass) {
-    std::set<std::type_index> classes{typeid(CInstrumentFee)};
-    for (const auto& record : allButPlainFees()) {
-        const IData& held = *record;
-        classes.insert(typeid(held));
-    }
-    EXPECT_EQ(classes.size(), 18U);
-}
-
-TEST_F(RoutingChangesTest, CustomFeeOfAClassThatNoKindTakesIsDroppedForEveryKind) {
-    for (const auto& record : otherRecords()) {
-        SCOPED_TRACE(record->getStructDes());
-        expectCustomChanges(record, {});
-    }
-}
-
-TEST_F(RoutingChangesTest, LoadedRecordOfAnotherClassIsPostedAndPassedOverForEveryKind) {
-    const std::set<int> posting{1, 2, 3, 5, 6, 7, 10, 11};
-    auto records = allButPlainFees();
-    records.push_back(nullptr);
-    for (const auto& record : records) {
-        SCOPED_TRACE(record ? record->getStructDes() : "empty");
-        for (int kind = -1; kind <= 20; ++kind) {
-            const Change change =
-                changeBy(kind, [&](auto& fees, const auto& account) { fees.initFees(account, {record}); });
-            EXPECT_EQ(change, (Change{posting.count(kind) != 0, ""})) << "kind " << kind;
-        }
-    }
-}
-
-TEST_F(RoutingChangesTest, LoadedRecordBehindOthersThatArePassedOverIsStored) {
-    auto records = allButPlainFees();
-    records.push_back(nullptr);
-    records.push_back(makeFullFee());
-    const std::map<int, std::string> expected = {{1, "commission margin "},
-                                                 {5, "commission margin "},
-                                                 {2, "stock "},
-                                                 {3, "credit "},
-                                                 {7, "hgt "},
-                                                 {10, "neeq "},
-                                                 {11, "sgt "}};
-    for (const auto& row : expected) {
-        const Change change =
-            changeBy(row.first, [&](auto& fees, const auto& account) { fees.initFees(account, records); });
-        EXPECT_EQ(change, (Change{true, row.second})) << "kind " << row.first;
-    }
 }
 
 TEST_F(RoutingChangesTest, EmptyListIsDroppedForEveryKind) {

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "support/limit_family_fixture.h"
 
 // What the stock, credit and NEEQ families share and the connect channels do not.
@@ -29,31 +27,6 @@ TYPED_TEST(StockLikeFamilyTest, LoadPutsTheConfiguredLimitBeforeTheFeesOwn) {
     this->configure(*a, 0.7, 100);
     this->loadOne(a, makeLimit(0.1));
     EXPECT_EQ(this->storedRate(*a), 0.7);
-}
-
-TYPED_TEST(StockLikeFamilyTest, LoadStoresTheConfiguredLimitOfAFeeWithoutOne) {
-    const auto a = this->instrument("A");
-    this->configure(*a, 0.7, 100);
-    this->loadOne(a, nullptr);
-    EXPECT_EQ(this->storedRate(*a), 0.7);
-}
-
-TYPED_TEST(StockLikeFamilyTest, ConfiguredLimitOfAnotherInstrumentIsNotTaken) {
-    const auto a = this->instrument("A");
-    const auto b = this->instrument("B");
-    this->configure(*b, 0.7, 100);
-    this->loadOne(a, makeLimit(0.1));
-    EXPECT_EQ(this->storedRate(*a), 0.1);
-}
-
-TYPED_TEST(StockLikeFamilyTest, LoadPoolsACopyOfTheConfiguredLimitAndLeavesItAsItWas) {
-    const auto a = this->instrument("A");
-    this->host.tradeUnits[{"XX", "A"}] = 200;
-    const auto rates = this->configure(*a, 0.7, 100);
-    this->loadOne(a, nullptr);
-    EXPECT_NE(this->stored(*a), rates);
-    EXPECT_EQ(this->stored(*a)->unitVolume, 200);
-    EXPECT_EQ(rates->unitVolume, 100);
 }
 
 TYPED_TEST(StockLikeFamilyTest, ConfigurationChangedAfterTheLoadDoesNotChangeTheEntry) {
@@ -131,48 +104,6 @@ TYPED_TEST(StockLikeFamilyTest, DefaultOfAnotherTradeUnitIsAPrivateCopy) {
     EXPECT_NE(this->limitOf(*a, 200), rates);
 }
 
-TYPED_TEST(StockLikeFamilyTest, UnknownInstrumentGetsTheDefaultWithTheTradeUnitAsked) {
-    CInstrument unknown;
-    unknown.market = "XX";
-    unknown.code = "nowhere";
-    EXPECT_EQ(this->limitOf(unknown, 100), this->fallback());
-    EXPECT_NE(this->limitOf(unknown, 200), this->fallback());
-    EXPECT_EQ(this->limitOf(unknown, 200)->unitVolume, 200);
-}
-
-TYPED_TEST(StockLikeFamilyTest, ConfiguredLimitOfTheTradeUnitAskedIsAnsweredItself) {
-    const auto a = this->instrument("A");
-    const auto rates = this->configure(*a, 0.7, 200);
-    EXPECT_EQ(this->limitOf(*a, 200), rates);
-}
-
-TYPED_TEST(StockLikeFamilyTest, ConfiguredLimitOfAnotherTradeUnitIsAPrivateCopy) {
-    const auto a = this->instrument("A");
-    const auto rates = this->configure(*a, 0.7, 200);
-    const auto answered = this->limitOf(*a, 100);
-    EXPECT_NE(answered, rates);
-    EXPECT_EQ(answered->rate1, 0.7);
-    EXPECT_EQ(answered->unitVolume, 100);
-    EXPECT_EQ(rates->unitVolume, 200);
-}
-
-TYPED_TEST(StockLikeFamilyTest, EntriesOfTheOtherFamiliesAreNotSeen) {
-    const auto a = this->instrument("A");
-    const auto fee = test::makeFee(a, makeLimit(0.1));
-    const auto loadOthers = [&](auto other) {
-        using Other = decltype(other);
-        if (Other::kind != TypeParam::kind) {
-            (this->center.*Other::load)(this->account, {fee});
-        }
-    };
-    loadOthers(test::Stock());
-    loadOthers(test::Credit());
-    loadOthers(test::Neeq());
-    EXPECT_EQ(this->limitOf(*a), this->fallback());
-    std::vector<boost::shared_ptr<CInstrumentFee>> fees;
-    EXPECT_FALSE(this->list(fees));
-}
-
 // The NEEQ list asks the stock lookup.
 class NeeqListTest : public test::LimitFamilyTest<test::Neeq> {
 protected:
@@ -207,13 +138,6 @@ TEST_F(NeeqListTest, AnswersTheStockEntryOfTheSameAccountKey) {
     center.doInitStockFee(account, {record(a, makeLimit(0.2))});
     EXPECT_EQ(listed(), center.stockRateLimitPool.begin()->second);
     EXPECT_EQ(listed()->rate1, 0.2);
-}
-
-TEST_F(NeeqListTest, StockEntriesAloneMakeNoNeeqList) {
-    center.doInitStockFee(account, {record(a, makeLimit(0.2))});
-    Fees fees;
-    EXPECT_FALSE(list(fees));
-    EXPECT_TRUE(fees.empty());
 }
 
 }  // namespace

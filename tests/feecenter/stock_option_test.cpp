@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <map>
 #include <string>
 #include <vector>
@@ -84,44 +83,16 @@ TEST_F(StockOptionTest, WithoutAnEntryTheDefaultRateItselfIsAnswered) {
     EXPECT_EQ(rate(*other), center.defaultStkOptionFeeRate);
 }
 
-TEST_F(StockOptionTest, UnknownInstrumentGetsTheDefaultWithoutAskingTheHost) {
-    const test::CallLog log(host);
-    EXPECT_EQ(center.getStkOptionFee(7, 12345)->stkOptionFeeRate, center.defaultStkOptionFeeRate);
-    EXPECT_TRUE(log.calls().empty());
-}
-
-TEST_F(StockOptionTest, ItemCarriesTheCustomLimitsOptionFeesAndCodes) {
-    auto limit = item("12D", 1.1);
-    limit->optionFee2 = 1.2;
-    limit->optionFee3 = 1.3;
-    limit->optionFee4 = 1.4;
-    limit->optionFee5 = 1.5;
-    limit->rate1 = 9;
-    apply(limit);
-
-    CStockOptionFeeItem expected;
-    expected.fee1 = 1.1;
-    expected.fee2 = 1.2;
-    expected.fee3 = 1.3;
-    expected.fee4 = 1.4;
-    expected.fee5 = 1.5;
-    expected.firstKeyCode = 49;
-    expected.secondKeyCode = 50;
-    expected.thirdKeyCode = 68;
-    ASSERT_EQ(items(*option), (Items{{"12D", 1.1}}));
-    EXPECT_TRUE(rate(*option)->items.at("12D")->isEqual(expected));
-}
-
 TEST_F(StockOptionTest, ItemWhoseSecondCharacterIsDHasAKeyOfTwoCharacters) {
     apply(item("0D1", 1.5));
     EXPECT_EQ(items(*option), (Items{{"0D", 1.5}}));
     EXPECT_EQ(rate(*option)->items.at("0D")->thirdKeyCode, 49);
 }
 
-TEST_F(StockOptionTest, DInAnotherPlaceLeavesTheKeyOfThreeCharacters) {
-    apply(item("D0D", 1.5));
-    apply(item("0d1", 1.6));
-    EXPECT_EQ(items(*option), (Items{{"D0D", 1.5}, {"0d1", 1.6}}));
+TEST_F(StockOptionTest, EmptyPointersAmongLimitsAndInstrumentsArePassedOver) {
+    host.instruments.insert(host.instruments.begin(), {nullptr, 32, 0});
+    apply(Custom(), item("000", 1.5), Custom());
+    EXPECT_EQ(items(*option), (Items{{"000", 1.5}}));
 }
 
 TEST_F(StockOptionTest, ItemsOfSuccessiveCustomFeesAddUp) {
@@ -131,30 +102,11 @@ TEST_F(StockOptionTest, ItemsOfSuccessiveCustomFeesAddUp) {
     EXPECT_EQ(items(*option), (Items{{"000", 1.5}, {"0D", 1.6}, {"110", 1.7}}));
 }
 
-TEST_F(StockOptionTest, LaterItemOfOneKeyWinsAndTheOthersStay) {
-    apply(item("000", 1.5));
-    apply(item("001", 1.6));
-    apply(item("000", 1.7));
-    EXPECT_EQ(items(*option), (Items{{"000", 1.7}, {"001", 1.6}}));
-    EXPECT_EQ(center.stkOptionItemPool.size(), 3U);
-}
-
 TEST_F(StockOptionTest, TwoItemsThatDifferInAnUnusedThirdCharacterShareTheKey) {
     apply(item("0D1", 1.5));
     apply(item("0D0", 1.6));
     EXPECT_EQ(items(*option), (Items{{"0D", 1.6}}));
     EXPECT_EQ(rate(*option)->items.at("0D")->thirdKeyCode, 48);
-}
-
-TEST_F(StockOptionTest, FirstMatchingLimitWinsForOneCustomFee) {
-    apply(item("000", 1.5), item("001", 1.6));
-    EXPECT_EQ(items(*option), (Items{{"000", 1.5}}));
-}
-
-TEST_F(StockOptionTest, LimitsAfterTheFirstMatchAreNotAsked) {
-    const test::CallLog log(host);
-    apply(item("000", 1.5), item("001", 1.6));
-    EXPECT_EQ(log.count("isStockInCategoryForTS"), 1U);
 }
 
 TEST_F(StockOptionTest, CategoryIsTakenByNameAndNotAsANumber) {
@@ -172,62 +124,12 @@ TEST_F(StockOptionTest, CategoryIsTakenByNameAndNotAsANumber) {
     EXPECT_EQ(asked, (std::vector<int>{5, 34, -1}));
 }
 
-TEST_F(StockOptionTest, OnlyInstrumentsOfKind32AreReached) {
-    for (const int mask : {1, 8, 128, 256, 16384}) {
-        host.addInstrument("XX", std::to_string(mask), mask);
-    }
-    apply(item("000", 1.5));
-    EXPECT_EQ(center.stkOptionAccountTable.at(7).size(), 1U);
-    EXPECT_EQ(center.stkOptionAccountTable.at(7).count(instrumentKey(*option)), 1U);
-}
-
-TEST_F(StockOptionTest, CustomFeeWithoutLimitsChangesNothingAndAsksTheHostNothing) {
-    const test::CallLog log(host);
-    apply();
-    EXPECT_TRUE(log.calls().empty());
-    EXPECT_TRUE(center.stkOptionAccountTable.empty());
-}
-
-TEST_F(StockOptionTest, EmptyPointersAmongLimitsAndInstrumentsArePassedOver) {
-    host.instruments.insert(host.instruments.begin(), {nullptr, 32, 0});
-    apply(Custom(), item("000", 1.5), Custom());
-    EXPECT_EQ(items(*option), (Items{{"000", 1.5}}));
-}
-
 TEST_F(StockOptionTest, PoolKeyIsTheContentKeyOfCustomLimitAndTradeUnit) {
     host.tradeUnits[{"SHO", "10000001"}] = 10;
     const auto limit = item("000", 1.5);
     apply(limit);
     ASSERT_EQ(center.stkOptionItemPool.size(), 1U);
     EXPECT_EQ(center.stkOptionItemPool.count(center.getHashKey(limit, 10)), 1U);
-}
-
-TEST_F(StockOptionTest, InstrumentsOfOneTradeUnitShareThePooledItemItself) {
-    const auto second = host.addInstrument("SHO", "10000002", 32);
-    const auto third = host.addInstrument("SHO", "10000003", 32);
-    host.tradeUnits[{"SHO", "10000003"}] = 10;
-    apply(item("000", 1.5));
-    EXPECT_EQ(center.stkOptionItemPool.size(), 2U);
-    EXPECT_EQ(rate(*option)->items.at("000"), rate(*second)->items.at("000"));
-    EXPECT_NE(rate(*option)->items.at("000"), rate(*third)->items.at("000"));
-}
-
-TEST_F(StockOptionTest, LimitsThatDifferInARateOnlyArePooledApart) {
-    apply(item("000", 1.5));
-    auto other = item("000", 1.5);
-    other->rate1 = 0.5;
-    apply(other);
-    EXPECT_EQ(center.stkOptionItemPool.size(), 2U);
-}
-
-TEST_F(StockOptionTest, PooledItemIsKeptWhenTheFeeComesAgainAndDoesNotFollowTheLimit) {
-    const auto limit = item("000", 1.5);
-    apply(limit);
-    const auto first = rate(*option)->items.at("000");
-    apply(item("000", 1.5));
-    limit->optionFee1 = 9;
-    EXPECT_EQ(rate(*option)->items.at("000"), first);
-    EXPECT_EQ(first->fee1, 1.5);
 }
 
 TEST_F(StockOptionTest, EntryIsFiledUnderTheKeyOfThePooledItemThoughTheLimitsCodesDiffer) {
@@ -242,12 +144,6 @@ TEST_F(StockOptionTest, EntryIsFiledUnderTheKeyOfThePooledItemThoughTheLimitsCod
     apply(same);
     EXPECT_EQ(items(*option), (Items{{"000", 0.5}}));
     EXPECT_EQ(rate(*option)->items.at("000")->fee5, 1.5e-8);
-}
-
-TEST_F(StockOptionTest, StockTablesAreNotTouched) {
-    apply(item("000", 1.5));
-    EXPECT_TRUE(center.stockAccountTable.empty());
-    EXPECT_TRUE(center.stockRateLimitPool.empty());
 }
 
 TEST_F(StockOptionTest, BaseRateOfAnEntryIsZeroAndNotTheDefaults) {
@@ -275,54 +171,6 @@ TEST_F(StockOptionTest, BaseRateTableDoesNotTurnTheDefaultAnswerIntoAnEntry) {
     center.stkOptionBaseRateTable[7][instrumentKey(*option)] = 0.35;
     EXPECT_EQ(rate(*option), center.defaultStkOptionFeeRate);
     EXPECT_EQ(rate(*option)->baseRate, 0.2);
-}
-
-TEST_F(StockOptionTest, EachAnswerHasItsOwnRateAndItemMap) {
-    apply(item("000", 1.5));
-    const auto first = rate(*option);
-    const auto second = rate(*option);
-    EXPECT_NE(first, second);
-    EXPECT_EQ(first->items.at("000"), second->items.at("000"));
-    first->items.clear();
-    EXPECT_EQ(second->items.size(), 1U);
-}
-
-TEST_F(StockOptionTest, AnswerHoldsTheOptionRateAlone) {
-    const auto fallback = center.getStkOptionFee(7, instrumentKey(*option));
-    apply(item("000", 1.5));
-    for (const auto& fee : {fallback, center.getStkOptionFee(7, instrumentKey(*option))}) {
-        ASSERT_TRUE(fee->stkOptionFeeRate);
-        auto rest = *fee;
-        rest.stkOptionFeeRate.reset();
-        EXPECT_TRUE(rest.isEqual(CInstrumentFee()));
-    }
-}
-
-TEST_F(StockOptionTest, ListOfAnAccountWithoutATableIsFalseAndLeavesTheVectorUntouched) {
-    const auto kept = boost::make_shared<CInstrumentFee>();
-    Fees fees = {kept};
-    EXPECT_FALSE(center.getStkOptionFees(account, fees));
-    EXPECT_EQ(fees, Fees{kept});
-}
-
-TEST_F(StockOptionTest, ListAppendsStampedAnswers) {
-    apply(item("000", 1.5));
-    const auto kept = boost::make_shared<CInstrumentFee>();
-    Fees fees = {kept};
-    EXPECT_TRUE(center.getStkOptionFees(account, fees));
-    ASSERT_EQ(fees.size(), 2U);
-    EXPECT_EQ(fees[0], kept);
-    EXPECT_EQ(fees[1]->account, account);
-    EXPECT_EQ(fees[1]->instrument, option);
-    EXPECT_EQ(fees[1]->stkOptionFeeRate->items.at("000")->fee1, 1.5);
-}
-
-TEST_F(StockOptionTest, ListLeavesOutInstrumentsThatTheCatalogueForgotAndIsStillTrue) {
-    apply(item("000", 1.5));
-    host.removeInstrument(*option);
-    Fees fees;
-    EXPECT_TRUE(center.getStkOptionFees(account, fees));
-    EXPECT_TRUE(fees.empty());
 }
 
 }  // namespace

@@ -11,12 +11,12 @@
 
 namespace test {
 
-/// An account whose key the test chooses.
+/// An account whose key the test chooses: what getHashKey answers to 0, and to nothing else.
 class KeyedAccount : public qmservice::CAccountInfo {
 public:
     KeyedAccount(int kind, qmservice::uint64 accountKey) : key(accountKey) { accountType = kind; }
 
-    [[nodiscard]] qmservice::uint64 getHashKey(qmservice::uint64 /*seed*/) const override { return key; }
+    [[nodiscard]] qmservice::uint64 getHashKey(qmservice::uint64 seed) const override { return seed == 0 ? key : ~key; }
 
 private:
     qmservice::uint64 key;
@@ -49,6 +49,10 @@ inline boost::shared_ptr<qmservice::CCustomStkExchangeRateLimit> makeCustomLimit
     limit->rate1 = rate1;
     return limit;
 }
+
+/// A record of a class that the host derives from one of the boundary's. It counts as what it is derived from.
+template <class Record>
+struct HostsOwn : Record {};
 
 template <class Fee = qmservice::CCustomStockInstrumentFee, class... Limits>
 boost::shared_ptr<Fee> makeCustomFee(Limits... limits) {

@@ -19,39 +19,28 @@ inline std::size_t countOf(const Names& calls, const char* name) {
     return static_cast<std::size_t>(std::count(calls.begin(), calls.end(), name));
 }
 
-/// A lock that an operation holds at some moment.
-struct Hold {
-    std::string lock;  ///< empty for none
-    bool exclusive = false;
-
-    [[nodiscard]] bool stops(const Operation& other) const {
-        return other.exclusive.count(lock) != 0 || (exclusive && other.shared.count(lock) != 0);
-    }
-    [[nodiscard]] std::string text() const { return lock.empty() ? "" : lock + (exclusive ? " exclusive" : " shared"); }
-};
-
 /// How many of a record's crc64 calls make the key of its commission: nine values, the others are the margins'.
 constexpr std::size_t kCommissionValues = 9;
 
 /// Of the changes, the futures load alone calls the host under its lock: for the margins' keys.
-inline Hold heldByChange(const Operation& change, const Names& calls) {
+inline std::string heldByChange(const Operation& change, const Names& calls) {
     if (change.name != "doInitFutureFee" || calls.back() != "crc64") {
         return {};
     }
     const auto sinceHash = std::find(calls.rbegin(), calls.rend(), "hash") - calls.rbegin();
-    return static_cast<std::size_t>(sinceHash) > kCommissionValues ? Hold{"future", true} : Hold{};
+    return static_cast<std::size_t>(sinceHash) > kCommissionValues ? "future exclusive" : "";
 }
 
 /// A list asks for its instruments without a lock. Of the lookups that it makes of stored fees, those of futures alone
 /// ask the host: for the same instrument again.
-inline Hold heldByList(const Operation& list, const Names& calls) {
+inline std::string heldByList(const Operation& list, const Names& calls) {
     const bool looksUp = list.shared.count("future") != 0 && countOf(calls, "findInstrument") % 2 == 0;
-    return looksUp && calls.back() == "findInstrument" ? Hold{"future"} : Hold{};
+    return looksUp && calls.back() == "findInstrument" ? "future shared" : "";
 }
 
 /// A family lookup asks the host under its lock throughout. The entry and prime brokerage ask for the instrument
 /// without one before they come to it.
-inline Hold heldByLookup(const Operation& lookup, const Names& calls) {
+inline std::string heldByLookup(const Operation& lookup, const Names& calls) {
     const bool isEntry = lookup.name.find("getFee") == 0;
     const std::size_t unlocked = (isEntry ? 1U : 0U) + (lookup.accountKind == 12 ? 1U : 0U);
     const std::size_t finds = countOf(calls, "findInstrument");
@@ -59,18 +48,18 @@ inline Hold heldByLookup(const Operation& lookup, const Names& calls) {
         return {};
     }
     if (lookup.market == "HK") {
-        return {finds - unlocked == 1 ? "hgt" : "sgt"};
+        return finds - unlocked == 1 ? "hgt shared" : "sgt shared";
     }
     for (const char* lock : {"stock", "credit", "neeq", "hgt", "sgt", "future"}) {
         if (lookup.shared.count(lock) != 0) {
-            return {lock};
+            return lock + std::string(" shared");
         }
     }
     return {};
 }
 
-/// What the operation holds while it makes the last of the calls.
-inline Hold heldAt(const Operation& operation, const Names& calls) {
+/// What the operation holds while it makes the last of the calls: "stock shared", "future exclusive", or nothing.
+inline std::string heldAt(const Operation& operation, const Names& calls) {
     if (operation.isChange()) {
         return heldByChange(operation, calls);
     }

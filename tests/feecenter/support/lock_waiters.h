@@ -33,16 +33,6 @@ bool seenBefore(std::future<void>& done, const Seen& seen) {
     return false;
 }
 
-/// Whether `work`, on a thread of its own, has to wait for `mutex`, which the caller holds; `release` lets it go on.
-template <class Work, class Release>
-bool waitsFor(boost::shared_mutex& mutex, const Work& work, const Release& release) {
-    std::future<void> done = std::async(std::launch::async, work);
-    const bool waits = seenBefore(done, [&] { return waitingReaders(mutex) + waitingWriters(mutex) > 0; });
-    release();
-    done.get();
-    return waits;
-}
-
 }  // namespace test
 
 #endif  // TESTS_FEECENTER_SUPPORT_LOCK_WAITERS_H

@@ -90,15 +90,16 @@ boost::shared_ptr<Fee> connectFee(const Scene& scene) {
     auto all = (*Scene::fullFee(instrument, kChangedRate)).*Slot;
     auto group = (*Scene::fullFee(instrument, kGroupRate)).*Slot;
     all->category = "5";
-    return makeCustomFee<Fee>(forGroup(group, &Limit::category), all);
+    return makeCustomFee<HostsOwn<Fee>>(forGroup(group, &Limit::category), all);
 }
 
 boost::shared_ptr<CCustomFutureInstrumentFee> futureFee(const Scene& /*scene*/) {
-    return makeCustomFutureFee(
-        {forGroup(makeCustomCommission("", kGroupRate), &CCustomCommissionRateDetail::categoryId),
-         makeCustomCommission("5", kChangedRate)},
-        {forGroup(makeCustomMargin("", '1', kGroupRate), &CCustomMarginRateDetail::categoryId),
-         makeCustomMargin("5", '2', kChangedRate)});
+    auto fee = boost::make_shared<HostsOwn<CCustomFutureInstrumentFee>>();
+    fee->commissionDetails = {forGroup(makeCustomCommission("", kGroupRate), &CCustomCommissionRateDetail::categoryId),
+                              makeCustomCommission("5", kChangedRate)};
+    fee->marginDetails = {forGroup(makeCustomMargin("", '1', kGroupRate), &CCustomMarginRateDetail::categoryId),
+                          makeCustomMargin("5", '2', kChangedRate)};
+    return fee;
 }
 
 boost::shared_ptr<CInstrumentFee> instrumentFee(const Scene& scene) {

@@ -124,8 +124,10 @@ Scene::Scene(const std::vector<std::string>& codes) {
 }
 
 boost::shared_ptr<CInstrumentFee> Scene::fullFee(const Instrument& instrument, double rate) {
-    auto fee = makeFutureFee(instrument, makeCommission(rate),
-                             {makeMargin('1', rate), makeMargin('2', rate + 100), makeMargin('3', rate + 200)});
+    const auto fee = boost::make_shared<HostsOwn<CInstrumentFee>>();
+    fee->instrument = instrument;
+    fee->commissionDetail = makeCommission(rate);
+    fee->marginDetails = {makeMargin('1', rate), makeMargin('2', rate + 100), makeMargin('3', rate + 200)};
     fee->stkRateLimit = boost::make_shared<CStkExchangeRateLimit>();
     setSixRates(*fee->stkRateLimit, rate);
     fee->hgtRateLimit = connectLimit<CCustomHGTExchangeRateLimit>(rate);
@@ -151,7 +153,7 @@ boost::shared_ptr<CCustomStockInstrumentFee> Scene::stockCustom(double rate, std
     limit->optionFee5 = rate + 4;
     limit->optionFirstKeyCode = limit->optionSecondKeyCode = '0';
     limit->optionThirdKeyCode = thirdCode;
-    return makeCustomFee(limit);
+    return makeCustomFee<HostsOwn<CCustomStockInstrumentFee>>(limit);
 }
 
 void Scene::prepare(OpenFeeCenter& center) const {

@@ -30,10 +30,10 @@ using test::Scene;
 using test::Subject;
 using test::WatchedFees;
 
-class BadHostThrowsTest : public ::testing::TestWithParam<Operation> {
+class BadHostTest : public ::testing::TestWithParam<Operation> {
 protected:
-    BadHostThrowsTest() { test::stageOperations(scene); }
-    ~BadHostThrowsTest() override { host.reset(); }
+    BadHostTest() { test::stageOperations(scene); }
+    ~BadHostTest() override { host.reset(); }
 
     std::string run(OpenFeeCenter& center, const Subject& subject) { return operation.run(scene, center, subject); }
 
@@ -91,7 +91,7 @@ bool callsNoHost(const Operation& operation) {
            operation.name == "getFeesOfKind12";
 }
 
-TEST_P(BadHostThrowsTest, EveryCallThatFailedLeavesThingsWholeAndIsRepeated) {
+TEST_P(BadHostTest, EveryCallThatFailedLeavesThingsWholeAndIsRepeated) {
     WatchedFees before(scene);
     const std::string bystander = bystanderText(before.center);
     long faults = 0;
@@ -128,44 +128,21 @@ TEST_P(BadHostThrowsTest, EveryCallThatFailedLeavesThingsWholeAndIsRepeated) {
     test::tally("faults injected", faults);
 }
 
-INSTANTIATE_TEST_SUITE_P(Operations, BadHostThrowsTest, ::testing::ValuesIn(test::allOperations()),
+INSTANTIATE_TEST_SUITE_P(Operations, BadHostTest, ::testing::ValuesIn(test::allOperations()),
                          [](const auto& operation) { return operation.param.name; });
 
-/// The same changes as jobs on the strand.
-class BadHostJobTest : public BadHostThrowsTest {};
-
-TEST_P(BadHostJobTest, JobThatFailedIsFollowedByTheNextOne) {
-    constexpr uint64 kNext = 4;
-    const auto next = test::makeAccount(2, kNext);
-    long faults = 0;
-    for (const Subject& subject : subjects()) {
-        WatchedFees expected(scene);
-        const long calls = bad.callsOf([&] { run(expected.center, subject); });
-        expected.center.doInitStockFee(next, scene.records(90));
-        for (long call = 0; call < calls; ++call) {
-            for (const auto what : test::kAllThrown) {
-                SCOPED_TRACE("account " + std::to_string(subject.accountKey) + " call " + std::to_string(call));
-                WatchedFees fees(scene);
-                operation.post(scene, fees.center, subject);
-                fees.center.initFees(next, scene.records(90));
-                ASSERT_EQ(bad.run([&] { host.runJobs(); }, call, what), nameOf(what));
-                ++faults;
-                ASSERT_EQ(faultOf(fees.center), "");
-                ASSERT_EQ(fees.center.stockAccountTable.count(kNext), 0U);
-                host.runJobs();
-                ASSERT_EQ(fees.center.stockAccountTable.at(kNext).size(), scene.instruments.size());
-                operation.post(scene, fees.center, subject);
-                host.runJobs();
-                ASSERT_EQ(differences(fees.center, expected.center), "");
-                ASSERT_EQ(faultOf(fees.center), "");
-            }
+TEST(BadHostConstructionTest, EngineThatGivesNoStrandLeavesNoFeeCenter) {
+    const test::FreshHost freshHost;
+    BadHost bad(test::FakeHost::instance());
+    const long calls = bad.callsOf([] { OpenFeeCenter built; });
+    ASSERT_EQ(bad.calledNames(), (std::vector<std::string>{"RPCEngine::instance", "getStrand"}));
+    for (long call = 0; call < calls; ++call) {
+        for (const auto what : test::kAllThrown) {
+            EXPECT_EQ(bad.run([] { OpenFeeCenter failed; }, call, what), nameOf(what));
         }
     }
-    EXPECT_EQ(faults == 0, callsNoHost(operation));
-    test::tally("faults injected", faults);
+    EXPECT_TRUE(OpenFeeCenter().strand);
+    test::tally("faults injected", 2 * calls);
 }
-
-INSTANTIATE_TEST_SUITE_P(Changes, BadHostJobTest, ::testing::ValuesIn(test::changes()),
-                         [](const auto& operation) { return operation.param.name; });
 
 }  // namespace
