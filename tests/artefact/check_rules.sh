@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
 # The page of surprising rules, the code and the tests agree: each rule of the page names tests, each test that it names is
-# one of the programs', and each rule that a comment names is on the page.
-#   check_rules.sh PAGE SOURCES PROGRAM...
+# one of the programs', and each rule that a comment names is on the page. The table at the end of MAP has each rule once.
+#   check_rules.sh PAGE MAP SOURCES PROGRAM...
 set -euo pipefail
 page=$1
-sources=$2
-shift 2
+map=$2
+sources=$3
+shift 3
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
@@ -30,6 +31,8 @@ cut -f 2 named | sort -u >held
 cat "$sources"/*.h "$sources"/*.cpp | sed 's|^ *///* *||' | tr '\n' ' ' |
   grep -oE '[Rr]ule "[^"]*"' | sed 's/^[Rr]ule "//; s/"$//' | sort -u >in_code
 
+sed -n '/^| rule /,$p' "$map" | sed -n '3,$s/^| \(.*\) | .*/\1/p' | sort >mapped
+
 wrong=0
 # complain FILE WHAT: each line of FILE is wrong.
 complain() {
@@ -42,10 +45,12 @@ uniq -d rules >twice
 comm -23 rules held >untested
 comm -23 named_tests tests >missing
 comm -13 rules in_code >unknown
+comm -3 rules mapped | sed 's/^\t//' >unmapped
 complain twice "two rules have one name"
 complain untested "a rule that names no test"
 complain missing "no test program has the test"
 complain unknown "feecenter/ names a rule that is not on the page"
+complain unmapped "here or in $map, not in both"
 
 count=$(wc -l <rules)
 named_in_code=$(wc -l <in_code)
