@@ -49,14 +49,66 @@ TEST_F(LoaderFileError, NoInstrumentFile) {
     expectError("instruments", 0, {"at least one", "instruments/*.csv"});
 }
 
-TEST_F(LoaderFileError, UnknownFileIsComparedWithTheKnownOnes) {
-    write("fees/stcok.csv", "x\n");
-    expectError("fees/stcok.csv", 0, {"does not know", "did you mean \"stock.csv\"?"});
+const LoaderError kFileErrors[] = {
+    error("UnknownFileIsComparedWithTheKnownOnes", written("fees/stcok.csv", "x\n"), 0, "does not know",
+          "did you mean \"stock.csv\"?"),
+    error("UnknownFileUnlikeAnyNamesTheKnownOnes", written("configured/everything.csv", "x\n"), 0,
+          "stock.csv, hgt.csv or sgt.csv"),
+    error("InstrumentFileMustBeATable", written("instruments/c.txt", "x\n"), 0, "ending in .csv"),
+    error("EmptyFile", written("fees/stock.csv", ""), 0, "empty"),
+    error("FileOfBlankLines", written("fees/stock.csv", "\xEF\xBB\xBF\n \r\n\n"), 0, "empty"),
+    error("SemicolonsForCommas", written("fees/credit.csv", "account;market;code;rate1\nC1;SH;*;0.1\n"), 1,
+          "\"account;market;code;rate1\"", "commas were expected"),
+    error("TabsForCommas", written("accounts.csv", "account\tname\tkind\nS1\tStock\tstock\n"), 1,
+          "account\\tname\\tkind", "commas were expected"),
+    error("FirstLineThatIsNotUtf8IsNamed",
+          appended("accounts.csv", "Z1,\xE4\xB8\xAD,stock,\nZ2,\xE4\xB8,stock,\nZ3,\xE4\xB8,stock,\n"), 14,
+          "is not UTF-8", "save it as UTF-8"),
+    error("MarketTomlMustBeUtf8", replaced("market.toml", "\"Foreign\"", "\"\xFF\""), 23, "is not UTF-8"),
+    error("NulByte", appended("accounts.csv", std::string("Z1,a\0b,stock,\n", 14)), 13, "NUL"),
+    error("LoneCarriageReturn", appended("accounts.csv", "Z1,a\rb,stock,\n"), 13, "carriage return", "CRLF"),
+    error("MissingColumn", written("custom/option.csv", "account,update,category,handling\nO1,1,20,1\n"), 1, "lacks",
+          "\"item\""),
+    error("UnknownColumnNamesTheKnownOnes",
+          written("custom_categories.csv", "category,market,code,weight\n10001,SH,600001,1\n10002,HK,00700,1\n"), 1,
+          "unknown column \"weight\"", "category, market or code"),
+    error("MisspeltColumnIsNotReportedAsMissingToo", replaced("accounts.csv", "account,name", "acount,name"), 1,
+          "unknown column \"acount\"", "did you mean \"account\"?"),
+    error("RateUnderItsFieldNameIsUnknownWhenItHasAColumnName", replaced("configured/stock.csv", "commission", "rate1"),
+          1, "unknown column \"rate1\"", "commission"),
+    error("RepeatedColumn", written("fees/credit.csv", "account,market,code,rate1,rate1\nC1,SH,*,1,2\n"), 1,
+          "\"rate1\" stands twice"),
+    error("ColumnWithoutAName", written("fees/credit.csv", "account,market,code,\nC1,SH,*,\n"), 1,
+          "column 4 has no name"),
+    error("LineThatIsNoHeaderIsToldOnce", written("fees/credit.csv", "C1,SH,*,0.1\nC1,SH,600000,0.2\n"), 1,
+          "none of the columns", "account, market, code, product, rate1", "header line"),
+    error("TooFewCells", appended("fees/credit.csv", "C1,SH,*,x\n"), 3, "too few cells", "4", "5"),
+    error("TooManyCells", appended("fees/credit.csv", "C1,SH,*,x,,\n"), 3, "too many cells", "6", "5"),
+    error("QuoteInsideAnUnquotedCell", appended("accounts.csv", "Z1,5\" disk,stock,\n"), 13,
+          "quote stands inside a cell", "double"),
+    error("TextBehindAClosingQuote", appended("accounts.csv", "Z1,\"a\"b,stock,\n"), 13,
+          "closing quote is followed by \"b\""),
+    error("QuoteThatIsNeverClosed", appended("accounts.csv", "Z1,\"a,stock,\nZ2,b,stock,\n"), 13, "never closed"),
+    error("CellBehindAQuotedLineBreakIsNamedByItsOwnLine", appended("accounts.csv", "Z1,\"a\nb\",shares,\n"), 14,
+          "shares"),
+    error("LineNumbersAreRightBehindBlankLinesCrlfAndQuotedLineBreaks",
+          appended("accounts.csv", "\r\nZ1,\"a\r\n\r\nb\",stock,\r\n \r\nZ2,b,shares,\r\n"), 18, "shares")};
+
+INSTANTIATE_TEST_SUITE_P(FileError, LoaderErrorTest, ::testing::ValuesIn(kFileErrors), &nameOfError);
+
+TEST_F(LoaderFileError, GbkIsRecognised) {
+    append("accounts.csv", "Z1,\xD6\xD0\xB9\xFA,stock,\n");
+    expectError(
+        "accounts.csv", 13,
+        {"looks like GB18030 (GBK)", "save it as UTF-8", "iconv -f GB18030 -t UTF-8 " + path("accounts.csv") + " > "});
 }
 
-TEST_F(LoaderFileError, UnknownFileUnlikeAnyNamesTheKnownOnes) {
-    write("configured/everything.csv", "x\n");
-    expectError("configured/everything.csv", 0, {"stock.csv, hgt.csv or sgt.csv"});
+TEST_F(LoaderFileError, Utf16IsRecognised) {
+    write("accounts.csv", std::string("\xFF\xFE"
+                                      "a\0",
+                                      4));
+    expectError("accounts.csv", 1,
+                {"UTF-16", "save it as UTF-8", "iconv -f UTF-16 -t UTF-8 " + path("accounts.csv") + " > "});
 }
 
 TEST_F(LoaderFileError, FileNameWithALineBreakIsToldOnOneLine) {
@@ -70,11 +122,6 @@ TEST_F(LoaderFileError, FileNameWithALineBreakIsToldOnOneLine) {
 TEST_F(LoaderFileError, MisspeltFolderIsNotReportedAsMissingToo) {
     std::filesystem::rename(path("instruments"), path("instrument"));
     expectError("instrument", 0, {"did you mean \"instruments\"?"});
-}
-
-TEST_F(LoaderFileError, InstrumentFileMustBeATable) {
-    write("instruments/c.txt", "x\n");
-    expectError("instruments/c.txt", 0, {"ending in .csv"});
 }
 
 TEST_F(LoaderFileError, FileInPlaceOfAFolder) {
@@ -107,16 +154,6 @@ TEST_F(LoaderFileError, FailureWhileReadingIsAnErrorOfTheFile) {
     expectError("fees/stock.csv", 0, {"cannot be read", "error"});
 }
 
-TEST_F(LoaderFileError, EmptyFile) {
-    write("fees/stock.csv", "");
-    expectError("fees/stock.csv", 0, {"empty"});
-}
-
-TEST_F(LoaderFileError, FileOfBlankLines) {
-    write("fees/stock.csv", "\xEF\xBB\xBF\n \r\n\n");
-    expectError("fees/stock.csv", 0, {"empty"});
-}
-
 TEST_F(LoaderFileError, EmptyMarketToml) {
     write("market.toml", "");
     const LoadResult result = load();
@@ -131,81 +168,6 @@ TEST_F(LoaderFileError, EmptyAccountsAreNotToBeRemoved) {
     EXPECT_EQ(result.errors[0].text("f"), "f/accounts.csv: the file is empty; fill it in");
 }
 
-TEST_F(LoaderFileError, SemicolonsForCommas) {
-    write("fees/credit.csv", "account;market;code;rate1\nC1;SH;*;0.1\n");
-    expectError("fees/credit.csv", 1, {"\"account;market;code;rate1\"", "commas were expected"});
-}
-
-TEST_F(LoaderFileError, TabsForCommas) {
-    write("accounts.csv", "account\tname\tkind\nS1\tStock\tstock\n");
-    expectError("accounts.csv", 1, {"account\\tname\\tkind", "commas were expected"});
-}
-
-TEST_F(LoaderFileError, FirstLineThatIsNotUtf8IsNamed) {
-    append("accounts.csv", "Z1,\xE4\xB8\xAD,stock,\nZ2,\xE4\xB8,stock,\nZ3,\xE4\xB8,stock,\n");
-    expectError("accounts.csv", 14, {"is not UTF-8", "save it as UTF-8"});
-}
-
-TEST_F(LoaderFileError, GbkIsRecognised) {
-    append("accounts.csv", "Z1,\xD6\xD0\xB9\xFA,stock,\n");
-    expectError(
-        "accounts.csv", 13,
-        {"looks like GB18030 (GBK)", "save it as UTF-8", "iconv -f GB18030 -t UTF-8 " + path("accounts.csv") + " > "});
-}
-
-TEST_F(LoaderFileError, Utf16IsRecognised) {
-    write("accounts.csv", std::string("\xFF\xFE"
-                                      "a\0",
-                                      4));
-    expectError("accounts.csv", 1,
-                {"UTF-16", "save it as UTF-8", "iconv -f UTF-16 -t UTF-8 " + path("accounts.csv") + " > "});
-}
-
-TEST_F(LoaderFileError, MarketTomlMustBeUtf8) {
-    replace("market.toml", "\"Foreign\"", "\"\xFF\"");
-    expectError("market.toml", 23, {"is not UTF-8"});
-}
-
-TEST_F(LoaderFileError, NulByte) {
-    append("accounts.csv", std::string("Z1,a\0b,stock,\n", 14));
-    expectError("accounts.csv", 13, {"NUL"});
-}
-
-TEST_F(LoaderFileError, LoneCarriageReturn) {
-    append("accounts.csv", "Z1,a\rb,stock,\n");
-    expectError("accounts.csv", 13, {"carriage return", "CRLF"});
-}
-
-TEST_F(LoaderFileError, MissingColumn) {
-    write("custom/option.csv", "account,update,category,handling\nO1,1,20,1\n");
-    expectError("custom/option.csv", 1, {"lacks", "\"item\""});
-}
-
-TEST_F(LoaderFileError, UnknownColumnNamesTheKnownOnes) {
-    write("custom_categories.csv", "category,market,code,weight\n10001,SH,600001,1\n10002,HK,00700,1\n");
-    expectError("custom_categories.csv", 1, {"unknown column \"weight\"", "category, market or code"});
-}
-
-TEST_F(LoaderFileError, MisspeltColumnIsNotReportedAsMissingToo) {
-    replace("accounts.csv", "account,name", "acount,name");
-    expectError("accounts.csv", 1, {"unknown column \"acount\"", "did you mean \"account\"?"});
-}
-
-TEST_F(LoaderFileError, RateUnderItsFieldNameIsUnknownWhenItHasAColumnName) {
-    replace("configured/stock.csv", "commission", "rate1");
-    expectError("configured/stock.csv", 1, {"unknown column \"rate1\"", "commission"});
-}
-
-TEST_F(LoaderFileError, RepeatedColumn) {
-    write("fees/credit.csv", "account,market,code,rate1,rate1\nC1,SH,*,1,2\n");
-    expectError("fees/credit.csv", 1, {"\"rate1\" stands twice"});
-}
-
-TEST_F(LoaderFileError, ColumnWithoutAName) {
-    write("fees/credit.csv", "account,market,code,\nC1,SH,*,\n");
-    expectError("fees/credit.csv", 1, {"column 4 has no name"});
-}
-
 TEST_F(LoaderFileError, BadHeaderDoesNotHideBadCells) {
     write("fees/credit.csv", "account,market,code,rate1,colour\nC1,SH,*,x,\n");
     expectPlaces({"fees/credit.csv:1", "fees/credit.csv:2"});
@@ -215,11 +177,6 @@ TEST_F(LoaderFileError, HeaderThatCannotBeReadStopsOnlyItsFile) {
     write("fees/credit.csv", "account,mar\"ket,code\nC1,SH\n");
     append("fees/stock.csv", "S1,SH\n");
     expectPlaces({"fees/credit.csv:1", "fees/stock.csv:4"});
-}
-
-TEST_F(LoaderFileError, LineThatIsNoHeaderIsToldOnce) {
-    write("fees/credit.csv", "C1,SH,*,0.1\nC1,SH,600000,0.2\n");
-    expectError("fees/credit.csv", 1, {"none of the columns", "account, market, code, product, rate1", "header line"});
 }
 
 TEST_F(LoaderFileError, HeaderThatAllLinesDifferFromIsToldOnce) {
@@ -245,31 +202,6 @@ TEST_F(LoaderFileError, LinesThatDifferFromAWrongHeaderAreNotToldToo) {
     expectError("fees/credit.csv", 1, {"lacks the column \"market\""});
 }
 
-TEST_F(LoaderFileError, TooFewCells) {
-    append("fees/credit.csv", "C1,SH,*,x\n");
-    expectError("fees/credit.csv", 3, {"too few cells", "4", "5"});
-}
-
-TEST_F(LoaderFileError, TooManyCells) {
-    append("fees/credit.csv", "C1,SH,*,x,,\n");
-    expectError("fees/credit.csv", 3, {"too many cells", "6", "5"});
-}
-
-TEST_F(LoaderFileError, QuoteInsideAnUnquotedCell) {
-    append("accounts.csv", "Z1,5\" disk,stock,\n");
-    expectError("accounts.csv", 13, {"quote stands inside a cell", "double"});
-}
-
-TEST_F(LoaderFileError, TextBehindAClosingQuote) {
-    append("accounts.csv", "Z1,\"a\"b,stock,\n");
-    expectError("accounts.csv", 13, {"closing quote is followed by \"b\""});
-}
-
-TEST_F(LoaderFileError, QuoteThatIsNeverClosed) {
-    append("accounts.csv", "Z1,\"a,stock,\nZ2,b,stock,\n");
-    expectError("accounts.csv", 13, {"never closed"});
-}
-
 TEST_F(LoaderFileError, QuoteThatIsNotClosedDoesNotHideTheLinesBehindIt) {
     append("accounts.csv", "Z1,\"a,stock,\nZ2,b,shares,\nZ3,\"c\",stock,\nZ4,\"d\",shares,\n");
     expectPlaces({"accounts.csv:13", "accounts.csv:14", "accounts.csv:16"});
@@ -278,16 +210,6 @@ TEST_F(LoaderFileError, QuoteThatIsNotClosedDoesNotHideTheLinesBehindIt) {
 TEST_F(LoaderFileError, BadLineDoesNotHideTheLinesBehindIt) {
     append("accounts.csv", "Z1,a\"b,stock,\nZ2,b,shares,\n\"Z3\"x,c,stock,\nZ4,b,stock\nZ5,b,shares,\n");
     expectPlaces({"accounts.csv:13", "accounts.csv:14", "accounts.csv:15", "accounts.csv:16", "accounts.csv:17"});
-}
-
-TEST_F(LoaderFileError, CellBehindAQuotedLineBreakIsNamedByItsOwnLine) {
-    append("accounts.csv", "Z1,\"a\nb\",shares,\n");
-    expectError("accounts.csv", 14, {"shares"});
-}
-
-TEST_F(LoaderFileError, LineNumbersAreRightBehindBlankLinesCrlfAndQuotedLineBreaks) {
-    append("accounts.csv", "\r\nZ1,\"a\r\n\r\nb\",stock,\r\n \r\nZ2,b,shares,\r\n");
-    expectError("accounts.csv", 18, {"shares"});
 }
 
 TEST_F(LoaderFileError, LongCellIsShortenedInTheMessage) {

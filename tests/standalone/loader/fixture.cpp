@@ -235,4 +235,24 @@ std::vector<std::string> codesOf(const Account& account) {
     return codes;
 }
 
+void PrintTo(const LoaderError& error, std::ostream* out) { *out << error.name; }
+
+std::string nameOfError(const ::testing::TestParamInfo<LoaderError>& error) { return error.param.name; }
+
+TEST_P(LoaderErrorTest, IsTold) {
+    const auto& [name, edit, place, words] = GetParam();
+    switch (edit.how) {
+        case Edit::How::kWrite:
+            write(edit.file, edit.text);
+            break;
+        case Edit::How::kAppend:
+            append(edit.file, edit.text);
+            break;
+        case Edit::How::kReplace:
+            replace(edit.file, edit.text, edit.with);
+            break;
+    }
+    expectError(place.file.empty() ? edit.file : place.file, place.line, words);
+}
+
 }  // namespace standalone

@@ -4,8 +4,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <filesystem>
+#include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "standalone/loader.h"
@@ -37,6 +40,47 @@ protected:
 
     std::filesystem::path folder;
 };
+
+/// One edit of one file of that folder.
+struct Edit {
+    enum class How { kWrite, kAppend, kReplace };
+    How how;
+    std::string file;
+    std::string text;
+    std::string with = {};  ///< for kReplace
+};
+inline Edit written(const std::string& file, const std::string& text) { return {Edit::How::kWrite, file, text}; }
+inline Edit appended(const std::string& file, const std::string& text) { return {Edit::How::kAppend, file, text}; }
+inline Edit replaced(const std::string& file, const std::string& from, const std::string& to) {
+    return {Edit::How::kReplace, file, from, to};
+}
+
+/// Where an error stands; a line alone is one of the edited file.
+struct Place {
+    Place(std::size_t lineOfEditedFile) : line(lineOfEditedFile) {}
+    Place(std::string otherFile, std::size_t itsLine) : file(std::move(otherFile)), line(itsLine) {}
+
+    std::string file;
+    std::size_t line;
+};
+inline Place at(const std::string& file, std::size_t line) { return {file, line}; }
+
+/// An edit, and the one error that it leads to, whose message holds all the words.
+struct LoaderError {
+    const char* name;
+    Edit edit;
+    Place place;
+    std::vector<std::string> words;
+};
+template <class... Words>
+LoaderError error(const char* name, const Edit& edit, const Place& place, const Words&... words) {
+    return {name, edit, place, {words...}};
+}
+void PrintTo(const LoaderError& error, std::ostream* out);
+std::string nameOfError(const ::testing::TestParamInfo<LoaderError>& error);
+
+/// Each row of a table of errors.
+class LoaderErrorTest : public LoaderTest, public ::testing::WithParamInterface<LoaderError> {};
 
 /// The account with this number.
 const Account& accountOf(const Market& market, const std::string& number);

@@ -39,20 +39,36 @@ INSTANTIATE_TEST_SUITE_P(
 
 using LoaderNumberError = LoaderTest;
 
-TEST_F(LoaderNumberError, TextForANumberThatIsNotNegative) {
-    replace("instruments/a.csv", "10000", "many");
-    expectError("instruments/a.csv", 7, {"column multiplier", "\"many\"", "a plain number"});
-}
+const LoaderError kNumberErrors[] = {
+    error("TextForANumberThatIsNotNegative", replaced("instruments/a.csv", "10000", "many"), 7, "column multiplier",
+          "\"many\"", "a plain number"),
+    error("WholeNumberBelowTheLeast", replaced("accounts.csv", "-7", "-2147483649"), 12, "column platform",
+          "\"-2147483649\"", "from -2147483648 to 2147483647"),
+    error("TextForTheCategoryOfACustomFee", appended("custom/credit.csv", "C1,2,main,0.1,\n"), 3, "column category",
+          "\"main\"", "a whole number from 1 to 2147483647"),
+    error("CategoryNameThatIsANegativeNumber", appended("categories.csv", "30,-20,,,\n"), 5, "column name", "\"-20\"",
+          "number of a category"),
+    error("CategoryWhoseFirstNameIsBadMayHaveAGoodOneBehindIt", appended("categories.csv", "30,7,,,\n30,Good,,,\n"), 5,
+          "column name", "\"7\""),
+    error("GroupBehindTheLast", appended("group_categories.csv", "80002,10,include\n"), 4, "column group", "\"80002\"",
+          "from 70001 to 80001"),
+    error("SystemCategoriesWithoutTheirNumbersMakeNoCategoryUnknown",
+          written("categories.csv", "name,market,code,product\nMain board,SH,60*,\n"), 1,
+          "lacks the column \"category\""),
+    error("CustomCategoriesWithoutTheirNumbersMakeNoCategoryUnknown",
+          written("custom_categories.csv", "market,code\nSH,600001\n"), 1, "lacks the column \"category\""),
+    error("GroupsWithoutTheirNumbersMakeNoGroupUnknown", written("group_categories.csv", "category,mode\n10,include\n"),
+          1, "lacks the column \"group\""),
+    error("FeeWithoutACodeIsRefusedForThatAlone", appended("fees/credit.csv", "C1,SH,,0.1,\n"), 3, "column code",
+          "is empty"),
+    error("ConfiguredLimitWithoutACodeIsRefusedForThatAlone", appended("configured/hgt.csv", "HK,,0.1,\n"), 3,
+          "column code", "is empty"),
+    error("InstrumentWithoutAMarketIsRefusedForThatAlone", appended("instruments/a.csv", ",600000,Bank,stock,,,,\n"), 8,
+          "column market", "is empty"),
+    error("FuturesFeeOfAStockNamesTheFuturesLists", appended("fees/commission.csv", "F1,SH,600000,1,,,,,,,\n"), 4,
+          "matches no instrument", "futures", "futures_extra", "\"600000\"")};
 
-TEST_F(LoaderNumberError, WholeNumberBelowTheLeast) {
-    replace("accounts.csv", "-7", "-2147483649");
-    expectError("accounts.csv", 12, {"column platform", "\"-2147483649\"", "from -2147483648 to 2147483647"});
-}
-
-TEST_F(LoaderNumberError, TextForTheCategoryOfACustomFee) {
-    append("custom/credit.csv", "C1,2,main,0.1,\n");
-    expectError("custom/credit.csv", 3, {"column category", "\"main\"", "a whole number from 1 to 2147483647"});
-}
+INSTANTIATE_TEST_SUITE_P(NumberError, LoaderErrorTest, ::testing::ValuesIn(kNumberErrors), &nameOfError);
 
 class LoaderOptionItemError : public LoaderTest, public ::testing::WithParamInterface<const char*> {};
 
@@ -71,24 +87,9 @@ TEST_F(LoaderNumberError, OptionItemOfEveryKindOfCharacterIsTaken) {
     EXPECT_TRUE(load().ok());
 }
 
-TEST_F(LoaderNumberError, CategoryNameThatIsANegativeNumber) {
-    append("categories.csv", "30,-20,,,\n");
-    expectError("categories.csv", 5, {"column name", "\"-20\"", "number of a category"});
-}
-
 TEST_F(LoaderNumberError, CategoryNameThatIsADashIsTaken) {
     append("categories.csv", "30,-,,,\n");
     EXPECT_EQ(loadGood().categories.back().name, "-");
-}
-
-TEST_F(LoaderNumberError, CategoryWhoseFirstNameIsBadMayHaveAGoodOneBehindIt) {
-    append("categories.csv", "30,7,,,\n30,Good,,,\n");
-    expectError("categories.csv", 5, {"column name", "\"7\""});
-}
-
-TEST_F(LoaderNumberError, GroupBehindTheLast) {
-    append("group_categories.csv", "80002,10,include\n");
-    expectError("group_categories.csv", 4, {"column group", "\"80002\"", "from 70001 to 80001"});
 }
 
 // What a folder does not tell whole may hold what another table names: that is no second error.
@@ -129,41 +130,6 @@ TEST_F(LoaderNumberError, CustomCategoryOfAFeeIsNotJudgedWhileCategoriesAreMissi
     append("categories.csv", "x,Lost,,,\n");
     append("custom/credit.csv", "C1,2,10001,0.1,\n");
     expectError("categories.csv", 5, {"column category", "\"x\""});
-}
-
-TEST_F(LoaderNumberError, SystemCategoriesWithoutTheirNumbersMakeNoCategoryUnknown) {
-    write("categories.csv", "name,market,code,product\nMain board,SH,60*,\n");
-    expectError("categories.csv", 1, {"lacks the column \"category\""});
-}
-
-TEST_F(LoaderNumberError, CustomCategoriesWithoutTheirNumbersMakeNoCategoryUnknown) {
-    write("custom_categories.csv", "market,code\nSH,600001\n");
-    expectError("custom_categories.csv", 1, {"lacks the column \"category\""});
-}
-
-TEST_F(LoaderNumberError, GroupsWithoutTheirNumbersMakeNoGroupUnknown) {
-    write("group_categories.csv", "category,mode\n10,include\n");
-    expectError("group_categories.csv", 1, {"lacks the column \"group\""});
-}
-
-TEST_F(LoaderNumberError, FeeWithoutACodeIsRefusedForThatAlone) {
-    append("fees/credit.csv", "C1,SH,,0.1,\n");
-    expectError("fees/credit.csv", 3, {"column code", "is empty"});
-}
-
-TEST_F(LoaderNumberError, ConfiguredLimitWithoutACodeIsRefusedForThatAlone) {
-    append("configured/hgt.csv", "HK,,0.1,\n");
-    expectError("configured/hgt.csv", 3, {"column code", "is empty"});
-}
-
-TEST_F(LoaderNumberError, InstrumentWithoutAMarketIsRefusedForThatAlone) {
-    append("instruments/a.csv", ",600000,Bank,stock,,,,\n");
-    expectError("instruments/a.csv", 8, {"column market", "is empty"});
-}
-
-TEST_F(LoaderNumberError, FuturesFeeOfAStockNamesTheFuturesLists) {
-    append("fees/commission.csv", "F1,SH,600000,1,,,,,,,\n");
-    expectError("fees/commission.csv", 4, {"matches no instrument", "futures", "futures_extra", "\"600000\""});
 }
 
 }  // namespace

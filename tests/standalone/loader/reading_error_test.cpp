@@ -62,10 +62,16 @@ TEST_F(LoaderReadingError, InstrumentFolderThatCannotBeReadIsTheOnlyErrorThoughO
     expectError("instruments", 0, {"the folder cannot be read (", "make it readable"});
 }
 
-TEST_F(LoaderReadingError, NameShorterThanAnEnding) {
-    write("instruments/x", "x\n");
-    expectError("instruments/x", 0, {"does not know this name", "tables ending in .csv"});
-}
+const LoaderError kReadingErrors[] = {
+    error("NameShorterThanAnEnding", written("instruments/x", "x\n"), 0, "does not know this name",
+          "tables ending in .csv"),
+    error("HalfACharacterOfChineseAtTheEnd", appended("accounts.csv", "Z1,\xD6\xD0,stock,\xD6"), 13,
+          "the text is not UTF-8"),
+    error("LoneCarriageReturnAtTheEnd", appended("accounts.csv", "Z1,One,stock,\r"), 13, "carriage return"),
+    error("HeaderOfOneColumnIsNotTakenForOtherSeparators", written("configured/hgt.csv", "market\nHK\n"), 1,
+          "lacks the column \"code\"")};
+
+INSTANTIATE_TEST_SUITE_P(ReadingError, LoaderErrorTest, ::testing::ValuesIn(kReadingErrors), &nameOfError);
 
 TEST_F(LoaderReadingError, MisspeltFileIsNotReportedAsMissingToo) {
     fs::rename(path("accounts.csv"), path("acounts.csv"));
@@ -109,11 +115,6 @@ INSTANTIATE_TEST_SUITE_P(
                       Encoded{"WesternEuropean", "M\xFC\xDFigg\xE4nger", "is not UTF-8"}),
     [](const auto& text) { return text.param.name; });
 
-TEST_F(LoaderReadingError, HalfACharacterOfChineseAtTheEnd) {
-    append("accounts.csv", "Z1,\xD6\xD0,stock,\xD6");
-    expectError("accounts.csv", 13, {"the text is not UTF-8"});
-}
-
 TEST_F(LoaderReadingError, CommandThatConvertsNamesAnyPath) {
     const fs::path named = folder / "it's new";
     fs::create_directory(named);
@@ -133,21 +134,11 @@ TEST_F(LoaderReadingError, Utf16OfEitherByteOrder) {
     expectError("accounts.csv", 1, {"looks like UTF-16"});
 }
 
-TEST_F(LoaderReadingError, LoneCarriageReturnAtTheEnd) {
-    append("accounts.csv", "Z1,One,stock,\r");
-    expectError("accounts.csv", 13, {"carriage return"});
-}
-
 TEST_F(LoaderReadingError, CharactersOfSeveralBytesBehindAClosingQuote) {
     append("accounts.csv", "\"Z1\"\xE4\xB8\xAD\n");
     expectError("accounts.csv", 13, {"a closing quote is followed by \"\xE4\xB8\xAD\""});
     replace("accounts.csv", "\xE4\xB8\xAD\n", "\xE4\xB8\xADx\n");
     expectError("accounts.csv", 13, {"a closing quote is followed by \"\xE4\xB8\xAD\""});
-}
-
-TEST_F(LoaderReadingError, HeaderOfOneColumnIsNotTakenForOtherSeparators) {
-    write("configured/hgt.csv", "market\nHK\n");
-    expectError("configured/hgt.csv", 1, {"lacks the column \"code\""});
 }
 
 }  // namespace

@@ -32,20 +32,18 @@ INSTANTIATE_TEST_SUITE_P(Types, LoaderTomlTypeError,
 
 using LoaderTomlValueError = LoaderTest;
 
-TEST_F(LoaderTomlValueError, NumberForAText) {
-    replace("market.toml", "title = \"Test market\"", "title = 3");
-    expectError("market.toml", 2, {"\"title\"", "holds 3", "a text in quotes"});
-}
+const LoaderError kTomlValueErrors[] = {
+    error("NumberForAText", replaced("market.toml", "title = \"Test market\"", "title = 3"), 2, "\"title\"", "holds 3",
+          "a text in quotes"),
+    error("MarketThatIsNoTable", replaced("market.toml", "[markets.SH]", "[markets]\nXX = 3\n\n[markets.SH]"), 11,
+          "\"markets.XX\"", "holds 3", "a table"),
+    error("MarketWithoutAName",
+          replaced("market.toml", "[markets.SH]", "[markets.\"\"]\ntitle = \"None\"\ntrade_unit = 1\n\n[markets.SH]"),
+          10, "is not a market name"),
+    error("GoodRateDoesNotHideTheBadOneBeforeIt", replaced("market.toml", "unit = \"fraction\"", "unit = \"pounds\""),
+          28, "\"rates.stock.rate1.unit\"", "\"pounds\"", "fraction or yuan")};
 
-TEST_F(LoaderTomlValueError, MarketThatIsNoTable) {
-    replace("market.toml", "[markets.SH]", "[markets]\nXX = 3\n\n[markets.SH]");
-    expectError("market.toml", 11, {"\"markets.XX\"", "holds 3", "a table"});
-}
-
-TEST_F(LoaderTomlValueError, MarketWithoutAName) {
-    replace("market.toml", "[markets.SH]", "[markets.\"\"]\ntitle = \"None\"\ntrade_unit = 1\n\n[markets.SH]");
-    expectError("market.toml", 10, {"is not a market name"});
-}
+INSTANTIATE_TEST_SUITE_P(TomlValueError, LoaderErrorTest, ::testing::ValuesIn(kTomlValueErrors), &nameOfError);
 
 TEST_F(LoaderTomlValueError, MarketsThatAreNoTable) {
     write("market.toml", "format = 1\ntitle = \"T\"\nmarkets = 3\n");
@@ -89,11 +87,6 @@ TEST_P(LoaderTomlColumnError, OfOtherCharactersIsRefused) {
 
 // The characters beside the ones that are taken: before 0, behind 9, before and behind the underscore, behind z.
 INSTANTIATE_TEST_SUITE_P(Columns, LoaderTomlColumnError, ::testing::Values("a/", "a:", "a^", "a`", "a{", "aA"));
-
-TEST_F(LoaderTomlValueError, GoodRateDoesNotHideTheBadOneBeforeIt) {
-    replace("market.toml", "unit = \"fraction\"", "unit = \"pounds\"");
-    expectError("market.toml", 28, {"\"rates.stock.rate1.unit\"", "\"pounds\"", "fraction or yuan"});
-}
 
 TEST_F(LoaderTomlValueError, EveryBadRateOfAFamilyIsReported) {
     replace("market.toml", "unit = \"fraction\"", "unit = \"pounds\"");
