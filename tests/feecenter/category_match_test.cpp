@@ -250,6 +250,14 @@ TYPED_TEST(CategoryMatchTest, MapIsNotWrittenWhereTheCustomCategoryIsNotAsked) {
     }
 }
 
+TYPED_TEST(CategoryMatchTest, GroupWithoutPartsIsNeverAsked) {
+    this->answerEveryTestButTheSystemsWithYes();
+    const auto limit = this->limitOf(70001);
+    limit->groupCategories.clear();
+    EXPECT_FALSE(this->applies(limit));
+    EXPECT_EQ(this->calls, (std::vector<std::string>{this->system}));
+}
+
 TYPED_TEST(CategoryMatchTest, GroupGetsInstrumentPartsAndACopyOfTheCustomCategories) {
     const auto limit = this->limitOf(70001);
     limit->customCategories = {{3, {"one"}}, {4, {}}};

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,16 @@ TEST_F(FutureCustomTest, EmptyDetailsArePassedOver) {
     update({nullptr, makeCustomCommission("5", 40)}, {nullptr, margin});
     EXPECT_EQ(storedCommission(*rb)->openRatioByMoney, 41);
     EXPECT_EQ(marginKeys(*rb).front(), center.getHashKey(margin));
+}
+
+TEST_F(FutureCustomTest, HedgeFlagWithoutASlotChangesNoMarginThoughTheCommissionApplies) {
+    const auto rb = addFuture("rb2605");
+    putInCategory(5, *rb);
+    for (const int hedgeFlag : {INT_MIN, -1, 0, 3, int{'0'}, int{'4'}, INT_MAX}) {
+        update({makeCustomCommission("5", 10)}, {makeCustomMargin("5", hedgeFlag, 20)});
+        EXPECT_EQ(storedCommission(*rb)->openRatioByMoney, 11) << hedgeFlag;
+        EXPECT_EQ(marginKeys(*rb), Keys()) << hedgeFlag;
+    }
 }
 
 TEST_F(FutureCustomTest, UnmatchedInstrumentsKeepTheirKeys) {

@@ -24,6 +24,22 @@ protected:
     boost::shared_ptr<CInstrument> rb = addFuture("rb2605");
 };
 
+TEST_F(FutureInstrumentUpdateTest, EmptyFeeChangesNothing) {
+    update(nullptr);
+    EXPECT_EQ(tableSizes(), emptyTables);
+}
+
+TEST_F(FutureInstrumentUpdateTest, FeeWithoutInstrumentChangesNothing) {
+    update(makeFutureFee(nullptr, makeCommission(10), {makeMargin('1', 20)}));
+    EXPECT_EQ(tableSizes(), emptyTables);
+}
+
+TEST_F(FutureInstrumentUpdateTest, EmptyMarginDetailsArePassedOver) {
+    const auto detail = makeMargin('2', 20);
+    updateMargins({nullptr, detail, nullptr});
+    EXPECT_EQ(marginKeys(*rb), (Keys{kUnsetSlot, center.getHashKey(detail), kUnsetSlot}));
+}
+
 TEST_F(FutureInstrumentUpdateTest, CommissionWithoutInstrumentIdChangesNothing) {
     update(makeFutureFee(rb, makeCommission(10, ""), {makeMargin('1', 20)}));
     EXPECT_EQ(tableSizes(), emptyTables);

@@ -50,6 +50,13 @@ TYPED_TEST(LimitLookupTest, WithNothingConfiguredTheDefaultRecordItselfIsAnswere
     EXPECT_EQ(this->limitOf(*a), this->fallback());
 }
 
+TYPED_TEST(LimitLookupTest, InstrumentUnknownToTheCatalogueGetsTheDefaultThoughConfigured) {
+    const auto a = this->instrument("A");
+    this->configured(*a) = this->limit(0.7);
+    this->host.removeInstrument(*a);
+    EXPECT_EQ(this->limitOf(*a), this->fallback());
+}
+
 TYPED_TEST(LimitLookupTest, EntryWhoseRecordIsNotPooledIsAnsweredWithoutLimitAndPoolsNone) {
     const auto a = this->instrument("A");
     this->loadOne(a, this->limit(0.1));
