@@ -98,7 +98,7 @@ def run_tests(program: Path, libraries: Path, tests: str, timeout: float, option
     started = re.findall(r"^\[ RUN      \] (\S+)", output, re.M)
     if outcome == SURVIVED and not started:
         raise RuntimeError(f"{program.name} ran no test: {tests}")
-    failed = re.findall(r"^\[  FAILED  \] (\S+?)[,\s]", output, re.M)
+    failed = re.findall(r"^\[  FAILED  \] ([^\s,]+\.[^\s,]+)", output, re.M)
     return Run(outcome, started, failed, bool(re.search(r"^\[==========\] .* ran\.", output, re.M)))
 
 
