@@ -19,6 +19,8 @@ public:
     static std::optional<Date> parse(std::string_view text);
     /// Reads "20230828", as statements write it; empty for any other text.
     static std::optional<Date> parseCompact(std::string_view text);
+    /// 9999-12-31.
+    static Date last() { return Date(99991231); }
 
     [[nodiscard]] int year() const { return number / 10000; }
     [[nodiscard]] int month() const { return number / 100 % 100; }

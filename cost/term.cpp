@@ -21,47 +21,54 @@ template <class Report>
 void checkAlone(const Term& term, const Report& report) {
     const std::string family(wordFor(term.family));
     if (term.charge.empty()) {
-        report("names no charge");
+        report("the line names no charge; name one");
     }
     if (term.currency.empty()) {
-        report("names no currency");
+        report("the line names no currency; name one, such as CNY");
     }
     if (!has(term.family, term.side)) {
         report("the side is " + inQuotes(wordFor(term.side)) + ", and family " + family + " has " +
-               termSidesOf(term.family));
+               termSidesOf(term.family) + "; write one of them");
     }
     if (term.family != Family::kOption && !term.item.empty()) {
-        report("names the fee item " + inQuotes(term.item) + ", and only options have fee items");
+        report("the line names the fee item " + inQuotes(term.item) +
+               ", and only options have fee items; leave the item empty");
     }
     if (term.family == Family::kOption && term.item.empty() && !term.rate) {
-        report("takes its rate from the fee center but does not name the fee item that holds it");
+        report(
+            "the line takes its rate from the fee center but does not name the fee item that holds it; name it, or "
+            "give "
+            "the line a rate");
     }
     if (isNegative(term.rate) || isNegative(term.minimum) || isNegative(term.maximum)) {
-        report("rate, minimum and maximum may not be below 0");
+        report("rate, minimum and maximum may not be below 0; correct them");
     }
     if (term.minimum && term.maximum && *term.maximum < *term.minimum) {
-        report("the maximum " + term.maximum->text() + " is below the minimum " + term.minimum->text());
+        report("the maximum " + term.maximum->text() + " is below the minimum " + term.minimum->text() +
+               "; correct one of them");
     }
     if (term.basis == Basis::kOrder && term.per != Per::kOrder) {
-        report("the basis is \"order\", so per must be \"order\" too");
+        report("the basis is \"order\", so per must be \"order\" too; correct one of them");
     }
     if (term.basis == Basis::kDay && term.per != Per::kDay) {
-        report("the basis is \"day\", so per must be \"day\" too");
+        report("the basis is \"day\", so per must be \"day\" too; correct one of them");
     }
     if (term.rounding && !(term.rounding->step > Decimal())) {
-        report("the rounding step must be above 0");
+        report("the rounding step must be above 0; correct it");
     }
     if (!term.inside.empty() && term.inside == term.charge) {
-        report("is inside itself");
+        report("the line is inside its own charge " + inQuotes(term.charge) +
+               "; name another charge, or leave it empty");
     }
     if (term.dates.from && term.dates.until && *term.dates.until < *term.dates.from) {
-        report("ends on " + term.dates.until->text() + ", before it starts on " + term.dates.from->text());
+        report("the line ends on " + term.dates.until->text() + ", before it starts on " + term.dates.from->text() +
+               "; correct one of them");
     }
 }
 
-class FaultFinder {
+class ConflictFinder {
 public:
-    explicit FaultFinder(const std::vector<Term>& allTerms) : terms(allTerms) {
+    explicit ConflictFinder(const std::vector<Term>& allTerms) : terms(allTerms) {
         for (const Term& term : terms) {
             charges.emplace(term.family, term.charge);
         }
@@ -70,7 +77,6 @@ public:
     std::vector<TermFault> find() {
         for (std::size_t index = 0; index < terms.size(); ++index) {
             const auto report = [&](std::string sentence) { faults.push_back({index, std::move(sentence)}); };
-            checkAlone(terms[index], report);
             checkInside(terms[index], report);
             checkSingle(terms[index], report);
         }
@@ -85,8 +91,8 @@ private:
     template <class Report>
     void checkInside(const Term& term, const Report& report) const {
         if (!term.inside.empty() && charges.count({term.family, term.inside}) == 0) {
-            report("is inside " + inQuotes(term.inside) + ", which no line of family " +
-                   std::string(wordFor(term.family)) + " charges");
+            report("the line is inside " + inQuotes(term.inside) + ", which no line of family " +
+                   std::string(wordFor(term.family)) + " charges; correct it, or add a line for that charge");
         }
     }
 
@@ -97,8 +103,9 @@ private:
                       pattern(term.product), term.charge, term.item, term.side)];
         for (const Term* earlier : same) {
             if (earlier->dates.overlaps(term.dates)) {
-                report("charges " + inQuotes(term.charge) + " in the same place, on the same side and days as " +
-                       earlier->where);
+                report("the line charges " + inQuotes(term.charge) +
+                       " in the same place, on the same side and days as " + earlier->where +
+                       "; remove one of them, or make one more specific");
             }
         }
         same.push_back(&term);
@@ -112,6 +119,22 @@ private:
 
 }  // namespace
 
-std::vector<TermFault> faultsOf(const std::vector<Term>& terms) { return FaultFinder(terms).find(); }
+std::vector<std::string> faultsOf(const Term& term) {
+    std::vector<std::string> faults;
+    checkAlone(term, [&](std::string sentence) { faults.push_back(std::move(sentence)); });
+    return faults;
+}
+
+std::vector<TermFault> conflictsOf(const std::vector<Term>& terms) { return ConflictFinder(terms).find(); }
+
+std::vector<TermFault> faultsOf(const std::vector<Term>& terms) {
+    std::vector<TermFault> faults = conflictsOf(terms);
+    for (std::size_t index = 0; index < terms.size(); ++index) {
+        for (std::string& sentence : faultsOf(terms[index])) faults.push_back({index, std::move(sentence)});
+    }
+    std::stable_sort(faults.begin(), faults.end(),
+                     [](const TermFault& a, const TermFault& b) { return a.term < b.term; });
+    return faults;
+}
 
 }  // namespace cost

@@ -35,6 +35,8 @@ enum class ErrorKind {
     kNoMatch,          ///< a pattern or product that matches no instrument
     kUnknownCategory,  ///< a category that the folder does not have
     kUnusedCategory,   ///< a category that would reach no instrument here
+    kDays,             ///< days that end before they begin
+    kCharge,           ///< a charging term that contradicts itself or another one
     kRepeated          ///< what may stand once stands twice
 };
 

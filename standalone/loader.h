@@ -7,14 +7,15 @@
 
 #include "standalone/load_error.h"
 #include "standalone/market.h"
+#include "standalone/market_folder.h"
 
 namespace standalone {
 
 /// A folder with many errors is told by so many; the others are counted.
 constexpr std::size_t kMostErrors = 100;
 
-struct LoadResult {
-    Market market;                       ///< whole when there are no errors, otherwise empty but for its folder
+/// What is wrong in a folder.
+struct LoadErrors {
     std::vector<LoadError> errors;       ///< by file as they are read, then line; the first kMostErrors
     std::vector<FurtherErrors> further;  ///< those behind them, one for each kind, by the place of the first
     std::size_t errorCount = 0;          ///< of all of them
@@ -22,8 +23,19 @@ struct LoadResult {
     [[nodiscard]] bool ok() const { return errors.empty(); }
 };
 
-/// Reads a market folder (docs/market-folder.md). Loads all of it or nothing, and then says why not. Touches no
-/// service. Safe from any thread; throws nothing but std::bad_alloc.
+struct FolderResult : LoadErrors {
+    MarketFolder folder;  ///< whole when there are no errors, otherwise empty but for its name
+};
+
+struct LoadResult : LoadErrors {
+    Market market;  ///< whole when there are no errors, otherwise empty but for its folder
+};
+
+/// Reads a market folder (docs/market-folder.md) and checks every line of it, whatever its days. Takes all of it or
+/// nothing, and then says why not. Touches no service. Safe from any thread; throws nothing but std::bad_alloc.
+FolderResult loadFolder(const std::string& folder);
+
+/// The same for who needs one day alone: the market of MarketFolder::defaultDay().
 LoadResult loadMarket(const std::string& folder);
 
 }  // namespace standalone

@@ -55,6 +55,7 @@ void addAccount(Load& load, const ReadLine<CAccountInfo>& read) {
     }
     load.accountNames.push_back(number);
     load.market.accounts.push_back({boost::make_shared<CAccountInfo>(read.line), {}, {}, read.position});
+    load.accountLines.emplace_back();
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ void ErrorLog::countOnly(std::string_view file, std::size_t line, ErrorKind kind
     same.line = line;
 }
 
-void ErrorLog::take(LoadResult& result) {
+void ErrorLog::take(LoadErrors& result) {
     result.errorCount = first.size();
     for (auto& [kind, same] : others) {
         result.errorCount += same.count;

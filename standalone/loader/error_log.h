@@ -44,7 +44,7 @@ public:
     }
 
     /// Hands out the errors in that order; those of one line stay in the order in which they were found.
-    void take(LoadResult& result);
+    void take(LoadErrors& result);
 
 private:
     [[nodiscard]] bool isAmongFirst(const ErrorPlace& place) const;

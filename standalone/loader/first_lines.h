@@ -1,25 +1,42 @@
 #ifndef STANDALONE_LOADER_FIRST_LINES_H
 #define STANDALONE_LOADER_FIRST_LINES_H
 
+#include <iterator>
 #include <map>
 #include <optional>
+#include <utility>
 
+#include "cost/date.h"
 #include "standalone/market.h"
 
 namespace standalone::loader {
 
-/// The lines of a table that spoke of something first, by what they speak of. For one thread.
+/// The lines of a table that spoke of something first, by what they speak of and on which days. For one thread.
 template <class Subject>
 class FirstLines {
 public:
-    /// The line that spoke of the subject before; empty for the first, which is kept.
-    std::optional<Position> before(const Subject& subject, Position line) {
-        const auto [first, isNew] = lines.emplace(subject, line);
-        return isNew ? std::nullopt : std::optional<Position>(first->second);
+    /// A line that spoke of the subject before on one of the days; empty when there was none, and the line is kept.
+    std::optional<Position> before(const Subject& subject, Position line, const cost::DateRange& days = {}) {
+        const cost::Date first = days.from.value_or(cost::Date());
+        const auto end = [](const cost::DateRange& range) { return range.until.value_or(cost::Date::last()); };
+        // Kept lines of one subject never share a day, so only the last that begins before these days end can reach
+        // them.
+        const auto behind = lines.upper_bound({subject, end(days)});
+        if (behind != lines.begin()) {
+            const auto& [key, kept] = *std::prev(behind);
+            if (key.first == subject && !(kept.until < first)) return kept.line;
+        }
+        lines.emplace(std::make_pair(subject, first), Kept{end(days), line});
+        return std::nullopt;
     }
 
 private:
-    std::map<Subject, Position> lines;
+    struct Kept {
+        cost::Date until;
+        Position line;
+    };
+
+    std::map<std::pair<Subject, cost::Date>, Kept> lines;  ///< by subject and first day
 };
 
 }  // namespace standalone::loader

@@ -33,7 +33,9 @@ std::vector<KnownFolder> makeKnownFolders() {
         if (family.isConfigured) configured.files.push_back(file);
         custom.files.push_back(file);
     }
-    return {{"", {"market.toml", "accounts.csv", "categories.csv", "custom_categories.csv", "group_categories.csv"}},
+    return {{"",
+             {"market.toml", "accounts.csv", "categories.csv", "custom_categories.csv", "group_categories.csv",
+              "charges.csv"}},
             {kInstruments + "/", {}},
             fees,
             configured,

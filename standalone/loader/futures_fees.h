@@ -1,12 +1,46 @@
 #ifndef STANDALONE_LOADER_FUTURES_FEES_H
 #define STANDALONE_LOADER_FUTURES_FEES_H
 
-#include "standalone/loader/load.h"
+#include <array>
+#include <map>
+
+#include "standalone/loader/kept_lines.h"
 
 namespace standalone::loader {
 
-/// Reads fees/commission.csv and fees/margin.csv, whose lines together make the records of futures accounts.
-void readFuturesFees(Load& load);
+/// The fees of one futures account: the lines of fees/commission.csv and fees/margin.csv together make its records. For
+/// one thread.
+class FuturesFees {
+public:
+    /// The market outlives this.
+    explicit FuturesFees(const Market& instruments) : market(instruments) {}
+
+    /// Takes a line of either table; a later one of the same table overrides an earlier one.
+    void add(const FeeLine& line);
+
+    /// Adds the records to the account in the order of the catalogue.
+    void addRecords(Account& account) const;
+
+private:
+    template <class Detail>
+    struct Placed {
+        boost::shared_ptr<Detail> detail;  ///< empty while no line has given it
+        Position position;
+    };
+
+    /// What the lines so far give to one instrument.
+    struct Fee {
+        Placed<qmservice::CCommissionRateDetail> commission;
+        std::array<Placed<qmservice::CMarginRateDetail>, 3> margins;  ///< by hedge flag
+    };
+
+    void addCommissions(const FeeLine& line);
+    void addMargins(const FeeLine& line);
+    [[nodiscard]] FeeRecord record(const Account& account, std::size_t place, const Fee& fee) const;
+
+    const Market& market;
+    std::map<std::size_t, Fee> fees;  ///< by place in the catalogue
+};
 
 }  // namespace standalone::loader
 

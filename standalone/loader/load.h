@@ -3,14 +3,16 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <unordered_map>
 #include <vector>
 
+#include "standalone/loader/checked_folder.h"
 #include "standalone/loader/error_log.h"
 #include "standalone/loader/instrument_index.h"
-#include "standalone/market.h"
 
 namespace standalone::loader {
 
@@ -27,32 +29,26 @@ struct Register {
     }
 };
 
-/// Numbered categories of the folder; the flags tell whether the tables were read whole.
-struct CategoryRegister {
-    std::unordered_map<int, std::size_t> system;  ///< to the first rule in Market::categories
-    std::map<int, std::vector<std::string>> custom;
-    std::map<int, std::vector<qmservice::CGroupCategorySubInfo>> groups;
-    bool membersComplete = true;  ///< system and custom categories
-    bool groupsComplete = true;
-};
+/// One load under way: the folder as far as it is read, and what its tables refer to.
+struct Load : CheckedFolder {
+    /// What a line says of its instruments: bits of lists, market, pattern of codes and product.
+    using Match = std::tuple<int, int, std::string, std::string, std::string>;
 
-/// One load under way: the market as far as it is read, and what its tables refer to.
-struct Load {
     std::filesystem::path folder;
     std::vector<std::string> tables;           ///< the tables that the folder has, instruments aside
     std::vector<std::string> misspelt;         ///< the names that unknown ones, reported already, were taken for
     std::vector<std::string> instrumentFiles;  ///< instruments/*.csv by name
-    Market market;
     ErrorLog errors;
     Register<std::size_t> markets;   ///< to Market::markets
     Register<std::size_t> accounts;  ///< to Market::accounts
     std::vector<std::string> marketNames;
     std::vector<std::string> accountNames;
     InstrumentIndex instruments;
+    std::map<Match, Places> matches;  ///< of the lines so far that match any
+    std::vector<cost::Term> terms;
     bool instrumentsComplete = true;  ///< market and code of every instrument are known
     bool instrumentsWhole = true;     ///< and everything else of them too
-    CategoryRegister categories;
-    bool ratesComplete = true;  ///< the rate columns of the tables are known
+    bool ratesComplete = true;        ///< the rate columns of the tables are known
 
     /// Adds a file to the market's list; the answer is its number.
     std::uint32_t addFile(const std::string& file) {

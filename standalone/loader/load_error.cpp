@@ -17,7 +17,7 @@ struct KindText {
     const char* many;  ///< what errors of the kind are about
 };
 
-constexpr std::array<KindText, 28> kKinds{{
+constexpr std::array<KindText, 30> kKinds{{
     {ErrorKind::kFolder, "folder", "market folders that are not there"},
     {ErrorKind::kUnknownFile, "unknown-file", "names that the format does not know"},
     {ErrorKind::kMissingFile, "missing-file", "files that are needed and not there"},
@@ -45,6 +45,8 @@ constexpr std::array<KindText, 28> kKinds{{
     {ErrorKind::kNoMatch, "no-match", "lines that match no instrument"},
     {ErrorKind::kUnknownCategory, "unknown-category", "categories that the folder does not have"},
     {ErrorKind::kUnusedCategory, "unused-category", "categories that would reach no instrument"},
+    {ErrorKind::kDays, "days", "days that end before they begin"},
+    {ErrorKind::kCharge, "charge", "charging terms that contradict themselves or others"},
     {ErrorKind::kRepeated, "repeated", "things that may stand once and stand again"},
 }};
 

@@ -1,6 +1,8 @@
 #include "standalone/loader.h"
 
 #include <algorithm>
+#include <set>
+#include <utility>
 
 #include "standalone/loader/folder.h"
 #include "standalone/loader/load.h"
@@ -28,6 +30,36 @@ void readFolder(Load& load) {
     readConfiguredLimits(load);
     readFees(load);
     readCustomFees(load);
+    readCharges(load);
+}
+
+void addChanges(std::set<cost::Date>& changes, const cost::DateRange& days) {
+    if (days.from) changes.insert(*days.from);
+    if (const auto after = days.until ? days.until->next() : std::nullopt) changes.insert(*after);
+}
+
+template <class Line>
+void addChanges(std::set<cost::Date>& changes, const std::vector<Line>& lines) {
+    for (const Line& kept : lines) addChanges(changes, kept.line.days);
+}
+
+std::vector<cost::Date> changeDates(const CheckedFolder& folder) {
+    std::set<cost::Date> changes;
+    addChanges(changes, folder.configuredLines);
+    for (const AccountLines& account : folder.accountLines) {
+        addChanges(changes, account.fees);
+        addChanges(changes, account.customFees);
+    }
+    for (const cost::Term& term : folder.schedule.terms()) addChanges(changes, term.dates);
+    changes.erase(cost::Date());  // the first of all days ends no interval
+    return {changes.begin(), changes.end()};
+}
+
+/// The folder without what only the load needed.
+MarketFolder finished(Load& load) {
+    load.schedule = cost::Schedule(std::move(load.terms));
+    load.changeDates = changeDates(load);
+    return MarketFolder(std::make_shared<const CheckedFolder>(std::move(static_cast<CheckedFolder&>(load))));
 }
 
 }  // namespace
@@ -38,18 +70,23 @@ std::string Market::where(Position position) const {
     return position.line == 0 ? file : file + ":" + std::to_string(position.line);
 }
 
-LoadResult loadMarket(const std::string& folder) {
+FolderResult loadFolder(const std::string& folder) {
     loader::Load load;
     load.folder = folder;
     load.market.folder = folder;
     if (loader::scanFolder(load)) loader::readFolder(load);
-    LoadResult result;
+    FolderResult result;
     load.errors.take(result);
-    if (result.ok()) {
-        result.market = std::move(load.market);
-    } else {
-        result.market.folder = folder;
-    }
+    result.folder = result.ok() ? loader::finished(load) : MarketFolder(folder);
+    return result;
+}
+
+LoadResult loadMarket(const std::string& folder) {
+    FolderResult read = loadFolder(folder);
+    const MarketFolder& days = read.folder;
+    LoadResult result;
+    result.market = days.marketOn(days.defaultDay());
+    static_cast<LoadErrors&>(result) = std::move(read);
     return result;
 }
 

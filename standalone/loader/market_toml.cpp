@@ -7,6 +7,8 @@
 #include <unordered_map>
 
 #include "standalone/families.h"
+#include "standalone/loader/column_name.h"
+#include "standalone/loader/coverage_toml.h"
 #include "standalone/loader/text_file.h"
 #include "standalone/loader/toml_nesting.h"
 #include "standalone/loader/toml_section.h"
@@ -18,7 +20,6 @@ namespace {
 
 using KeyNeed = TomlSection::KeyNeed;
 
-const std::string kFile = "market.toml";
 constexpr int kFormat = 1;
 constexpr int kMostThreads = 64;
 constexpr int kLowest = std::numeric_limits<int>::min();
@@ -27,7 +28,7 @@ constexpr int kHighest = std::numeric_limits<int>::max();
 void readEngine(Load& load, TomlSection& root) {
     const toml::table* table = root.readTable("engine", KeyNeed::kOptional);
     if (table == nullptr) return;
-    TomlSection engine(*table, "engine", kFile, load.errors);
+    TomlSection engine(*table, "engine", kMarketFile, load.errors);
     engine.readInteger("threads", KeyNeed::kOptional, 1, kMostThreads, load.market.engineThreads);
     engine.refuseOtherKeys();
 }
@@ -35,7 +36,7 @@ void readEngine(Load& load, TomlSection& root) {
 void readPlatforms(Load& load, TomlSection& root) {
     const toml::table* table = root.readTable("platforms", KeyNeed::kOptional);
     if (table == nullptr) return;
-    TomlSection platforms(*table, "platforms", kFile, load.errors);
+    TomlSection platforms(*table, "platforms", kMarketFile, load.errors);
     platforms.readIntegers("simulation", kLowest, kHighest, load.market.simulationPlatforms);
     platforms.refuseOtherKeys();
 }
@@ -59,7 +60,7 @@ void readMarket(Load& load, TomlSection& markets, const std::string& name) {
     place.market = name;
     const toml::table* table = markets.readTable(name, KeyNeed::kNeeded);
     if (table == nullptr) return;
-    TomlSection section(*table, "markets." + name, kFile, load.errors);
+    TomlSection section(*table, "markets." + name, kMarketFile, load.errors);
     section.readText("title", KeyNeed::kNeeded, place.title);
     section.readInteger("trade_unit", KeyNeed::kNeeded, 1, kHighest, place.tradeUnit);
     section.readFlag("foreign", KeyNeed::kOptional, place.foreign);
@@ -70,7 +71,7 @@ void readMarkets(Load& load, TomlSection& root) {
     const toml::table* table = root.readTable("markets", KeyNeed::kNeeded);
     load.markets.complete = table != nullptr && !table->empty();
     if (table == nullptr) return;
-    TomlSection markets(*table, "markets", kFile, load.errors);
+    TomlSection markets(*table, "markets", kMarketFile, load.errors);
     for (const std::string& name : markets.keys()) readMarket(load, markets, name);
     if (table->empty())
         root.refuse(ErrorKind::kMissingKey, "markets", "has no market, but at least one was expected; add one");
@@ -78,16 +79,11 @@ void readMarkets(Load& load, TomlSection& root) {
 
 /// Whether the tables of rates, or the answers that show rates, use the name for a column of their own.
 bool isFixedColumn(const std::string& name) {
-    static const std::vector<std::string> fixed{
-        "account", "market", "code", "product", "update", "category",   "item",     "unit_volume",  // of the tables
-        "kind",    "name",   "part", "level",   "source", "trade_unit", "base_rate"};               // of the answers
+    static const std::vector<std::string> fixed{"account",  "market", "code",  "product",     "update", "category",
+                                                "item",     "from",   "until", "unit_volume",  // of the tables
+                                                "kind",     "name",   "part",  "level",       "source", "trade_unit",
+                                                "base_rate"};  // of the answers
     return std::find(fixed.begin(), fixed.end(), name) != fixed.end();
-}
-
-bool isColumnName(const std::string& name) {
-    return std::all_of(name.begin(), name.end(), [](char byte) {
-        return (byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9') || byte == '_';
-    });
 }
 
 void readUnit(TomlSection& section, RateUnit& unit) {
@@ -116,7 +112,7 @@ void readColumn(TomlSection& section, std::string& column) {
 }
 
 bool readRate(Load& load, const toml::table& table, const std::string& name, RateName& rate) {
-    TomlSection section(table, name, kFile, load.errors);
+    TomlSection section(table, name, kMarketFile, load.errors);
     readColumn(section, rate.column);
     rate.title = rate.column;
     section.readText("title", KeyNeed::kOptional, rate.title);
@@ -141,7 +137,7 @@ void readFamily(Load& load, TomlSection& named, const Family& family) {
     std::vector<RateName>& rates = load.market.rateNames[name];
     const toml::table* table = named.readTable(name, KeyNeed::kOptional);
     if (table == nullptr) return;
-    TomlSection section(*table, "rates." + name, kFile, load.errors);
+    TomlSection section(*table, "rates." + name, kMarketFile, load.errors);
     bool good = true;
     for (RateName& rate : rates) {
         const toml::table* entry = section.readTable(rate.field, KeyNeed::kOptional);
@@ -156,7 +152,7 @@ void readFamily(Load& load, TomlSection& named, const Family& family) {
 void readRates(Load& load, TomlSection& root) {
     static const toml::table nothing;
     const toml::table* table = root.readTable("rates", KeyNeed::kOptional);
-    TomlSection named(table == nullptr ? nothing : *table, "rates", kFile, load.errors);
+    TomlSection named(table == nullptr ? nothing : *table, "rates", kMarketFile, load.errors);
     for (const Family& family : families()) {
         if (family.isNamed) readFamily(load, named, family);
     }
@@ -165,7 +161,7 @@ void readRates(Load& load, TomlSection& root) {
 }
 
 void readRoot(Load& load, const toml::table& table) {
-    TomlSection root(table, "", kFile, load.errors);
+    TomlSection root(table, "", kMarketFile, load.errors);
     int format = kFormat;
     root.readInteger("format", KeyNeed::kNeeded, kFormat, kFormat, format);
     root.readText("title", KeyNeed::kNeeded, load.market.title);
@@ -173,6 +169,7 @@ void readRoot(Load& load, const toml::table& table) {
     readPlatforms(load, root);
     readMarkets(load, root);
     readRates(load, root);
+    readDays(load, root);
     root.refuseOtherKeys();
     load.ratesComplete = load.ratesComplete && root.good();  // a misspelt key may be the one of the rates
 }
@@ -202,12 +199,12 @@ std::string described(const toml::parse_error& error) {
 
 void readMarketToml(Load& load) {
     nameRates(load.market);
-    if (!load.hasFile(kFile)) return giveUp(load);
-    load.addFile(kFile);
-    const std::optional<std::string> text = readText(load.folder / kFile, kFile, load.errors);
+    if (!load.hasFile(kMarketFile)) return giveUp(load);
+    load.addFile(kMarketFile);
+    const std::optional<std::string> text = readText(load.folder / kMarketFile, kMarketFile, load.errors);
     if (!text) return giveUp(load);
     if (const std::optional<std::size_t> line = lineNestedTooDeep(*text)) {
-        load.errors.add({kFile, *line}, ErrorKind::kNesting,
+        load.errors.add({kMarketFile, *line}, ErrorKind::kNesting,
                         "keys, lists and inline tables lie in one another more than " + std::to_string(kMostLevels) +
                             " levels deep, but the format has no more than 5; take the inner ones out");
         return giveUp(load);
@@ -215,7 +212,7 @@ void readMarketToml(Load& load) {
     try {
         readRoot(load, toml::parse(*text));
     } catch (const toml::parse_error& error) {
-        load.errors.add({kFile, error.source().begin.line}, ErrorKind::kToml, described(error));
+        load.errors.add({kMarketFile, error.source().begin.line}, ErrorKind::kToml, described(error));
         giveUp(load);
     }
 }

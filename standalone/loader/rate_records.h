@@ -5,7 +5,7 @@
 
 #include "host/record_fields.h"
 #include "standalone/families.h"
-#include "standalone/loader/rule_line.h"
+#include "standalone/loader/kept_lines.h"
 
 // What a table of a family's rates becomes: one struct for each RateRecords. `CustomFee` is the custom fee, of which
 // each line gives one of the kEntries, a `CustomLimit` with a kCategory. A family with fee records of one limit for
@@ -105,7 +105,7 @@ void visitRecords(RateRecords records, const Visit& visit) {
 
 /// Writes a line's rates into the fields of a list of host/record_fields.h.
 template <class Record, class... Rates>
-void setRates(Record& record, const std::tuple<Rates...>& list, const RuleLine& line) {
+void setRates(Record& record, const std::tuple<Rates...>& list, const RateLine& line) {
     static_assert(sizeof...(Rates) <= kMostRates);
     auto rate = line.rates.begin();
     qmservice::records::forEachOf(list, [&](const auto& field) { record.*field.member = *rate++; });

@@ -7,9 +7,9 @@
 namespace standalone::loader {
 namespace {
 
-constexpr std::array<std::string_view, 9> kReadInOrder = {
+constexpr std::array<std::string_view, 10> kReadInOrder = {
     "market.toml",          "accounts.csv", "instruments", "categories.csv", "custom_categories.csv",
-    "group_categories.csv", "configured",   "fees",        "custom"};
+    "group_categories.csv", "configured",   "fees",        "custom",         "charges.csv"};
 
 /// Of the file, or of the folder that it is in: from 1; 0 for what is never read.
 std::size_t turn(std::string_view file) {

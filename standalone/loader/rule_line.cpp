@@ -23,13 +23,8 @@ std::string kindNames(const std::vector<int>& kinds) {
 void readAccount(const Load& load, TableCell& cell, const std::string& file, const std::vector<int>& kinds,
                  std::optional<std::size_t>& account) {
     const std::size_t* place = load.accounts.find(std::string(cell.text));
-    if (place == nullptr &&
-        !load.accounts.complete) {  // NOLINT(bugprone-branch-clone): two unlike reasons to be silent
-        cell.drop();
-    } else if (place == nullptr) {
-        cell.refuseFound(ErrorKind::kUnknownAccount, "an account of accounts.csv", [&] {
-            return "correct it or add the account there" + suggestion(cell.text, load.accountNames);
-        });
+    if (place == nullptr) {
+        refuseUnknownAccount(load, cell);
     } else if (const int kind = load.market.accounts[*place].record->accountType; kind == 0) {
         cell.drop();
     } else if (std::find(kinds.begin(), kinds.end(), kind) == kinds.end()) {
@@ -43,8 +38,6 @@ void readAccount(const Load& load, TableCell& cell, const std::string& file, con
         account = *place;
     }
 }
-
-bool isPattern(const std::string& code) { return code.find('*') != std::string::npos; }
 
 std::string instrumentName(const RuleLine& line) { return line.market + " " + inQuotes(line.code); }
 
@@ -74,6 +67,15 @@ void reportNoMatch(Load& load, const std::string& file, const ReadRule& read, co
 }
 
 }  // namespace
+
+void refuseUnknownAccount(const Load& load, TableCell& cell) {
+    if (!load.accounts.complete) {
+        cell.drop();
+        return;
+    }
+    cell.refuseFound(ErrorKind::kUnknownAccount, "an account of accounts.csv",
+                     [&] { return "correct it or add the account there" + suggestion(cell.text, load.accountNames); });
+}
 
 bool readMarketName(const Load& load, TableCell& cell, std::string& market) {
     const std::string name(cell.text);
@@ -142,15 +144,18 @@ std::vector<RuleColumn> joined(std::vector<RuleColumn> columns, const std::vecto
     return columns;
 }
 
-std::vector<std::size_t> matchInstruments(Load& load, const std::string& file, const ReadRule& read,
-                                          const Lists& lists) {
+Places matchInstruments(Load& load, const std::string& file, const ReadRule& read, const Lists& lists) {
     const RuleLine& line = read.line;
     if (line.market.empty() || line.code.empty()) return {};
+    const Load::Match match{lists.kindMask, lists.types, line.market, line.code, line.product};
+    if (const auto found = load.matches.find(match); found != load.matches.end()) return found->second;
     const std::size_t most = read.whole ? load.market.instruments.size() : 1;
     std::vector<std::size_t> places =
         load.instruments.match(load.market.instruments, lists, line.market, line.code, line.product, most);
     if (places.empty()) reportNoMatch(load, file, read, lists);
-    return places;
+    if (places.empty() || !read.whole) return {};
+    return load.matches.emplace(match, std::make_shared<const std::vector<std::size_t>>(std::move(places)))
+        .first->second;
 }
 
 std::optional<std::size_t> findInstrument(Load& load, const std::string& file, const ReadRule& read) {

@@ -92,11 +92,15 @@ std::vector<std::string> wordsOf(const Words& words) {
     return names;
 }
 
+bool refuseNumber(TableCell& cell) {
+    return cell.refuseFound(ErrorKind::kNumber, kPlainNumber, [&] { return mendNumber(cell.text); });
+}
+
 bool readNumber(TableCell& cell, double& value) {
     double number = 0;
     const std::errc error = readNumberIn(cell.text, number);
     if (error == std::errc::invalid_argument) {
-        return cell.refuseFound(ErrorKind::kNumber, kPlainNumber, [&] { return mendNumber(cell.text); });
+        return refuseNumber(cell);
     }
     if (error == std::errc::result_out_of_range) {
         return cell.refuseFound(ErrorKind::kNumber, "a number that a double holds, 0 or from 1e-307 to 1e308");
@@ -140,6 +144,12 @@ bool readWord(TableCell& cell, const Words& words, int& value) {
 bool readText(TableCell& cell, std::string& value) {
     value = cell.text;
     return true;
+}
+
+bool isItem(std::string_view text) {
+    return text.size() == 3 && std::all_of(text.begin(), text.end(), [](char byte) {
+               return (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
+           });
 }
 
 bool readName(TableCell& cell, std::string& value) {

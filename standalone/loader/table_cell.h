@@ -64,10 +64,14 @@ std::vector<std::string> wordsOf(const Words& words);
 /// A finite number, written with a point and without grouping. The locale does not matter.
 bool readNumber(TableCell& cell, double& value);
 bool readNumberFromZero(TableCell& cell, double& value);
+/// Refuses a cell that holds no number, with the way to write one where it can be told. The answer is false.
+bool refuseNumber(TableCell& cell);
 bool readInteger(TableCell& cell, int low, int high, int& value);
 bool readWord(TableCell& cell, const Words& words, int& value);
 /// Any text.
 bool readText(TableCell& cell, std::string& value);
+/// Whether the text is a fee item of stock options: three letters or digits.
+bool isItem(std::string_view text);
 /// A text without spaces and control characters.
 bool readName(TableCell& cell, std::string& value);
 

@@ -14,6 +14,7 @@ void readCategories(Load& load);
 void readConfiguredLimits(Load& load);
 void readFees(Load& load);
 void readCustomFees(Load& load);
+void readCharges(Load& load);
 
 }  // namespace standalone::loader
 

@@ -110,6 +110,19 @@ void TomlSection::readIntegers(std::string_view key, int low, int high, std::vec
     }
 }
 
+void TomlSection::readDay(std::string_view key, KeyNeed need, std::optional<cost::Date>& value) {
+    const toml::node* node = take(key, need);
+    if (node == nullptr) return;
+    const auto* date = node->as_date();
+    const auto day =
+        date == nullptr ? std::nullopt : cost::Date::of(date->get().year, date->get().month, date->get().day);
+    if (day) {
+        value = day;
+    } else {
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a day such as 2026-09-30, without quotes," + kMend);
+    }
+}
+
 const toml::table* TomlSection::readTable(std::string_view key, KeyNeed need) {
     const toml::node* node = take(key, need);
     if (node == nullptr) return nullptr;

@@ -4,10 +4,12 @@
 #include <toml++/toml.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "cost/date.h"
 #include "standalone/loader/error_log.h"
 
 namespace standalone::loader {
@@ -26,6 +28,9 @@ public:
     void readText(std::string_view key, KeyNeed need, std::string& value);
     void readFlag(std::string_view key, KeyNeed need, bool& value);
     void readIntegers(std::string_view key, int low, int high, std::vector<int>& values);
+
+    /// A day by itself, without a time.
+    void readDay(std::string_view key, KeyNeed need, std::optional<cost::Date>& value);
 
     /// The table under a key; null when it is absent or no table.
     const toml::table* readTable(std::string_view key, KeyNeed need);

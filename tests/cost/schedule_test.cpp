@@ -136,7 +136,7 @@ TEST(Schedule, OfFaultyTermsIsRefusedWithTheLine) {
     EXPECT_EQ(refusal([] {
                   schedule({commission(), term("stock", "", "both", "turnover fill")});
               }),
-              "charges.csv:3: names no charge");
+              "charges.csv:3: the line names no charge; name one");
 }
 
 /// The terms of stamp duty as they changed, with an unrelated term beside them.

@@ -52,47 +52,56 @@ TEST_P(BadTerm, IsSaidInASentence) {
 INSTANTIATE_TEST_SUITE_P(
     , BadTerm,
     testing::Values(
-        Spoiled{"Charge", [](Term& x) { x.charge.clear(); }, "names no charge"},
-        Spoiled{"Currency", [](Term& x) { x.currency.clear(); }, "names no currency"},
+        Spoiled{"Charge", [](Term& x) { x.charge.clear(); }, "the line names no charge; name one"},
+        Spoiled{"Currency", [](Term& x) { x.currency.clear(); }, "the line names no currency; name one, such as CNY"},
         Spoiled{"Side", [](Term& x) { x.side = TermSide::kOpen; },
-                "the side is \"open\", and family stock has both, buy, sell"},
+                "the side is \"open\", and family stock has both, buy, sell; write one of them"},
         Spoiled{"ItemOfAStock", [](Term& x) { x.item = "000"; },
-                "names the fee item \"000\", and only options have fee items"},
+                "the line names the fee item \"000\", and only options have fee items; leave the item empty"},
         Spoiled{"NoItem",
                 [](Term& x) {
                     x.family = Family::kOption;
                     x.side = TermSide::kOpen;
                 },
-                "takes its rate from the fee center but does not name the fee item that holds it"},
-        Spoiled{"Rate", [](Term& x) { x.rate = number("-0.1"); }, "rate, minimum and maximum may not be below 0"},
-        Spoiled{"Minimum", [](Term& x) { x.minimum = number("-5"); }, "rate, minimum and maximum may not be below 0"},
-        Spoiled{"Maximum", [](Term& x) { x.maximum = number("-5"); }, "rate, minimum and maximum may not be below 0"},
+                "the line takes its rate from the fee center but does not name the fee item that holds it; name it, or "
+                "give "
+                "the line a rate"},
+        Spoiled{"Rate", [](Term& x) { x.rate = number("-0.1"); },
+                "rate, minimum and maximum may not be below 0; correct them"},
+        Spoiled{"Minimum", [](Term& x) { x.minimum = number("-5"); },
+                "rate, minimum and maximum may not be below 0; correct them"},
+        Spoiled{"Maximum", [](Term& x) { x.maximum = number("-5"); },
+                "rate, minimum and maximum may not be below 0; correct them"},
         Spoiled{"MaximumBelowMinimum",
                 [](Term& x) {
                     x.minimum = number("5");
                     x.maximum = number("4.99");
                 },
-                "the maximum 4.99 is below the minimum 5"},
+                "the maximum 4.99 is below the minimum 5; correct one of them"},
         Spoiled{"BasisOrder",
                 [](Term& x) {
                     x.basis = Basis::kOrder;
                     x.per = Per::kFill;
                 },
-                "the basis is \"order\", so per must be \"order\" too"},
-        Spoiled{"BasisDay", [](Term& x) { x.basis = Basis::kDay; }, "the basis is \"day\", so per must be \"day\" too"},
+                "the basis is \"order\", so per must be \"order\" too; correct one of them"},
+        Spoiled{"BasisDay", [](Term& x) { x.basis = Basis::kDay; },
+                "the basis is \"day\", so per must be \"day\" too; correct one of them"},
         Spoiled{"Step",
                 [](Term& x) {
                     x.rounding = Rounding{Decimal(), RoundingMode::kUp};
                 },
-                "the rounding step must be above 0"},
-        Spoiled{"InsideItself", [](Term& x) { x.inside = "commission"; }, "is inside itself"},
+                "the rounding step must be above 0; correct it"},
+        Spoiled{"InsideItself", [](Term& x) { x.inside = "commission"; },
+                "the line is inside its own charge \"commission\"; name another charge, or leave it empty"},
         Spoiled{"InsideNothing", [](Term& x) { x.inside = "comission"; },
-                "is inside \"comission\", which no line of family stock charges"},
+                "the line is inside \"comission\", which no line of family stock charges; correct it, or add a line "
+                "for that "
+                "charge"},
         Spoiled{"Dates",
                 [](Term& x) {
                     x.dates = {date("2023-08-28"), date("2023-08-27")};
                 },
-                "ends on 2023-08-27, before it starts on 2023-08-28"}),
+                "the line ends on 2023-08-27, before it starts on 2023-08-28; correct one of them"}),
     [](const auto& row) { return row.param.name; });
 
 TEST(TermFaults, OfOneTermAreAllSaid) {
@@ -100,8 +109,8 @@ TEST(TermFaults, OfOneTermAreAllSaid) {
     bad.charge.clear();
     bad.side = TermSide::kExercise;
     EXPECT_EQ(faults({commission(), bad}),
-              "1 names no charge\n"
-              "1 the side is \"exercise\", and family stock has both, buy, sell\n");
+              "1 the line names no charge; name one\n"
+              "1 the side is \"exercise\", and family stock has both, buy, sell; write one of them\n");
 }
 
 /// What is wrong with a second commission that `change` was made to.
@@ -113,7 +122,9 @@ std::string faultsOfSecond(const std::function<void(Term&)>& change) {
 
 TEST(EquallySpecificTerms, OnTheSameDaysAreAFault) {
     const std::string sentence =
-        "1 charges \"commission\" in the same place, on the same side and days as charges.csv:1\n";
+        "1 the line charges \"commission\" in the same place, on the same side and days as charges.csv:1; remove one "
+        "of "
+        "them, or make one more specific\n";
     EXPECT_EQ(faultsOfSecond([](Term&) {}), sentence);
     EXPECT_EQ(faultsOfSecond([](Term& x) { x.dates.from = date("2023-08-28"); }), sentence);
     EXPECT_EQ(faultsOfSecond([](Term& x) { x.market = "*"; }), sentence);

@@ -50,6 +50,8 @@ INSTANTIATE_TEST_SUITE_P(
                       Part{"no-match", "fees/credit.csv", "C1,SH,9*,,", ""},
                       Part{"unknown-category", "custom/credit.csv", "C1,1,77,,", "category"},
                       Part{"unused-category", "custom/credit.csv", "C1,1,10001,,", "category"},
+                      Part{"days", "market.toml", "[coverage]\nfrom = 2024-01-02\nuntil = 2024-01-01",
+                           "coverage.until"},
                       Part{"repeated", "accounts.csv", "S1,Again,stock,", "account"}),
     [](const auto& part) {
         std::string name = part.param.kind;

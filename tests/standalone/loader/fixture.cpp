@@ -149,9 +149,9 @@ std::string contents(const fs::path& file) {
     return text.str();
 }
 
-std::string listed(const LoadResult& result) {
+std::string listed(const LoadErrors& result) {
     std::string text;
-    for (const LoadError& error : result.errors) text += error.text(result.market.folder) + "\n";
+    for (const LoadError& error : result.errors) text += error.text("") + "\n";
     return text;
 }
 
@@ -201,6 +201,12 @@ Market LoaderTest::loadGood() const {
     return std::move(result.market);
 }
 
+MarketFolder LoaderTest::loadGoodFolder() const {
+    FolderResult result = loadFolder(folder.string());
+    EXPECT_TRUE(result.ok()) << listed(result);
+    return std::move(result.folder);
+}
+
 void LoaderTest::expectError(const std::string& file, std::size_t line, const std::vector<std::string>& words) const {
     const LoadResult result = load();
     EXPECT_FALSE(result.ok());
@@ -225,6 +231,12 @@ const Account& accountOf(const Market& market, const std::string& number) {
         if (account.record->accountId == number) return account;
     }
     throw std::runtime_error("no account " + number);
+}
+
+cost::Date day(const std::string& text) {
+    const std::optional<cost::Date> read = cost::Date::parse(text);
+    if (!read) throw std::runtime_error("no day " + text);
+    return *read;
 }
 
 std::vector<std::string> codesOf(const Account& account) {

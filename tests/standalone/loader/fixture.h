@@ -33,6 +33,9 @@ protected:
     /// Loads a folder that must have no errors.
     [[nodiscard]] Market loadGood() const;
 
+    /// The same with all its days.
+    [[nodiscard]] MarketFolder loadGoodFolder() const;
+
     /// Loads and checks that there is just this error, whose message holds all the words, and that nothing was loaded.
     void expectError(const std::string& file, std::size_t line, const std::vector<std::string>& words) const;
     /// Loads and checks that the errors stand at these places, in this order, as "file:line".
@@ -84,6 +87,9 @@ class LoaderErrorTest : public LoaderTest, public ::testing::WithParamInterface<
 
 /// The account with this number.
 const Account& accountOf(const Market& market, const std::string& number);
+
+/// A day, written as 2023-08-28.
+cost::Date day(const std::string& text);
 
 /// "market code" of the instruments of the account's records, in order.
 std::vector<std::string> codesOf(const Account& account);

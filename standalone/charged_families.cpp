@@ -1,0 +1,31 @@
+#include "standalone/charged_families.h"
+
+namespace standalone {
+
+const Family& ratesOf(cost::Family charged) {
+    return family(charged == cost::Family::kFutures ? "commission" : cost::wordFor(charged));
+}
+
+std::optional<cost::Family> chargedAs(const AccountKind& kind) {
+    const std::string name = kind.family;
+    return name == "commission" ? cost::Family::kFutures : cost::fromWord<cost::Family>(name);
+}
+
+bool trades(const AccountKind& kind, cost::Family charged) {
+    const std::optional<cost::Family> own = chargedAs(kind);
+    return !own || *own == charged;
+}
+
+std::vector<std::string> rateColumnNames(const Market& market, cost::Family charged) {
+    const Family& rates = ratesOf(charged);
+    std::vector<std::string> names;
+    const auto named = market.rateNames.find(rates.name);
+    if (named == market.rateNames.end()) {
+        for (const RateField& rate : rates.rates) names.emplace_back(rate.column);
+    } else {
+        for (const RateName& rate : named->second) names.push_back(rate.column);
+    }
+    return names;
+}
+
+}  // namespace standalone

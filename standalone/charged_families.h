@@ -1,0 +1,30 @@
+#ifndef STANDALONE_CHARGED_FAMILIES_H
+#define STANDALONE_CHARGED_FAMILIES_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cost/side.h"
+#include "standalone/families.h"
+#include "standalone/market.h"
+
+// How the families that trades are charged in go with the families of rates. Safe from any number of threads at once.
+
+namespace standalone {
+
+/// The family that holds the rates of trades: of futures the commission, of another one that of its name.
+const Family& ratesOf(cost::Family charged);
+
+/// The family in which an account of the kind trades; empty for one that trades everything.
+std::optional<cost::Family> chargedAs(const AccountKind& kind);
+
+/// Whether an account of the kind may trade in the family.
+bool trades(const AccountKind& kind, cost::Family charged);
+
+/// The columns of the family's rates in the tables of a market, in field order.
+std::vector<std::string> rateColumnNames(const Market& market, cost::Family charged);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_CHARGED_FAMILIES_H

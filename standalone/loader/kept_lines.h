@@ -1,0 +1,69 @@
+#ifndef STANDALONE_LOADER_KEPT_LINES_H
+#define STANDALONE_LOADER_KEPT_LINES_H
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cost/date.h"
+#include "standalone/families.h"
+#include "standalone/market.h"
+
+// What stays of a line of rates once it has been checked, until a day is asked for: the numbers, and what the line
+// means. Records are made of it for one day at a time.
+
+namespace standalone::loader {
+
+/// More rates than any family has.
+constexpr std::size_t kMostRates = 14;
+
+/// The cells of a line that its records are made of; a table fills those that it has columns for.
+struct RateLine {
+    int update = 0;
+    int category = 0;
+    int hedgeFlag = 0;
+    int marginMode = 0;
+    int unitVolume = 0;
+    cost::DateRange days;
+    std::string item;
+    std::array<double, kMostRates> rates{};
+};
+
+/// Places in the catalogue, in its order. Lines of one pattern share theirs.
+using Places = std::shared_ptr<const std::vector<std::size_t>>;
+
+struct KeptLine {
+    const Family* family = nullptr;
+    RateLine line;
+    Position position;
+};
+
+/// A line of fees/*.csv, with the instruments that it matches.
+struct FeeLine : KeptLine {
+    Places places;
+};
+
+/// A line of configured/*.csv, with the place of its instrument in the catalogue.
+struct ConfiguredLine : KeptLine {
+    std::size_t place = 0;
+};
+
+/// The lines of one account, by family and then in the order of the file.
+struct AccountLines {
+    std::vector<FeeLine> fees;
+    std::vector<KeptLine> customFees;
+};
+
+/// Calls `apply` with the lines that are in force on the day, in their order.
+template <class Line, class Apply>
+void forEachInForce(const std::vector<Line>& lines, cost::Date day, const Apply& apply) {
+    for (const Line& line : lines) {
+        if (line.line.days.contains(day)) apply(line);
+    }
+}
+
+}  // namespace standalone::loader
+
+#endif  // STANDALONE_LOADER_KEPT_LINES_H

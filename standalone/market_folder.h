@@ -1,0 +1,54 @@
+#ifndef STANDALONE_MARKET_FOLDER_H
+#define STANDALONE_MARKET_FOLDER_H
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cost/schedule.h"
+#include "standalone/coverage.h"
+#include "standalone/market.h"
+
+namespace standalone {
+
+namespace loader {
+struct CheckedFolder;
+}
+
+/// A market folder that has been read and checked, with the schedules of all its days. Immutable, cheap to copy, safe
+/// from any thread; copies share one content.
+///
+/// The days between two change dates are an interval: on all of them the same lines are in force. Intervals are
+/// counted from 0; the first begins with the first of all days and the last does not end.
+class MarketFolder {
+public:
+    /// A folder of that name with nothing in it.
+    explicit MarketFolder(const std::string& name = "");
+    explicit MarketFolder(std::shared_ptr<const loader::CheckedFolder> content);
+
+    [[nodiscard]] const std::string& name() const;
+    /// The days that may be asked for. Nothing here refuses another one: whoever asks a person's question does.
+    [[nodiscard]] const Coverage& coverage() const;
+    /// The day that is meant where none is named: `as_of` of market.toml, and without that the machine's today.
+    [[nodiscard]] cost::Date defaultDay() const;
+    /// The charging terms of all days.
+    [[nodiscard]] const cost::Schedule& schedule() const;
+
+    /// Ascending: on each of these days other lines come into force than on the day before.
+    [[nodiscard]] const std::vector<cost::Date>& changeDates() const;
+    /// The interval of a day.
+    [[nodiscard]] std::size_t intervalOf(cost::Date day) const;
+
+    /// The market with the lines that are in force on the day, in their order. Markets of several days share the
+    /// records of instruments and accounts, whose places are the same in all of them; fees, custom fees and configured
+    /// limits are made anew by each call. Throws nothing but std::bad_alloc.
+    [[nodiscard]] Market marketOn(cost::Date day) const;
+
+private:
+    std::shared_ptr<const loader::CheckedFolder> checked;
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_MARKET_FOLDER_H
