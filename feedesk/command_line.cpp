@@ -41,6 +41,11 @@ std::string threadsProblem(const std::string& text) {
     return good ? "" : fmt::format("{} is not a whole number from 1 to {}", echoed(text), kMostThreads);
 }
 
+/// Why the text is no day; empty when it is one.
+std::string dayProblem(const std::string& text) {
+    return cost::Date::parse(text) ? "" : fmt::format("{} is not a day such as 2023-08-28", echoed(text));
+}
+
 void describe(CLI::App& app, Program& program) {
     app.name("feedesk");
     app.set_version_flag("-V,--version", "feedesk " FEEDESK_VERSION, "Print the version and exit");
@@ -53,6 +58,11 @@ void describe(CLI::App& app, Program& program) {
         ->envname("FEEDESK_MARKET")
         ->type_name("DIR")
         ->option_text("DIR");
+    app.add_option_function<std::string>(
+           "--date", [&program](const std::string& day) { program.session.date = cost::Date::parse(day); },
+           "Ask as of this day, such as 2023-08-28\n(else the folder's as_of; else today)")
+        ->check(CLI::Validator(dayProblem, ""))
+        ->type_name("DAY");
     app.add_option("--threads", program.session.threads, "Threads of the engine, 1 to 64")
         ->check(CLI::Validator(threadsProblem, ""))
         ->type_name("N");

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <boost/make_shared.hpp>
 #include <cmath>
+#include <utility>
 
 #include "host/records.h"
 #include "standalone/host.h"
@@ -119,7 +120,7 @@ standalone::Account dyedCopy(const standalone::Account& account, Dyes& dyes) {
 /// Holds one market in the host's services and puts the other back at the end.
 class Installed {
 public:
-    Installed(const standalone::Market& now, const standalone::Market& later) : after(later) {
+    Installed(const standalone::PreparedMarket& now, standalone::PreparedMarket later) : after(std::move(later)) {
         standalone::install(now);
     }
     Installed(const Installed&) = delete;
@@ -127,7 +128,7 @@ public:
     ~Installed() { standalone::install(after); }
 
 private:
-    const standalone::Market& after;
+    standalone::PreparedMarket after;
 };
 
 }  // namespace
@@ -163,8 +164,8 @@ Origin Dyes::origin(double rate) const {
     return {};
 }
 
-Tracer::Tracer(const standalone::Market& realMarket)
-    : market(realMarket), dyedMarket(dyedCopy(market, dyes)), center(kTracingStrand) {}
+Tracer::Tracer(const standalone::Market& realMarket, standalone::PreparedMarket realPrepared)
+    : real(std::move(realPrepared)), dyed(standalone::prepared(dyedCopy(realMarket, dyes))), center(kTracingStrand) {}
 
 void Tracer::feedOnce(const standalone::Account& account) {
     if (fed.insert(&account).second) {
@@ -175,7 +176,7 @@ void Tracer::feedOnce(const standalone::Account& account) {
 
 std::vector<shared_ptr<CInstrumentFee>> Tracer::ask(const standalone::Account& account,
                                                     const std::vector<Question>& questions) {
-    const Installed dyed(dyedMarket, market);
+    const Installed inServices(dyed, real);
     feedOnce(account);
     IFeeCenter& asked = center;
     std::vector<shared_ptr<CInstrumentFee>> answers;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "CFeeCenter.h"
+#include "standalone/host.h"
 #include "standalone/market.h"
 
 namespace feedesk {
@@ -64,8 +65,8 @@ private:
 /// Each part of an answer is traced for itself: a fee item of an option, the commission, each margin.
 class Tracer {
 public:
-    /// The market must outlive the tracer and be the one that is installed.
-    explicit Tracer(const standalone::Market& realMarket);
+    /// The market is the one that is installed.
+    Tracer(const standalone::Market& realMarket, standalone::PreparedMarket realPrepared);
 
     /// The dyed answers to the questions, in their order; empty where there is none. Meanwhile the host's services hold
     /// the dyed market: no other fee center may be fed or asked. The engine must run.
@@ -83,9 +84,9 @@ public:
 private:
     void feedOnce(const standalone::Account& account);
 
-    const standalone::Market& market;
     Dyes dyes;
-    standalone::Market dyedMarket;
+    standalone::PreparedMarket real;
+    standalone::PreparedMarket dyed;
     std::set<const standalone::Account*> fed;
     qmservice::CFeeCenter center;
 };

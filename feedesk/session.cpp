@@ -7,11 +7,13 @@
 #include <tuple>
 #include <utility>
 
+#include "cost/rates.h"
 #include "feedesk/failure.h"
 #include "feedesk/messages.h"
 #include "feedesk/numbers.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
+#include "standalone/charged_families.h"
 #include "standalone/host.h"
 #include "standalone/loader.h"
 
@@ -20,8 +22,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using standalone::Account;
-
-constexpr const char* kStrand = "fees";
 
 /// Goes on behind "name the folder that holds market.toml".
 constexpr const char* kWaysToName = ": with --market DIR, with the environment's FEEDESK_MARKET, or put it at ./market";
@@ -39,13 +39,12 @@ private:
     Clock::time_point begin = Clock::now();
 };
 
-standalone::Market load(const std::string& folder, Tally& tally) {
+standalone::MarketFolder load(const std::string& folder, Tally& tally) {
     const Stopwatch watch(tally.loading);
     const Progress progress("loading " + echoed(folder));
-    standalone::LoadResult result = standalone::loadMarket(folder);
+    standalone::FolderResult result = standalone::loadFolder(folder);
     if (result.ok()) {
-        standalone::install(result.market);
-        return std::move(result.market);
+        return std::move(result.folder);
     }
     for (standalone::LoadError& error : result.errors) {
         if (error.kind == standalone::ErrorKind::kFolder) {
@@ -57,6 +56,20 @@ standalone::Market load(const std::string& folder, Tally& tally) {
         tellFurtherErrors(further, folder);
     }
     throw Failure(kBadInput, fmt::format("{}; nothing was loaded", counted(result.errorCount, "error")));
+}
+
+/// Throws the sentence that refuses a day, if there is one.
+void throwUncovered(const std::string& refusal) {
+    if (!refusal.empty()) {
+        throw Failure(kBadInput, refusal + " with --date");
+    }
+}
+
+/// The day that is meant; one that the folder does not cover is refused.
+cost::Date dayOf(const SessionOptions& options, const standalone::MarketFolder& folder) {
+    const cost::Date day = options.date ? *options.date : folder.defaultDay();
+    throwUncovered(folder.coverage().refusal(day));
+    return day;
 }
 
 void sortByInstrument(std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>& fees) {
@@ -71,11 +84,13 @@ Session::Engine::Engine(int threads) { standalone::startEngine(threads); }
 Session::Engine::~Engine() { standalone::stopEngine(); }
 
 Session::Session(const SessionOptions& options)
-    : loaded(load(options.folder, tally)),
-      names(loaded),
-      center(kStrand),
-      engine(options.threads != 0 ? options.threads : loaded.engineThreads) {
-    for (const Account& account : loaded.accounts) {
+    : days(load(options.folder, tally)),
+      askedDay(dayOf(options, days)),
+      asked(&centerOf(askedDay)),
+      names(asked->market()),
+      engine(options.threads != 0 ? options.threads : asked->market().engineThreads) {
+    for (const Account& account : market().accounts) {
+        places.emplace(account.record->accountId, places.size());
         tally.records += account.fees.size();
         tally.customFees += account.customFees.size();
     }
@@ -92,81 +107,116 @@ std::vector<std::string> accountIds(const standalone::Market& market) {
 }
 
 const Account& Session::account(const std::string& accountId) const {
-    const auto found = std::find_if(loaded.accounts.begin(), loaded.accounts.end(),
-                                    [&](const Account& account) { return account.record->accountId == accountId; });
-    if (found != loaded.accounts.end()) {
-        return *found;
+    const auto found = places.find(accountId);
+    if (found != places.end()) {
+        return market().accounts[found->second];
     }
-    const std::vector<std::string> near = nearNames(accountId, accountIds(loaded));
+    const std::vector<std::string> near = nearNames(accountId, accountIds(market()));
     const std::string advice = near.empty() ? "; `feedesk accounts` lists the accounts"
                                             : fmt::format("; did you mean {}?", fmt::join(near, " or "));
     throw Failure(kNoAnswer, fmt::format("the market folder has no account {}{}", echoed(accountId), advice));
 }
 
-void Session::feedOnce(const Account& account) {
-    if (fed.insert(&account).second) {
-        const Stopwatch watch(tally.loading);
-        standalone::feed(center, account);
-        standalone::waitForStrand(kStrand);
+void Session::requireCovered(const Account& account) const {
+    const standalone::AccountKind* kind = standalone::findAccountKind(account.record->accountType);
+    if (const auto family = kind == nullptr ? std::nullopt : standalone::chargedAs(*kind)) {
+        throwUncovered(days.coverage().refusal(askedDay, *family));
     }
 }
 
+IntervalCenter& Session::centerOf(cost::Date date) {
+    std::unique_ptr<IntervalCenter>& center = centers[days.intervalOf(date)];
+    if (!center) {
+        const Stopwatch watch(tally.loading);
+        center = std::make_unique<IntervalCenter>(days.marketOn(date));
+    }
+    return *center;
+}
+
+IntervalCenter& Session::installed(cost::Date date) {
+    IntervalCenter& center = centerOf(date);
+    if (inServices != &center) {
+        center.install();
+        inServices = &center;
+    }
+    return center;
+}
+
+void Session::feedOnce(IntervalCenter& center, const Account& account) {
+    const Stopwatch watch(tally.loading);
+    center.feedOnce(account);
+}
+
 Replies Session::fees(const Account& account, const std::vector<Question>& questions) {
-    feedOnce(account);
-    qmservice::IFeeCenter& asked = center;
-    Fees fees(questions.size());
+    requireCovered(account);
+    IntervalCenter& center = installed(askedDay);
+    feedOnce(center, account);
+    IntervalCenter::Fees fees;
     {
         const Stopwatch watch(tally.querying);
-        std::transform(questions.begin(), questions.end(), fees.begin(), [&](const Question& question) {
-            return asked.getFee(account.record, question.market, question.code);
-        });
+        fees = center.ask(account, questions);
     }
     tally.queries += questions.size();
     return traced(account, questions, fees);
 }
 
 std::optional<Replies> Session::listedFees(const Account& account) {
-    feedOnce(account);
-    qmservice::IFeeCenter& asked = center;
-    Fees fees;
-    bool listed = false;
+    requireCovered(account);
+    IntervalCenter& center = installed(askedDay);
+    feedOnce(center, account);
+    std::optional<IntervalCenter::Fees> fees;
     {
         const Stopwatch watch(tally.querying);
-        listed = asked.getFees(account.record, fees);
+        fees = center.list(account);
     }
     ++tally.queries;
-    if (!listed) {
+    if (!fees) {
         return {};
     }
-    sortByInstrument(fees);
+    sortByInstrument(*fees);
     std::vector<Question> questions;
-    for (const auto& fee : fees) {
+    for (const auto& fee : *fees) {
         questions.push_back({fee->instrument->market, fee->instrument->code});
     }
-    return traced(account, questions, fees);
+    return traced(account, questions, *fees);
 }
 
-Replies Session::traced(const Account& account, const std::vector<Question>& questions, const Fees& fees) {
+Replies Session::traced(const Account& account, const std::vector<Question>& questions,
+                        const IntervalCenter::Fees& fees) {
     const Progress progress("finding where the rates come from");
-    if (!tracer) {
-        tracer.emplace(loaded);
-    }
-    const Fees dyed = tracer->ask(account, questions);
+    std::vector<std::optional<Answer>> answers = asked->traced(account, questions, fees);
     Replies replies;
-    for (std::size_t i = 0; i < fees.size(); ++i) {
-        if (!fees[i] || !dyed[i]) {
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+        if (!answers[i]) {
             replies.unanswered.push_back(questions[i]);
-        } else {
-            replies.answers.push_back(makeAnswer(*fees[i], *dyed[i], *tracer, loaded));
+            continue;
         }
+        if (const auto family = cost::familyOf(*fees[i])) {
+            throwUncovered(days.coverage().refusal(askedDay, *family));
+        }
+        replies.answers.push_back(std::move(*answers[i]));
     }
     return replies;
+}
+
+DatedFee Session::feeOn(cost::Date date, const std::string& accountId, const Question& question) {
+    IntervalCenter& center = installed(date);
+    const Account& account = center.market().accounts[places.at(accountId)];
+    feedOnce(center, account);
+    IntervalCenter::Fees fees;
+    {
+        const Stopwatch watch(tally.querying);
+        fees = center.ask(account, {question});
+    }
+    ++tally.queries;
+    std::optional<Answer> answer = std::move(center.traced(account, {question}, fees).front());
+    return answer ? DatedFee{fees.front(), std::move(*answer), &center.market()} : DatedFee{{}, {}, &center.market()};
 }
 
 std::string Session::summary() const {
     const std::string queries = tally.queries == 1 ? "1 query" : grouped(tally.queries) + " queries";
     return fmt::format("loaded {}, {}, {}, {} in {}; answered {} in {}",
-                       counted(loaded.instruments.size(), "instrument"), counted(loaded.accounts.size(), "account"),
+                       counted(market().instruments.size(), "instrument"), counted(market().accounts.size(), "account"),
                        counted(tally.records, "fee record"), counted(tally.customFees, "custom fee"),
                        durationText(tally.loading), queries, durationText(tally.querying));
 }

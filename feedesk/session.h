@@ -3,23 +3,25 @@
 
 #include <chrono>
 #include <cstddef>
+#include <map>
+#include <memory>
 #include <optional>
-#include <set>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
-#include "CFeeCenter.h"
 #include "feedesk/answer.h"
 #include "feedesk/instrument_names.h"
-#include "feedesk/provenance.h"
-#include "standalone/market.h"
+#include "feedesk/interval_center.h"
+#include "standalone/market_folder.h"
 
 namespace feedesk {
 
-/// The folder and threads to work with.
+/// The folder and threads to work with, and the day to ask for.
 struct SessionOptions {
     std::string folder;
-    int threads = 0;  ///< of the engine; 0: as the folder says
+    int threads = 0;                   ///< of the engine; 0: as the folder says
+    std::optional<cost::Date> date{};  ///< empty: as the folder says
 };
 
 /// What a session has done so far.
@@ -37,35 +39,58 @@ struct Replies {
     std::vector<Question> unanswered;  ///< those for which it has no fee
 };
 
-/// A market folder that is loaded, installed and asked through one fee center. One at a time in a process; used by one
-/// thread.
+/// What the fee center of a day said to a question.
+struct DatedFee {
+    boost::shared_ptr<qmservice::CInstrumentFee> fee;  ///< empty: it has no fee
+    Answer answer;                                     ///< the same with where each part comes from
+    const standalone::Market* market = nullptr;        ///< of the day, which the positions belong to
+};
+
+/// A market folder that is loaded and asked, as of one day or of any: one fee center for each interval of days that is
+/// asked for. One at a time in a process; used by one thread.
 class Session {
 public:
-    /// Loads the folder, installs it and starts the engine. Throws Failure when the folder is broken, after all its
-    /// errors have been told on standard error.
+    /// Loads the folder and starts the engine. Throws Failure when the folder is broken, after all its errors have been
+    /// told on standard error, and when its schedules do not cover the day.
     explicit Session(const SessionOptions& options);
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
     ~Session();
 
-    [[nodiscard]] const standalone::Market& market() const { return loaded; }
+    /// The folder, with its coverage and charging terms.
+    [[nodiscard]] const standalone::MarketFolder& folder() const { return days; }
+    /// The day that was asked for, or the folder's.
+    [[nodiscard]] cost::Date day() const { return askedDay; }
+    /// The market of that day.
+    [[nodiscard]] const standalone::Market& market() const { return asked->market(); }
     [[nodiscard]] const InstrumentNames& instruments() const { return names; }
 
-    /// Throws Failure, with the names that are near, when the folder has no such account.
+    /// The account as of the day. Throws Failure, with the names that are near, when the folder has no such account.
     [[nodiscard]] const standalone::Account& account(const std::string& accountId) const;
+    /// Whether the folder has the account.
+    [[nodiscard]] bool hasAccount(const std::string& accountId) const { return places.count(accountId) != 0; }
 
-    /// The fees of these instruments.
+    /// Throws Failure when the schedules that the account trades by do not cover the day. An account that trades
+    /// everything is looked at with each answer.
+    void requireCovered(const standalone::Account& account) const;
+
+    /// The fees of these instruments as of the day.
     Replies fees(const standalone::Account& account, const std::vector<Question>& questions);
 
-    /// Every fee that the fee center lists for the account, by market and code; empty when it has no list.
+    /// Every fee that the fee center lists for the account as of the day, by market and code; empty when it has no
+    /// list.
     std::optional<Replies> listedFees(const standalone::Account& account);
+
+    /// The fee of one instrument as of any day; the account is one that the folder has. Answers stay the same within
+    /// folder().intervalOf(date), so that callers keep them by that. Whether the schedules cover the day is not looked
+    /// at: folder().coverage() tells. Days in ascending order are answered quickest, as another interval's market has
+    /// to be installed.
+    DatedFee feeOn(cost::Date date, const std::string& accountId, const Question& question);
 
     /// What was loaded and asked and how long it took, one line.
     [[nodiscard]] std::string summary() const;
 
 private:
-    using Fees = std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>;
-
     /// Runs the engine as long as it lives: destroyed first, so that no job outlives a fee center.
     class Engine {
     public:
@@ -75,15 +100,21 @@ private:
         ~Engine();
     };
 
-    void feedOnce(const standalone::Account& account);
-    Replies traced(const standalone::Account& account, const std::vector<Question>& questions, const Fees& fees);
+    IntervalCenter& centerOf(cost::Date date);
+    /// The same, with its market in the services.
+    IntervalCenter& installed(cost::Date date);
+    void feedOnce(IntervalCenter& center, const standalone::Account& account);
+    Replies traced(const standalone::Account& account, const std::vector<Question>& questions,
+                   const IntervalCenter::Fees& fees);
 
     Tally tally;
-    standalone::Market loaded;
+    standalone::MarketFolder days;
+    cost::Date askedDay;
+    std::map<std::size_t, std::unique_ptr<IntervalCenter>> centers;  // by interval
+    IntervalCenter* asked;                                           // of the day
+    IntervalCenter* inServices = nullptr;
     InstrumentNames names;
-    std::set<const standalone::Account*> fed;
-    qmservice::CFeeCenter center;
-    std::optional<Tracer> tracer;  // made when it is first needed
+    std::unordered_map<std::string, std::size_t> places;  // of the accounts, the same in each market
     Engine engine;
 };
 

@@ -7,11 +7,12 @@
 
 namespace standalone {
 
-void install(const Market& market) {
-    auto snapshot = std::make_shared<const Snapshot>(market);
-    // The swap leaves the contents so far in the pointer, so that they end behind the lock.
-    published().swap(snapshot);
-}
+PreparedMarket prepared(const Market& market) { return std::make_shared<const Snapshot>(market); }
+
+// The swap leaves the contents so far in the argument, so that they end behind the lock.
+void install(PreparedMarket market) noexcept { published().swap(market); }
+
+void install(const Market& market) { install(prepared(market)); }
 
 void uninstall() { install(Market()); }
 

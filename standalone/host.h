@@ -2,6 +2,7 @@
 #define STANDALONE_HOST_H
 
 #include <boost/shared_ptr.hpp>
+#include <memory>
 #include <string>
 
 #include "IFeeCenter.h"
@@ -9,11 +10,22 @@
 
 namespace standalone {
 
+struct Snapshot;
+
+/// A market made ready for the process's services: making it takes as long as the market is large, installing it does
+/// not. Immutable, cheap to copy, safe from any thread.
+using PreparedMarket = std::shared_ptr<const Snapshot>;
+
+/// Copies the market and shares its records; no instrument or account may be without its record.
+PreparedMarket prepared(const Market& market);
+
 /// Puts a market into the process's services: catalogue, accounts, trade units, configured limits, categories, foreign
 /// markets and simulation platforms, in place of what they held. All services change in one step: a call that runs at
 /// the same time is answered from all of the old market or all of the new, and once one call has seen the new market,
-/// so does every later call to any service. The market is copied, its records are shared; no instrument or account may
-/// be without its record. When memory runs out the services keep what they hold. Safe from any thread.
+/// so does every later call to any service. `market` may not be empty. Safe from any thread; throws nothing.
+void install(PreparedMarket market) noexcept;
+
+/// The same with a market that is not prepared. When memory runs out the services keep what they hold.
 void install(const Market& market);
 
 /// Empties the services that install() fills.

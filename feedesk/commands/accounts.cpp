@@ -104,6 +104,9 @@ ExitStatus accounts(Program& program, const AccountsArguments& arguments) {
     if (wanted.empty() && !session.market().accounts.empty()) {
         throw Failure(kNoAnswer, whyNone(arguments.pattern, session.market()));
     }
+    if (arguments.levels) {
+        std::for_each(wanted.begin(), wanted.end(), [&](const auto* account) { session.requireCovered(*account); });
+    }
     const AccountFields fields = arguments.levels ? accountFieldsWithLevels() : accountFields();
     program.answer(session, {sectionOf("", fields)}, [&](RowSink& sink) {
         for (const standalone::Account* account : wanted) {

@@ -13,9 +13,11 @@
 namespace feedesk {
 namespace {
 
-std::string heading(const standalone::Account& account) {
+/// The day is told where it was asked for.
+std::string heading(const standalone::Account& account, const std::optional<cost::Date>& asked) {
     const qmservice::CAccountInfo& info = *account.record;
-    return fmt::format("Account {} ({}) {}", info.accountId, accountKind(info.accountType).name, info.accountName);
+    return fmt::format("Account {} ({}) {}{}", info.accountId, accountKind(info.accountType).name, info.accountName,
+                       asked ? ", as of " + asked->text() : "");
 }
 
 }  // namespace
@@ -34,7 +36,7 @@ void tellUnanswered(const Replies& replies, const standalone::Account& account) 
 
 ExitStatus answerFees(Program& program, const Session& session, const standalone::Account& account,
                       const std::vector<Answer>& answers, const std::vector<std::string>& notes) {
-    const Remarks remarks{heading(account), notes, markedSentence(answers)};
+    const Remarks remarks{heading(account, program.session.date), notes, markedSentence(answers)};
     const FeeRows rows(answers, session.market());
     program.answer(session, rows.sections(), [&](RowSink& sink) {
         rows.giveTo(sink);

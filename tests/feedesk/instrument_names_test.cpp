@@ -7,15 +7,15 @@
 namespace feedesk {
 namespace {
 
-struct Row {
+struct ListedRow {
     std::string market;
     std::string code;
     std::string name;
 };
 
-InstrumentNames namesOf(const std::vector<Row>& rows) {
+InstrumentNames namesOf(const std::vector<ListedRow>& rows) {
     standalone::Market market;
-    for (const Row& row : rows) {
+    for (const ListedRow& row : rows) {
         standalone::ListedInstrument listed;
         listed.record = boost::make_shared<qmservice::CInstrument>();
         listed.record->market = row.market;
@@ -26,7 +26,7 @@ InstrumentNames namesOf(const std::vector<Row>& rows) {
     return InstrumentNames(market);
 }
 
-InstrumentNames sample() {
+InstrumentNames sampleNames() {
     return namesOf({{"SZ", "000001", "平安银行"},
                     {"SH", "600519", "贵州茅台"},
                     {"SH", "000001", "上证指数"},
@@ -54,7 +54,7 @@ std::string foundIn(const InstrumentNames& names, const std::string& text, bool 
 }
 
 /// "market code" of each question, else the problem.
-std::string found(const std::string& text, bool connect = false) { return foundIn(sample(), text, connect); }
+std::string found(const std::string& text, bool connect = false) { return foundIn(sampleNames(), text, connect); }
 
 TEST(InstrumentNames, TakeTheMarketInFrontOrBehind) {
     EXPECT_EQ(found("SH:600519"), "SH 600519");
@@ -130,7 +130,7 @@ TEST(InstrumentNames, NameTheCandidatesOfANameThatSeveralInstrumentsHave) {
 }
 
 TEST(InstrumentNames, CountTheCandidatesPastTheEighth) {
-    std::vector<Row> rows;
+    std::vector<ListedRow> rows;
     for (char digit = '1'; digit <= '9'; ++digit) {
         rows.push_back({"SH", std::string(1, digit), "同名"});
     }

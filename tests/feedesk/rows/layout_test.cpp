@@ -8,7 +8,7 @@ namespace feedesk {
 namespace {
 
 /// 20 columns wide with its titles on one line, 15 with a title on two lines.
-TextTable sample() {
+TextTable sampleTable() {
     TextTable table;
     table.columns = {{{"Name"}, Align::kLeft, 5}, {{"Stamp", "duty"}, Align::kRight}};
     table.rows = {{{{"贵州茅台"}, {"0.05%"}}, ""}, {{{"rb"}, {"1%"}}, ""}};
@@ -16,14 +16,14 @@ TextTable sample() {
 }
 
 TEST(ColumnsSideBySide, AlignsByWidthOnTheTerminal) {
-    EXPECT_EQ(columnsSideBySide(sample(), 20, Squeeze::kTexts),
+    EXPECT_EQ(columnsSideBySide(sampleTable(), 20, Squeeze::kTexts),
               "Name      Stamp duty\n"
               "贵州茅台       0.05%\n"
               "rb                1%\n");
 }
 
 TEST(ColumnsSideBySide, PutsTitlesOnSeveralLinesWhereRoomIsShort) {
-    EXPECT_EQ(columnsSideBySide(sample(), 15, Squeeze::kTexts),
+    EXPECT_EQ(columnsSideBySide(sampleTable(), 15, Squeeze::kTexts),
               "          Stamp\n"
               "Name       duty\n"
               "贵州茅台  0.05%\n"
@@ -31,7 +31,7 @@ TEST(ColumnsSideBySide, PutsTitlesOnSeveralLinesWhereRoomIsShort) {
 }
 
 TEST(ColumnsSideBySide, ShortensTextsThatMayBe) {
-    EXPECT_EQ(columnsSideBySide(sample(), 12, Squeeze::kTexts),
+    EXPECT_EQ(columnsSideBySide(sampleTable(), 12, Squeeze::kTexts),
               "       Stamp\n"
               "Name    duty\n"
               "贵州…  0.05%\n"
@@ -39,10 +39,12 @@ TEST(ColumnsSideBySide, ShortensTextsThatMayBe) {
 }
 
 TEST(ColumnsSideBySide, ShortensNothingWhereOnlyTitlesMayBeSqueezed) {
-    EXPECT_EQ(columnsSideBySide(sample(), 14, Squeeze::kTitles), "");
+    EXPECT_EQ(columnsSideBySide(sampleTable(), 14, Squeeze::kTitles), "");
 }
 
-TEST(ColumnsSideBySide, IsEmptyWhereItDoesNotFit) { EXPECT_EQ(columnsSideBySide(sample(), 11, Squeeze::kTexts), ""); }
+TEST(ColumnsSideBySide, IsEmptyWhereItDoesNotFit) {
+    EXPECT_EQ(columnsSideBySide(sampleTable(), 11, Squeeze::kTexts), "");
+}
 
 TEST(ColumnsSideBySide, PutsTheSecondPieceOfACellOnANewLine) {
     TextTable table;
@@ -63,7 +65,7 @@ TEST(ColumnsSideBySide, SaysAHeadingOnceForItsRows) {
 }
 
 TEST(RowsSideBySide, TurnsTheTable) {
-    EXPECT_EQ(rowsSideBySide(sample(), 30),
+    EXPECT_EQ(rowsSideBySide(sampleTable(), 30),
               "Name        贵州茅台  rb\n"
               "Stamp duty  0.05%     1%\n");
 }
@@ -75,12 +77,12 @@ TEST(RowsSideBySide, GoesOnBelowWhereRoomEnds) {
         "\n"
         "Name        rb\n"
         "Stamp duty  1%\n";
-    EXPECT_EQ(rowsSideBySide(sample(), 20), below);
-    EXPECT_EQ(rowsSideBySide(sample(), 1), below) << "no text is cut where a row alone is too wide";
+    EXPECT_EQ(rowsSideBySide(sampleTable(), 20), below);
+    EXPECT_EQ(rowsSideBySide(sampleTable(), 1), below) << "no text is cut where a row alone is too wide";
 }
 
 TEST(RowsSideBySide, LeavesOutTitlesWithoutTexts) {
-    TextTable table = sample();
+    TextTable table = sampleTable();
     table.rows = {{{{"rb"}, {}}, ""}};
     EXPECT_EQ(rowsSideBySide(table, 80), "Name        rb\n");
 }

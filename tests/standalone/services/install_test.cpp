@@ -113,6 +113,18 @@ TEST_F(InstallTest, ReplacesWhatEveryServiceHeld) {
     EXPECT_FALSE(catalogue().findInstrument(keyOf("SH", "600002")));
 }
 
+TEST_F(InstallTest, PreparedMarketsTakeTurns) {
+    const standalone::PreparedMarket three = standalone::prepared(editionOf(3));
+    const standalone::PreparedMarket two = standalone::prepared(editionOf(2));
+    EXPECT_FALSE(catalogue().findInstrument(keyOf("SH", "600000")));
+    standalone::install(three);
+    EXPECT_EQ(editionsSeen(), std::vector<int>(9, 3));
+    standalone::install(two);
+    EXPECT_EQ(editionsSeen(), std::vector<int>(9, 2));
+    standalone::install(three);
+    EXPECT_EQ(editionsSeen(), std::vector<int>(9, 3));
+}
+
 TEST_F(InstallTest, UninstallEmptiesEveryService) {
     standalone::install(editionOf(3));
     standalone::uninstall();
