@@ -484,14 +484,5 @@ TEST_F(LoaderContent, NumbersMayHaveExponentAndSign) {
     EXPECT_EQ(limit.rate3, 0.00025);
 }
 
-#ifdef BUNDLED_MARKET
-TEST(LoaderBundledMarket, LoadsWithoutErrors) {
-    const LoadResult result = loadMarket(BUNDLED_MARKET);
-    for (const LoadError& error : result.errors) ADD_FAILURE() << error.text(BUNDLED_MARKET);
-    EXPECT_FALSE(result.market.instruments.empty());
-    EXPECT_FALSE(result.market.accounts.empty());
-}
-#endif
-
 }  // namespace
 }  // namespace standalone
