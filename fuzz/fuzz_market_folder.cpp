@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "fuzz/day_checks.h"
 #include "fuzz/fail.h"
 #include "fuzz/fee_center_checks.h"
 #include "fuzz/load_checks.h"
@@ -21,6 +22,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (fuzz::textOf(again) != fuzz::textOf(result)) {
         fuzz::fail("the same folder loads the same\n" + fuzz::textOf(result) + "--- then\n" + fuzz::textOf(again));
     }
-    if (result.ok()) fuzz::checkFeeCenter(result.market);
+    if (!result.ok()) return 0;
+    fuzz::checkDays(files, standalone::loadFolder(folder.path()).folder);
+    fuzz::checkFeeCenter(result.market);
     return 0;
 }
