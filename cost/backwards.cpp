@@ -106,7 +106,7 @@ private:
 
 /// The least price with price x volume >= outlay + costs(price). Whatever price does it is no lower than the one that
 /// pays for the costs of a lower price, as costs never fall when the price grows. So rising from price to price for as
-/// long as costs rise passes no solution, and stands still on the lowest.
+/// long as costs rise passes no solution, and stops at the lowest.
 Decimal lowestPaying(const Decimal& outlay, const Decimal& stepValue, const Decimal& tick, ClosingCosts& costs) {
     Decimal price = outlay.quotient(stepValue, RoundingMode::kUp) * tick;
     for (int step = 0; step < kMostSteps; ++step) {

@@ -12,8 +12,8 @@
 namespace cost {
 
 /// The fills of one day: what they cost together. A charge per order or day is charged on the sum of its fills,
-/// whatever their order, and stands once: on the first of them as added, with the basis of all. Holds the day's trades
-/// and no more. One thread at a time; distinct objects are independent.
+/// whatever their order, and is shown once: on the first of them as added, with the basis of all. Holds the day's
+/// trades and no more. One thread at a time; distinct objects are independent.
 class Day {
 public:
     explicit Day(Date date) : day(date) {}

@@ -145,7 +145,7 @@ std::optional<Family> familyOf(const CInstrumentFee& answer) {
     if (answer.stkRateLimit) {
         found.push_back(stockFamily(answer));
     } else if (answer.stkOptionFeeRate) {
-        // Rule "A stock answer carries an option rate too": beside a stock's rates it says nothing.
+        // Rule "A stock answer carries an option rate too": with a stock's rates it says nothing.
         found.push_back(Family::kOption);
     }
     if (answer.hgtRateLimit) {

@@ -9,7 +9,7 @@ namespace {
 
 bool sameCharge(const Term& a, const Term& b) { return a.charge == b.charge && a.item == b.item; }
 
-/// Cuts the range so that a term that starts or ends beside the day does neither within the range.
+/// Cuts the range so that no term starts or ends within the range.
 void cut(DateRange& range, const DateRange& term, Date day) {
     const auto raiseFrom = [&](std::optional<Date> date) {
         if (date && (!range.from || *range.from < *date)) {

@@ -84,7 +84,7 @@ private:
             if (!term->rate && !isAnswered) {
                 throw Problem{term->where + " charges " + nameOf(*term) + ", which the rates of " + place.instrument() +
                                   " do not hold",
-                              "; give the line a rate, or mend its charge or item"};
+                              "; give the line a rate, or correct its charge or item"};
             }
             ChargeLine line{term, term->rate ? nullptr : &*rate, term->rate ? *term->rate : rate->value, nullptr};
             if (line.value.isNegative()) {

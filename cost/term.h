@@ -35,7 +35,7 @@ inline constexpr std::array<std::string_view, 3> kWords<Per> = {"fill", "order",
 
 /// A charging term: how one charge becomes an amount, where and when. One line of charges.csv.
 struct Term {
-    // Where it applies. '*' in the four texts stands for any run of characters; empty, as "*", is any.
+    // Where it applies. '*' in the four texts means any run of characters; empty, as "*", is any.
     Family family = Family::kStock;
     std::string account;
     std::string market;
@@ -62,7 +62,7 @@ struct Term {
     // Who says so.
     std::string source;
     std::optional<Date> checked;
-    std::string where;  ///< "charges.csv:12": where it stands, for messages; not looked into
+    std::string where;  ///< "charges.csv:12": its place, for messages; not looked into
 
     /// The title, or the charge where there is none.
     [[nodiscard]] const std::string& name() const { return title.empty() ? charge : title; }

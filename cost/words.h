@@ -10,7 +10,7 @@
 namespace cost {
 
 /// The words that files and messages have for the values of an enumeration, in its order. Each enumeration specialises
-/// it beside its declaration.
+/// it next to its declaration.
 template <class Enum>
 inline constexpr std::array<std::string_view, 0> kWords{};
 

@@ -31,7 +31,7 @@ void checkTerms(const Files& files, const MarketFolder& folder) {
     for (const cost::Term& term : terms) {
         const std::size_t line = std::stoul(term.where.substr(std::string("charges.csv:").size()));
         const auto lines = static_cast<std::size_t>(std::count(table->second.begin(), table->second.end(), '\n')) + 1;
-        if (line < 2 || line > lines) fail("a term stands below the header: " + term.where);
+        if (line < 2 || line > lines) fail("a term is below the header: " + term.where);
         if (!cost::faultsOf(term).empty()) fail("a term has no fault: " + term.where);
     }
 }

@@ -15,7 +15,7 @@ namespace {
 using standalone::FurtherErrors;
 using standalone::LoadError;
 using standalone::LoadResult;
-using standalone::loader::standsBefore;
+using standalone::loader::comesBefore;
 
 std::size_t linesOf(const std::string& text) {
     const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
@@ -57,7 +57,7 @@ void checkErrors(const Files& files, const std::string& folder, const Errors& er
         if (!isOneLine(text)) fail("an error is one line of text: " + text);
     }
     const bool sorted = std::is_sorted(errors.begin(), errors.end(), [](const auto& a, const auto& b) {
-        return standsBefore(a.file, a.line, b.file, b.line);
+        return comesBefore(a.file, a.line, b.file, b.line);
     });
     if (!sorted) fail("errors come in the order of reading, then by line");
 }
@@ -67,7 +67,7 @@ void checkCounts(const LoadResult& result) {
     std::size_t count = result.errors.size();
     for (const FurtherErrors& further : result.further) {
         const LoadError& last = result.errors.back();
-        if (standsBefore(further.file, further.line, last.file, last.line))
+        if (comesBefore(further.file, further.line, last.file, last.line))
             fail("the first errors are shown: " + further.text(result.market.folder));
         count += further.count;
     }

@@ -32,9 +32,9 @@ void install(const Market& market);
 void uninstall();
 
 /// Starts the engine that runs the strands, with `threads` threads of its own. Strands exist, and take jobs, before it
-/// runs and after it has stopped; their jobs wait. An exception that leaves a job is told on standard error, and the
-/// jobs after it run. Throws std::invalid_argument for fewer than one thread and std::logic_error when the engine runs
-/// already.
+/// runs and after it has stopped; their jobs wait. An exception that leaves a job is reported on standard error, and
+/// the jobs after it run. Throws std::invalid_argument for fewer than one thread and std::logic_error when the engine
+/// runs already.
 void startEngine(int threads);
 
 /// Finishes the jobs that are queued and stops the threads; the engine can be started again. Nothing happens when it

@@ -6,7 +6,7 @@
 
 namespace standalone {
 
-/// What is wrong in a market folder. Errors of one kind are mended alike.
+/// What is wrong in a market folder. Errors of one kind are corrected in the same way.
 enum class ErrorKind {
     kFolder,           ///< there is no market folder of the name
     kUnknownFile,      ///< a file or folder that the format does not know
@@ -37,7 +37,7 @@ enum class ErrorKind {
     kUnusedCategory,   ///< a category that would reach no instrument here
     kDays,             ///< days that end before they begin
     kCharge,           ///< a charging term that contradicts itself or another one
-    kRepeated          ///< what may stand once stands twice
+    kRepeated          ///< what may appear once appears twice
 };
 
 /// The kind's short name, such as "unknown-code", for programs: it does not change. Lives as long as the program.
@@ -59,11 +59,11 @@ struct LoadError {
     [[nodiscard]] std::string text(const std::string& folder) const;
 };
 
-/// Errors of one kind that are counted and not told one by one.
+/// Errors of one kind that are counted and not shown one by one.
 struct FurtherErrors {
     ErrorKind kind{};
     std::size_t count = 0;
-    std::string file;  ///< where the first of them stands, as in LoadError
+    std::string file;  ///< where the first of them is, as in LoadError
     std::size_t line{};
 
     /// "path:line: " and one sentence that says how many errors of which kind follow from here on.

@@ -11,7 +11,7 @@
 
 namespace standalone {
 
-/// A folder with many errors is told by so many; the others are counted.
+/// So many errors of a folder are shown; the others are counted.
 constexpr std::size_t kMostErrors = 100;
 
 /// What is wrong in a folder.

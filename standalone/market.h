@@ -37,10 +37,10 @@ struct ListedInstrument {
 struct FeeRecord {
     boost::shared_ptr<qmservice::CInstrumentFee> record;
     Position position;              ///< futures: of the commission, or of the first margin when there is none
-    std::vector<Position> margins;  ///< where each of the record's margin details stands
+    std::vector<Position> margins;  ///< where each of the record's margin details is
 };
 
-/// One custom fee. `entries` tells where each entry of the record's lists stands; for futures first the commission
+/// One custom fee. `entries` says where each entry of the record's lists is; for futures first the commission
 /// details, then the margin details.
 struct CustomFee {
     boost::shared_ptr<qmservice::IData> record;
@@ -62,7 +62,7 @@ struct ConfiguredLimit {
     Position position;
 };
 
-/// One line of a system category; an empty text stands for any.
+/// One line of a system category; an empty text means any.
 struct CategoryRule {
     int category = 0;
     std::string name;

@@ -23,7 +23,7 @@ class Parser(argparse.ArgumentParser):
 
 def parse(given: list[str]) -> argparse.Namespace:
     parser = Parser(prog="scripts/mutate", description=DESCRIPTION, epilog=EPILOG, allow_abbrev=False)
-    parser.add_argument("--list", action="store_true", help="print the changes and try none; works beside a run")
+    parser.add_argument("--list", action="store_true", help="print the changes and try none; works during a run")
     parser.add_argument("--file", metavar="PATTERN", help="only files whose name matches, such as 'future_*'")
     parser.add_argument("--kind", metavar="PATTERN", help="only changes of this kind, such as 'lock *' or static")
     parser.add_argument("--only", metavar="ID", action="append", help="only this change, tried anew; may be repeated")

@@ -10,7 +10,7 @@ from mutation.siblings import Siblings
 
 
 def binary_operator(places: Places, cursor: Cursor) -> tuple[str, int, Cursor, Cursor] | None:
-    """The operator, where it stands, and both operands, of a binary expression; an overloaded operator's too."""
+    """The operator, its place, and both operands, of a binary expression; an overloaded operator's too."""
     operands = sorted(cursor.get_children(), key=lambda child: child.extent.start.offset)
     if cursor.kind == CursorKind.CALL_EXPR and cursor.spelling.startswith("operator") and len(operands) == 3:
         del operands[1]

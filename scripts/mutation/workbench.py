@@ -136,7 +136,7 @@ class Base:
 
 
 class Worker:
-    """One place where one mutant at a time is built, beside the base."""
+    """One place where one mutant at a time is built, next to the base."""
 
     def __init__(self, base: Base, number: int):
         self._base = base

@@ -48,7 +48,7 @@ void addAccount(Load& load, const ReadLine<CAccountInfo>& read) {
     if (!isNew) {
         const Position first = load.market.accounts[entry->second].position;
         load.errors.add({kAccountsFile, read.position.line, "account"}, ErrorKind::kRepeated, [&] {
-            return fmt::format("the account {} stands already at {}; remove one of the lines or give it another number",
+            return fmt::format("the account {} is already at {}; remove one of the lines or give it another number",
                                inQuotes(number), load.market.where(first));
         });
         return;

@@ -66,7 +66,7 @@ RuleColumn feeCategoryColumn(const Load& load, const std::string& kinds, bool gr
             }};
 }
 
-/// A custom category stands for its members only as a part of a group: by itself the fee center does not look into it.
+/// A custom category has its members only as a part of a group: by itself the fee center does not look into it.
 void refuseCustomCategory(TableCell& cell) {
     cell.refuse(ErrorKind::kUnusedCategory, [&] {
         return " holds " + inQuotes(cell.text) +

@@ -25,7 +25,7 @@ bool isFirst(Load& load, const std::string& file, const ReadRule& read, std::siz
     return false;
 }
 
-/// The columns beside the rates; a stock limit may have a trade unit of its own.
+/// The columns besides the rates; a stock limit may have a trade unit of its own.
 std::vector<RuleColumn> configuredTableColumns(const Load& load, const Family& family) {
     std::vector<RuleColumn> keys{marketColumn(load, ColumnNeed::kFilled), codeColumn(ColumnNeed::kFilled)};
     if (family.records == RateRecords::kStock) {

@@ -15,7 +15,7 @@ void readRange(TomlSection& section, cost::DateRange& days) {
     section.readDay("until", KeyNeed::kOptional, days.until);
 }
 
-/// Days that end before they begin are every day for whoever is compared with them: the error has been told.
+/// Days that end before they begin are every day for whoever is compared with them: the error has been reported.
 void refuseEmptyRange(TomlSection& section, cost::DateRange& days) {
     if (!days.from || !days.until || *days.from <= *days.until) return;
     section.refuse(ErrorKind::kDays, "until",

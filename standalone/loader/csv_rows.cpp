@@ -92,7 +92,7 @@ std::string CsvRows::faultAt(std::string_view lineText, std::size_t offset) cons
             lineNumber, found);
     }
     if (lineText[offset] == '"') {
-        return "a quote stands inside a cell, after " + inQuotes(lineText.substr(0, offset)) +
+        return "a quote is inside a cell, after " + inQuotes(lineText.substr(0, offset)) +
                "; put the whole cell in quotes and double every quote inside it";
     }
     return fmt::format(

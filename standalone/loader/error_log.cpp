@@ -11,7 +11,7 @@ namespace {
 
 template <class One, class Other>
 bool comesBefore(const One& one, const Other& other) {
-    return standsBefore(one.file, one.line, other.file, other.line);
+    return comesBefore(one.file, one.line, other.file, other.line);
 }
 
 }  // namespace
@@ -39,7 +39,7 @@ void ErrorLog::keep(const ErrorPlace& place, ErrorKind kind, const std::string& 
 
 void ErrorLog::countOnly(std::string_view file, std::size_t line, ErrorKind kind) {
     FurtherErrors& same = others[kind];
-    if (same.count++ != 0 && !standsBefore(file, line, same.file, same.line)) return;
+    if (same.count++ != 0 && !comesBefore(file, line, same.file, same.line)) return;
     same.kind = kind;
     same.file = file;
     same.line = line;

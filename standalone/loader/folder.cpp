@@ -114,7 +114,7 @@ private:
             if (name == kInstruments) isWhole = false;
             load.errors.add({name}, ErrorKind::kUnreadable,
                             error == std::errc::not_a_directory
-                                ? "a file stands where a folder of this name was expected; rename it or remove it"
+                                ? "there is a file where a folder of this name was expected; rename it or remove it"
                                 : "the folder cannot be read (" + error.message() + "); make it readable");
         }
         for (const std::string& file : names) visitFile(folder, file);

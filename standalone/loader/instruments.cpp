@@ -98,7 +98,7 @@ void addInstrument(Load& load, const std::string& file, const ReadLine<Instrumen
     std::vector<ListedInstrument>& all = load.market.instruments;
     if (const auto first = load.instruments.add(record.market, record.code, all.size())) {
         load.errors.add({file, read.position.line, "code"}, ErrorKind::kRepeated, [&] {
-            return fmt::format("the instrument {} {} stands already at {}; remove one of the lines", record.market,
+            return fmt::format("the instrument {} {} is already at {}; remove one of the lines", record.market,
                                inQuotes(record.code), load.market.where(all[*first].position));
         });
         return;

@@ -192,7 +192,7 @@ void nameRates(Market& market) {
 std::string described(const toml::parse_error& error) {
     std::string text = "the file is not valid TOML: " + std::string(error.description());
     while (text.back() == '.' || text.back() == '\n') text.pop_back();
-    return text + "; mend the line";
+    return text + "; correct the line";
 }
 
 }  // namespace

@@ -7,10 +7,10 @@
 namespace standalone::loader {
 
 /// Whether a place of a market folder comes before another. Files come in the order in which they are read, so that an
-/// error stands before those that may follow from it: the folder itself, names at its top that the format does not
+/// error comes before those that may follow from it: the folder itself, names at its top that the format does not
 /// know, market.toml, accounts.csv, instruments/, the categories, configured/, fees/, custom/, charges.csv; those of
 /// one of these folders by name. Then the line counts. Safe from any number of threads at once.
-bool standsBefore(std::string_view file, std::size_t line, std::string_view otherFile, std::size_t otherLine);
+bool comesBefore(std::string_view file, std::size_t line, std::string_view otherFile, std::size_t otherLine);
 
 }  // namespace standalone::loader
 

@@ -62,7 +62,7 @@ void readRateTable(Load& load, const std::string& file, const Family& family, co
     readTable<RuleLine>(load, file, columns, applyInOrder, namesAreKnown);
 }
 
-/// Whether the text stands for any number of codes, accounts or markets.
+/// Whether the text means any number of codes, accounts or markets.
 inline bool isPattern(std::string_view text) { return text.find('*') != std::string_view::npos; }
 
 /// Refuses a cell that names no account of the folder; without a word when the accounts could not be read.
@@ -73,7 +73,7 @@ bool readMarketName(const Load& load, TableCell& cell, std::string& market);
 
 /// The places in the catalogue of the instruments that a line means; an error is reported when there are none, and the
 /// answer is empty. A line that is not whole gives no fees, so that it is only found out whether there are any: a table
-/// of many wrong lines is to be told of soon.
+/// of many wrong lines is to be reported soon.
 Places matchInstruments(Load& load, const std::string& file, const ReadRule& read, const Lists& lists);
 
 /// The place in the catalogue of the one instrument that a line names, reported when there is none.

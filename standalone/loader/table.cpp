@@ -87,7 +87,7 @@ void TableReader::matchHeader(const CsvCell& cell, bool unknownColumns, std::vec
     const std::size_t column = columnOf(cell.text);
     const bool repeated = column != kNoColumn && hasColumn(column);
     if (repeated)
-        headerFault(cell, "the column " + inQuotes(cell.text) + " stands twice in the header; keep one of them");
+        headerFault(cell, "the column " + inQuotes(cell.text) + " appears twice in the header; keep one of them");
     if (column == kNoColumn && unknownColumns) reportUnknown(cell, excused);
     columnOfCell.push_back(repeated ? kNoColumn : column);
 }
@@ -144,7 +144,7 @@ std::size_t TableReader::likeLines() const {
 }
 
 void TableReader::reportColumnCount(std::size_t lines) {
-    if (!headerGood) return;  // its fault has been told
+    if (!headerGood) return;  // its fault has been reported
     const std::size_t there = columnOfCell.size();
     const std::size_t wanted = row.cells.size();
     headerFault(

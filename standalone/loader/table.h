@@ -52,7 +52,7 @@ public:
     /// Goes to the next line with the right number of cells; false at the end.
     bool next();
 
-    /// Whether each line could be told into cells and every needed column is there.
+    /// Whether each line could be split into cells and every needed column is there.
     [[nodiscard]] bool complete() const { return isComplete; }
     [[nodiscard]] Position position() const { return {fileNumber, row.line}; }
 
@@ -95,7 +95,7 @@ private:
     bool headerGood = true;
 };
 
-/// Reads a table line by line and hands each ReadLine to `sink`. False when not every line could be told into cells or
+/// Reads a table line by line and hands each ReadLine to `sink`. False when not every line could be split into cells or
 /// a needed column is missing, so that it is not known what the table holds.
 template <class Line, class Sink>
 bool readTable(Load& load, const std::string& file, const std::vector<TableColumn<Line>>& columns, Sink sink,

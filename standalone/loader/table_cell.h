@@ -27,7 +27,7 @@ public:
 
     [[nodiscard]] bool empty() const { return text.empty(); }
 
-    /// Reports that the cell is bad; the sentence, which is called when the error is told, goes on behind the column's
+    /// Reports that the cell is bad; the sentence, which is called when the error is shown, goes on behind the column's
     /// name. The answer is false.
     template <class Sentence>
     bool refuse(ErrorKind kind, const Sentence& sentence) {
@@ -35,8 +35,8 @@ public:
         return drop();
     }
 
-    /// Reports `"text", but EXPECTED was expected` and so on; `mend`, called when the error is told, says how to mend
-    /// it; where it is empty or says nothing the cell is to be corrected.
+    /// Reports `"text", but EXPECTED was expected` and so on; `mend`, called when the error is shown, says how to
+    /// correct it; where it is empty or says nothing the cell is to be corrected.
     bool refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& mend = {});
 
     /// Reports that a file of the folder is missing for which the cell asks, as `what` says: once, whichever cells ask
@@ -64,7 +64,7 @@ std::vector<std::string> wordsOf(const Words& words);
 /// A finite number, written with a point and without grouping. The locale does not matter.
 bool readNumber(TableCell& cell, double& value);
 bool readNumberFromZero(TableCell& cell, double& value);
-/// Refuses a cell that holds no number, with the way to write one where it can be told. The answer is false.
+/// Refuses a cell that holds no number, with the way to write one where it is known. The answer is false.
 bool refuseNumber(TableCell& cell);
 bool readInteger(TableCell& cell, int low, int high, int& value);
 bool readWord(TableCell& cell, const Words& words, int& value);

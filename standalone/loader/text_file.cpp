@@ -38,7 +38,7 @@ std::optional<Fault> readBytes(const fs::path& path, std::string& bytes) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
     if (fs::is_directory(status))
-        return Fault{ErrorKind::kUnreadable, 0, "a folder stands where a file of this name was expected; rename it"};
+        return Fault{ErrorKind::kUnreadable, 0, "there is a folder where a file of this name was expected; rename it"};
     if (fs::exists(status) && !fs::is_regular_file(status)) {
         return Fault{ErrorKind::kUnreadable, 0, "this is not a plain file; put a text file in its place"};
     }
@@ -90,7 +90,7 @@ std::optional<Fault> encodingFault(std::string_view text, const fs::path& path) 
     if (beginsAsUtf16(text)) return Fault{ErrorKind::kEncoding, 1, convertFrom("UTF-16", "", path)};
     if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
         return Fault{ErrorKind::kEncoding, lineAt(text, nul),
-                     "a NUL byte stands here, but UTF-8 text was expected; remove it"};
+                     "there is a NUL byte here, but UTF-8 text was expected; remove it"};
     }
     if (text.empty() || isUtf8(text)) return std::nullopt;
     return Fault{ErrorKind::kEncoding, firstLineNotUtf8(text),
@@ -103,7 +103,7 @@ std::optional<Fault> lineEndFault(std::string_view text) {
         if (at + 1 < text.size() && text[at + 1] == '\n') continue;
         return Fault{
             ErrorKind::kLineEnd, lineAt(text, at),
-            "a carriage return stands alone, but lines end with LF or CRLF; save the file with such line ends"};
+            "a carriage return is alone here, but lines end with LF or CRLF; save the file with such line ends"};
     }
     return std::nullopt;
 }

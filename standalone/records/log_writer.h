@@ -21,7 +21,7 @@ public:
     /// Unquoted text, as it is.
     void raw(std::string_view text);
 
-    /// What stands between two entries: a comma, but nothing before the first entry of a list.
+    /// What comes between two entries: a comma, but nothing before the first entry of a list.
     void separate(bool& first);
 
     void value(double number);

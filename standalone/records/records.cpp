@@ -5,7 +5,7 @@
 
 namespace qmservice {
 
-// Called for every query, so it hashes the id as it stands.
+// Called for every query, so it hashes the id as it is.
 uint64 CAccountInfo::getHashKey(uint64 seed) const { return records::hashBytes(accountId, seed); }
 
 std::int32_t CInstrument::getFeeType() const { return feeType; }

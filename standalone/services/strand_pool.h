@@ -17,7 +17,7 @@ namespace standalone {
 /// Named strands and the threads that run them. Every operation is safe from any thread.
 ///
 /// Strands take jobs whether threads run or not; a job waits until a thread runs it. An exception that leaves a job is
-/// told on standard error and goes no further: what the job had left to do is lost, the jobs after it run.
+/// reported on standard error and goes no further: what the job had left to do is lost, the jobs after it run.
 class StrandPool {
 public:
     using Strand = boost::asio::io_service::strand;

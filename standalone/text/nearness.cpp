@@ -6,7 +6,7 @@
 namespace standalone {
 namespace {
 
-constexpr std::size_t kMostCandidates = 2000;  // a folder with many errors is to be told of them soon
+constexpr std::size_t kMostCandidates = 2000;  // a folder with many errors must report them soon
 constexpr std::size_t kLongestName = 64;       // longer texts are not compared: nobody misspells them by two letters
 
 char lowerCaseOf(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; }

@@ -14,7 +14,7 @@ bool isUtf8(std::string_view text);
 /// Bytes of the UTF-8 character that the text, which is not empty, begins with; 0 when it begins with none.
 std::size_t characterLength(std::string_view text);
 
-/// Whether the byte stands inside a UTF-8 character and does not begin one.
+/// Whether the byte is inside a UTF-8 character and does not begin one.
 constexpr bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
 /// How many characters the text has, which is UTF-8.

@@ -1,4 +1,4 @@
-# The library exports what EXPECTED lists, one demangled name a line, and nothing else. A C++ symbol may stand several
+# The library exports what EXPECTED lists, one demangled name a line, and nothing else. A C++ symbol may appear several
 # times under one name (complete and base constructors).
 execute_process(COMMAND ${NM} -D --defined-only --demangle ${LIBRARY} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE ";" "," output "${output}")

@@ -1,4 +1,4 @@
-// Nothing of the host is included: the exported headers stand alone.
+// Nothing of the host is included: the exported headers compile alone.
 #include <gtest/gtest.h>
 
 #include <type_traits>

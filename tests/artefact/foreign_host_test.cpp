@@ -207,7 +207,7 @@ public:
         return std::is_sorted(std::begin(places), std::end(places), std::less<const void*>());
     }
 
-    /// Whether the members stand in the documented order.
+    /// Whether the members are in the documented order.
     [[nodiscard]] bool membersAreInOrder() const {
         return increasing(&strand, &stockMutex, &stockRateLimitPool, &stockAccountTable, &defaultStockRateLimit,
                           &creditMutex, &creditRateLimitPool, &creditAccountTable, &defaultCreditRateLimit, &hgtMutex,

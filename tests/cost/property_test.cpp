@@ -11,7 +11,7 @@
 #include "cost/support/naive.h"
 #include "cost/support/tariffs.h"
 
-// Random trades under random terms, beside a model that shares no code with the library.
+// Random trades under random terms, and a model that shares no code with the library.
 
 namespace {
 

@@ -24,7 +24,7 @@ Term changed(const std::function<void(Term&)>& change) {
     return made;
 }
 
-/// "charges.csv:2 charges.csv:4": where the terms of a side stand.
+/// "charges.csv:2 charges.csv:4": where the terms of a side are.
 std::string placesOf(const TermSet& terms, Side side) {
     std::string places;
     for (const Term* found : terms.termsOf(side)) {
@@ -139,7 +139,7 @@ TEST(Schedule, OfFaultyTermsIsRefusedWithTheLine) {
               "charges.csv:3: the line names no charge; name one");
 }
 
-/// The terms of stamp duty as they changed, with an unrelated term beside them.
+/// The terms of stamp duty as they changed, with an unrelated term.
 Schedule stampDuty() {
     Term early = term("stock", "stamp_duty", "sell", "turnover fill");
     early.dates.until = date("2023-08-27");

@@ -9,8 +9,8 @@
 
 #include "cost/support/builders.h"
 
-// A real broker's statement, line by line to the fen: statement_2021.csv, whose source is in SOURCES.md beside it. The
-// commission is all-in: handling and regulatory fee are inside it, in Shenzhen the transfer fee too.
+// A real broker's statement, line by line to the fen: statement_2021.csv, whose source is in SOURCES.md in this folder.
+// The commission is all-in: handling and regulatory fee are inside it, in Shenzhen the transfer fee too.
 
 namespace {
 

@@ -110,7 +110,7 @@ TEST(Plan, IsRefusedForATermWhoseRateTheAnswerLacks) {
     EXPECT_EQ(
         plan(tariffOf({term("stock", "comission", "both", "turnover fill")}, {{"commission", "0", ""}})),
         "charges.csv:2 charges comission, which the rates of SH:600519 do not hold on 2024-01-02; give the line a "
-        "rate, or mend its charge or item");
+        "rate, or correct its charge or item");
 }
 
 TEST(Plan, IsRefusedForARateBelowZero) {
@@ -194,7 +194,7 @@ TEST(OptionPlan, IsRefusedForAnItemThatTheAnswerLacks) {
     EXPECT_EQ(plan(tariffOf({optionTerm("handling_fee", "open", "001")}, {{"handling_fee", "1.3", "000"}}, kOption),
                    Side::kOpenLong),
               "charges.csv:2 charges handling_fee (fee item 001), which the rates of SHO:10001313 do not hold on "
-              "2024-01-02; give the line a rate, or mend its charge or item");
+              "2024-01-02; give the line a rate, or correct its charge or item");
 }
 
 TEST(OptionPlan, WaivesAChargeForTheNarrowerSide) {

@@ -1,4 +1,4 @@
-// What is told on standard error where JSON is asked for, and what stands on standard output then.
+// What standard error says where JSON is asked for, and what standard output holds then.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

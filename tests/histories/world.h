@@ -66,7 +66,7 @@ private:
     std::array<std::vector<Account>, kFocuses.size()> accountsByFocus;
 };
 
-/// Text of category numbers and names, in range, at the edges, outside, and not numbers at all; the frequent ones stand
+/// Text of category numbers and names, in range, at the edges, outside, and not numbers at all; the frequent ones are
 /// there several times.
 extern const std::array<const char*, 36> kCategoryTexts;
 /// The numbers that instruments may be members of.

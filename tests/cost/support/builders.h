@@ -50,7 +50,7 @@ std::string refusal(const Question& question) {
     return "";
 }
 
-/// "commission 5.00, stamp_duty 0.50" with at least two decimals; what is inside another stands in brackets.
+/// "commission 5.00, stamp_duty 0.50" with at least two decimals; what is inside another is in brackets.
 std::string itemsOf(const cost::Bill& bill);
 
 }  // namespace cost_test

@@ -8,7 +8,7 @@
 namespace cost_test {
 
 /// Published schedules of every family with their dates, each charge a term with a rate of its own. A broker's
-/// commission of 0.00025 and at least 5 yuan an order (NEEQ: 0.0008, none) stands beside the shares of the mainland;
+/// commission of 0.00025 and at least 5 yuan an order (NEEQ: 0.0008, none) beside the shares;
 /// Hong Kong's are in dollars.
 const cost::Schedule& publishedSchedule();
 

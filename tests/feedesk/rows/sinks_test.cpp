@@ -5,7 +5,7 @@
 namespace feedesk {
 namespace {
 
-/// Two sections that share a field; the second one's own field stands before it.
+/// Two sections that share a field; the second one's own field comes before it.
 Sections sections() {
     return {{"One", {{"code", "Code"}, Field{"fee", "Fee", Unit::kFraction}.in("rates")}},
             {"Two", {Field{"margin", "Margin", Unit::kFraction}.in("rates"), {"code", "Code"}, forPeople("Seen")}}};

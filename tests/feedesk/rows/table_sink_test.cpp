@@ -85,7 +85,7 @@ TEST(TableSink, EscapesAControlCharacterInATitle) {
               "SH:1                       1%\n");
 }
 
-/// Level and source stand last although programs get them first.
+/// Level and source come last although programs get them first.
 const Section kSourced = {"Rates",
                           {Field{"level", "Level"}.at(ShownAt::kLast),
                            Field{"source", "Source"}.at(ShownAt::kLast).when(WhenZero::kLeftOut),

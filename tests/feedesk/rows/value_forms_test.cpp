@@ -65,7 +65,7 @@ TEST_P(ValueForms, Json) {
 }
 
 TEST_P(ValueForms, Table) {
-    // The text is behind the title, wherever in its column it stands.
+    // The text is behind the title, wherever in its column it is.
     const std::string text = written(tableSink, std::size_t{80});
     std::string row = text.substr(text.find('\n') + 1);
     row.pop_back();

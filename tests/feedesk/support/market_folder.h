@@ -6,7 +6,7 @@
 
 namespace feedesk::test {
 
-/// A small market folder in a temporary directory, removed at the end. What it holds stands in market_folder.cpp; the
+/// A small market folder in a temporary directory, removed at the end. What it holds is in market_folder.cpp; the
 /// tests' expectations are worked out from it by hand.
 class MarketFolder {
 public:

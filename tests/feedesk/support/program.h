@@ -21,7 +21,7 @@ Outcome runProgram(const std::string& arguments, const std::string& environment 
 /// The same on a market folder of the tests.
 Outcome ask(const std::string& folder, const std::string& arguments, const std::string& environment = "");
 
-/// What a terminal of `columns` columns is told when it is standard output and standard error of such a run. COLUMNS,
+/// What a terminal of `columns` columns shows when it is standard output and standard error of such a run. COLUMNS,
 /// NO_COLOR and TERM are not set unless `environment` sets them.
 std::string onTerminal(const std::string& folder, const std::string& arguments, int columns,
                        const std::string& environment = "");

@@ -30,7 +30,7 @@ const CInstrumentFee& fee(const Market& market, const char* number) {
 
 class LoaderChange : public LoaderTest, public ::testing::WithParamInterface<Change> {};
 
-// The new rate stands above the old one, so that the order of the file decides nothing.
+// The new rate is above the old one, so that the order of the file decides nothing.
 TEST_P(LoaderChange, IsSeenFromItsDayOn) {
     const Change& change = GetParam();
     write(change.file, std::string(change.header) + ",from,until\n" + change.line + ",0.25,2023-08-28,\n" +

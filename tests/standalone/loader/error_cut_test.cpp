@@ -1,4 +1,4 @@
-// A folder of many errors: the first are told, the others counted.
+// A folder of many errors: the first are shown, the others counted.
 
 #include "fixture.h"
 

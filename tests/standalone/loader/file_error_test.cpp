@@ -77,15 +77,15 @@ const LoaderError kFileErrors[] = {
     error("RateUnderItsFieldNameIsUnknownWhenItHasAColumnName", replaced("configured/stock.csv", "commission", "rate1"),
           1, "unknown column \"rate1\"", "commission"),
     error("RepeatedColumn", written("fees/credit.csv", "account,market,code,rate1,rate1\nC1,SH,*,1,2\n"), 1,
-          "\"rate1\" stands twice"),
+          "\"rate1\" appears twice"),
     error("ColumnWithoutAName", written("fees/credit.csv", "account,market,code,\nC1,SH,*,\n"), 1,
           "column 4 has no name"),
     error("LineThatIsNoHeaderIsToldOnce", written("fees/credit.csv", "C1,SH,*,0.1\nC1,SH,600000,0.2\n"), 1,
           "none of the columns", "account, market, code, product, rate1", "header line"),
     error("TooFewCells", appended("fees/credit.csv", "C1,SH,*,x\n"), 3, "too few cells", "4", "5"),
     error("TooManyCells", appended("fees/credit.csv", "C1,SH,*,x,,\n"), 3, "too many cells", "6", "5"),
-    error("QuoteInsideAnUnquotedCell", appended("accounts.csv", "Z1,5\" disk,stock,\n"), 13,
-          "quote stands inside a cell", "double"),
+    error("QuoteInsideAnUnquotedCell", appended("accounts.csv", "Z1,5\" disk,stock,\n"), 13, "quote is inside a cell",
+          "double"),
     error("TextBehindAClosingQuote", appended("accounts.csv", "Z1,\"a\"b,stock,\n"), 13,
           "closing quote is followed by \"b\""),
     error("QuoteThatIsNeverClosed", appended("accounts.csv", "Z1,\"a,stock,\nZ2,b,stock,\n"), 13, "never closed"),
@@ -127,13 +127,13 @@ TEST_F(LoaderFileError, MisspeltFolderIsNotReportedAsMissingToo) {
 TEST_F(LoaderFileError, FileInPlaceOfAFolder) {
     remove("configured");
     write("configured", "x\n");
-    expectError("configured", 0, {"a file stands where a folder", "expected", "rename it or remove it"});
+    expectError("configured", 0, {"a file where a folder", "expected", "rename it or remove it"});
 }
 
 TEST_F(LoaderFileError, FolderInPlaceOfAFile) {
     remove("fees/stock.csv");
     write("fees/stock.csv/x", "x\n");
-    expectError("fees/stock.csv", 0, {"a folder stands where a file"});
+    expectError("fees/stock.csv", 0, {"a folder where a file"});
 }
 
 TEST_F(LoaderFileError, LinkToNothingCannotBeRead) {

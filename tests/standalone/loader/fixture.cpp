@@ -126,7 +126,7 @@ S1,2,70001,0.8,,,,,
          "account,update,category,hedge_flag,long_by_money,long_by_volume,short_by_money,short_by_volume,margin_mode,"
          "margin_extra1,margin_extra2\n"
          "F1,4,70001,3,0.1,0.2,0.3,0.4,5,0.6,0.7\n"},
-        {"README.md", "Anything may stand here.\n"},
+        {"README.md", "Anything may be here.\n"},
         {".hidden", "And here.\n"},
         {"fees/notes.md", "And here.\n"}};
     return files;

@@ -38,7 +38,7 @@ protected:
 
     /// Loads and checks that there is just this error, whose message holds all the words, and that nothing was loaded.
     void expectError(const std::string& file, std::size_t line, const std::vector<std::string>& words) const;
-    /// Loads and checks that the errors stand at these places, in this order, as "file:line".
+    /// Loads and checks that the errors are at these places, in this order, as "file:line".
     void expectPlaces(const std::vector<std::string>& places) const;
 
     std::filesystem::path folder;
@@ -58,7 +58,7 @@ inline Edit replaced(const std::string& file, const std::string& from, const std
     return {Edit::How::kReplace, file, from, to};
 }
 
-/// Where an error stands; a line alone is one of the edited file.
+/// Where an error is; a line alone is one of the edited file.
 struct Place {
     Place(std::size_t lineOfEditedFile) : line(lineOfEditedFile) {}
     Place(std::string otherFile, std::size_t itsLine) : file(std::move(otherFile)), line(itsLine) {}

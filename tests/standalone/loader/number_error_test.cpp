@@ -1,4 +1,4 @@
-// Numbers that are none, and how their messages say to mend them.
+// Numbers that are none, and how their messages say how to correct them.
 
 #include "fixture.h"
 
@@ -7,11 +7,11 @@ namespace {
 
 struct BadRate {
     const char* name;
-    const char* cell;  ///< as it stands in the table
+    const char* cell;  ///< as it is in the table
     const char* mend;
 };
 
-/// A rate of the credit fees that is refused with one error, whose end tells how to mend it.
+/// A rate of the credit fees that is refused with one error, whose end says how to correct it.
 class LoaderRateError : public LoaderTest, public ::testing::WithParamInterface<BadRate> {};
 
 TEST_P(LoaderRateError, IsRefusedWithTheMend) {

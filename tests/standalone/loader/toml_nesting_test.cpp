@@ -101,7 +101,7 @@ TEST(TomlNestingScan, CountsLinesInsideTexts) {
     EXPECT_EQ(lineNestedTooDeep("a = \"\"\"\n\\\n\\\\\n\"\"\"\nb = '''\n'''\nc = " + times(40, "[")), 7U);
 }
 
-/// What stands in texts and comments, or beside one another, is not nested.
+/// What is in texts and comments, or side by side, is not nested.
 class TomlNestingHarmless : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(TomlNestingHarmless, IsTaken) { EXPECT_EQ(lineNestedTooDeep(GetParam()), std::nullopt); }

@@ -1,4 +1,4 @@
-// Values in market.toml of another type than expected: the message says what stands there.
+// Values in market.toml of another type than expected: the message says what is there.
 
 #include "fixture.h"
 
@@ -85,7 +85,7 @@ TEST_P(LoaderTomlColumnError, OfOtherCharactersIsRefused) {
     expectError("market.toml", 29, {"\"rates.stock.rate6.column\"", GetParam(), "lower-case"});
 }
 
-// The characters beside the ones that are taken: before 0, behind 9, before and behind the underscore, behind z.
+// The neighbours of the characters that are taken: before 0, behind 9, before and behind the underscore, behind z.
 INSTANTIATE_TEST_SUITE_P(Columns, LoaderTomlColumnError, ::testing::Values("a/", "a:", "a^", "a`", "a{", "aA"));
 
 TEST_F(LoaderTomlValueError, EveryBadRateOfAFamilyIsReported) {

@@ -1,4 +1,4 @@
-// Engines of their own, beside the process-wide one.
+// Engines of their own, besides the process-wide one.
 
 #include <gtest/gtest.h>
 #include <pthread.h>

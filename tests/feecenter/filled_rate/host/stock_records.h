@@ -1,7 +1,7 @@
 #ifndef TESTS_FEECENTER_FILLED_RATE_HOST_STOCK_RECORDS_H
 #define TESTS_FEECENTER_FILLED_RATE_HOST_STOCK_RECORDS_H
 
-// The boundary's header for a host whose new stock-option rate is not empty. It stands before the boundary's own in the
+// The boundary's header for a host whose new stock-option rate is not empty. It comes before the boundary's own in the
 // search path; all else is as there.
 
 #define CStockOptionFeeRate PlainStockOptionFeeRate
