@@ -8,8 +8,8 @@
 namespace cost_test {
 
 /// Published schedules of every family with their dates, each charge a term with a rate of its own. A broker's
-/// commission of 0.00025 and at least 5 yuan an order (NEEQ: 0.0008, none) beside the shares;
-/// Hong Kong's are in dollars.
+/// commission of 0.00025 and at least 5 yuan an order (NEEQ: 0.0008, no minimum) is charged on mainland shares. Hong
+/// Kong's terms are in dollars.
 const cost::Schedule& publishedSchedule();
 
 /// What a trade costs by it: "stock SH:600519 MAIN", "sell 300@1488.50", on the day; its multiplier, if any.
