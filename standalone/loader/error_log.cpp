@@ -11,7 +11,7 @@ namespace {
 
 template <class One, class Other>
 bool comesBefore(const One& one, const Other& other) {
-    return comesBefore(one.file, one.line, other.file, other.line);
+    return loader::comesBefore(one.file, one.line, other.file, other.line);
 }
 
 }  // namespace
