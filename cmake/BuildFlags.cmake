@@ -17,6 +17,6 @@ endif()
 if(FEECENTER_COVERAGE)
   # The tests are counted too: an inline function that a test shares with the library exists once in the program, and it is
   # the linker that chooses which of the two. The tests have threads, so the counters are atomic.
-  add_compile_options(--coverage -fprofile-update=atomic)
-  add_link_options(--coverage)
+  add_compile_options(-fprofile-instr-generate -fcoverage-mapping -fprofile-update=atomic)
+  add_link_options(-fprofile-instr-generate)
 endif()
