@@ -90,7 +90,7 @@ namespace {
 /// What closing costs at a price.
 class ClosingCosts {
 public:
-    ClosingCosts(const Trade& opening, Side side, const Tariff& usedTariff) : trade(opening), tariff(usedTariff) {
+    ClosingCosts(Trade opening, Side side, const Tariff& usedTariff) : trade(std::move(opening)), tariff(usedTariff) {
         trade.side = side;
     }
 

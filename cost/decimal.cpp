@@ -69,9 +69,9 @@ std::optional<Decimal> Decimal::fromRate(double rate) {
     }
     // Scientific notation of a double is rounded correctly: d.ddddddddddddddde-ee
     std::array<char, 40> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), size, std::chars_format::scientific,
-                                   kRateDigits - 1)
-                         .ptr;
+    char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), size, std::chars_format::scientific,
+                                    kRateDigits - 1)
+                          .ptr;
     const char* const mark = std::find(buffer.data(), end, 'e');
     std::uint64_t digits = 0;
     for (const char* c = buffer.data(); c != mark; ++c) {

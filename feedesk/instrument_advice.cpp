@@ -80,6 +80,7 @@ Instruments near(Folded member, const Search& search) {
         byText[(*each).*member].push_back(each);
     }
     std::vector<std::string> known;
+    known.reserve(byText.size());
     for (const auto& [text, instruments] : byText) {
         known.push_back(text);
     }
@@ -130,7 +131,7 @@ std::string instrumentAdvice(const std::string& text, const Instruments& instrum
         return didYouMean(codesOf(elsewhere));
     }
     for (const Search& search : searches(text, instruments)) {
-        const std::string advice = adviceOf(search);
+        std::string advice = adviceOf(search);
         if (!advice.empty()) {
             return advice;
         }

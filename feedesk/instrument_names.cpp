@@ -44,6 +44,7 @@ void addFrom(const Place& place, const Instruments& named, std::vector<Question>
 
 std::string candidatesText(const std::vector<Question>& candidates) {
     std::vector<std::string> texts;
+    texts.reserve(candidates.size());
     for (const Question& candidate : candidates) {
         texts.push_back(instrumentText(candidate.market, candidate.code));
     }
@@ -99,7 +100,7 @@ std::vector<Question> InstrumentNames::asWritten(const std::string& text, const 
             if (!place.isCalled(reading.market)) {
                 continue;
             }
-            const std::vector<Question> found = withCode(reading.name, {place});
+            std::vector<Question> found = withCode(reading.name, {place});
             if (!found.empty()) {
                 return found;
             }
@@ -137,7 +138,7 @@ std::vector<Question> InstrumentNames::meant(const std::string& text, bool conne
 }
 
 std::vector<Question> InstrumentNames::find(const std::string& text, bool connect) const {
-    const std::vector<Question> candidates = meant(text, connect);
+    std::vector<Question> candidates = meant(text, connect);
     if (candidates.size() == 1) {
         return candidates;
     }

@@ -57,6 +57,8 @@ bool forAllFields(Test test) {
     return std::apply([&test](const auto&... fields) { return (test(fields) && ...); }, FieldsOf<Record>::list);
 }
 
+// A list has the name of what it holds, in the style of the fields themselves.
+// NOLINTBEGIN(readability-identifier-naming)
 // One field per line.
 // clang-format off
 
@@ -343,6 +345,7 @@ struct FieldsOf<CCustomFutureInstrumentFee> {
 };
 
 // clang-format on
+// NOLINTEND(readability-identifier-naming)
 
 }  // namespace qmservice::records
 

@@ -36,7 +36,7 @@ void tellUnanswered(const Replies& replies, const standalone::Account& account) 
 
 ExitStatus answerFees(Program& program, const Session& session, const standalone::Account& account,
                       const std::vector<Answer>& answers, const std::vector<std::string>& notes) {
-    const Remarks remarks{heading(account, program.session.date), notes, markedSentence(answers)};
+    Remarks remarks{heading(account, program.session.date), notes, markedSentence(answers)};
     const FeeRows rows(answers, session.market());
     program.answer(session, rows.sections(), [&](RowSink& sink) {
         rows.giveTo(sink);

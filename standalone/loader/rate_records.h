@@ -107,7 +107,7 @@ void visitRecords(RateRecords records, const Visit& visit) {
 template <class Record, class... Rates>
 void setRates(Record& record, const std::tuple<Rates...>& list, const RateLine& line) {
     static_assert(sizeof...(Rates) <= kMostRates);
-    auto rate = line.rates.begin();
+    const auto* rate = line.rates.begin();
     qmservice::records::forEachOf(list, [&](const auto& field) { record.*field.member = *rate++; });
 }
 

@@ -16,6 +16,7 @@ namespace {
 /// The words of accounts.csv for some kinds: "futures or futures_5".
 std::string kindNames(const std::vector<int>& kinds) {
     std::vector<std::string> names;
+    names.reserve(kinds.size());
     for (const int kind : kinds) names.emplace_back(findAccountKind(kind)->name);
     return oneOf(names);
 }

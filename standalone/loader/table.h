@@ -101,6 +101,7 @@ template <class Line, class Sink>
 bool readTable(Load& load, const std::string& file, const std::vector<TableColumn<Line>>& columns, Sink sink,
                bool unknownColumns = true) {
     std::vector<ColumnHeader> headers;
+    headers.reserve(columns.size());
     for (const TableColumn<Line>& column : columns) headers.push_back({column.name, column.need});
     TableReader reader(load, file, std::move(headers), unknownColumns);
     while (reader.next()) {

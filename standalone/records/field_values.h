@@ -56,7 +56,7 @@ private:
 /// Replaces the records that a copied field still shares with the original by copies of their own.
 struct Detaching {
     template <class Value>
-    static void from(Value&) {}
+    static void from(Value& /*field*/) {}
 
     template <class Record>
     static void from(boost::shared_ptr<Record>& record) {
@@ -64,8 +64,8 @@ struct Detaching {
     }
 
     // The account and the instrument of a fee are the host's own, not part of the fee.
-    static void from(boost::shared_ptr<CAccountInfo>&) {}
-    static void from(boost::shared_ptr<CInstrument>&) {}
+    static void from(boost::shared_ptr<CAccountInfo>& /*account*/) {}
+    static void from(boost::shared_ptr<CInstrument>& /*instrument*/) {}
 
     template <class Value>
     static void from(std::vector<Value>& values) {
