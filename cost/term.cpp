@@ -130,7 +130,9 @@ std::vector<TermFault> conflictsOf(const std::vector<Term>& terms) { return Conf
 std::vector<TermFault> faultsOf(const std::vector<Term>& terms) {
     std::vector<TermFault> faults = conflictsOf(terms);
     for (std::size_t index = 0; index < terms.size(); ++index) {
-        for (std::string& sentence : faultsOf(terms[index])) faults.push_back({index, std::move(sentence)});
+        for (std::string& sentence : faultsOf(terms[index])) {
+            faults.push_back({index, std::move(sentence)});
+        }
     }
     std::stable_sort(faults.begin(), faults.end(),
                      [](const TermFault& a, const TermFault& b) { return a.term < b.term; });

@@ -39,7 +39,9 @@ std::string moved(const std::string& text, std::string_view separators, bool rep
     const Part& from = any(parts, random);
     const Part& to = any(parts, random);
     std::string part = text.substr(from.start, from.size);
-    if (!replaces) part += separators.front();
+    if (!replaces) {
+        part += separators.front();
+    }
     return std::string(text).replace(to.start, replaces ? to.size : 0, part);
 }
 
@@ -79,9 +81,13 @@ std::string changed(const std::string& text, Random& random) {
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
                                                unsigned int seed) {
     Random random(seed);
-    if (random() % 2 == 0) return LLVMFuzzerMutate(data, size, maxSize);
+    if (random() % 2 == 0) {
+        return LLVMFuzzerMutate(data, size, maxSize);
+    }
     std::string text(reinterpret_cast<const char*>(data), size);
-    for (auto times = 1 + random() % 3; times > 0; --times) text = changed(text, random);
+    for (auto times = 1 + random() % 3; times > 0; --times) {
+        text = changed(text, random);
+    }
     const std::size_t newSize = std::min(text.size(), maxSize);
     std::copy_n(text.begin(), newSize, data);
     return newSize;

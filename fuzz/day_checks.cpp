@@ -17,22 +17,36 @@ void checkIntervals(const Files& files, const MarketFolder& folder) {
     checkWhole(files, folder.marketOn(cost::Date()));
     std::size_t interval = folder.intervalOf(cost::Date());
     for (const cost::Date change : folder.changeDates()) {
-        if (folder.intervalOf(*change.previous()) != interval) fail("a day is in the interval before the change");
-        if (folder.intervalOf(change) != ++interval) fail("a change begins the next interval");
-        if (interval <= kMostIntervals) checkWhole(files, folder.marketOn(change));
+        if (folder.intervalOf(*change.previous()) != interval) {
+            fail("a day is in the interval before the change");
+        }
+        if (folder.intervalOf(change) != ++interval) {
+            fail("a change begins the next interval");
+        }
+        if (interval <= kMostIntervals) {
+            checkWhole(files, folder.marketOn(change));
+        }
     }
-    if (folder.intervalOf(cost::Date::last()) != interval) fail("the last interval does not end");
+    if (folder.intervalOf(cost::Date::last()) != interval) {
+        fail("the last interval does not end");
+    }
 }
 
 void checkTerms(const Files& files, const MarketFolder& folder) {
     const auto table = files.find("charges.csv");
     const auto& terms = folder.schedule().terms();
-    if (table == files.end() && !terms.empty()) fail("terms come from a table");
+    if (table == files.end() && !terms.empty()) {
+        fail("terms come from a table");
+    }
     for (const cost::Term& term : terms) {
         const std::size_t line = std::stoul(term.where.substr(std::string("charges.csv:").size()));
         const auto lines = static_cast<std::size_t>(std::count(table->second.begin(), table->second.end(), '\n')) + 1;
-        if (line < 2 || line > lines) fail("a term is below the header: " + term.where);
-        if (!cost::faultsOf(term).empty()) fail("a term has no fault: " + term.where);
+        if (line < 2 || line > lines) {
+            fail("a term is below the header: " + term.where);
+        }
+        if (!cost::faultsOf(term).empty()) {
+            fail("a term has no fault: " + term.where);
+        }
     }
 }
 

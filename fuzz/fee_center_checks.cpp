@@ -40,7 +40,9 @@ public:
     explicit PublishedMarket(const Market& market) : center(kName) {
         startEngineOnce();
         install(market);
-        for (const Account& account : market.accounts) feed(center, account);
+        for (const Account& account : market.accounts) {
+            feed(center, account);
+        }
         waitForStrand(kName);
     }
     PublishedMarket(const PublishedMarket&) = delete;
@@ -65,8 +67,12 @@ public:
         : center(feeCenter), market(wholeMarket), account(askedAccount) {}
 
     void run() {
-        for (const ListedInstrument& listed : market.instruments) ask(listed.record);
-        if (center.getFee(account.record, kNoMarket, "1")) refuse("an unknown instrument has no fee");
+        for (const ListedInstrument& listed : market.instruments) {
+            ask(listed.record);
+        }
+        if (center.getFee(account.record, kNoMarket, "1")) {
+            refuse("an unknown instrument has no fee");
+        }
         checkList();
         checkLastRecords(market, account, answers);
     }
@@ -78,13 +84,16 @@ private:
 
     void ask(const boost::shared_ptr<CInstrument>& instrument) {
         const Fee fee = center.getFee(account.record, utils::voStockKey(instrument->market, instrument->code));
-        if (!fee) refuse("a known instrument has a fee\n" + instrument->code);
+        if (!fee) {
+            refuse("a known instrument has a fee\n" + instrument->code);
+        }
         if (fee->account != account.record || fee->instrument != instrument) {
             refuse("a fee is made out for what was asked\n" + instrument->code + "\n" + logged(*fee));
         }
         const Fee other = center.getFee(account.record, instrument->market, instrument->code);
-        if (!other || !other->isEqual(*fee))
+        if (!other || !other->isEqual(*fee)) {
             refuse("both ways of asking agree\n" + logged(*fee) + "\n" + logged(other));
+        }
         answers[instrument.get()] = fee;
     }
 
@@ -93,7 +102,9 @@ private:
         const bool futures = account.record->accountType == 1 || account.record->accountType == 5;
         std::set<const CInstrument*> instruments;
         for (const FeeRecord& fee : account.fees) {
-            if (!futures || fee.record->commissionDetail) instruments.insert(fee.record->instrument.get());
+            if (!futures || fee.record->commissionDetail) {
+                instruments.insert(fee.record->instrument.get());
+            }
         }
         return instruments;
     }
@@ -102,8 +113,9 @@ private:
     /// entries are the configured limit or the default.
     void checkListed(const CInstrumentFee& listed, const CInstrumentFee& answer) const {
         if (account.record->accountType != kNeeq) {
-            if (!listed.isEqual(answer))
+            if (!listed.isEqual(answer)) {
                 refuse("a list agrees with the answers\n" + logged(listed) + "\n" + logged(answer));
+            }
             return;
         }
         const auto stockAccount = boost::make_shared<qmservice::CAccountInfo>(*account.record);
@@ -119,19 +131,30 @@ private:
         const bool any = center.getFees(account.record, fees);
         std::set<const CInstrument*> listed;
         for (const Fee& fee : fees) {
-            if (!fee || !fee->instrument) refuse("every fee of a list names its instrument\n" + logged(fee));
-            if (!listed.insert(fee->instrument.get()).second) refuse("a list has each instrument once\n" + logged(fee));
+            if (!fee || !fee->instrument) {
+                refuse("every fee of a list names its instrument\n" + logged(fee));
+            }
+            if (!listed.insert(fee->instrument.get()).second) {
+                refuse("a list has each instrument once\n" + logged(fee));
+            }
             const auto answer = answers.find(fee->instrument.get());
-            if (answer == answers.end()) refuse("a list has instruments of the market alone\n" + logged(fee));
+            if (answer == answers.end()) {
+                refuse("a list has instruments of the market alone\n" + logged(fee));
+            }
             checkListed(*fee, *answer->second);
         }
-        if (any == listed.empty()) refuse("a list is there where the account has entries, and only there");
+        if (any == listed.empty()) {
+            refuse("a list is there where the account has entries, and only there");
+        }
         const std::set<const CInstrument*> expected = recorded();
         for (const CInstrument* instrument : expected) {
-            if (listed.count(instrument) == 0) refuse("a list has every record's instrument\n" + instrument->code);
+            if (listed.count(instrument) == 0) {
+                refuse("a list has every record's instrument\n" + instrument->code);
+            }
         }
-        if (account.customFees.empty() && listed.size() != expected.size())
+        if (account.customFees.empty() && listed.size() != expected.size()) {
             refuse("a list has the records' instruments alone");
+        }
     }
 
     CFeeCenter& center;
@@ -144,7 +167,9 @@ private:
 
 void checkFeeCenter(const Market& market) {
     PublishedMarket published(market);
-    for (const Account& account : market.accounts) AccountCheck(published.center, market, account).run();
+    for (const Account& account : market.accounts) {
+        AccountCheck(published.center, market, account).run();
+    }
 }
 
 }  // namespace fuzz

@@ -22,7 +22,9 @@ std::string_view takeLine(std::string_view& text) {
 
 std::string_view pathOf(std::string_view markLine) {
     std::string_view path = markLine.substr(kMark.size());
-    while (!path.empty() && (path.back() == '\n' || path.back() == '\r')) path.remove_suffix(1);
+    while (!path.empty() && (path.back() == '\n' || path.back() == '\r')) {
+        path.remove_suffix(1);
+    }
     return path;
 }
 
@@ -30,11 +32,17 @@ bool isName(std::string_view name) { return !name.empty() && name != "." && name
 
 /// Whether the path stays below the folder and every part of it is a name.
 bool isPath(std::string_view path) {
-    if (path.empty() || path.size() > kLongestPath) return false;
-    if (!bson_utf8_validate(path.data(), path.size(), false)) return false;
+    if (path.empty() || path.size() > kLongestPath) {
+        return false;
+    }
+    if (!bson_utf8_validate(path.data(), path.size(), false)) {
+        return false;
+    }
     for (std::size_t start = 0; start <= path.size();) {
         const std::size_t end = std::min(path.find('/', start), path.size());
-        if (!isName(path.substr(start, end - start))) return false;
+        if (!isName(path.substr(start, end - start))) {
+            return false;
+        }
         start = end + 1;
     }
     return true;
@@ -55,7 +63,9 @@ Files filesOf(std::string_view text) {
     while (!text.empty()) {
         const std::string_view line = takeLine(text);
         if (!beginsWith(line, kMark)) {
-            if (file != nullptr) file->append(line);
+            if (file != nullptr) {
+                file->append(line);
+            }
             continue;
         }
         const std::string path(pathOf(line));

@@ -31,11 +31,15 @@ bool agree(const History& history, Focus focus) {
 
 // The first byte chooses the accounts, the others are the history.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size == 0) return 0;
+    if (size == 0) {
+        return 0;
+    }
     const Focus focus = focusOf(data[0]);
     const History history = histories::historyFrom(data + 1, size - 1);
     static const bool tells = std::getenv("FUZZ_DESCRIBE") != nullptr;
-    if (tells) std::fprintf(stderr, "%s", described(history, focus).c_str());
+    if (tells) {
+        std::fprintf(stderr, "%s", described(history, focus).c_str());
+    }
     if (!agree(history, focus)) {
         const auto difference = histories::runHistory(history, focus).difference;
         fuzz::fail("fee center and model answer alike\n" + described(history, focus) + "They differ " +

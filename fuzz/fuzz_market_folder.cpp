@@ -22,7 +22,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (fuzz::textOf(again) != fuzz::textOf(result)) {
         fuzz::fail("the same folder loads the same\n" + fuzz::textOf(result) + "--- then\n" + fuzz::textOf(again));
     }
-    if (!result.ok()) return 0;
+    if (!result.ok()) {
+        return 0;
+    }
     fuzz::checkDays(files, standalone::loadFolder(folder.path()).folder);
     fuzz::checkFeeCenter(result.market);
     return 0;

@@ -32,18 +32,24 @@ using Limits = std::map<const CInstrument*, const Limit*>;
 template <class Limit>
 Limits<Limit> lastRecords(const Account& account, const Family<Limit>& family) {
     Limits<Limit> last;
-    for (const FeeRecord& fee : account.fees) last[fee.record->instrument.get()] = ((*fee.record).*family.slot).get();
+    for (const FeeRecord& fee : account.fees) {
+        last[fee.record->instrument.get()] = ((*fee.record).*family.slot).get();
+    }
     return last;
 }
 
 template <class Limit>
 Limits<Limit> configuredLimits(const Market& market, const Family<Limit>& family) {
     std::map<std::pair<std::string, std::string>, const Limit*> named;
-    for (const ConfiguredLimit<Limit>& limit : family.configured) named[{limit.market, limit.code}] = limit.limit.get();
+    for (const ConfiguredLimit<Limit>& limit : family.configured) {
+        named[{limit.market, limit.code}] = limit.limit.get();
+    }
     Limits<Limit> configured;
     for (const ListedInstrument& listed : market.instruments) {
         const auto limit = named.find({listed.record->market, listed.record->code});
-        if (limit != named.end()) configured[listed.record.get()] = limit->second;
+        if (limit != named.end()) {
+            configured[listed.record.get()] = limit->second;
+        }
     }
     return configured;
 }
@@ -72,11 +78,15 @@ void check(const Market& market, const Account& account, const Answers& answers,
         const auto refuse = [&](const char* what) {
             fail(std::string(what) + ": account " + account.record->accountId + ", " + instrument->code);
         };
-        if (answer == nullptr) return refuse("an answer has the family's limit");
+        if (answer == nullptr) {
+            return refuse("an answer has the family's limit");
+        }
         if (record != records.end()) {
             const bool replaced = family.configuredFirst && limit != configured.end();
             const Limit& wanted = replaced ? *limit->second : *record->second;
-            if (!isStored(family, *answer, wanted, listed.tradeUnit)) refuse("the last record is answered");
+            if (!isStored(family, *answer, wanted, listed.tradeUnit)) {
+                refuse("the last record is answered");
+            }
         } else if (limit != configured.end() && !isFallback(*answer, *limit->second)) {
             refuse("the configured limit is answered");
         }
@@ -86,7 +96,9 @@ void check(const Market& market, const Account& account, const Answers& answers,
 }  // namespace
 
 void checkLastRecords(const Market& market, const Account& account, const Answers& answers) {
-    if (!account.customFees.empty()) return;
+    if (!account.customFees.empty()) {
+        return;
+    }
     switch (account.record->accountType) {
         case 2:
         case 3:

@@ -36,7 +36,9 @@ bool isNeeded(const std::string& path) {
 /// Whether the folder has the place, or lacks it although it needs it.
 bool isPlace(const Files& files, const std::string& path, std::size_t line) {
     const auto file = files.find(path);
-    if (file != files.end()) return line <= linesOf(file->second);
+    if (file != files.end()) {
+        return line <= linesOf(file->second);
+    }
     return line == 0 && (isFolder(files, path) || isNeeded(path));
 }
 
@@ -53,13 +55,19 @@ template <class Errors>
 void checkErrors(const Files& files, const std::string& folder, const Errors& errors) {
     for (const auto& error : errors) {
         const std::string text = error.text(folder);
-        if (!isPlace(files, error.file, error.line)) fail("an error has a place in the folder: " + text);
-        if (!isOneLine(text)) fail("an error is one line of text: " + text);
+        if (!isPlace(files, error.file, error.line)) {
+            fail("an error has a place in the folder: " + text);
+        }
+        if (!isOneLine(text)) {
+            fail("an error is one line of text: " + text);
+        }
     }
     const bool sorted = std::is_sorted(errors.begin(), errors.end(), [](const auto& a, const auto& b) {
         return comesBefore(a.file, a.line, b.file, b.line);
     });
-    if (!sorted) fail("errors come in the order of reading, then by line");
+    if (!sorted) {
+        fail("errors come in the order of reading, then by line");
+    }
 }
 
 /// The errors that are shown come before those that are counted, and all of them are counted once.
@@ -67,14 +75,20 @@ void checkCounts(const LoadResult& result) {
     std::size_t count = result.errors.size();
     for (const FurtherErrors& further : result.further) {
         const LoadError& last = result.errors.back();
-        if (comesBefore(further.file, further.line, last.file, last.line))
+        if (comesBefore(further.file, further.line, last.file, last.line)) {
             fail("the first errors are shown: " + further.text(result.market.folder));
+        }
         count += further.count;
     }
-    if (count != result.errorCount) fail("every error is counted");
-    if (result.errors.size() > standalone::kMostErrors) fail("so many errors are shown at most");
-    if (result.errors.size() < standalone::kMostErrors && !result.further.empty())
+    if (count != result.errorCount) {
+        fail("every error is counted");
+    }
+    if (result.errors.size() > standalone::kMostErrors) {
+        fail("so many errors are shown at most");
+    }
+    if (result.errors.size() < standalone::kMostErrors && !result.further.empty()) {
         fail("an error is shown if it can be");
+    }
 }
 
 /// A load that loaded nothing and found nothing wrong either: the text of a market that is as it was made.
@@ -96,8 +110,9 @@ void checkLoad(const Files& files, const LoadResult& result) {
     checkCounts(result);
     LoadResult loaded;
     loaded.market = result.market;
-    if (textOf(loaded) != textOfNothing(result.market.folder))
+    if (textOf(loaded) != textOfNothing(result.market.folder)) {
         fail("with an error nothing is loaded\n" + textOf(loaded));
+    }
 }
 
 }  // namespace fuzz

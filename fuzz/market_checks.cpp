@@ -16,7 +16,9 @@ const std::set<int> kAccountKinds{1, 2, 3, 5, 6, 7, 8, 10, 11, 12, 16};
 const std::set<std::string> kRateFamilies{"stock", "credit", "neeq", "hgt", "sgt", "option"};
 
 void require(bool holds, const char* what, const std::string& of) {
-    if (!holds) fail(std::string(what) + ": " + of);
+    if (!holds) {
+        fail(std::string(what) + ": " + of);
+    }
 }
 
 /// The checks of one market. What is found on the way, such as the instruments, later checks refer to.
@@ -26,12 +28,18 @@ public:
 
     void run() {
         checkSettings();
-        for (const ListedInstrument& listed : market.instruments) check(listed);
-        for (const Account& account : market.accounts) check(account);
+        for (const ListedInstrument& listed : market.instruments) {
+            check(listed);
+        }
+        for (const Account& account : market.accounts) {
+            check(account);
+        }
         checkLimits(market.stockLimits);
         checkLimits(market.hgtLimits);
         checkLimits(market.sgtLimits);
-        for (const CategoryRule& rule : market.categories) check(rule);
+        for (const CategoryRule& rule : market.categories) {
+            check(rule);
+        }
     }
 
 private:
@@ -56,7 +64,9 @@ private:
             require(marketNames.insert(place.market).second, "market places differ", place.market);
         }
         std::set<std::string> families;
-        for (const auto& [family, rates] : market.rateNames) families.insert(family);
+        for (const auto& [family, rates] : market.rateNames) {
+            families.insert(family);
+        }
         require(families == kRateFamilies, "each family has its rate names", market.folder);
     }
 
@@ -80,10 +90,14 @@ private:
         require(accounts.insert(number).second, "accounts differ", number);
         require(kAccountKinds.count(account.record->accountType) != 0, "an account's kind is known", number);
         checkPosition(account.position);
-        for (const FeeRecord& fee : account.fees) check(account, fee);
+        for (const FeeRecord& fee : account.fees) {
+            check(account, fee);
+        }
         for (const CustomFee& fee : account.customFees) {
             require(fee.record != nullptr && !fee.entries.empty(), "a custom fee has a record and lines", number);
-            for (const Position position : fee.entries) checkPosition(position);
+            for (const Position position : fee.entries) {
+                checkPosition(position);
+            }
         }
     }
 
@@ -94,7 +108,9 @@ private:
         require(records.count(fee.record->instrument.get()) != 0, "a fee's instrument is of the market", number);
         require(fee.record->marginDetails.size() == fee.margins.size(), "each margin has its line", number);
         checkPosition(fee.position);
-        for (const Position position : fee.margins) checkPosition(position);
+        for (const Position position : fee.margins) {
+            checkPosition(position);
+        }
     }
 
     template <class Limit>

@@ -13,7 +13,9 @@ std::ostream& operator<<(std::ostream& out, const Position& position) {
 }
 
 std::ostream& operator<<(std::ostream& out, const std::vector<Position>& positions) {
-    for (const Position& position : positions) out << ' ' << position;
+    for (const Position& position : positions) {
+        out << ' ' << position;
+    }
     return out;
 }
 
@@ -23,7 +25,9 @@ struct Logged {
 };
 
 std::ostream& operator<<(std::ostream& out, const Logged& logged) {
-    if (logged.record == nullptr) return out << "none";
+    if (logged.record == nullptr) {
+        return out << "none";
+    }
     logged.record->toLogStream(out);
     return out;
 }
@@ -48,8 +52,12 @@ void write(std::ostream& out, const std::vector<ConfiguredLimit<Limit>>& limits)
 
 void writeNames(std::ostream& out, const Market& market) {
     out << market.folder << '\n' << market.title << '\n' << market.engineThreads << '\n';
-    for (const std::string& file : market.files) out << "file " << file << '\n';
-    for (const int platform : market.simulationPlatforms) out << "platform " << platform << '\n';
+    for (const std::string& file : market.files) {
+        out << "file " << file << '\n';
+    }
+    for (const int platform : market.simulationPlatforms) {
+        out << "platform " << platform << '\n';
+    }
     for (const MarketPlace& place : market.markets) {
         out << "market " << place.market << ' ' << place.title << ' ' << place.tradeUnit << ' ' << place.foreign
             << '\n';
@@ -69,7 +77,9 @@ void write(std::ostream& out, const Market& market) {
         out << "instrument " << listed.position << ' ' << listed.kindMask << ' ' << listed.types << ' '
             << listed.tradeUnit << ' ' << Logged{listed.record.get()} << '\n';
     }
-    for (const Account& account : market.accounts) write(out, account);
+    for (const Account& account : market.accounts) {
+        write(out, account);
+    }
     write(out, market.stockLimits);
     write(out, market.hgtLimits);
     write(out, market.sgtLimits);
@@ -83,8 +93,12 @@ void write(std::ostream& out, const Market& market) {
 
 std::string textOf(const LoadResult& result) {
     std::ostringstream out;
-    for (const LoadError& error : result.errors) out << error.text(result.market.folder) << '\n';
-    for (const FurtherErrors& further : result.further) out << further.text(result.market.folder) << '\n';
+    for (const LoadError& error : result.errors) {
+        out << error.text(result.market.folder) << '\n';
+    }
+    for (const FurtherErrors& further : result.further) {
+        out << further.text(result.market.folder) << '\n';
+    }
     write(out, result.market);
     return out.str();
 }

@@ -8,13 +8,17 @@ namespace {
 
 std::string text(double rate) {
     const double units = std::trunc(rate * 1e8);
-    if (!(units >= -0x1p63 && units < 0x1p63)) return "-9223372036854775808";
+    if (!(units >= -0x1p63 && units < 0x1p63)) {
+        return "-9223372036854775808";
+    }
     return std::to_string(std::llrint(units));
 }
 
 std::string text(std::initializer_list<double> rates, int tradeUnit) {
     std::string all;
-    for (const double rate : rates) all += text(rate);
+    for (const double rate : rates) {
+        all += text(rate);
+    }
     return all + std::to_string(tradeUnit);
 }
 

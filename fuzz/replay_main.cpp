@@ -34,7 +34,9 @@ std::size_t runAll(const fs::path& place) {
     }
     std::size_t count = 0;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(place)) {
-        if (!entry.is_regular_file()) continue;
+        if (!entry.is_regular_file()) {
+            continue;
+        }
         run(entry.path());
         ++count;
     }
@@ -46,7 +48,9 @@ std::size_t runAll(const fs::path& place) {
 int main(int argc, char** argv) {
     try {
         std::size_t count = 0;
-        for (int i = 1; i < argc; ++i) count += runAll(argv[i]);
+        for (int i = 1; i < argc; ++i) {
+            count += runAll(argv[i]);
+        }
         std::printf("%zu inputs\n", count);
         return count == 0 ? 1 : 0;
     } catch (const std::exception& error) {

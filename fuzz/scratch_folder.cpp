@@ -38,13 +38,17 @@ ScratchFolder::~ScratchFolder() {
 void ScratchFolder::hold(const Files& wanted) {
     fs::remove_all(folder);
     fs::create_directory(folder);
-    for (const auto& [file, text] : wanted) write(file, text);
+    for (const auto& [file, text] : wanted) {
+        write(file, text);
+    }
 }
 
 void ScratchFolder::write(const std::string& file, const std::string& text) const {
     fs::create_directories((folder / file).parent_path());
     const std::unique_ptr<std::FILE, Close> out(std::fopen((folder / file).c_str(), "wb"));
-    if (!out || std::fwrite(text.data(), 1, text.size(), out.get()) != text.size()) fail("cannot write " + file);
+    if (!out || std::fwrite(text.data(), 1, text.size(), out.get()) != text.size()) {
+        fail("cannot write " + file);
+    }
 }
 
 }  // namespace fuzz

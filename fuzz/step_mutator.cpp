@@ -29,7 +29,9 @@ void changeBytes(Step& step) {
 }
 
 void change(History& history, Random& random) {
-    if (history.empty()) history.emplace_back();
+    if (history.empty()) {
+        history.emplace_back();
+    }
     const auto place = history.begin() + anyPlace(history, random);
     const auto other = history.begin() + anyPlace(history, random);
     switch (random() % 6) {
@@ -63,9 +65,13 @@ Step flat(std::uint8_t accounts, const History& history) {
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
                                                unsigned int seed) {
     Random random(seed);
-    if (size == 0 || random() % 2 == 0) return LLVMFuzzerMutate(data, size, maxSize);
+    if (size == 0 || random() % 2 == 0) {
+        return LLVMFuzzerMutate(data, size, maxSize);
+    }
     History history = histories::historyFrom(data + 1, size - 1);
-    for (auto times = 1 + random() % 3; times > 0; --times) change(history, random);
+    for (auto times = 1 + random() % 3; times > 0; --times) {
+        change(history, random);
+    }
     const Step bytes = flat(data[0], history);
     const std::size_t newSize = std::min(bytes.size(), maxSize);
     std::copy_n(bytes.begin(), newSize, data);

@@ -21,9 +21,13 @@ std::vector<std::string> rateColumnNames(const Market& market, cost::Family char
     std::vector<std::string> names;
     const auto named = market.rateNames.find(rates.name);
     if (named == market.rateNames.end()) {
-        for (const RateField& rate : rates.rates) names.emplace_back(rate.column);
+        for (const RateField& rate : rates.rates) {
+            names.emplace_back(rate.column);
+        }
     } else {
-        for (const RateName& rate : named->second) names.push_back(rate.column);
+        for (const RateName& rate : named->second) {
+            names.push_back(rate.column);
+        }
     }
     return names;
 }

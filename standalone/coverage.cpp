@@ -6,7 +6,9 @@ namespace standalone {
 namespace {
 
 std::string refusalOf(cost::Date day, const cost::DateRange& known, const std::string& schedules) {
-    if (known.contains(day)) return {};
+    if (known.contains(day)) {
+        return {};
+    }
     return fmt::format("{} are known {}, and {} lies outside; ask for a day within", schedules, known.text(),
                        day.text());
 }

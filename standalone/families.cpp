@@ -30,7 +30,9 @@ RateFields ownColumns(const Rates& list) {
 template <class Rates>
 RateFields withColumns(const Rates& list, std::array<const char*, std::tuple_size_v<Rates>> columns) {
     RateFields fields = ownColumns(list);
-    for (std::size_t i = 0; i < columns.size(); ++i) fields[i].column = columns[i];
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        fields[i].column = columns[i];
+    }
     return fields;
 }
 
@@ -126,7 +128,9 @@ const std::vector<Family>& families() {
 const Family& family(std::string_view name) {
     const auto found =
         std::find_if(families().begin(), families().end(), [&](const Family& each) { return each.name == name; });
-    if (found == families().end()) throw std::out_of_range("there is no family " + std::string(name));
+    if (found == families().end()) {
+        throw std::out_of_range("there is no family " + std::string(name));
+    }
     return *found;
 }
 

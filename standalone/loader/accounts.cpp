@@ -18,7 +18,9 @@ const std::string kAccountsFile = "accounts.csv";
 const Words& kindWords() {
     static const Words words = [] {
         Words all;
-        for (const AccountKind& kind : accountKinds()) all.emplace_back(kind.name, kind.kind);
+        for (const AccountKind& kind : accountKinds()) {
+            all.emplace_back(kind.name, kind.kind);
+        }
         return all;
     }();
     return words;

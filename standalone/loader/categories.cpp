@@ -33,7 +33,9 @@ void checkName(Load& load, const std::string& file, const ReadRule& read,
     const auto sameNumber = load.categories.system.find(line.category);
     if (sameNumber != load.categories.system.end()) {
         const CategoryRule& first = load.market.categories[sameNumber->second];
-        if (first.name.empty() || first.name == line.name) return;
+        if (first.name.empty() || first.name == line.name) {
+            return;
+        }
         load.errors.add({file, read.position.line, "name"}, ErrorKind::kRepeated, [&] {
             return fmt::format("{} is named {} here but {} at {}; give it one name", numbered(line.category),
                                inQuotes(line.name), inQuotes(first.name), load.market.where(first.position));
@@ -41,7 +43,9 @@ void checkName(Load& load, const std::string& file, const ReadRule& read,
         return;
     }
     const auto sameName = names.find(line.name);
-    if (sameName == names.end()) return;
+    if (sameName == names.end()) {
+        return;
+    }
     const CategoryRule& first = load.market.categories[sameName->second];
     load.errors.add({file, read.position.line, "name"}, ErrorKind::kRepeated, [&] {
         return fmt::format("{} is named {}, but so is {} at {}; give it another name", numbered(line.category),
@@ -79,7 +83,9 @@ void readCategoryName(RuleLine& line, TableCell& cell) {
 
 void readSystemCategories(Load& load) {
     const std::string& file = kSystemFile;
-    if (!isThere(load, file, load.categories.membersComplete)) return;
+    if (!isThere(load, file, load.categories.membersComplete)) {
+        return;
+    }
     const RuleColumn name{"name", ColumnNeed::kFilled, readCategoryName};
     const std::vector<RuleColumn> columns{numberColumn("category", &RuleLine::category), name,
                                           marketColumn(load, ColumnNeed::kOptional), codeColumn(ColumnNeed::kOptional),
@@ -97,7 +103,9 @@ template <class Subject, class Text>
 bool isFirst(Load& load, const std::string& file, const ReadRule& read, const Subject& subject, const Text& text,
              FirstLines<Subject>& lines) {
     const std::optional<Position> before = lines.before(subject, read.position);
-    if (!before) return true;
+    if (!before) {
+        return true;
+    }
     load.errors.add({file, read.position.line, "category"}, ErrorKind::kRepeated, [&] {
         return fmt::format("{} already at {}; remove one of the lines", text(), load.market.where(*before));
     });
@@ -117,13 +125,17 @@ void addMember(Load& load, const std::string& file, const ReadRule& read, FirstL
     const auto text = [&] {
         return fmt::format("{} {} is in {}", line.market, inQuotes(line.code), numbered(line.category));
     };
-    if (!place || !isFirst(load, file, read, {line.category, *place}, text, lines)) return;
+    if (!place || !isFirst(load, file, read, {line.category, *place}, text, lines)) {
+        return;
+    }
     members.push_back(utils::voStockKey(line.market, line.code));
 }
 
 void readCustomCategories(Load& load) {
     const std::string file = "custom_categories.csv";
-    if (!isThere(load, file, load.categories.membersComplete)) return;
+    if (!isThere(load, file, load.categories.membersComplete)) {
+        return;
+    }
     const std::vector<RuleColumn> columns{numberColumn("category", &RuleLine::category),
                                           marketColumn(load, ColumnNeed::kFilled), codeColumn(ColumnNeed::kFilled)};
     FirstLines<Member> lines;
@@ -144,7 +156,9 @@ void addPart(Load& load, const std::string& file, const ReadRule& read, FirstLin
     }
     auto& parts = load.categories.groups[line.group];
     const auto text = [&] { return numbered(line.category) + " is a part of the group " + std::to_string(line.group); };
-    if (line.category == 0 || !isFirst(load, file, read, {line.group, line.category}, text, lines)) return;
+    if (line.category == 0 || !isFirst(load, file, read, {line.group, line.category}, text, lines)) {
+        return;
+    }
     qmservice::CGroupCategorySubInfo part;
     part.category = line.category;
     part.excluded = line.excluded;
@@ -153,7 +167,9 @@ void addPart(Load& load, const std::string& file, const ReadRule& read, FirstLin
 
 void readGroupCategories(Load& load) {
     const std::string& file = kGroupsFile;
-    if (!isThere(load, file, load.categories.groupsComplete)) return;
+    if (!isThere(load, file, load.categories.groupsComplete)) {
+        return;
+    }
     static const Words modes{{"include", 0}, {"exclude", 1}};
     const std::vector<RuleColumn> columns{
         {"group", ColumnNeed::kFilled,

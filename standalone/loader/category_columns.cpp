@@ -30,7 +30,9 @@ std::string missingTable(const Load& load, int category, bool mayBeGroup) {
 
 void readCategory(const Load& load, TableCell& cell, const CategoryChoice& choice, bool complete, int& category) {
     int number = 0;
-    if (!readInteger(cell, 1, std::numeric_limits<int>::max(), number)) return;
+    if (!readInteger(cell, 1, std::numeric_limits<int>::max(), number)) {
+        return;
+    }
     if (choice.known(number)) {
         category = number;
     } else if (const std::string table = missingTable(load, number, choice.groups); !table.empty()) {
@@ -55,7 +57,9 @@ RuleColumn feeCategoryColumn(const Load& load, const std::string& kinds, bool gr
                 const bool complete = all.membersComplete && all.groupsComplete;
                 int category = 0;
                 readCategory(load, cell, choice, complete, category);
-                if (category == 0) return;
+                if (category == 0) {
+                    return;
+                }
                 if (tested(category)) {
                     line.category = category;
                 } else if (complete) {

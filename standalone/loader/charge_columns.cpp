@@ -30,7 +30,9 @@ template <class Enum>
 ChargeColumn wordColumn(const char* name, Enum Term::*field) {
     return {name, ColumnNeed::kFilled, [field](Term& term, TableCell& cell) {
                 int word = 0;
-                if (readWord(cell, words<Enum>(), word)) term.*field = static_cast<Enum>(word);
+                if (readWord(cell, words<Enum>(), word)) {
+                    term.*field = static_cast<Enum>(word);
+                }
             }};
 }
 

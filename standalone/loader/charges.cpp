@@ -32,7 +32,9 @@ public:
         const bool complete =
             readTable<Term>(load, kChargesFile, chargeColumns(load), [&](ReadCharge& read) { take(read); });
         // What a line that could not be read would have charged is not known, so that lines are not compared.
-        if (complete && allWhole) compareLines();
+        if (complete && allWhole) {
+            compareLines();
+        }
     }
 
 private:
@@ -40,8 +42,12 @@ private:
         read.line.where = load.market.where(read.position);
         read.whole = read.whole && daysAreInOrder(load, kChargesFile, read.position, read.line.dates);
         allWhole = allWhole && read.whole;
-        if (!read.whole) return;
-        for (const std::string& fault : cost::faultsOf(read.line)) report(read.position, "", fault);
+        if (!read.whole) {
+            return;
+        }
+        for (const std::string& fault : cost::faultsOf(read.line)) {
+            report(read.position, "", fault);
+        }
         checkCharge(read);
         checkAccount(read);
         checkInstruments(read);
@@ -65,7 +71,9 @@ private:
         const Term& term = read.line;
         const std::vector<std::string> rates = rateColumnNames(load.market, term.family);
         const bool isRate = std::find(rates.begin(), rates.end(), term.charge) != rates.end();
-        if (!load.ratesComplete || isRate != term.rate.has_value()) return;
+        if (!load.ratesComplete || isRate != term.rate.has_value()) {
+            return;
+        }
         report(read.position, "charge",
                isRate
                    ? fmt::format("column charge holds {}, a rate of the fee center, and column rate {}, but only a "
@@ -90,10 +98,16 @@ private:
 
     void checkAccount(const ReadCharge& read) {
         const Term& term = read.line;
-        if (cost::pattern(term.account).empty() || !load.accounts.complete) return;
+        if (cost::pattern(term.account).empty() || !load.accounts.complete) {
+            return;
+        }
         const auto [known, isNew] = accountsThere.try_emplace({term.family, term.account}, false);
-        if (isNew) known->second = hasAccount(term);
-        if (known->second) return;
+        if (isNew) {
+            known->second = hasAccount(term);
+        }
+        if (known->second) {
+            return;
+        }
         report(read.position, "account",
                fmt::format("column account holds {}, but no such account of accounts.csv trades in family {}; correct "
                            "the account or the family",
@@ -117,10 +131,16 @@ private:
         const Term& term = read.line;
         const bool isAny = cost::pattern(term.market).empty() && cost::pattern(term.code).empty() &&
                            cost::pattern(term.product).empty();
-        if (isAny || !load.instrumentsWhole) return;
+        if (isAny || !load.instrumentsWhole) {
+            return;
+        }
         const auto [known, isNew] = instrumentsThere.try_emplace({term.family, term.market, term.code, term.product});
-        if (isNew) known->second = hasInstrument(term);
-        if (known->second) return;
+        if (isNew) {
+            known->second = hasInstrument(term);
+        }
+        if (known->second) {
+            return;
+        }
         report(read.position, "",
                fmt::format("the line matches no instrument: none of the list {} has the market {}, the code {} and the "
                            "product {}; correct the line or remove it",
@@ -141,7 +161,9 @@ private:
 }  // namespace
 
 void readCharges(Load& load) {
-    if (load.hasFile(kChargesFile)) ChargesReader(load).read();
+    if (load.hasFile(kChargesFile)) {
+        ChargesReader(load).read();
+    }
 }
 
 }  // namespace standalone::loader

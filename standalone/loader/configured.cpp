@@ -13,7 +13,9 @@ bool isFirst(Load& load, const std::string& file, const ReadRule& read, std::siz
              FirstLines<std::size_t>& lines) {
     const cost::DateRange& days = read.line.days;
     const std::optional<Position> before = lines.before(place, read.position, days);
-    if (!before) return true;
+    if (!before) {
+        return true;
+    }
     load.errors.add({file, read.position.line, "code"}, ErrorKind::kRepeated, [&] {
         const std::string first = fmt::format("the instrument {} {} has a line already at {}", read.line.market,
                                               inQuotes(read.line.code), load.market.where(*before));
@@ -49,7 +51,9 @@ void readLimits(Load& load, const Family& family) {
 
 void readConfiguredLimits(Load& load) {
     for (const Family& family : families()) {
-        if (family.isConfigured) readLimits(load, family);
+        if (family.isConfigured) {
+            readLimits(load, family);
+        }
     }
 }
 

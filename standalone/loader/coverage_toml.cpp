@@ -17,7 +17,9 @@ void readRange(TomlSection& section, cost::DateRange& days) {
 
 /// Days that end before they begin are every day for whoever is compared with them: the error has been reported.
 void refuseEmptyRange(TomlSection& section, cost::DateRange& days) {
-    if (!days.from || !days.until || *days.from <= *days.until) return;
+    if (!days.from || !days.until || *days.from <= *days.until) {
+        return;
+    }
     section.refuse(ErrorKind::kDays, "until",
                    fmt::format("holds {}, but a day not before {} was expected; correct one of them",
                                days.until->text(), days.from->text()));
@@ -32,7 +34,9 @@ void readFamilyDays(Load& load, const toml::table& table, const std::string& fam
     section.refuseOtherKeys();
     refuseEmptyRange(section, days);
     const auto refuseWider = [&](const char* key, const std::optional<cost::Date>& day) {
-        if (!day || folderDays.contains(*day)) return;
+        if (!day || folderDays.contains(*day)) {
+            return;
+        }
         section.refuse(ErrorKind::kDays, key,
                        fmt::format("holds {}, but the folder is covered {}; a family's days lie within; correct one "
                                    "of them",
@@ -51,7 +55,9 @@ void readCoverage(Load& load, const toml::table& table) {
         const std::string family(cost::wordFor(static_cast<cost::Family>(i)));
         known.familyDays[i] = known.days;
         const toml::table* narrower = coverage.readTable(family, KeyNeed::kOptional);
-        if (narrower != nullptr) readFamilyDays(load, *narrower, family, known.familyDays[i]);
+        if (narrower != nullptr) {
+            readFamilyDays(load, *narrower, family, known.familyDays[i]);
+        }
     }
     coverage.refuseOtherKeys();
 }
@@ -61,7 +67,9 @@ void readCoverage(Load& load, const toml::table& table) {
 void readDays(Load& load, TomlSection& root) {
     root.readDay("as_of", KeyNeed::kOptional, load.asOf);
     const toml::table* table = root.readTable("coverage", KeyNeed::kOptional);
-    if (table == nullptr) return;
+    if (table == nullptr) {
+        return;
+    }
     readCoverage(load, *table);
     if (load.asOf && !load.coverage.days.contains(*load.asOf)) {
         root.refuse(ErrorKind::kDays, "as_of",

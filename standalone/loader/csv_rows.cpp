@@ -17,7 +17,9 @@ std::vector<std::size_t> startsOfLines(std::string_view text) {
     for (std::size_t start = 0; start < text.size();) {
         starts.push_back(start);
         const std::size_t end = text.find('\n', start);
-        if (end == std::string_view::npos) break;
+        if (end == std::string_view::npos) {
+            break;
+        }
         start = end + 1;
     }
     return starts;
@@ -25,7 +27,9 @@ std::vector<std::size_t> startsOfLines(std::string_view text) {
 
 std::string_view firstCharacter(std::string_view text) {
     std::size_t length = 1;
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) ++length;
+    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) {
+        ++length;
+    }
     return text.substr(0, length);
 }
 
@@ -62,15 +66,23 @@ std::string_view CsvRows::line(std::size_t number) const {
     const std::size_t start = lineStarts[number - 1];
     const std::size_t end = number < lineStarts.size() ? lineStarts[number] : text.size();
     std::string_view found = text.substr(start, end - start);
-    while (!found.empty() && (found.back() == '\n' || found.back() == '\r')) found.remove_suffix(1);
+    while (!found.empty() && (found.back() == '\n' || found.back() == '\r')) {
+        found.remove_suffix(1);
+    }
     return found;
 }
 
 bool CsvRows::feed(std::string_view part, std::size_t& taken) {
     taken = csv_parse(&parser, part.data(), part.size(), onCell, onRow, this);
-    if (failure) std::rethrow_exception(std::exchange(failure, nullptr));
-    if (taken == part.size()) return true;
-    if (csv_error(&parser) != CSV_EPARSE) throw std::bad_alloc();
+    if (failure) {
+        std::rethrow_exception(std::exchange(failure, nullptr));
+    }
+    if (taken == part.size()) {
+        return true;
+    }
+    if (csv_error(&parser) != CSV_EPARSE) {
+        throw std::bad_alloc();
+    }
     return false;
 }
 
@@ -116,15 +128,23 @@ bool CsvRows::next(CsvRow& row) {
     while (lineNumber < lineStarts.size()) {
         const std::string_view lineText = line(++lineNumber);
         if (current.line == 0) {
-            if (isBlank(lineText)) continue;
+            if (isBlank(lineText)) {
+                continue;
+            }
             current.line = cellLine = static_cast<std::uint32_t>(lineNumber);
         }
-        if (!feedLine(lineText)) return fail(row, std::move(fault));
-        if (!rowDone) continue;
+        if (!feedLine(lineText)) {
+            return fail(row, std::move(fault));
+        }
+        if (!rowDone) {
+            continue;
+        }
         row = std::move(current);
         return true;
     }
-    if (current.line == 0) return false;
+    if (current.line == 0) {
+        return false;
+    }
     return fail(row, "the quoted cell that begins here is never closed; add the closing quote");
 }
 

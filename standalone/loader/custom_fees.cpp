@@ -31,7 +31,9 @@ std::vector<RuleColumn> customTableColumns(const Load& load, const std::string& 
 void readCustomTable(Load& load, const Family& family) {
     const std::string file = family.customTable();
     readRateTable(load, file, family, customTableColumns(load, file, family), [&](const ReadRule& read) {
-        if (!read.whole) return;
+        if (!read.whole) {
+            return;
+        }
         load.accountLines[*read.line.account].customFees.push_back({&family, read.line, read.position});
     });
 }
@@ -40,7 +42,9 @@ void readCustomTable(Load& load, const Family& family) {
 
 // The commission details of a fee come before its margin details, as the families do.
 void readCustomFees(Load& load) {
-    for (const Family& family : families()) readCustomTable(load, family);
+    for (const Family& family : families()) {
+        readCustomTable(load, family);
+    }
 }
 
 }  // namespace standalone::loader

@@ -17,7 +17,9 @@ bool readDay(TableCell& cell, std::optional<cost::Date>& day) {
 }
 
 bool daysAreInOrder(Load& load, const std::string& file, Position position, const cost::DateRange& days) {
-    if (!days.from || !days.until || *days.from <= *days.until) return true;
+    if (!days.from || !days.until || *days.from <= *days.until) {
+        return true;
+    }
     load.errors.add({file, position.line, "until"}, ErrorKind::kDays, [&] {
         return fmt::format(
             "column until holds {}, which is before the {} of column from, but a line is in force from one day until "

@@ -31,7 +31,9 @@ bool ErrorLog::isAmongFirst(const ErrorPlace& place) const {
 void ErrorLog::keep(const ErrorPlace& place, ErrorKind kind, const std::string& message) {
     const auto behind = std::upper_bound(first.begin(), first.end(), place, comesBefore<ErrorPlace, LoadError>);
     first.insert(behind, {std::string(place.file), place.line, std::string(place.column), kind, printable(message)});
-    if (first.size() <= kMostErrors) return;
+    if (first.size() <= kMostErrors) {
+        return;
+    }
     const LoadError last = std::move(first.back());
     first.pop_back();
     countOnly(last.file, last.line, last.kind);
@@ -39,7 +41,9 @@ void ErrorLog::keep(const ErrorPlace& place, ErrorKind kind, const std::string& 
 
 void ErrorLog::countOnly(std::string_view file, std::size_t line, ErrorKind kind) {
     FurtherErrors& same = others[kind];
-    if (same.count++ != 0 && !comesBefore(file, line, same.file, same.line)) return;
+    if (same.count++ != 0 && !comesBefore(file, line, same.file, same.line)) {
+        return;
+    }
     same.kind = kind;
     same.file = file;
     same.line = line;

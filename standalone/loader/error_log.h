@@ -40,7 +40,9 @@ public:
     /// Notes an error of a file as a whole, unless it has been noted.
     template <class Sentence>
     void addOnce(const ErrorPlace& place, ErrorKind kind, const Sentence& sentence) {
-        if (once.emplace(place.file, kind).second) add(place, kind, sentence);
+        if (once.emplace(place.file, kind).second) {
+            add(place, kind, sentence);
+        }
     }
 
     /// Hands out the errors in that order; those of one line stay in the order in which they were found.

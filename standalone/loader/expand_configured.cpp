@@ -21,7 +21,9 @@ void addLimit(const ConfiguredLine& kept, Market& market) {
 void expandConfiguredLimits(const CheckedFolder& folder, cost::Date day, Market& market) {
     forEachInForce(folder.configuredLines, day, [&](const ConfiguredLine& kept) {
         visitRecords(kept.family->records, [&](auto records) {
-            if constexpr (decltype(records)::kHasLimit) addLimit<decltype(records)>(kept, market);
+            if constexpr (decltype(records)::kHasLimit) {
+                addLimit<decltype(records)>(kept, market);
+            }
         });
     });
 }

@@ -20,7 +20,9 @@ void setOwnFields(Limit& /*limit*/, const RateLine& /*line*/) {}
 
 /// A fee item; a line of the other families that have limits of this class names none.
 void setOwnFields(CCustomStkExchangeRateLimit& limit, const RateLine& line) {
-    if (line.item.empty()) return;
+    if (line.item.empty()) {
+        return;
+    }
     limit.optionFirstKeyCode = static_cast<unsigned char>(line.item[0]);
     limit.optionSecondKeyCode = static_cast<unsigned char>(line.item[1]);
     limit.optionThirdKeyCode = static_cast<unsigned char>(line.item[2]);
@@ -35,7 +37,9 @@ template <class Limit>
 void setCategories(Limit& limit, const CategoryRegister& categories, int category) {
     limit.customCategories = categories.custom;
     const auto group = categories.groups.find(category);
-    if (group == categories.groups.end()) return;
+    if (group == categories.groups.end()) {
+        return;
+    }
     for (const CGroupCategorySubInfo& part : group->second) {
         limit.groupCategories.push_back(boost::make_shared<CGroupCategorySubInfo>(part));
     }
@@ -44,7 +48,9 @@ void setCategories(Limit& limit, const CategoryRegister& categories, int categor
 // The kind of an account decides which tables it may stand in, so that all lines of an update are of one class.
 template <class Fee>
 Fee& feeOf(CustomFee& customFee) {
-    if (!customFee.record) customFee.record = boost::make_shared<Fee>();
+    if (!customFee.record) {
+        customFee.record = boost::make_shared<Fee>();
+    }
     return static_cast<Fee&>(*customFee.record);
 }
 
@@ -69,7 +75,9 @@ void expandCustomFees(const CheckedFolder& folder, cost::Date day, std::size_t a
         visitRecords(kept.family->records,
                      [&](auto records) { addEntry<decltype(records)>(folder.categories, kept, fees); });
     });
-    for (auto& [update, fee] : fees) market.accounts[account].customFees.push_back(std::move(fee));
+    for (auto& [update, fee] : fees) {
+        market.accounts[account].customFees.push_back(std::move(fee));
+    }
 }
 
 }  // namespace standalone::loader

@@ -6,7 +6,9 @@ namespace {
 
 std::vector<RuleColumn> feeTableColumns(const Load& load, const std::string& file, const Family& family) {
     std::vector<RuleColumn> keys = feeKeyColumns(load, file, family);
-    if (family.records != RateRecords::kMargin) return keys;
+    if (family.records != RateRecords::kMargin) {
+        return keys;
+    }
     return joined(std::move(keys), {hedgeFlagColumn(), marginModeColumn()});
 }
 
@@ -14,7 +16,9 @@ void readFeeTable(Load& load, const Family& family) {
     const std::string file = family.feeTable();
     readRateTable(load, file, family, feeTableColumns(load, file, family), [&](const ReadRule& read) {
         Places places = matchInstruments(load, file, read, family.lists);
-        if (!read.whole || !places) return;
+        if (!read.whole || !places) {
+            return;
+        }
         load.accountLines[*read.line.account].fees.push_back({{&family, read.line, read.position}, std::move(places)});
     });
 }
@@ -23,7 +27,9 @@ void readFeeTable(Load& load, const Family& family) {
 
 void readFees(Load& load) {
     for (const Family& family : families()) {
-        if (!family.feeAccounts.empty()) readFeeTable(load, family);
+        if (!family.feeAccounts.empty()) {
+            readFeeTable(load, family);
+        }
     }
 }
 

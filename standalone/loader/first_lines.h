@@ -24,7 +24,9 @@ public:
         const auto behind = lines.upper_bound({subject, end(days)});
         if (behind != lines.begin()) {
             const auto& [key, kept] = *std::prev(behind);
-            if (key.first == subject && !(kept.until < first)) return kept.line;
+            if (key.first == subject && !(kept.until < first)) {
+                return kept.line;
+            }
         }
         lines.emplace(std::make_pair(subject, first), Kept{end(days), line});
         return std::nullopt;

@@ -29,8 +29,12 @@ std::vector<KnownFolder> makeKnownFolders() {
     KnownFolder custom{"custom/", {}};
     for (const Family& family : families()) {
         const std::string file = std::string(family.name) + ".csv";
-        if (!family.feeAccounts.empty()) fees.files.push_back(file);
-        if (family.isConfigured) configured.files.push_back(file);
+        if (!family.feeAccounts.empty()) {
+            fees.files.push_back(file);
+        }
+        if (family.isConfigured) {
+            configured.files.push_back(file);
+        }
         custom.files.push_back(file);
     }
     return {{"",
@@ -62,7 +66,9 @@ std::vector<std::string> namesIn(const fs::path& folder, std::error_code& error)
     std::vector<std::string> names;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
         const std::string name = entry->path().filename().string();
-        if (!leftAlone(name)) names.push_back(name);
+        if (!leftAlone(name)) {
+            names.push_back(name);
+        }
     }
     std::sort(names.begin(), names.end());
     return names;
@@ -75,8 +81,12 @@ public:
     bool run() {
         std::error_code error;
         const std::vector<std::string> names = namesIn(load.folder, error);
-        if (error) return refuseFolder(error);
-        for (const std::string& name : names) visitTop(name);
+        if (error) {
+            return refuseFolder(error);
+        }
+        for (const std::string& name : names) {
+            visitTop(name);
+        }
         reportMissing();
         return true;
     }
@@ -111,13 +121,17 @@ private:
         std::error_code error;
         const std::vector<std::string> names = namesIn(load.folder / name, error);
         if (error) {
-            if (name == kInstruments) isWhole = false;
+            if (name == kInstruments) {
+                isWhole = false;
+            }
             load.errors.add({name}, ErrorKind::kUnreadable,
                             error == std::errc::not_a_directory
                                 ? "there is a file where a folder of this name was expected; rename it or remove it"
                                 : "the folder cannot be read (" + error.message() + "); make it readable");
         }
-        for (const std::string& file : names) visitFile(folder, file);
+        for (const std::string& file : names) {
+            visitFile(folder, file);
+        }
     }
 
     void visitFile(const KnownFolder& folder, const std::string& file) {
@@ -137,7 +151,9 @@ private:
         std::vector<std::string> names = folder.files;
         if (folder.name.empty()) {
             for (const KnownFolder& known : knownFolders()) {
-                if (!known.name.empty()) names.push_back(known.name.substr(0, known.name.size() - 1));
+                if (!known.name.empty()) {
+                    names.push_back(known.name.substr(0, known.name.size() - 1));
+                }
             }
         }
         const std::string expected = folder.files.empty() ? "tables ending in .csv" : oneOf(names);
@@ -149,10 +165,14 @@ private:
 
     void reportMissing() {
         for (const std::string name : {"market.toml", "accounts.csv"}) {
-            if (!load.lacks(name)) continue;
+            if (!load.lacks(name)) {
+                continue;
+            }
             load.errors.add({name}, ErrorKind::kMissingFile, "the file is missing, but it is needed; add it");
         }
-        if (!load.instrumentFiles.empty() || !load.lacks(kInstruments) || !isWhole) return;
+        if (!load.instrumentFiles.empty() || !load.lacks(kInstruments) || !isWhole) {
+            return;
+        }
         load.errors.add({kInstruments}, ErrorKind::kMissingFile,
                         "there is no table of instruments; add at least one file instruments/*.csv");
     }

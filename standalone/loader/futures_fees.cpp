@@ -43,16 +43,22 @@ FeeRecord FuturesFees::record(const Account& account, std::size_t place, const F
     made->instrument = market.instruments[place].record;
     made->commissionDetail = fee.commission.detail;
     for (const Placed<CMarginRateDetail>& margin : fee.margins) {
-        if (!margin.detail) continue;
+        if (!margin.detail) {
+            continue;
+        }
         made->marginDetails.push_back(margin.detail);
         placed.margins.push_back(margin.position);
     }
-    if (!fee.commission.detail) placed.position = placed.margins.front();
+    if (!fee.commission.detail) {
+        placed.position = placed.margins.front();
+    }
     return placed;
 }
 
 void FuturesFees::addRecords(Account& account) const {
-    for (const auto& [place, fee] : fees) account.fees.push_back(record(account, place, fee));
+    for (const auto& [place, fee] : fees) {
+        account.fees.push_back(record(account, place, fee));
+    }
 }
 
 }  // namespace standalone::loader

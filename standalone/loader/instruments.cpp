@@ -83,7 +83,9 @@ std::vector<InstrumentColumn> instrumentColumns(const Load& load) {
 }
 
 int tradeUnitOf(const Load& load, const InstrumentLine& line) {
-    if (line.tradeUnit != 0) return line.tradeUnit;
+    if (line.tradeUnit != 0) {
+        return line.tradeUnit;
+    }
     const std::size_t* market = load.markets.find(line.record.market);
     return market == nullptr ? 0 : load.market.markets[*market].tradeUnit;
 }

@@ -60,7 +60,9 @@ struct AccountLines {
 template <class Line, class Apply>
 void forEachInForce(const std::vector<Line>& lines, cost::Date day, const Apply& apply) {
     for (const Line& line : lines) {
-        if (line.line.days.contains(day)) apply(line);
+        if (line.line.days.contains(day)) {
+            apply(line);
+        }
     }
 }
 

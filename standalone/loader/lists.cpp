@@ -22,7 +22,9 @@ struct NamedList {
 std::vector<NamedList> namedLists() {
     std::vector<NamedList> lists;
     for (const Family& family : families()) {
-        if (family.lists.kindMask != 0) lists.push_back({family.name, family.lists});
+        if (family.lists.kindMask != 0) {
+            lists.push_back({family.name, family.lists});
+        }
     }
     std::sort(lists.begin(), lists.end(),
               [](const NamedList& one, const NamedList& other) { return one.bits.kindMask < other.bits.kindMask; });
@@ -38,7 +40,9 @@ const std::vector<NamedList>& allLists() {
 
 std::vector<std::string> allNames() {
     std::vector<std::string> names;
-    for (const NamedList& list : allLists()) names.emplace_back(list.name);
+    for (const NamedList& list : allLists()) {
+        names.emplace_back(list.name);
+    }
     return names;
 }
 

@@ -52,7 +52,9 @@ constexpr std::array<KindText, 30> kKinds{{
 
 constexpr bool isInOrder() {
     for (std::size_t i = 0; i < kKinds.size(); ++i) {
-        if (kKinds[i].kind != static_cast<ErrorKind>(i)) return false;
+        if (kKinds[i].kind != static_cast<ErrorKind>(i)) {
+            return false;
+        }
     }
     return kKinds.back().kind == ErrorKind::kRepeated;
 }
@@ -62,8 +64,12 @@ const KindText& textOf(ErrorKind kind) { return kKinds.at(static_cast<std::size_
 
 std::string pathOf(const std::string& folder, const std::string& file) {
     namespace fs = std::filesystem;
-    if (!file.empty()) return (fs::path(folder) / file).string();
-    if (folder.empty()) return "\"\"";
+    if (!file.empty()) {
+        return (fs::path(folder) / file).string();
+    }
+    if (folder.empty()) {
+        return "\"\"";
+    }
     std::error_code noDirectory;
     const fs::path whole = fs::absolute(folder, noDirectory);
     return noDirectory ? folder : whole.string();

@@ -34,13 +34,19 @@ void readFolder(Load& load) {
 }
 
 void addChanges(std::set<cost::Date>& changes, const cost::DateRange& days) {
-    if (days.from) changes.insert(*days.from);
-    if (const auto after = days.until ? days.until->next() : std::nullopt) changes.insert(*after);
+    if (days.from) {
+        changes.insert(*days.from);
+    }
+    if (const auto after = days.until ? days.until->next() : std::nullopt) {
+        changes.insert(*after);
+    }
 }
 
 template <class Line>
 void addChanges(std::set<cost::Date>& changes, const std::vector<Line>& lines) {
-    for (const Line& kept : lines) addChanges(changes, kept.line.days);
+    for (const Line& kept : lines) {
+        addChanges(changes, kept.line.days);
+    }
 }
 
 std::vector<cost::Date> changeDates(const CheckedFolder& folder) {
@@ -50,7 +56,9 @@ std::vector<cost::Date> changeDates(const CheckedFolder& folder) {
         addChanges(changes, account.fees);
         addChanges(changes, account.customFees);
     }
-    for (const cost::Term& term : folder.schedule.terms()) addChanges(changes, term.dates);
+    for (const cost::Term& term : folder.schedule.terms()) {
+        addChanges(changes, term.dates);
+    }
     changes.erase(cost::Date());  // the first of all days ends no interval
     return {changes.begin(), changes.end()};
 }
@@ -74,7 +82,9 @@ FolderResult loadFolder(const std::string& folder) {
     loader::Load load;
     load.folder = folder;
     load.market.folder = folder;
-    if (loader::scanFolder(load)) loader::readFolder(load);
+    if (loader::scanFolder(load)) {
+        loader::readFolder(load);
+    }
     FolderResult result;
     load.errors.take(result);
     result.folder = result.ok() ? loader::finished(load) : MarketFolder(folder);

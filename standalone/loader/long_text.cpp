@@ -12,9 +12,13 @@ constexpr std::size_t kMostCharacters = 1000;
 }  // namespace
 
 std::string tooLong(std::string_view text) {
-    if (text.size() <= kMostCharacters) return {};
+    if (text.size() <= kMostCharacters) {
+        return {};
+    }
     const std::size_t count = characters(text);
-    if (count <= kMostCharacters) return {};
+    if (count <= kMostCharacters) {
+        return {};
+    }
     return fmt::format(" of {} characters, but at most {} are taken; shorten it", count, kMostCharacters);
 }
 

@@ -27,7 +27,9 @@ constexpr int kHighest = std::numeric_limits<int>::max();
 
 void readEngine(Load& load, TomlSection& root) {
     const toml::table* table = root.readTable("engine", KeyNeed::kOptional);
-    if (table == nullptr) return;
+    if (table == nullptr) {
+        return;
+    }
     TomlSection engine(*table, "engine", kMarketFile, load.errors);
     engine.readInteger("threads", KeyNeed::kOptional, 1, kMostThreads, load.market.engineThreads);
     engine.refuseOtherKeys();
@@ -35,7 +37,9 @@ void readEngine(Load& load, TomlSection& root) {
 
 void readPlatforms(Load& load, TomlSection& root) {
     const toml::table* table = root.readTable("platforms", KeyNeed::kOptional);
-    if (table == nullptr) return;
+    if (table == nullptr) {
+        return;
+    }
     TomlSection platforms(*table, "platforms", kMarketFile, load.errors);
     platforms.readIntegers("simulation", kLowest, kHighest, load.market.simulationPlatforms);
     platforms.refuseOtherKeys();
@@ -59,7 +63,9 @@ void readMarket(Load& load, TomlSection& markets, const std::string& name) {
     MarketPlace& place = load.market.markets.emplace_back();
     place.market = name;
     const toml::table* table = markets.readTable(name, KeyNeed::kNeeded);
-    if (table == nullptr) return;
+    if (table == nullptr) {
+        return;
+    }
     TomlSection section(*table, "markets." + name, kMarketFile, load.errors);
     section.readText("title", KeyNeed::kNeeded, place.title);
     section.readInteger("trade_unit", KeyNeed::kNeeded, 1, kHighest, place.tradeUnit);
@@ -70,11 +76,16 @@ void readMarket(Load& load, TomlSection& markets, const std::string& name) {
 void readMarkets(Load& load, TomlSection& root) {
     const toml::table* table = root.readTable("markets", KeyNeed::kNeeded);
     load.markets.complete = table != nullptr && !table->empty();
-    if (table == nullptr) return;
+    if (table == nullptr) {
+        return;
+    }
     TomlSection markets(*table, "markets", kMarketFile, load.errors);
-    for (const std::string& name : markets.keys()) readMarket(load, markets, name);
-    if (table->empty())
+    for (const std::string& name : markets.keys()) {
+        readMarket(load, markets, name);
+    }
+    if (table->empty()) {
         root.refuse(ErrorKind::kMissingKey, "markets", "has no market, but at least one was expected; add one");
+    }
 }
 
 /// Whether the tables of rates, or the answers that show rates, use the name for a column of their own.
@@ -125,7 +136,9 @@ void refuseSharedColumns(TomlSection& family, const std::vector<RateName>& rates
     std::unordered_map<std::string, std::string> fields;
     for (const RateName& rate : rates) {
         const auto [first, isNew] = fields.emplace(rate.column, rate.field);
-        if (isNew) continue;
+        if (isNew) {
+            continue;
+        }
         family.refuse(ErrorKind::kKeyValue, rate.field,
                       fmt::format("has the column {}, which {} has already; choose another", inQuotes(rate.column),
                                   first->second));
@@ -136,13 +149,19 @@ void readFamily(Load& load, TomlSection& named, const Family& family) {
     const std::string name = family.name;
     std::vector<RateName>& rates = load.market.rateNames[name];
     const toml::table* table = named.readTable(name, KeyNeed::kOptional);
-    if (table == nullptr) return;
+    if (table == nullptr) {
+        return;
+    }
     TomlSection section(*table, "rates." + name, kMarketFile, load.errors);
     bool good = true;
     for (RateName& rate : rates) {
         const toml::table* entry = section.readTable(rate.field, KeyNeed::kOptional);
-        if (entry == nullptr) continue;
-        if (!readRate(load, *entry, fmt::format("rates.{}.{}", name, rate.field), rate)) good = false;
+        if (entry == nullptr) {
+            continue;
+        }
+        if (!readRate(load, *entry, fmt::format("rates.{}.{}", name, rate.field), rate)) {
+            good = false;
+        }
     }
     section.refuseOtherKeys();
     refuseSharedColumns(section, rates);
@@ -154,7 +173,9 @@ void readRates(Load& load, TomlSection& root) {
     const toml::table* table = root.readTable("rates", KeyNeed::kOptional);
     TomlSection named(table == nullptr ? nothing : *table, "rates", kMarketFile, load.errors);
     for (const Family& family : families()) {
-        if (family.isNamed) readFamily(load, named, family);
+        if (family.isNamed) {
+            readFamily(load, named, family);
+        }
     }
     named.refuseOtherKeys();
     load.ratesComplete = load.ratesComplete && named.good();
@@ -182,16 +203,22 @@ void giveUp(Load& load) {
 /// Every rate that may be named, under the name that it has by itself.
 void nameRates(Market& market) {
     for (const Family& family : families()) {
-        if (!family.isNamed) continue;
+        if (!family.isNamed) {
+            continue;
+        }
         std::vector<RateName>& rates = market.rateNames[family.name];
-        for (const RateField& rate : family.rates) rates.push_back({rate.field, rate.column, rate.column, {}});
+        for (const RateField& rate : family.rates) {
+            rates.push_back({rate.field, rate.column, rate.column, {}});
+        }
     }
 }
 
 /// The description begins with what the parser was doing; it ends without a stop, as the other messages do.
 std::string described(const toml::parse_error& error) {
     std::string text = "the file is not valid TOML: " + std::string(error.description());
-    while (text.back() == '.' || text.back() == '\n') text.pop_back();
+    while (text.back() == '.' || text.back() == '\n') {
+        text.pop_back();
+    }
     return text + "; correct the line";
 }
 
@@ -199,10 +226,14 @@ std::string described(const toml::parse_error& error) {
 
 void readMarketToml(Load& load) {
     nameRates(load.market);
-    if (!load.hasFile(kMarketFile)) return giveUp(load);
+    if (!load.hasFile(kMarketFile)) {
+        return giveUp(load);
+    }
     load.addFile(kMarketFile);
     const std::optional<std::string> text = readText(load.folder / kMarketFile, kMarketFile, load.errors);
-    if (!text) return giveUp(load);
+    if (!text) {
+        return giveUp(load);
+    }
     if (const std::optional<std::size_t> line = lineNestedTooDeep(*text)) {
         load.errors.add({kMarketFile, *line}, ErrorKind::kNesting,
                         "keys, lists and inline tables lie in one another more than " + std::to_string(kMostLevels) +

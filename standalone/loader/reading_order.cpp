@@ -21,7 +21,9 @@ std::size_t turn(std::string_view file) {
 }  // namespace
 
 bool comesBefore(std::string_view file, std::size_t line, std::string_view otherFile, std::size_t otherLine) {
-    if (file == otherFile) return line < otherLine;
+    if (file == otherFile) {
+        return line < otherLine;
+    }
     return std::make_tuple(turn(file), file) < std::make_tuple(turn(otherFile), otherFile);
 }
 

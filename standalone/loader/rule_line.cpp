@@ -17,7 +17,9 @@ namespace {
 std::string kindNames(const std::vector<int>& kinds) {
     std::vector<std::string> names;
     names.reserve(kinds.size());
-    for (const int kind : kinds) names.emplace_back(findAccountKind(kind)->name);
+    for (const int kind : kinds) {
+        names.emplace_back(findAccountKind(kind)->name);
+    }
     return oneOf(names);
 }
 
@@ -43,7 +45,9 @@ void readAccount(const Load& load, TableCell& cell, const std::string& file, con
 std::string instrumentName(const RuleLine& line) { return line.market + " " + inQuotes(line.code); }
 
 void reportUnknownInstrument(Load& load, const std::string& file, const ReadRule& read) {
-    if (!load.instrumentsComplete) return;
+    if (!load.instrumentsComplete) {
+        return;
+    }
     load.errors.add({file, read.position.line, "code"}, ErrorKind::kUnknownCode, [&] {
         const std::string spoilt = spoiltCode(load.instruments, read.line.market, read.line.code);
         return fmt::format("the instrument {} is not in instruments/*.csv{}", instrumentName(read.line),
@@ -57,7 +61,9 @@ void reportNoMatch(Load& load, const std::string& file, const ReadRule& read, co
         reportUnknownInstrument(load, file, read);
         return;
     }
-    if (!load.instrumentsWhole) return;
+    if (!load.instrumentsWhole) {
+        return;
+    }
     load.errors.add({file, read.position.line}, ErrorKind::kNoMatch, [&] {
         const std::string product = line.product.empty() ? "" : " and the product " + inQuotes(line.product);
         return fmt::format(
@@ -80,8 +86,12 @@ void refuseUnknownAccount(const Load& load, TableCell& cell) {
 
 bool readMarketName(const Load& load, TableCell& cell, std::string& market) {
     const std::string name(cell.text);
-    if (load.markets.find(name) != nullptr) return readText(cell, market);
-    if (!load.markets.complete) return cell.drop();
+    if (load.markets.find(name) != nullptr) {
+        return readText(cell, market);
+    }
+    if (!load.markets.complete) {
+        return cell.drop();
+    }
     return cell.refuse(ErrorKind::kUnknownMarket, [&] {
         return fmt::format(" holds {}, which is not a market of market.toml; known are {}{}", inQuotes(name),
                            oneOf(load.marketNames), mendByOneOf(name, load.marketNames));
@@ -147,21 +157,31 @@ std::vector<RuleColumn> joined(std::vector<RuleColumn> columns, const std::vecto
 
 Places matchInstruments(Load& load, const std::string& file, const ReadRule& read, const Lists& lists) {
     const RuleLine& line = read.line;
-    if (line.market.empty() || line.code.empty()) return {};
+    if (line.market.empty() || line.code.empty()) {
+        return {};
+    }
     const Load::Match match{lists.kindMask, lists.types, line.market, line.code, line.product};
-    if (const auto found = load.matches.find(match); found != load.matches.end()) return found->second;
+    if (const auto found = load.matches.find(match); found != load.matches.end()) {
+        return found->second;
+    }
     const std::size_t most = read.whole ? load.market.instruments.size() : 1;
     std::vector<std::size_t> places =
         load.instruments.match(load.market.instruments, lists, line.market, line.code, line.product, most);
-    if (places.empty()) reportNoMatch(load, file, read, lists);
-    if (places.empty() || !read.whole) return {};
+    if (places.empty()) {
+        reportNoMatch(load, file, read, lists);
+    }
+    if (places.empty() || !read.whole) {
+        return {};
+    }
     return load.matches.emplace(match, std::make_shared<const std::vector<std::size_t>>(std::move(places)))
         .first->second;
 }
 
 std::optional<std::size_t> findInstrument(Load& load, const std::string& file, const ReadRule& read) {
     const RuleLine& line = read.line;
-    if (line.market.empty() || line.code.empty()) return std::nullopt;
+    if (line.market.empty() || line.code.empty()) {
+        return std::nullopt;
+    }
     if (isPattern(line.code)) {
         load.errors.add({file, read.position.line, "code"}, ErrorKind::kName, [&] {
             return "column code holds " + inQuotes(line.code) +
@@ -171,7 +191,9 @@ std::optional<std::size_t> findInstrument(Load& load, const std::string& file, c
         return std::nullopt;
     }
     const std::optional<std::size_t> place = load.instruments.find(line.market, line.code);
-    if (!place) reportUnknownInstrument(load, file, read);
+    if (!place) {
+        reportUnknownInstrument(load, file, read);
+    }
     return place;
 }
 

@@ -50,7 +50,9 @@ std::vector<RuleColumn> joined(std::vector<RuleColumn> columns, const std::vecto
 template <class Apply>
 void readRateTable(Load& load, const std::string& file, const Family& family, const std::vector<RuleColumn>& keys,
                    const Apply& apply) {
-    if (!load.hasFile(file)) return;
+    if (!load.hasFile(file)) {
+        return;
+    }
     // While the names of the rates could not be read, none is unknown.
     const bool namesAreKnown = load.ratesComplete || !family.isNamed;
     const std::vector<RuleColumn> columns = joined(joined(keys, rateColumns(load, family)),

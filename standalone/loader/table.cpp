@@ -22,7 +22,9 @@ TableReader::TableReader(Load& underWay, const std::string& fileName, std::vecto
       fileNumber(load.addFile(file)),
       text(readText(load.folder / file, file, load.errors)) {
     isComplete = text.has_value();
-    if (isComplete) readHeader(unknownColumns);
+    if (isComplete) {
+        readHeader(unknownColumns);
+    }
 }
 
 void TableReader::headerFault(const CsvCell& cell, const std::string& message) {
@@ -32,7 +34,9 @@ void TableReader::headerFault(const CsvCell& cell, const std::string& message) {
 
 std::vector<std::string> TableReader::names() const {
     std::vector<std::string> all;
-    for (const ColumnHeader& column : columns) all.push_back(column.name);
+    for (const ColumnHeader& column : columns) {
+        all.push_back(column.name);
+    }
     return all;
 }
 
@@ -63,7 +67,9 @@ void TableReader::readHeader(bool unknownColumns) {
     }
     headerLine = row.line;
     std::vector<bool> excused(columns.size(), false);
-    for (const CsvCell& cell : row.cells) matchHeader(cell, unknownColumns, excused);
+    for (const CsvCell& cell : row.cells) {
+        matchHeader(cell, unknownColumns, excused);
+    }
     reportMissing(row.line, excused);
 }
 
@@ -86,9 +92,12 @@ bool TableReader::isNoHeader() const {
 void TableReader::matchHeader(const CsvCell& cell, bool unknownColumns, std::vector<bool>& excused) {
     const std::size_t column = columnOf(cell.text);
     const bool repeated = column != kNoColumn && hasColumn(column);
-    if (repeated)
+    if (repeated) {
         headerFault(cell, "the column " + inQuotes(cell.text) + " appears twice in the header; keep one of them");
-    if (column == kNoColumn && unknownColumns) reportUnknown(cell, excused);
+    }
+    if (column == kNoColumn && unknownColumns) {
+        reportUnknown(cell, excused);
+    }
     columnOfCell.push_back(repeated ? kNoColumn : column);
 }
 
@@ -99,7 +108,9 @@ void TableReader::reportUnknown(const CsvCell& cell, std::vector<bool>& excused)
         return;
     }
     const std::string near = nearest(cell.text, names());
-    if (!near.empty()) excused[columnOf(near)] = true;
+    if (!near.empty()) {
+        excused[columnOf(near)] = true;
+    }
     headerFault(cell, fmt::format("the header names an unknown column {}, but the columns here are {}{}",
                                   inQuotes(cell.text), oneOf(names(), columns.size()),
                                   near.empty() ? "" : "; did you mean " + inQuotes(near) + "?"));
@@ -108,7 +119,9 @@ void TableReader::reportUnknown(const CsvCell& cell, std::vector<bool>& excused)
 // A needed column that seems to be there under a misspelt name has been reported with that name.
 void TableReader::reportMissing(std::uint32_t line, const std::vector<bool>& excused) {
     for (std::size_t column = 0; column < columns.size(); ++column) {
-        if (columns[column].need == ColumnNeed::kOptional || hasColumn(column)) continue;
+        if (columns[column].need == ColumnNeed::kOptional || hasColumn(column)) {
+            continue;
+        }
         isComplete = false;
         if (!excused[column]) {
             headerFault({columns[column].name, line},
@@ -119,7 +132,9 @@ void TableReader::reportMissing(std::uint32_t line, const std::vector<bool>& exc
 
 bool TableReader::usable() {
     const bool isFirst = std::exchange(isFirstLine, false);
-    if (row.fault.empty() && row.cells.size() == columnOfCell.size()) return true;
+    if (row.fault.empty() && row.cells.size() == columnOfCell.size()) {
+        return true;
+    }
     isComplete = false;
     if (!row.fault.empty()) {
         load.errors.add({file, row.line}, ErrorKind::kQuoting, row.fault);
@@ -138,13 +153,17 @@ std::size_t TableReader::likeLines() const {
     CsvRow other;
     std::size_t lines = 0;
     for (all.next(other); all.next(other); ++lines) {
-        if (!other.fault.empty() || other.cells.size() != row.cells.size()) return 0;
+        if (!other.fault.empty() || other.cells.size() != row.cells.size()) {
+            return 0;
+        }
     }
     return lines;
 }
 
 void TableReader::reportColumnCount(std::size_t lines) {
-    if (!headerGood) return;  // its fault has been reported
+    if (!headerGood) {
+        return;
+    }  // its fault has been reported
     const std::size_t there = columnOfCell.size();
     const std::size_t wanted = row.cells.size();
     headerFault(
@@ -166,7 +185,9 @@ void TableReader::reportCellCount() {
 
 bool TableReader::next() {
     while (rows && rows->next(row)) {
-        if (usable()) return true;
+        if (usable()) {
+            return true;
+        }
     }
     return false;
 }
@@ -175,7 +196,9 @@ bool TableReader::readCells(const std::function<void(std::size_t, TableCell&)>& 
     RowState state{load.errors, file, headerGood};
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
         const std::size_t column = columnOfCell[i];
-        if (column == kNoColumn) continue;
+        if (column == kNoColumn) {
+            continue;
+        }
         TableCell cell(row.cells[i].text, columns[column].name, row.cells[i].line, state);
         if (const std::string fault = tooLong(cell.text); !fault.empty()) {
             cell.refuse(ErrorKind::kTooLong, [&] { return " holds " + inQuotes(cell.text) + fault; });

@@ -102,7 +102,9 @@ bool readTable(Load& load, const std::string& file, const std::vector<TableColum
                bool unknownColumns = true) {
     std::vector<ColumnHeader> headers;
     headers.reserve(columns.size());
-    for (const TableColumn<Line>& column : columns) headers.push_back({column.name, column.need});
+    for (const TableColumn<Line>& column : columns) {
+        headers.push_back({column.name, column.need});
+    }
     TableReader reader(load, file, std::move(headers), unknownColumns);
     while (reader.next()) {
         ReadLine<Line> read{Line(), reader.position(), true};

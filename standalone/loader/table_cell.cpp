@@ -33,33 +33,45 @@ std::string written(double value) {
 
 /// How to write a number that ends in a sign for hundredths and so on; the exponent keeps every digit.
 std::string mendParts(std::string_view text, std::string_view sign, const std::string& exponent) {
-    if (!boost::ends_with(text, sign)) return {};
+    if (!boost::ends_with(text, sign)) {
+        return {};
+    }
     std::string number(text.substr(0, text.size() - sign.size()));
     number.erase(number.find_last_not_of(' ') + 1);
     const std::optional<double> value = plainNumber(number + exponent);
-    if (!value) return {};
+    if (!value) {
+        return {};
+    }
     return "rates are plain fractions: write " + written(*value);
 }
 
 std::string mendCommas(std::string_view text) {
-    if (text.find(',') == std::string_view::npos) return {};
+    if (text.find(',') == std::string_view::npos) {
+        return {};
+    }
     std::string bare(text);
     bare.erase(std::remove(bare.begin(), bare.end(), ','), bare.end());
-    if (!plainNumber(bare)) return {};
+    if (!plainNumber(bare)) {
+        return {};
+    }
     const std::size_t comma = text.find(',');
     const bool grouped = comma != 0 && text.size() - comma == 4;
     return grouped ? "digits are not grouped: write " + bare : "write a point, not a comma, and do not group digits";
 }
 
 std::string mendPlus(std::string_view text) {
-    if (text.substr(0, 1) != "+" || !plainNumber(text.substr(1))) return {};
+    if (text.substr(0, 1) != "+" || !plainNumber(text.substr(1))) {
+        return {};
+    }
     return "leave out the plus sign";
 }
 
 std::string mendNumber(std::string_view text) {
     for (const std::string& mend : {mendParts(text, "%", "e-2"), mendParts(text, "\xEF\xBC\x85", "e-2"),
                                     mendParts(text, "\xE2\x80\xB0", "e-3"), mendCommas(text), mendPlus(text)}) {
-        if (!mend.empty()) return mend;
+        if (!mend.empty()) {
+            return mend;
+        }
     }
     return {};
 }
@@ -88,7 +100,9 @@ bool TableCell::drop() {
 
 std::vector<std::string> wordsOf(const Words& words) {
     std::vector<std::string> names;
-    for (const auto& [name, value] : words) names.push_back(name);
+    for (const auto& [name, value] : words) {
+        names.push_back(name);
+    }
     return names;
 }
 
@@ -105,15 +119,21 @@ bool readNumber(TableCell& cell, double& value) {
     if (error == std::errc::result_out_of_range) {
         return cell.refuseFound(ErrorKind::kNumber, "a number that a double holds, 0 or from 1e-307 to 1e308");
     }
-    if (!std::isfinite(number)) return cell.refuseFound(ErrorKind::kNumber, kPlainNumber);
+    if (!std::isfinite(number)) {
+        return cell.refuseFound(ErrorKind::kNumber, kPlainNumber);
+    }
     value = number;
     return true;
 }
 
 bool readNumberFromZero(TableCell& cell, double& value) {
     double number = 0;
-    if (!readNumber(cell, number)) return false;
-    if (number < 0) return cell.refuseFound(ErrorKind::kNumber, "a number that is not negative");
+    if (!readNumber(cell, number)) {
+        return false;
+    }
+    if (number < 0) {
+        return cell.refuseFound(ErrorKind::kNumber, "a number that is not negative");
+    }
     value = number;
     return true;
 }
@@ -153,7 +173,9 @@ bool isItem(std::string_view text) {
 }
 
 bool readName(TableCell& cell, std::string& value) {
-    if (hasBlank(cell.text)) return cell.refuseFound(ErrorKind::kName, "a text without spaces and control characters");
+    if (hasBlank(cell.text)) {
+        return cell.refuseFound(ErrorKind::kName, "a text without spaces and control characters");
+    }
     return readText(cell, value);
 }
 

@@ -16,18 +16,28 @@ public:
     std::optional<std::size_t> run() {
         while (at < text.size()) {
             take(text[at]);
-            if (level > kMostLevels) return line;
+            if (level > kMostLevels) {
+                return line;
+            }
         }
         return std::nullopt;
     }
 
 private:
     void take(char byte) {
-        if (byte == '"' || byte == '\'') return passString(byte);
-        if (byte == '#') return passComment();
+        if (byte == '"' || byte == '\'') {
+            return passString(byte);
+        }
+        if (byte == '#') {
+            return passComment();
+        }
         ++at;
-        if (byte == ' ' || byte == '\t' || byte == '\r') return;
-        if (byte == '\n') return endLine();
+        if (byte == ' ' || byte == '\t' || byte == '\r') {
+            return;
+        }
+        if (byte == '\n') {
+            return endLine();
+        }
         const bool wasStart = atStart;
         atStart = false;
         switch (byte) {
@@ -59,13 +69,17 @@ private:
 
     void passString(char quote) {
         atStart = false;
-        if (text.substr(at + 1, 2) == std::string(2, quote)) return passLines(quote);
+        if (text.substr(at + 1, 2) == std::string(2, quote)) {
+            return passLines(quote);
+        }
         for (++at; at < text.size() && text[at] != '\n'; ++at) {
             if (text[at] == quote) {
                 ++at;
                 return;
             }
-            if (isEscape(quote)) ++at;
+            if (isEscape(quote)) {
+                ++at;
+            }
         }
     }
 
@@ -73,11 +87,17 @@ private:
     void passLines(char quote) {
         const std::string end(3, quote);
         for (at += 3; at < text.size() && text.substr(at, 3) != end; ++at) {
-            if (text[at] == '\n') ++line;
-            if (isEscape(quote)) ++at;
+            if (text[at] == '\n') {
+                ++line;
+            }
+            if (isEscape(quote)) {
+                ++at;
+            }
         }
         at = std::min(at + 3, text.size());
-        for (int more = 0; more < 2 && at < text.size() && text[at] == quote; ++more) ++at;
+        for (int more = 0; more < 2 && at < text.size() && text[at] == quote; ++more) {
+            ++at;
+        }
     }
 
     [[nodiscard]] bool isEscape(char quote) const {
@@ -87,7 +107,9 @@ private:
     void endLine() {
         ++line;
         dots = 0;
-        if (!opened.empty()) return;
+        if (!opened.empty()) {
+            return;
+        }
         inHeader = false;
         atStart = true;
         level = header;
@@ -104,7 +126,9 @@ private:
     }
 
     void openHeader() {
-        if (inHeader) return;
+        if (inHeader) {
+            return;
+        }
         inHeader = true;
         header = level = 0;
     }
@@ -117,7 +141,9 @@ private:
 
     void close() {
         if (inHeader) {
-            if (header == 0) header = level = dots + 1;
+            if (header == 0) {
+                header = level = dots + 1;
+            }
         } else if (!opened.empty()) {
             level = opened.back();
             opened.pop_back();

@@ -15,17 +15,31 @@ namespace {
 const char* const kMend = " was expected; correct it";
 
 std::string found(const toml::node& node) {
-    if (const auto* text = node.as_string(); text != nullptr && text->get().empty()) return "is empty";
-    if (const auto* text = node.as_string()) return "holds the text " + inQuotes(text->get());
-    if (const auto* number = node.as_integer()) return "holds " + std::to_string(number->get());
-    if (const auto* flag = node.as_boolean()) return flag->get() ? "holds true" : "holds false";
-    if (node.is_table()) return "is a table";
-    if (node.is_array()) return "is a list";
+    if (const auto* text = node.as_string(); text != nullptr && text->get().empty()) {
+        return "is empty";
+    }
+    if (const auto* text = node.as_string()) {
+        return "holds the text " + inQuotes(text->get());
+    }
+    if (const auto* number = node.as_integer()) {
+        return "holds " + std::to_string(number->get());
+    }
+    if (const auto* flag = node.as_boolean()) {
+        return flag->get() ? "holds true" : "holds false";
+    }
+    if (node.is_table()) {
+        return "is a table";
+    }
+    if (node.is_array()) {
+        return "is a list";
+    }
     return node.is_floating_point() ? "holds a number with a fraction" : "holds a date or time";
 }
 
 std::string range(int low, int high) {
-    if (low == high) return std::to_string(low);
+    if (low == high) {
+        return std::to_string(low);
+    }
     return fmt::format("a whole number from {} to {}", low, high);
 }
 
@@ -52,14 +66,17 @@ void TomlSection::refuse(ErrorKind kind, std::string_view key, const std::string
 const toml::node* TomlSection::take(std::string_view key, KeyNeed need) {
     asked.emplace_back(key);
     const toml::node* node = table.get(key);
-    if (node == nullptr && need == KeyNeed::kNeeded)
+    if (node == nullptr && need == KeyNeed::kNeeded) {
         refuse(ErrorKind::kMissingKey, key, "is missing, but it is needed; add it");
+    }
     return node;
 }
 
 void TomlSection::readInteger(std::string_view key, KeyNeed need, int low, int high, int& value) {
     const toml::node* node = take(key, need);
-    if (node == nullptr) return;
+    if (node == nullptr) {
+        return;
+    }
     if (fits(*node, low, high)) {
         value = static_cast<int>(node->as_integer()->get());
     } else {
@@ -69,7 +86,9 @@ void TomlSection::readInteger(std::string_view key, KeyNeed need, int low, int h
 
 void TomlSection::readText(std::string_view key, KeyNeed need, std::string& value) {
     const toml::node* node = take(key, need);
-    if (node == nullptr) return;
+    if (node == nullptr) {
+        return;
+    }
     const auto* text = node->as_string();
     if (text == nullptr || text->get().empty()) {
         refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a text in quotes" + kMend);
@@ -82,7 +101,9 @@ void TomlSection::readText(std::string_view key, KeyNeed need, std::string& valu
 
 void TomlSection::readFlag(std::string_view key, KeyNeed need, bool& value) {
     const toml::node* node = take(key, need);
-    if (node == nullptr) return;
+    if (node == nullptr) {
+        return;
+    }
     if (const auto* flag = node->as_boolean()) {
         value = flag->get();
     } else {
@@ -92,7 +113,9 @@ void TomlSection::readFlag(std::string_view key, KeyNeed need, bool& value) {
 
 void TomlSection::readIntegers(std::string_view key, int low, int high, std::vector<int>& values) {
     const toml::node* node = take(key, KeyNeed::kOptional);
-    if (node == nullptr) return;
+    if (node == nullptr) {
+        return;
+    }
     const toml::array* list = node->as_array();
     if (list == nullptr) {
         refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a list of whole numbers such as [9001]" + kMend);
@@ -112,7 +135,9 @@ void TomlSection::readIntegers(std::string_view key, int low, int high, std::vec
 
 void TomlSection::readDay(std::string_view key, KeyNeed need, std::optional<cost::Date>& value) {
     const toml::node* node = take(key, need);
-    if (node == nullptr) return;
+    if (node == nullptr) {
+        return;
+    }
     const auto* date = node->as_date();
     const auto day =
         date == nullptr ? std::nullopt : cost::Date::of(date->get().year, date->get().month, date->get().day);
@@ -125,24 +150,34 @@ void TomlSection::readDay(std::string_view key, KeyNeed need, std::optional<cost
 
 const toml::table* TomlSection::readTable(std::string_view key, KeyNeed need) {
     const toml::node* node = take(key, need);
-    if (node == nullptr) return nullptr;
-    if (!node->is_table()) refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a table" + kMend);
+    if (node == nullptr) {
+        return nullptr;
+    }
+    if (!node->is_table()) {
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a table" + kMend);
+    }
     return node->as_table();
 }
 
 std::vector<std::string> TomlSection::keys() const {
     std::vector<std::pair<toml::source_position, std::string>> found;
-    for (const auto& [key, node] : table) found.emplace_back(key.source().begin, std::string(key.str()));
+    for (const auto& [key, node] : table) {
+        found.emplace_back(key.source().begin, std::string(key.str()));
+    }
     std::stable_sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<std::string> inOrder;
     inOrder.reserve(found.size());
-    for (auto& [position, key] : found) inOrder.push_back(std::move(key));
+    for (auto& [position, key] : found) {
+        inOrder.push_back(std::move(key));
+    }
     return inOrder;
 }
 
 void TomlSection::refuseOtherKeys() {
     for (const auto& [key, node] : table) {
-        if (std::find(asked.begin(), asked.end(), key.str()) != asked.end()) continue;
+        if (std::find(asked.begin(), asked.end(), key.str()) != asked.end()) {
+            continue;
+        }
         errors.add({file, key.source().begin.line, pathTo(key.str())}, ErrorKind::kUnknownKey,
                    fmt::format("{} is not a key of the format, which knows {} here{}", fullName(key.str()),
                                oneOf(asked), suggestion(key.str(), asked)));

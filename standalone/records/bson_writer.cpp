@@ -36,7 +36,9 @@ private:
 }
 
 void require(bool appended, std::string_view name) {
-    if (!appended) throwNoRoom(name);
+    if (!appended) {
+        throwNoRoom(name);
+    }
 }
 
 int intLength(std::string_view text, std::string_view name) {
@@ -53,7 +55,9 @@ std::string jsonText(const BsonDocument& document) {
     std::size_t length = 0;
     const std::unique_ptr<char, void (*)(void*)> text(bson_as_relaxed_extended_json(document.get(), &length),
                                                       bson_free);
-    if (!text) throw std::runtime_error("The BSON document of a record has no JSON form: it is not valid BSON.");
+    if (!text) {
+        throw std::runtime_error("The BSON document of a record has no JSON form: it is not valid BSON.");
+    }
     return {text.get(), length};
 }
 
@@ -66,7 +70,9 @@ void BsonWriter::append(std::string_view name, std::int32_t value) {
 }
 
 void BsonWriter::append(std::string_view name, std::string_view text) {
-    if (!standalone::isUtf8(text)) return appendBinary(name, text);
+    if (!standalone::isUtf8(text)) {
+        return appendBinary(name, text);
+    }
     require(bson_append_utf8(document, name.data(), nameLength(name), text.data(), intLength(text, name)), name);
 }
 
@@ -78,7 +84,9 @@ void BsonWriter::appendBinary(std::string_view name, std::string_view bytes) {
 }
 
 void BsonWriter::appendRecord(std::string_view name, const IData* record) {
-    if (record == nullptr) return require(bson_append_null(document, name.data(), nameLength(name)), name);
+    if (record == nullptr) {
+        return require(bson_append_null(document, name.data(), nameLength(name)), name);
+    }
     BsonDocument fields;
     record->toBsonWithBson(fields.get());
     appendDocument(name, fields);

@@ -58,7 +58,9 @@ public:
         BsonDocument array;
         BsonWriter writer(array.get());
         std::size_t index = 0;
-        for (const auto& value : values) writer.append(std::to_string(index++), value);
+        for (const auto& value : values) {
+            writer.append(std::to_string(index++), value);
+        }
         appendArray(name, array);
     }
 
@@ -66,7 +68,9 @@ public:
     void append(std::string_view name, const std::map<Key, Value>& values) {
         BsonDocument fields;
         BsonWriter writer(fields.get());
-        for (const auto& [key, value] : values) writer.append(fieldName(key), value);
+        for (const auto& [key, value] : values) {
+            writer.append(fieldName(key), value);
+        }
         appendDocument(name, fields);
     }
 

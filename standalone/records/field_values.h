@@ -26,7 +26,9 @@ struct Equality {
 
     template <class Record>
     static bool of(const boost::shared_ptr<Record>& left, const boost::shared_ptr<Record>& right) {
-        if (!left || !right) return !left && !right;
+        if (!left || !right) {
+            return !left && !right;
+        }
         return left->isEqual(*right);
     }
 
@@ -60,7 +62,9 @@ struct Detaching {
 
     template <class Record>
     static void from(boost::shared_ptr<Record>& record) {
-        if (record) record = copyOf(*record);
+        if (record) {
+            record = copyOf(*record);
+        }
     }
 
     // The account and the instrument of a fee are the host's own, not part of the fee.
@@ -69,12 +73,16 @@ struct Detaching {
 
     template <class Value>
     static void from(std::vector<Value>& values) {
-        for (auto& value : values) from(value);
+        for (auto& value : values) {
+            from(value);
+        }
     }
 
     template <class Key, class Value>
     static void from(std::map<Key, Value>& values) {
-        for (auto& entry : values) from(entry.second);
+        for (auto& entry : values) {
+            from(entry.second);
+        }
     }
 
 private:
@@ -82,7 +90,9 @@ private:
     template <class Record>
     static boost::shared_ptr<Record> copyOf(const Record& record) {
         auto copy = boost::dynamic_pointer_cast<Record>(record.copy());
-        if (!copy) throw std::bad_cast();
+        if (!copy) {
+            throw std::bad_cast();
+        }
         return copy;
     }
 };

@@ -26,7 +26,9 @@ void HashInput::add(std::string_view text) {
 
 void HashInput::addKeyOf(const IData* record) {
     addCount(record == nullptr ? 0 : 1);
-    if (record != nullptr) addWord(record->getHashKey(0));
+    if (record != nullptr) {
+        addWord(record->getHashKey(0));
+    }
 }
 
 void HashInput::addCount(std::size_t count) { addWord(count); }

@@ -33,7 +33,9 @@ public:
     template <class Value>
     void add(const std::vector<Value>& values) {
         addCount(values.size());
-        for (const auto& value : values) add(value);
+        for (const auto& value : values) {
+            add(value);
+        }
     }
 
     template <class Key, class Value>

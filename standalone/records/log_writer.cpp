@@ -10,7 +10,9 @@ namespace qmservice::records {
 void LogWriter::raw(std::string_view text) { out.write(text.data(), static_cast<std::streamsize>(text.size())); }
 
 void LogWriter::separate(bool& first) {
-    if (!first) raw(", ");
+    if (!first) {
+        raw(", ");
+    }
     first = false;
 }
 
@@ -21,7 +23,9 @@ void LogWriter::value(std::int32_t number) { raw(std::to_string(number)); }
 void LogWriter::value(std::string_view text) { raw('"' + standalone::escaped(text) + '"'); }
 
 void LogWriter::writeRecord(const IData* record) {
-    if (record == nullptr) return raw("null");
+    if (record == nullptr) {
+        return raw("null");
+    }
     record->toLogStream(out);
 }
 

@@ -56,7 +56,9 @@ std::string RecordOf<Record>::getStructDes() const {
     std::string fields;
     records::forEachField<Record>([&](const auto& field) {
         using Value = std::decay_t<decltype(std::declval<const Record&>().*field.member)>;
-        if (!fields.empty()) fields += ',';
+        if (!fields.empty()) {
+            fields += ',';
+        }
         fields += std::string(field.name) + ':' + records::TypeName<Value>::text();
     });
     return std::string(records::FieldsOf<Record>::className) + '{' + fields + '}';
@@ -85,7 +87,9 @@ void RecordOf<Record>::toStream(std::ostream& out) const {
 
 template <class Record>
 bool RecordOf<Record>::isEqual(const IData& other) const {
-    if (typeid(*this) != typeid(other)) return false;
+    if (typeid(*this) != typeid(other)) {
+        return false;
+    }
     const auto& mine = records::recordIn<Record>(*this);
     const auto& theirs = records::recordIn<Record>(other);
     return records::forAllFields<Record>(
@@ -97,7 +101,9 @@ std::ptrdiff_t RecordOf<Record>::getOffset(const std::string& field) const {
     const auto& record = records::recordIn<Record>(*this);
     std::ptrdiff_t offset = -1;
     records::forEachField<Record>([&](const auto& candidate) {
-        if (field == candidate.name) offset = records::offsetIn(record, record.*candidate.member);
+        if (field == candidate.name) {
+            offset = records::offsetIn(record, record.*candidate.member);
+        }
     });
     return offset;
 }

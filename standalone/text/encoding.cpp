@@ -12,9 +12,15 @@ bool isWithin(std::string_view text, std::size_t at, unsigned first, unsigned la
 
 /// Bytes of the character of GB18030 at the place; 0 when there is none.
 std::size_t lengthAt(std::string_view text, std::size_t at) {
-    if (isWithin(text, at, 0x00, 0x7F)) return 1;
-    if (!isWithin(text, at, 0x81, 0xFE)) return 0;
-    if (isWithin(text, at + 1, 0x40, 0x7E) || isWithin(text, at + 1, 0x80, 0xFE)) return 2;
+    if (isWithin(text, at, 0x00, 0x7F)) {
+        return 1;
+    }
+    if (!isWithin(text, at, 0x81, 0xFE)) {
+        return 0;
+    }
+    if (isWithin(text, at + 1, 0x40, 0x7E) || isWithin(text, at + 1, 0x80, 0xFE)) {
+        return 2;
+    }
     const bool four =
         isWithin(text, at + 1, 0x30, 0x39) && isWithin(text, at + 2, 0x81, 0xFE) && isWithin(text, at + 3, 0x30, 0x39);
     return four ? 4 : 0;
@@ -40,8 +46,12 @@ bool looksLikeGb18030(std::string_view text) {
     std::size_t rare = 0;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t length = lengthAt(text, at);
-        if (length == 0) return false;
-        if (length > 1 && !isPunctuation(text, at)) ++(isCommon(text, at) ? common : rare);
+        if (length == 0) {
+            return false;
+        }
+        if (length > 1 && !isPunctuation(text, at)) {
+            ++(isCommon(text, at) ? common : rare);
+        }
         at += length;
     }
     return common > 0 && common >= rare;

@@ -18,17 +18,27 @@ std::string hexEscape(char byte) {
 }
 
 std::string shownEscape(std::string_view character) {
-    if (character == "\n") return "\\n";
-    if (character == "\t") return "\\t";
+    if (character == "\n") {
+        return "\\n";
+    }
+    if (character == "\t") {
+        return "\\t";
+    }
     std::string out;
-    for (const char byte : character) out += hexEscape(byte);
+    for (const char byte : character) {
+        out += hexEscape(byte);
+    }
     return out;
 }
 
 std::string_view shortened(std::string_view text) {
-    if (text.size() <= kLongestQuote) return text;
+    if (text.size() <= kLongestQuote) {
+        return text;
+    }
     std::size_t end = kLongestQuote;
-    while (end > kLongestQuote - kLongestCharacter && isContinuation(text[end])) --end;
+    while (end > kLongestQuote - kLongestCharacter && isContinuation(text[end])) {
+        --end;
+    }
     return text.substr(0, end);
 }
 
@@ -38,7 +48,9 @@ bool isWithin(char byte, unsigned char first, unsigned char last) {
 }
 
 bool turnsDirection(std::string_view character) {
-    if (character == "\xD8\x9C") return true;
+    if (character == "\xD8\x9C") {
+        return true;
+    }
     if (character.substr(0, 2) == "\xE2\x80") {
         return isWithin(character[2], 0x8E, 0x8F) || isWithin(character[2], 0xA8, 0xAE);
     }
@@ -82,7 +94,9 @@ std::string escaped(std::string_view text) {
             out += hexEscape(byte);
             continue;
         }
-        if (byte == '\\' || byte == '"') out += '\\';
+        if (byte == '\\' || byte == '"') {
+            out += '\\';
+        }
         out += byte;
     }
     return out;

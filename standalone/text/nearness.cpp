@@ -21,7 +21,9 @@ std::string lowerCase(std::string_view text) {
 
 std::size_t editDistance(std::string_view from, std::string_view to, std::size_t most) {
     const std::size_t lengthGap = std::max(from.size(), to.size()) - std::min(from.size(), to.size());
-    if (lengthGap > most) return lengthGap;
+    if (lengthGap > most) {
+        return lengthGap;
+    }
     std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < from.size(); ++i) {
@@ -36,16 +38,22 @@ std::size_t editDistance(std::string_view from, std::string_view to, std::size_t
 }
 
 std::string nearest(std::string_view text, const std::vector<std::string>& candidates) {
-    if (text.empty() || text.size() > kLongestName || candidates.size() > kMostCandidates) return {};
+    if (text.empty() || text.size() > kLongestName || candidates.size() > kMostCandidates) {
+        return {};
+    }
     const std::string wanted = lowerCase(text);
     std::string best;
     std::size_t most = text.size() < 4 ? 1 : 2;  // letters that are wrong
     for (const std::string& candidate : candidates) {
         const std::size_t distance = editDistance(wanted, lowerCase(candidate), most);
         const bool sharesNothing = distance >= std::max(text.size(), candidate.size());
-        if (distance > most || sharesNothing) continue;
+        if (distance > most || sharesNothing) {
+            continue;
+        }
         best = candidate;
-        if (distance == 0) break;
+        if (distance == 0) {
+            break;
+        }
         most = distance - 1;
     }
     return best;

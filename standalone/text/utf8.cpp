@@ -10,8 +10,12 @@ namespace {
 /// How long a character is that begins with the byte, if any does.
 std::size_t lengthFrom(char first) {
     const auto byte = static_cast<unsigned char>(first);
-    if (byte < 0x80) return 1;
-    if (byte < 0xE0) return 2;
+    if (byte < 0x80) {
+        return 1;
+    }
+    if (byte < 0xE0) {
+        return 2;
+    }
     return byte < 0xF0 ? 3 : 4;
 }
 

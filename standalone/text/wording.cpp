@@ -10,7 +10,9 @@
 namespace standalone {
 
 std::string oneOf(const std::vector<std::string>& words, std::size_t most) {
-    if (words.size() <= 1) return words.empty() ? "" : words.front();
+    if (words.size() <= 1) {
+        return words.empty() ? "" : words.front();
+    }
     const std::size_t shown = std::min(words.size(), most);
     if (shown < words.size()) {
         const auto end = words.begin() + static_cast<std::ptrdiff_t>(shown);

@@ -15,7 +15,9 @@ namespace standalone {
 namespace {
 
 TEST(Families, EachIsFoundByItsName) {
-    for (const Family& each : families()) EXPECT_EQ(&family(each.name), &each);
+    for (const Family& each : families()) {
+        EXPECT_EQ(&family(each.name), &each);
+    }
 }
 
 TEST(Families, UnknownNameIsRefused) { EXPECT_THROW(static_cast<void>(family("bond")), std::out_of_range); }
@@ -29,7 +31,9 @@ TEST(Families, KindWithoutANameIsNotFound) {
 TEST(Families, FeeTablesTakeTheKindsThatTradeTheFamily) {
     for (const AccountKind& kind : accountKinds()) {
         for (const Family& each : families()) {
-            if (each.feeAccounts.empty() || *kind.family == '\0') continue;
+            if (each.feeAccounts.empty() || *kind.family == '\0') {
+                continue;
+            }
             const bool isTaken = std::set<int>(each.feeAccounts.begin(), each.feeAccounts.end()).count(kind.kind) != 0;
             EXPECT_EQ(isTaken, std::string(family(kind.family).instruments) == each.instruments)
                 << kind.name << " " << each.name;
@@ -41,7 +45,9 @@ TEST(Families, KindsThatTradeEverythingAreNotListed) {
     std::set<int> everything;
     for (const AccountKind& kind : accountKinds()) {
         EXPECT_EQ(kind.isListed, *kind.family != '\0') << kind.name;
-        if (*kind.family == '\0') everything.insert(kind.kind);
+        if (*kind.family == '\0') {
+            everything.insert(kind.kind);
+        }
     }
     EXPECT_EQ(everything, (std::set<int>{8, 12, 16}));
 }

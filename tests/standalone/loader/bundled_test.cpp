@@ -14,7 +14,9 @@ using namespace qmservice;  // NOLINT(google-build-using-namespace): records
 
 TEST(LoaderBundledMarket, LoadsWithoutErrors) {
     const LoadResult result = loadMarket(BUNDLED_MARKET);
-    for (const LoadError& error : result.errors) ADD_FAILURE() << error.text(BUNDLED_MARKET);
+    for (const LoadError& error : result.errors) {
+        ADD_FAILURE() << error.text(BUNDLED_MARKET);
+    }
     EXPECT_FALSE(result.market.instruments.empty());
     EXPECT_FALSE(result.market.accounts.empty());
 }
@@ -23,7 +25,9 @@ TEST(LoaderBundledMarket, LoadsWithoutErrors) {
 void askTerms(const cost::Schedule& schedule, const Market& market, cost::Family family, const std::string& account,
               cost::Date day) {
     for (const ListedInstrument& listed : market.instruments) {
-        if (!ratesOf(family).lists.hold(listed)) continue;
+        if (!ratesOf(family).lists.hold(listed)) {
+            continue;
+        }
         const CInstrument& record = *listed.record;
         std::ignore = schedule.termsFor({family, account, record.market, record.code, record.productId}, day);
     }

@@ -174,14 +174,18 @@ TEST_F(LoaderCellError, NegativeRateIsTaken) {
 
 TEST_F(LoaderCellError, CellOfTooManyCharacters) {
     std::string name;
-    for (int i = 0; i < 1001; ++i) name += "\xE4\xB8\xAD";
+    for (int i = 0; i < 1001; ++i) {
+        name += "\xE4\xB8\xAD";
+    }
     append("accounts.csv", "Z1," + name + ",stock,\n");
     expectError("accounts.csv", 13, {"column name", "1001 characters", "at most 1000", "shorten"});
 }
 
 TEST_F(LoaderCellError, CellOfJustAsManyCharactersIsTaken) {
     std::string name;
-    for (int i = 0; i < 1000; ++i) name += "\xE4\xB8\xAD";
+    for (int i = 0; i < 1000; ++i) {
+        name += "\xE4\xB8\xAD";
+    }
     append("accounts.csv", "Z1," + name + ",stock,\n");
     EXPECT_TRUE(load().ok());
 }

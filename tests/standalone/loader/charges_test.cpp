@@ -16,12 +16,18 @@ const Cells kPlain{{"family", "stock"},   {"charge", "commission"}, {"side", "bo
 /// A table with a line for each of these cells, in the columns that any of them has.
 std::string table(const std::vector<Cells>& lines) {
     std::map<std::string, bool> columns;
-    for (const auto& [column, text] : kPlain) columns[column] = true;
+    for (const auto& [column, text] : kPlain) {
+        columns[column] = true;
+    }
     for (const Cells& line : lines) {
-        for (const auto& [column, text] : line) columns[column] = true;
+        for (const auto& [column, text] : line) {
+            columns[column] = true;
+        }
     }
     std::string text;
-    for (const auto& [column, isThere] : columns) text += (text.empty() ? "" : ",") + column;
+    for (const auto& [column, isThere] : columns) {
+        text += (text.empty() ? "" : ",") + column;
+    }
     for (const Cells& line : lines) {
         std::string cells;
         for (const auto& [column, isThere] : columns) {

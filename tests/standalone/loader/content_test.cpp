@@ -38,13 +38,17 @@ std::vector<double> marginRates(const Detail& d) {
 
 std::vector<std::string> places(const Market& market, const std::vector<Position>& positions) {
     std::vector<std::string> texts;
-    for (const Position position : positions) texts.push_back(market.where(position));
+    for (const Position position : positions) {
+        texts.push_back(market.where(position));
+    }
     return texts;
 }
 
 const ListedInstrument& instrumentOf(const Market& market, const std::string& code) {
     for (const ListedInstrument& instrument : market.instruments) {
-        if (instrument.record->code == code) return instrument;
+        if (instrument.record->code == code) {
+            return instrument;
+        }
     }
     throw std::runtime_error("no instrument " + code);
 }
@@ -189,7 +193,9 @@ TEST_F(LoaderContent, AccountTakesItsColumns) {
 TEST_F(LoaderContent, KindWordsBecomeAccountTypes) {
     const Market market = loadGood();
     std::vector<int> kinds;
-    for (const Account& account : market.accounts) kinds.push_back(account.record->accountType);
+    for (const Account& account : market.accounts) {
+        kinds.push_back(account.record->accountType);
+    }
     EXPECT_THAT(kinds, ElementsAre(2, 3, 10, 7, 11, 1, 5, 6, 8, 12, 16));
 }
 
@@ -428,7 +434,9 @@ TEST_F(LoaderContent, ByteOrderMarkAndCrlfDoNotCount) {
     write("accounts.csv",
           "\xEF\xBB\xBF"
           "account,name,kind\r\nS1,Stock,stock\r\n");
-    for (const std::string name : {"fees", "custom"}) remove(name);
+    for (const std::string name : {"fees", "custom"}) {
+        remove(name);
+    }
     const Market market = loadGood();
     ASSERT_EQ(market.accounts.size(), 1U);
     EXPECT_EQ(market.accounts[0].record->accountType, 2);

@@ -214,7 +214,9 @@ TEST_F(LoaderDays, ThatOverlapAreNamed) {
 
 std::vector<std::string> changesOf(const MarketFolder& folder) {
     std::vector<std::string> texts;
-    for (const cost::Date change : folder.changeDates()) texts.push_back(change.text());
+    for (const cost::Date change : folder.changeDates()) {
+        texts.push_back(change.text());
+    }
     return texts;
 }
 

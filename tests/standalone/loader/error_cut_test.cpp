@@ -9,7 +9,9 @@ using LoaderErrorCut = LoaderTest;
 
 std::string times(std::size_t count, const std::string& line) {
     std::string lines;
-    for (std::size_t i = 0; i < count; ++i) lines += line;
+    for (std::size_t i = 0; i < count; ++i) {
+        lines += line;
+    }
     return lines;
 }
 
@@ -52,7 +54,9 @@ TEST_F(LoaderErrorCut, TheFirstAreThoseOfTheFilesThatAreReadFirst) {
     ASSERT_EQ(result.further.size(), 1U);
     EXPECT_EQ(result.further.back().file, "fees/credit.csv");
     std::size_t counted = 0;
-    for (const FurtherErrors& further : result.further) counted += further.count;
+    for (const FurtherErrors& further : result.further) {
+        counted += further.count;
+    }
     EXPECT_EQ(counted + 100, result.errorCount);
 }
 
@@ -61,10 +65,14 @@ TEST_F(LoaderErrorCut, ErrorsComeInTheOrderInWhichFilesAreRead) {
         "instrument",     "market.toml",           "accounts.csv",         "instruments/a.csv", "instruments/zzz.txt",
         "categories.csv", "custom_categories.csv", "group_categories.csv", "configured/x.csv",  "fees/stack.csv",
         "fees/x.csv",     "custom/x.csv"};
-    for (const std::string& file : inOrder) write(file, "= \r=");
+    for (const std::string& file : inOrder) {
+        write(file, "= \r=");
+    }
     std::vector<std::string> files;
     for (const LoadError& error : load().errors) {
-        if (files.empty() || files.back() != error.file) files.push_back(error.file);
+        if (files.empty() || files.back() != error.file) {
+            files.push_back(error.file);
+        }
     }
     EXPECT_EQ(files, inOrder);
 }

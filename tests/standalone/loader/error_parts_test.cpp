@@ -55,7 +55,9 @@ INSTANTIATE_TEST_SUITE_P(
                       Part{"repeated", "accounts.csv", "S1,Again,stock,", "account"}),
     [](const auto& part) {
         std::string name = part.param.kind;
-        for (char& byte : name) byte = byte == '-' ? '_' : byte;
+        for (char& byte : name) {
+            byte = byte == '-' ? '_' : byte;
+        }
         return name + "_" + std::to_string(part.index);
     });
 

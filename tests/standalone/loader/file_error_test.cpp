@@ -223,7 +223,9 @@ TEST_F(LoaderFileError, LongCellIsShortenedInTheMessage) {
 
 TEST_F(LoaderFileError, LongCellIsShortenedBetweenCharacters) {
     std::string text(39, 'x');
-    for (int i = 0; i < 20; ++i) text += "\xE4\xB8\xAD";
+    for (int i = 0; i < 20; ++i) {
+        text += "\xE4\xB8\xAD";
+    }
     append("fees/credit.csv", "C1,SH,*," + text + ",\n");
     expectError("fees/credit.csv", 3, {"\"" + std::string(39, 'x') + "...\""});
 }

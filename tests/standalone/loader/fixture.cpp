@@ -136,14 +136,18 @@ fs::path newFolder() {
     std::random_device random;
     for (int attempt = 0; attempt < 100; ++attempt) {
         const fs::path folder = fs::temp_directory_path() / ("loader_test_" + std::to_string(random()));
-        if (fs::create_directory(folder)) return folder;
+        if (fs::create_directory(folder)) {
+            return folder;
+        }
     }
     throw std::runtime_error("no temporary folder could be made");
 }
 
 std::string contents(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
-    if (!in) throw std::runtime_error("no file " + file.string());
+    if (!in) {
+        throw std::runtime_error("no file " + file.string());
+    }
     std::ostringstream text;
     text << in.rdbuf();
     return text.str();
@@ -151,7 +155,9 @@ std::string contents(const fs::path& file) {
 
 std::string listed(const LoadErrors& result) {
     std::string text;
-    for (const LoadError& error : result.errors) text += error.text("") + "\n";
+    for (const LoadError& error : result.errors) {
+        text += error.text("") + "\n";
+    }
     return text;
 }
 
@@ -166,7 +172,9 @@ void expectNothingLoaded(const Market& market) {
 }  // namespace
 
 LoaderTest::LoaderTest() : folder(newFolder()) {
-    for (const auto& [name, text] : goodFiles()) write(name, text);
+    for (const auto& [name, text] : goodFiles()) {
+        write(name, text);
+    }
 }
 
 LoaderTest::~LoaderTest() {
@@ -186,8 +194,12 @@ void LoaderTest::append(const std::string& name, const std::string& text) const 
 void LoaderTest::replace(const std::string& name, const std::string& from, const std::string& to) const {
     std::string text = contents(folder / name);
     const std::size_t at = text.find(from);
-    if (at == std::string::npos) throw std::runtime_error(name + " does not hold " + from);
-    if (text.find(from, at + 1) != std::string::npos) throw std::runtime_error(name + " holds twice " + from);
+    if (at == std::string::npos) {
+        throw std::runtime_error(name + " does not hold " + from);
+    }
+    if (text.find(from, at + 1) != std::string::npos) {
+        throw std::runtime_error(name + " holds twice " + from);
+    }
     write(name, text.replace(at, from.size(), to));
 }
 
@@ -214,28 +226,36 @@ void LoaderTest::expectError(const std::string& file, std::size_t line, const st
     const LoadError& error = result.errors.front();
     EXPECT_EQ(error.file, file) << error.text(result.market.folder);
     EXPECT_EQ(error.line, line) << error.text(result.market.folder);
-    for (const std::string& word : words) EXPECT_THAT(error.message, ::testing::HasSubstr(word));
+    for (const std::string& word : words) {
+        EXPECT_THAT(error.message, ::testing::HasSubstr(word));
+    }
     expectNothingLoaded(result.market);
 }
 
 void LoaderTest::expectPlaces(const std::vector<std::string>& places) const {
     const LoadResult result = load();
     std::vector<std::string> found;
-    for (const LoadError& error : result.errors) found.push_back(error.file + ":" + std::to_string(error.line));
+    for (const LoadError& error : result.errors) {
+        found.push_back(error.file + ":" + std::to_string(error.line));
+    }
     EXPECT_EQ(found, places) << listed(result);
     expectNothingLoaded(result.market);
 }
 
 const Account& accountOf(const Market& market, const std::string& number) {
     for (const Account& account : market.accounts) {
-        if (account.record->accountId == number) return account;
+        if (account.record->accountId == number) {
+            return account;
+        }
     }
     throw std::runtime_error("no account " + number);
 }
 
 cost::Date day(const std::string& text) {
     const std::optional<cost::Date> read = cost::Date::parse(text);
-    if (!read) throw std::runtime_error("no day " + text);
+    if (!read) {
+        throw std::runtime_error("no day " + text);
+    }
     return *read;
 }
 

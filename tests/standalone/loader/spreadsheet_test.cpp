@@ -77,8 +77,9 @@ TEST_F(LoaderTest, SpoiltCodeOfTheConfigurationAndOfCategoriesIsToldToo) {
     append("custom_categories.csv", "10002,HK,700\n");
     const LoadResult result = load();
     ASSERT_EQ(result.errors.size(), 2U);
-    for (const LoadError& error : result.errors)
+    for (const LoadError& error : result.errors) {
         EXPECT_THAT(error.message, ::testing::HasSubstr("but HK \"00700\" is"));
+    }
 }
 
 TEST_F(LoaderTest, CatalogueTakesNoCodeThatASpreadsheetMadeANumber) {

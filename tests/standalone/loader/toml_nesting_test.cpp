@@ -14,7 +14,9 @@ using loader::lineNestedTooDeep;
 
 std::string times(std::size_t count, const std::string& text) {
     std::string all;
-    for (std::size_t i = 0; i < count; ++i) all += text;
+    for (std::size_t i = 0; i < count; ++i) {
+        all += text;
+    }
     return all;
 }
 
@@ -53,7 +55,9 @@ TEST_P(TomlNesting, IsTakenAtTheLimitOnASmallStack) {
     LoadResult result;
     onStackOf(1 << 20, [&] { result = load(); });
     ASSERT_FALSE(result.ok());
-    for (const LoadError& error : result.errors) EXPECT_STRNE(nameOf(error.kind), "nesting") << error.message;
+    for (const LoadError& error : result.errors) {
+        EXPECT_STRNE(nameOf(error.kind), "nesting") << error.message;
+    }
 }
 
 TEST_P(TomlNesting, IsRefusedOneLevelDeeperWithItsLine) {

@@ -50,8 +50,9 @@ TEST_F(LoaderTomlValueError, MarketsThatAreNoTable) {
     // What the tables say of markets cannot be judged then, but the rates have their own names.
     const LoadResult result = load();
     ASSERT_FALSE(result.errors.empty());
-    for (const LoadError& error : result.errors)
+    for (const LoadError& error : result.errors) {
         EXPECT_THAT(error.message, ::testing::Not(::testing::HasSubstr("SH\"")));
+    }
     EXPECT_EQ(result.errors.back().file, "market.toml");
     EXPECT_THAT(result.errors.back().message, ::testing::HasSubstr("\"markets\" holds 3, but a table was expected"));
 }

@@ -16,7 +16,9 @@ using namespace qmservice;
 bson_iter_t fieldAt(const Bson& document, const std::string& path) {
     bson_iter_t start;
     bson_iter_t found;
-    if (bson_iter_init(&start, document.get()) && bson_iter_find_descendant(&start, path.c_str(), &found)) return found;
+    if (bson_iter_init(&start, document.get()) && bson_iter_find_descendant(&start, path.c_str(), &found)) {
+        return found;
+    }
     throw std::runtime_error("The document has no field at " + path + ".");
 }
 
@@ -123,7 +125,9 @@ private:
     static std::uint8_t* reserve() {
         void* memory =
             mmap(nullptr, kLength, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-        if (memory == MAP_FAILED) throw std::bad_alloc();
+        if (memory == MAP_FAILED) {
+            throw std::bad_alloc();
+        }
         return static_cast<std::uint8_t*>(memory);
     }
     bson_t* open() {

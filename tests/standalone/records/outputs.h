@@ -18,7 +18,9 @@ public:
     Bson(Bson&& other) noexcept : document(std::exchange(other.document, nullptr)) {}
     Bson& operator=(Bson&&) = delete;
     ~Bson() {
-        if (document != nullptr) bson_destroy(document);
+        if (document != nullptr) {
+            bson_destroy(document);
+        }
     }
 
     explicit operator bool() const { return document != nullptr; }
@@ -53,7 +55,9 @@ inline Bson parseJson(const std::string& json, std::string& complaint) {
     bson_error_t error{};
     const auto* text = reinterpret_cast<const std::uint8_t*>(json.data());
     Bson document(bson_new_from_json(text, static_cast<ssize_t>(json.size()), &error));
-    if (!document) complaint = error.message;
+    if (!document) {
+        complaint = error.message;
+    }
     return document;
 }
 

@@ -357,7 +357,9 @@ std::vector<FieldCase<Record>> fieldCases() {
 template <class Record>
 Record filled() {
     Record record;
-    for (const auto& field : fieldCases<Record>()) field.change(record);
+    for (const auto& field : fieldCases<Record>()) {
+        field.change(record);
+    }
     return record;
 }
 

@@ -39,33 +39,42 @@ std::vector<std::string> fieldNames(const bson_t* document) {
     std::vector<std::string> names;
     bson_iter_t iterator;
     EXPECT_TRUE(bson_iter_init(&iterator, document));
-    while (bson_iter_next(&iterator)) names.emplace_back(bson_iter_key(&iterator));
+    while (bson_iter_next(&iterator)) {
+        names.emplace_back(bson_iter_key(&iterator));
+    }
     return names;
 }
 
 template <class Record>
 std::vector<std::string> expectedNames(const std::vector<FieldCase<Record>>& fields) {
     std::vector<std::string> names;
-    for (const auto& field : fields) names.push_back(field.name);
+    for (const auto& field : fields) {
+        names.push_back(field.name);
+    }
     return names;
 }
 
 TYPED_TEST(RecordRules, StartsWithZeroAndEmptyFields) {
     const TypeParam record;
-    for (const auto& field : this->fields) EXPECT_TRUE(field.isZero(record)) << field.name;
+    for (const auto& field : this->fields) {
+        EXPECT_TRUE(field.isZero(record)) << field.name;
+    }
 }
 
 TYPED_TEST(RecordRules, DescribesItsFieldsInLayoutOrder) {
     std::string expected;
-    for (const auto& field : this->fields) expected += (expected.empty() ? "" : ",") + field.name + ":" + field.type;
+    for (const auto& field : this->fields) {
+        expected += (expected.empty() ? "" : ",") + field.name + ":" + field.type;
+    }
     EXPECT_EQ(TypeParam().getStructDes(), RecordCase<TypeParam>::name + ("{" + expected + "}"));
 }
 
 TYPED_TEST(RecordRules, OffsetLeadsToTheField) {
     const TypeParam record;
     const auto* start = reinterpret_cast<const char*>(&record);
-    for (const auto& field : this->fields)
+    for (const auto& field : this->fields) {
         EXPECT_EQ(start + record.getOffset(field.name), field.place(record)) << field.name;
+    }
 }
 
 TYPED_TEST(RecordRules, FieldsFollowEachOtherWithoutAGapToTheEnd) {
@@ -80,7 +89,9 @@ TYPED_TEST(RecordRules, FieldsFollowEachOtherWithoutAGapToTheEnd) {
 }
 
 TYPED_TEST(RecordRules, UnknownFieldHasNoOffset) {
-    for (const char* name : {"", "noSuchField", "_type"}) EXPECT_EQ(TypeParam().getOffset(name), -1) << name;
+    for (const char* name : {"", "noSuchField", "_type"}) {
+        EXPECT_EQ(TypeParam().getOffset(name), -1) << name;
+    }
 }
 
 TYPED_TEST(RecordRules, RecordsWithEqualContentsAreEqualAndHaveEqualKeys) {
@@ -106,7 +117,9 @@ TYPED_TEST(RecordRules, EveryFieldCountsForEquality) {
 TYPED_TEST(RecordRules, EveryFieldChangesTheKey) {
     const TypeParam original;
     for (const auto& field : this->fields) {
-        if (std::is_same_v<TypeParam, qmservice::CAccountInfo> && field.name != "accountId") continue;
+        if (std::is_same_v<TypeParam, qmservice::CAccountInfo> && field.name != "accountId") {
+            continue;
+        }
         TypeParam changed;
         field.change(changed);
         EXPECT_NE(changed.getHashKey(0), original.getHashKey(0)) << field.name;
@@ -149,7 +162,9 @@ TYPED_TEST(RecordRules, WritingIntoACopyLeavesTheOriginalAlone) {
 
 TYPED_TEST(RecordRules, CopyOfADerivedRecordIsTheRecordPart) {
     typename TestFixture::Derived derived;
-    for (const auto& field : this->fields) field.change(derived);
+    for (const auto& field : this->fields) {
+        field.change(derived);
+    }
     EXPECT_TRUE(derived.copy()->isEqual(filled<TypeParam>()));
 }
 

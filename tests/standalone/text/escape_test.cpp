@@ -21,7 +21,9 @@ TEST(Escape, LongTextIsShortenedBetweenCharacters) {
 
 TEST(Escape, LongTextThatIsNotUtf8IsShortenedNearTheSamePlace) {
     std::string bytes;
-    for (int i = 0; i < 36; ++i) bytes += "\\x80";
+    for (int i = 0; i < 36; ++i) {
+        bytes += "\\x80";
+    }
     EXPECT_EQ(inQuotes(std::string(41, '\x80')), '"' + bytes + "...\"");
 }
 
@@ -31,7 +33,9 @@ TEST(Escape, TextIsEscapedWhereATerminalWouldObeyIt) {
         {"\xC2\x80\xC2\x9F", "\\xc2\\x80\\xc2\\x9f"},                                      // C1 control characters
         {"\xE2\x80\xAE\xE2\x81\xA6\xD8\x9C", "\\xe2\\x80\\xae\\xe2\\x81\\xa6\\xd8\\x9c"},  // of direction
     };
-    for (const auto& [text, shown] : rows) EXPECT_EQ(printable(text), shown);
+    for (const auto& [text, shown] : rows) {
+        EXPECT_EQ(printable(text), shown);
+    }
 }
 
 TEST(Escape, ByteThatIsNotUtf8IsEscapedAndItsNeighboursStay) {
@@ -55,7 +59,9 @@ TEST(Escape, ByteThatIsNotUtf8IsEscapedAndItsNeighboursStay) {
          "\\xf1\\x80\\x80"
          "a"},
     };
-    for (const auto& [text, shown] : rows) EXPECT_EQ(printable(text), shown);
+    for (const auto& [text, shown] : rows) {
+        EXPECT_EQ(printable(text), shown);
+    }
 }
 
 TEST(Escape, EveryOtherCharacterStays) {

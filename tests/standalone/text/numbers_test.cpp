@@ -10,7 +10,9 @@ namespace {
 TEST(Numbers, WholeTextIsTheNumber) {
     EXPECT_EQ(numberIn<int>("-42"), -42);
     EXPECT_EQ(numberIn<double>("2.5e-4"), 0.00025);
-    for (const char* text : {"", " 1", "1 ", "+1", "1,5", "1x", "-"}) EXPECT_FALSE(numberIn<int>(text)) << text;
+    for (const char* text : {"", " 1", "1 ", "+1", "1,5", "1x", "-"}) {
+        EXPECT_FALSE(numberIn<int>(text)) << text;
+    }
 }
 
 TEST(Numbers, NumberThatDoesNotFitIsToldFromATextThatIsNone) {
@@ -24,7 +26,9 @@ TEST(Numbers, NumberThatDoesNotFitIsToldFromATextThatIsNone) {
 
 TEST(Numbers, DigitsAreOneOrMoreAndNothingElse) {
     EXPECT_TRUE(isDigits("007"));
-    for (const char* text : {"", "-1", "1.0", "１"}) EXPECT_FALSE(isDigits(text)) << text;
+    for (const char* text : {"", "-1", "1.0", "１"}) {
+        EXPECT_FALSE(isDigits(text)) << text;
+    }
 }
 
 }  // namespace
