@@ -1,11 +1,11 @@
 #include "cost/rates.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <iterator>
 #include <utility>
 
 #include "cost/refused.h"
+#include "host/record_fields.h"
 
 namespace cost {
 namespace {
@@ -18,14 +18,10 @@ public:
     Reader(const std::vector<RateName>& rateNames, std::string keyOfItem)
         : names(rateNames), item(std::move(keyOfItem)) {}
 
-    template <class Record>
-    void readLimit(const Record& limit, std::initializer_list<double Record::*> fields) {
-        readFields(limit, "rate", fields);
-    }
-
-    void readItem(const CStockOptionFeeItem& fees) {
-        using Item = CStockOptionFeeItem;
-        readFields<Item>(fees, "fee", {&Item::fee1, &Item::fee2, &Item::fee3, &Item::fee4, &Item::fee5});
+    /// Reads every rate of the list, which host/record_fields.h has for the record's class.
+    template <class Record, class Fields>
+    void read(const Record& record, const Fields& fields) {
+        records::forEachOf(fields, [&](const auto& field) { add(nameOf(field.name), record.*field.member); });
     }
 
     void add(const std::string& charge, double value) {
@@ -43,15 +39,7 @@ public:
     std::vector<Rate> rates;
 
 private:
-    template <class Record>
-    void readFields(const Record& record, const std::string& prefix, std::initializer_list<double Record::*> fields) {
-        int number = 0;
-        for (const auto field : fields) {
-            add(nameOf(prefix + std::to_string(++number)), record.*field);
-        }
-    }
-
-    [[nodiscard]] const std::string& nameOf(const std::string& field) const {
+    [[nodiscard]] std::string nameOf(const std::string& field) const {
         const auto name =
             std::find_if(names.begin(), names.end(), [&](const RateName& known) { return known.field == field; });
         return name == names.end() ? field : name->charge;
@@ -61,19 +49,10 @@ private:
     std::string item;
 };
 
-std::vector<Rate> stockRates(const CStkExchangeRateLimit& limit, const std::vector<RateName>& names) {
-    using Limit = CStkExchangeRateLimit;
+template <class Limit, class Fields>
+std::vector<Rate> limitRates(const Limit& limit, const Fields& fields, const std::vector<RateName>& names) {
     Reader reader(names, "");
-    reader.readLimit(limit, {&Limit::rate1, &Limit::rate2, &Limit::rate3, &Limit::rate4, &Limit::rate5, &Limit::rate6});
-    return reader.rates;
-}
-
-template <class Limit>
-std::vector<Rate> connectRates(const Limit& limit, const std::vector<RateName>& names) {
-    Reader reader(names, "");
-    reader.readLimit<Limit>(limit, {&Limit::rate1, &Limit::rate2, &Limit::rate3, &Limit::rate4, &Limit::rate5,
-                                    &Limit::rate6, &Limit::rate7, &Limit::rate8, &Limit::rate9, &Limit::rate10,
-                                    &Limit::rate11, &Limit::rate12, &Limit::rate13, &Limit::rate14});
+    reader.read(limit, fields);
     return reader.rates;
 }
 
@@ -82,7 +61,7 @@ std::vector<Rate> optionRates(const CStockOptionFeeRate& fee, const std::vector<
     for (const auto& [key, item] : fee.items) {
         if (item) {
             Reader reader(names, key);
-            reader.readItem(*item);
+            reader.read(*item, records::optionFees<CStockOptionFeeItem>);
             std::move(reader.rates.begin(), reader.rates.end(), std::back_inserter(rates));
         }
     }
@@ -174,11 +153,13 @@ Rates ratesOf(const CInstrumentFee& answer, const RateNames& names) {
         case Family::kOption:
             return {optionRates(*answer.stkOptionFeeRate, fieldNames), {}};
         case Family::kHgt:
-            return {connectRates(*answer.hgtRateLimit, fieldNames), {}};
+            return {limitRates(*answer.hgtRateLimit, records::connectRates<CCustomHGTExchangeRateLimit>, fieldNames),
+                    {}};
         case Family::kSgt:
-            return {connectRates(*answer.sgtRateLimit, fieldNames), {}};
+            return {limitRates(*answer.sgtRateLimit, records::connectRates<CCustomSgtExchangeRateLimit>, fieldNames),
+                    {}};
         default:
-            return {stockRates(*answer.stkRateLimit, fieldNames), {}};
+            return {limitRates(*answer.stkRateLimit, records::stockRates<CStkExchangeRateLimit>, fieldNames), {}};
     }
 }
 
