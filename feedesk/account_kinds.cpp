@@ -19,4 +19,6 @@ AccountKind accountKind(int type) {
                            : AccountKind{type, kind->name, stockFamily(kind->family), kind->isListed};
 }
 
+bool tradesThroughConnect(int type) { return type == qmservice::kHgtAccount || type == qmservice::kSgtAccount; }
+
 }  // namespace feedesk

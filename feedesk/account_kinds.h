@@ -16,6 +16,9 @@ struct AccountKind {
 /// The kind with this number; its name is the number when the program knows no better.
 AccountKind accountKind(int type);
 
+/// Whether such an account trades through a connect channel.
+bool tradesThroughConnect(int type);
+
 }  // namespace feedesk
 
 #endif  // FEEDESK_ACCOUNT_KINDS_H

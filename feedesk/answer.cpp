@@ -1,9 +1,9 @@
 #include "feedesk/answer.h"
 
 #include <algorithm>
-#include <array>
 
 #include "feedesk/account_kinds.h"
+#include "feedesk/trades/trade_words.h"
 #include "host/record_fields.h"
 
 namespace feedesk {
@@ -13,7 +13,6 @@ using namespace qmservice;  // NOLINT(google-build-using-namespace): the record 
 using standalone::RateName;
 using Values = std::vector<double>;
 
-const std::array<const char*, 3> kHedgeNames = {"speculation", "arbitrage", "hedging"};
 constexpr const char* kOptionPart = "option";
 
 // The rates that market.toml names, in the order of their fields.
@@ -119,7 +118,7 @@ private:
         // A slot that is not set stands where its hedge flag belongs.
         const auto flag = detail ? detail->hedgeFlag : static_cast<std::int32_t>('1' + slot);
         line.item = std::string(1, static_cast<char>(flag));
-        line.label = flag >= '1' && flag <= '3' ? kHedgeNames.at(static_cast<std::size_t>(flag - '1')) : line.item;
+        line.label = hedgeName(line.item.front());
         if (detail) {
             line.rates = margin(*detail);
         }

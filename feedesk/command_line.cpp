@@ -27,6 +27,8 @@ constexpr const char* kExamples = R"(Examples:
   feedesk fee 3000001 'SHFE:rb*' --json    a pattern needs quotes
   feedesk fee 1000001 - <instruments.txt   a list on standard input
   feedesk fees 1000001 --only-market SZ --match '30*' --csv
+  feedesk cost 1000001 SH:600519 buy 300@1488.50
+  feedesk cost --trades trades.csv --totals account,day
   feedesk fees 1000001 --strict            status 1 when a rate is only built in
 
 Exit status: 0 answered, 1 the question has no answer, 2 bad usage or bad input.)";
@@ -141,12 +143,13 @@ int run(int argc, const char* const* argv) {
     const bool json = asksForJson(argc, argv);
     setMessageForm(json ? MessageForm::kObjects : MessageForm::kSentences);
     Program program;
+    const auto readsNothing = [&] { return json && !program.hasAnswered && program.format != Format::kJsonLines; };
     try {
         return answerCommandLine(argc, argv, program);
     } catch (const Failure& failure) {
-        return withoutAnswer(failure.what(), failure.status(), json && !program.hasAnswered);
+        return withoutAnswer(failure.what(), failure.status(), readsNothing());
     } catch (const std::exception& error) {
-        return withoutAnswer(error.what(), kBadInput, json && !program.hasAnswered);
+        return withoutAnswer(error.what(), kBadInput, readsNothing());
     }
 }
 

@@ -16,6 +16,8 @@ std::unique_ptr<RowSink> sinkFor(Format format) {
     switch (format) {
         case Format::kJson:
             return jsonSink(writeData);
+        case Format::kJsonLines:
+            return jsonLinesSink(writeData);
         case Format::kCsv:
             return csvSink(writeData);
         case Format::kTable:
@@ -35,6 +37,10 @@ std::string filled(const std::string& note) {
 /// What stands below a table.
 std::string below(const Remarks& remarks) {
     std::string text;
+    for (const std::string& sum : remarks.footing) {
+        text += filled(sum) + "\n";
+    }
+    text += remarks.footing.empty() || remarks.notes.empty() ? "" : "\n";
     for (const std::string& note : remarks.notes) {
         text += filled(note) + "\n";
     }

@@ -11,13 +11,14 @@
 
 namespace feedesk {
 
-enum class Format { kTable, kJson, kCsv };
+enum class Format { kTable, kJson, kJsonLines, kCsv };
 
 /// What people are told with an answer's rows.
 struct Remarks {
-    std::string heading;             ///< above the tables; not beside JSON and CSV
-    std::vector<std::string> notes;  ///< below the tables, or on standard error beside JSON and CSV
-    std::string warning;             ///< the last of the notes, coloured
+    std::string heading;                 ///< above the tables; not beside JSON and CSV
+    std::vector<std::string> notes;      ///< below the tables, or on standard error beside JSON and CSV
+    std::string warning;                 ///< the last of the notes, coloured
+    std::vector<std::string> footing{};  ///< sums right below the tables; not beside JSON and CSV
 };
 
 /// What the command line asks for, and what the commands share.

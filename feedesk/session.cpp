@@ -213,6 +213,14 @@ DatedFee Session::feeOn(cost::Date date, const std::string& accountId, const Que
     return answer ? DatedFee{fees.front(), std::move(*answer), &center.market()} : DatedFee{{}, {}, &center.market()};
 }
 
+void Session::keepOnly(cost::Date date) {
+    const IntervalCenter& wanted = installed(date);
+    for (auto each = centers.begin(); each != centers.end();) {
+        const bool stays = each->second.get() == asked || each->second.get() == &wanted;
+        each = stays ? std::next(each) : centers.erase(each);
+    }
+}
+
 std::string Session::summary() const {
     const std::string queries = tally.queries == 1 ? "1 query" : grouped(tally.queries) + " queries";
     return fmt::format("loaded {}, {}, {}, {} in {}; answered {} in {}",

@@ -87,6 +87,10 @@ public:
     /// to be installed.
     DatedFee feeOn(cost::Date date, const std::string& accountId, const Question& question);
 
+    /// Gives back the memory of all intervals but those of the day that was asked for and of this one; they are made
+    /// again when they are needed.
+    void keepOnly(cost::Date date);
+
     /// What was loaded and asked and how long it took, one line.
     [[nodiscard]] std::string summary() const;
 

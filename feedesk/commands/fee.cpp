@@ -23,11 +23,6 @@ struct FeeArguments {
     std::vector<std::string> instruments;
 };
 
-bool tradesThroughConnect(const standalone::Account& account) {
-    const int type = account.record->accountType;
-    return type == qmservice::kHgtAccount || type == qmservice::kSgtAccount;
-}
-
 /// What the arguments and the list on standard input name.
 struct Asked {
     std::vector<Question> questions;
@@ -63,7 +58,7 @@ ExitStatus fee(Program& program, const FeeArguments& arguments) {
     const std::vector<AskedInstrument> instruments = askedInstruments(arguments.instruments);
     Session session(program.session);
     const standalone::Account& account = session.account(arguments.account);
-    const Asked asked = ask(instruments, session.instruments(), tradesThroughConnect(account));
+    const Asked asked = ask(instruments, session.instruments(), tradesThroughConnect(account.record->accountType));
     const Replies replies = asked.questions.empty() ? Replies() : session.fees(account, asked.questions);
     tellUnanswered(replies, account);
     ExitStatus status = kAnswered;

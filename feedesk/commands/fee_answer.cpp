@@ -11,16 +11,12 @@
 #include "feedesk/messages.h"
 
 namespace feedesk {
-namespace {
 
-/// The day is told where it was asked for.
-std::string heading(const standalone::Account& account, const std::optional<cost::Date>& asked) {
+std::string accountHeading(const standalone::Account& account, const std::optional<cost::Date>& asked) {
     const qmservice::CAccountInfo& info = *account.record;
     return fmt::format("Account {} ({}) {}{}", info.accountId, accountKind(info.accountType).name, info.accountName,
                        asked ? ", as of " + asked->text() : "");
 }
-
-}  // namespace
 
 void addFeeOptions(CLI::App& command, Program& program) {
     addFormatOptions(command, program);
@@ -36,7 +32,7 @@ void tellUnanswered(const Replies& replies, const standalone::Account& account) 
 
 ExitStatus answerFees(Program& program, const Session& session, const standalone::Account& account,
                       const std::vector<Answer>& answers, const std::vector<std::string>& notes) {
-    Remarks remarks{heading(account, program.session.date), notes, markedSentence(answers)};
+    Remarks remarks{accountHeading(account, program.session.date), notes, markedSentence(answers), {}};
     const FeeRows rows(answers, session.market());
     program.answer(session, rows.sections(), [&](RowSink& sink) {
         rows.giveTo(sink);

@@ -46,15 +46,27 @@ private:
     std::string group;  // that is open; empty: none is
 };
 
+/// What stands around the objects and between them.
+struct Frame {
+    const char* before;
+    const char* between;
+    const char* behind;
+    const char* empty;  // in place of all when there is no object
+};
+
+constexpr Frame kArray = {"[\n", ",\n", "\n]\n", "[]\n"};
+constexpr Frame kLines = {"", "\n", "\n", ""};
+
 class JsonSink : public RowSink {
 public:
-    explicit JsonSink(Write write) : chunks(std::move(write)) {}
+    JsonSink(Write write, const Frame& usedFrame) : frame(usedFrame), chunks(std::move(write)) {}
 
     void begin(const Sections& newSections) override { sections = newSections; }
     void row(const Row& row) override;
     void end() override;
 
 private:
+    const Frame& frame;
     Sections sections;
     bool empty = true;
     Chunks chunks;
@@ -66,17 +78,19 @@ void JsonSink::row(const Row& row) {
     for (std::size_t i = 0; i < fields.size(); ++i) {
         object.add(fields[i], row.values[i]);
     }
-    chunks.add((empty ? "[\n" : ",\n") + object.text());
+    chunks.add((empty ? frame.before : frame.between) + object.text());
     empty = false;
 }
 
 void JsonSink::end() {
-    chunks.add(empty ? "[]\n" : "\n]\n");
+    chunks.add(empty ? frame.empty : frame.behind);
     chunks.flush();
 }
 
 }  // namespace
 
-std::unique_ptr<RowSink> jsonSink(Write write) { return std::make_unique<JsonSink>(std::move(write)); }
+std::unique_ptr<RowSink> jsonSink(Write write) { return std::make_unique<JsonSink>(std::move(write), kArray); }
+
+std::unique_ptr<RowSink> jsonLinesSink(Write write) { return std::make_unique<JsonSink>(std::move(write), kLines); }
 
 }  // namespace feedesk

@@ -29,6 +29,9 @@ std::unique_ptr<RowSink> csvSink(Write write);
 /// in a group it is left out. Rows are written as they come.
 std::unique_ptr<RowSink> jsonSink(Write write);
 
+/// The same objects, one a line, without an array around them.
+std::unique_ptr<RowSink> jsonLinesSink(Write write);
+
 }  // namespace feedesk
 
 #endif  // FEEDESK_ROWS_SINKS_H

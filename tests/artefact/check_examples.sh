@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The examples of a document are what feedesk prints. In each ```console block a line "$ feedesk ..." is run where the
-# bundled market is the usual one and `broken` is a copy of it with faults; what follows must be its output.
+# bundled market is the usual one and `broken` is a copy of it with faults; what follows must be its output. A block
+# ```csv NAME is a file of that name.
 #   check_examples.sh FEEDESK MARKET DOCUMENT
 set -uo pipefail
 feedesk=$(realpath "$1")
@@ -36,12 +37,19 @@ check() {
 }
 
 inside=
+file=
 while IFS= read -r line; do
   if [[ $line == '```console' ]]; then
     inside=yes
+  elif [[ $line == '```csv '* ]]; then
+    file=${line#'```csv '}
+    : >"$file"
   elif [[ $line == '```' ]]; then
     check
     inside=
+    file=
+  elif [[ -n $file ]]; then
+    printf '%s\n' "$line" >>"$file"
   elif [[ -n $inside && $line == '$ '* ]]; then
     check
     expected=

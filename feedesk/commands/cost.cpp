@@ -1,0 +1,90 @@
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <utility>
+
+#include "cost/bill.h"
+#include "feedesk/commands/commands.h"
+#include "feedesk/commands/cost_arguments.h"
+#include "feedesk/commands/cost_totals.h"
+#include "feedesk/commands/options.h"
+#include "feedesk/text.h"
+
+namespace feedesk {
+namespace {
+
+/// An option with an exact number above 0.
+void addNumber(CLI::App& command, const std::string& name, std::optional<cost::Decimal>& number,
+               const std::string& help) {
+    const auto problem = [](const std::string& text) {
+        const auto read = cost::Decimal::parse(text);
+        return read && *read > cost::Decimal() ? "" : fmt::format("{} is not a plain number above 0", echoed(text));
+    };
+    command
+        .add_option_function<std::string>(
+            name, [&number](const std::string& text) { number = cost::Decimal::parse(text); }, help)
+        ->check(CLI::Validator(problem, ""))
+        ->type_name("N");
+}
+
+void refuse(bool wrong, const char* sentence) {
+    if (wrong) {
+        throw Failure(kBadInput, sentence);
+    }
+}
+
+ExitStatus answerCost(Program& program, const CostArguments& arguments) {
+    if (arguments.file.empty()) {
+        refuse(!arguments.totals.empty() || arguments.keepGoing || arguments.unsorted,
+               "--totals, --keep-going and --unsorted go with --trades FILE");
+        return costOfArguments(program, arguments);
+    }
+    refuse(arguments.cash || arguments.breakEven, "--cash and --break-even do not go with --trades");
+    refuse(!arguments.instrument.empty(),
+           "--trades goes with an account or none; instruments and trades stand in the file");
+    refuse(program.session.date.has_value(), "--date does not go with --trades, whose trades have a date each");
+    return costOfFile(program, arguments);
+}
+
+}  // namespace
+
+cost::Bill exchanged(cost::Bill bill, const CostArguments& arguments) {
+    const bool converts = arguments.exchangeRate && bill.currency != kYuan;
+    return converts ? cost::converted(std::move(bill), *arguments.exchangeRate, kYuan) : std::move(bill);
+}
+
+void addCost(CLI::App& app, Program& program) {
+    CLI::App* command = app.add_subcommand("cost", "What trades cost, item by item");
+    CostArguments& arguments = argumentsOf(*command, program, answerCost);
+    command->add_option("ACCOUNT", arguments.account, "Number of the account")->type_name("");
+    command->add_option("INSTRUMENT", arguments.instrument, "One instrument, written as for `fee`")->type_name("");
+    command
+        ->add_option("TRADE", arguments.trades,
+                     "SIDE QUANTITY@PRICE, such as buy 300@1488.50\nor open-long 2@3450; each is an order of its\n"
+                     "own")
+        ->type_name("");
+    command->add_option("--hedge", arguments.hedge, "Futures: speculation (else), arbitrage or\nhedging")
+        ->type_name("FLAG");
+    addNumber(*command, "--cash", arguments.cash,
+              "With buy @1488.50: the largest quantity that\nthis money pays for, and its costs");
+    command->add_flag("--break-even", arguments.breakEven,
+                      "With a purchase or opening: the price that\npays for both sides, and what closing costs");
+    addNumber(*command, "--exchange-rate", arguments.exchangeRate,
+              "Yuan for one unit of another currency:\namounts are converted at the end");
+    command->add_option("--trades", arguments.file, "The trades of this file, or - for standard\ninput")
+        ->type_name("FILE");
+    command
+        ->add_option("--totals", arguments.totals,
+                     "Of a file: sums by account, day, instrument\nor order, or by several: account,day")
+        ->check(CLI::Validator(
+            [](const std::string& text) {
+                return totalsKeyFrom(text).any() ? "" : fmt::format("{} is none of {}", echoed(text), totalsWords());
+            },
+            ""))
+        ->type_name("BY");
+    command->add_flag("--keep-going", arguments.keepGoing, "Of a file: pass over wrong lines, then status 1");
+    command->add_flag("--unsorted", arguments.unsorted, "Of a file: sort the trades by day first");
+    addFormatOptions(*command, program);
+}
+
+}  // namespace feedesk

@@ -1,0 +1,197 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "cost/refused.h"
+#include "feedesk/account_kinds.h"
+#include "feedesk/commands/cost_arguments.h"
+#include "feedesk/commands/cost_backwards.h"
+#include "feedesk/commands/cost_rows.h"
+#include "feedesk/commands/fee_answer.h"
+#include "feedesk/marks.h"
+#include "feedesk/text.h"
+#include "feedesk/trades/tariffs.h"
+#include "feedesk/trades/trade_words.h"
+#include "feedesk/unlisted.h"
+
+namespace feedesk {
+namespace {
+
+using Trades = std::vector<ChargedTrade>;
+
+constexpr const char* kHowToAsk = "; ask as in: feedesk cost ACCOUNT INSTRUMENT buy 300@1488.50";
+
+/// What `calculate` gives; a refusal ends the command.
+template <class Calculate>
+auto orFail(ExitStatus status, const Calculate& calculate) {
+    try {
+        return calculate();
+    } catch (const cost::Refused& refused) {
+        throw Failure(status, refused.what());
+    }
+}
+
+cost::Trade tradeFrom(const std::string& side, const std::string& numbers, const CostArguments& arguments,
+                      cost::Date date) {
+    cost::Trade trade;
+    trade.side = sideFrom(side);
+    readQuantityAndPrice(numbers, trade);
+    trade.hedgeFlag = hedgeFlagFrom(arguments.hedge);
+    trade.date = date;
+    return trade;
+}
+
+std::vector<cost::Trade> tradesFrom(const CostArguments& arguments, cost::Date date) {
+    const std::vector<std::string>& words = arguments.trades;
+    if (words.empty() || words.size() % 2 != 0) {
+        throw Failure(kBadInput, std::string("a trade is two words, its side and its quantity and price") + kHowToAsk);
+    }
+    return orFail(kBadInput, [&] {
+        std::vector<cost::Trade> trades;
+        for (std::size_t i = 0; i < words.size(); i += 2) {
+            trades.push_back(tradeFrom(words[i], words[i + 1], arguments, date));
+        }
+        return trades;
+    });
+}
+
+Question instrumentOf(const Session& session, const standalone::Account& account, const std::string& text) {
+    const bool connect = tradesThroughConnect(account.record->accountType);
+    const std::vector<Question> found = session.instruments().find(text, connect);
+    if (found.empty()) {
+        throw Failure(kNoAnswer, session.instruments().problem(text, connect));
+    }
+    if (found.size() > 1) {
+        throw Failure(kNoAnswer,
+                      fmt::format("{} stands for {} instruments, and a trade is of one", echoed(text), found.size()));
+    }
+    return found.front();
+}
+
+/// "sell 100 SH:601668 中国建筑 at 5.02 on 2021-03-04"
+std::string tradeText(const ChargedTrade& charged, const Answer& answer) {
+    return fmt::format("{} {} {} {}{}{} on {}", charged.side, charged.quantity,
+                       charged.bill.tariff.place().instrument(), answer.instrument->name,
+                       charged.price.empty() ? "" : " at ", charged.price, charged.date);
+}
+
+std::string levelAndSource(const cost::MarginRate& rate) {
+    return rate.level + (rate.source.empty() ? "" : " " + rate.source);
+}
+
+std::string marginText(const ChargedTrade& charged) {
+    const auto& margin = charged.bill.margin;
+    return !margin ? ""
+                   : fmt::format("; margin {} {} ({}; {})", margin->amount.text(2), charged.bill.currency,
+                                 cost::kMarginLabel, levelAndSource(*margin->rate));
+}
+
+/// What the trade moves on the account.
+std::string totalText(const ChargedTrade& charged) {
+    const cost::Bill& bill = charged.bill;
+    const cost::Decimal moved = bill.net.isNegative() ? -bill.net : bill.net;
+    return fmt::format("turnover {}, costs {} {}; the account {} {} {}{}", charged.turnover, charged.costs,
+                       bill.currency, bill.net.isNegative() ? "pays" : "receives", moved.text(2), bill.currency,
+                       marginText(charged));
+}
+
+std::vector<std::string> sums(const Trades& trades) {
+    std::vector<std::string> lines;
+    for (const ChargedTrade& charged : trades) {
+        lines.push_back((trades.size() == 1 ? "" : fmt::format("Trade {}: ", charged.number)) + totalText(charged));
+    }
+    if (trades.size() == 1) {
+        lines.front().front() = 'T';
+    }
+    return lines;
+}
+
+/// The trades that are asked for, and what is said about them besides.
+struct AskedTrades {
+    std::vector<cost::Trade> trades;
+    std::vector<std::string> sentences;
+};
+
+void askBackwards(AskedTrades& asked, const Charged& charged, const CostArguments& arguments) {
+    if (!arguments.cash && !arguments.breakEven) {
+        return;
+    }
+    if (asked.trades.size() != 1) {
+        throw Failure(kBadInput, "--cash and --break-even are asked of one trade");
+    }
+    const std::string& numbers = arguments.trades[1];
+    if (arguments.cash) {
+        takeAffordable(asked.trades.front(), charged.tariff, arguments);
+    }
+    if (arguments.breakEven) {
+        const Tick tick =
+            tickOf(*charged.answer.instrument, numbers.substr(std::min(numbers.find('@') + 1, numbers.size() - 1)));
+        const cost::Trade closing = breakEven(asked.trades.front(), charged.tariff, tick);
+        asked.sentences.push_back(fmt::format("Break-even: {} at {} or {} (tick {}, {})", cost::wordFor(closing.side),
+                                              closing.price.text(), cost::isShort(closing.side) ? "lower" : "higher",
+                                              tick.step.text(), tick.reason));
+        asked.trades.push_back(closing);
+    }
+}
+
+/// What is left of the cash, in the currency of the answer.
+std::string cashText(const cost::Decimal& cash, const ChargedTrade& charged) {
+    const cost::Bill& bill = charged.bill;
+    const cost::Decimal needed = bill.margin ? bill.margin->amount + bill.costs : -bill.net;
+    return fmt::format("{0} {1} pay for {2} at most; {3} {1} are left", cash.text(), bill.currency, charged.quantity,
+                       (cash - needed).text(2));
+}
+
+Trades charge(const AskedTrades& asked, const cost::Tariff& tariff, const CostArguments& arguments) {
+    Trades trades;
+    for (const cost::Trade& trade : asked.trades) {
+        trades.emplace_back(trades.size() + 1, trade, exchanged(cost::costOf(trade, tariff), arguments));
+    }
+    return trades;
+}
+
+void answerTrades(Program& program, const Session& session, const standalone::Account& account, const Charged& charged,
+                  const Trades& trades, const std::vector<std::string>& sentences) {
+    const ItemFields fields = titledItemFields(session.market());
+    Sections sections;
+    for (const ChargedTrade& trade : trades) {
+        const std::string number = trades.size() == 1 ? "" : fmt::format("Trade {}: ", trade.number);
+        sections.push_back(sectionOf(number + tradeText(trade, charged.answer), fields));
+    }
+    program.answer(session, sections, [&](RowSink& sink) {
+        for (std::size_t i = 0; i < trades.size(); ++i) {
+            giveItems(trades[i], fields, i, sink);
+        }
+        Remarks remarks{accountHeading(account), unlistedNotes(account, {charged.answer}, session.market()),
+                        markedSentence({charged.answer}), sums(trades)};
+        remarks.footing.insert(remarks.footing.end(), sentences.begin(), sentences.end());
+        return remarks;
+    });
+}
+
+}  // namespace
+
+ExitStatus costOfArguments(Program& program, const CostArguments& arguments) {
+    if (arguments.account.empty() || arguments.instrument.empty()) {
+        throw Failure(kBadInput, std::string("an account, an instrument and a trade are needed") + kHowToAsk);
+    }
+    Session session(program.session);
+    const standalone::Account& account = session.account(arguments.account);
+    AskedTrades asked{tradesFrom(arguments, session.day()), {}};
+    const Question instrument = instrumentOf(session, account, arguments.instrument);
+    const Charged charged =
+        orFail(kNoAnswer, [&] { return chargedOn(session, session.day(), arguments.account, instrument); });
+    const Trades trades = orFail(kNoAnswer, [&] {
+        askBackwards(asked, charged, arguments);
+        Trades costs = charge(asked, charged.tariff, arguments);
+        if (arguments.cash) {
+            asked.sentences.insert(asked.sentences.begin(), cashText(*arguments.cash, costs.front()));
+        }
+        return costs;
+    });
+    answerTrades(program, session, account, charged, trades, asked.sentences);
+    return kAnswered;
+}
+
+}  // namespace feedesk

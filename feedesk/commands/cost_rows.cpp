@@ -1,0 +1,158 @@
+#include "feedesk/commands/cost_rows.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "feedesk/trades/trade_words.h"
+
+namespace feedesk {
+namespace {
+
+/// Amounts are shown with the digits of a fen or a cent at least.
+constexpr int kMoneyDecimals = 2;
+/// The level of a rate that the charging term itself holds.
+constexpr const char* kTermLevel = "charging term";
+
+template <class Word>
+std::string word(Word value) {
+    return std::string(cost::wordFor(value));
+}
+
+const cost::Place& placeOf(const ItemRow& row) { return row.charged.bill.tariff.place(); }
+
+/// The value of an item; nothing in the row of a trade without one.
+template <class Find>
+auto ofItem(const Find& find) {
+    return [find](const ItemRow& row) { return row.item == nullptr ? Value(Nothing()) : Value(find(*row.item)); };
+}
+
+Value money(const std::string& decimal) { return decimal.empty() ? Value(Nothing()) : Value(Money{decimal}); }
+
+Value amountOf(const ItemRow& row) {
+    return Money{row.item == nullptr ? "0.00" : row.item->amount.text(kMoneyDecimals)};
+}
+
+Value marginOf(const ItemRow& row) {
+    const auto& asked = row.charged.bill.margin;
+    return asked ? Value(Money{asked->amount.text(kMoneyDecimals)}) : Value(Nothing());
+}
+
+Value insideOf(const cost::Item& item) {
+    return item.inside == nullptr ? Value(Nothing()) : Value(item.inside->charge);
+}
+
+std::string levelOf(const cost::Item& item) { return item.rate == nullptr ? kTermLevel : item.rate->level; }
+
+Value sourceOf(const cost::Item& item) {
+    const std::string& place = item.rate == nullptr ? item.term->where : item.rate->source;
+    return place.empty() ? Value(Nothing()) : Value(Source{place});
+}
+
+/// "Handling fee" for a charge whose term has no title: as market.toml calls the rate, else its own name as words.
+std::string titleOf(const cost::Term& term, const standalone::Market& market) {
+    if (!term.title.empty()) {
+        return term.title;
+    }
+    const auto names = market.rateNames.find(word(term.family));
+    if (names != market.rateNames.end()) {
+        for (const standalone::RateName& name : names->second) {
+            if (name.column == term.charge) {
+                return name.title;
+            }
+        }
+    }
+    std::string title = term.charge;
+    std::replace(title.begin(), title.end(), '_', ' ');
+    title.front() =
+        title.front() >= 'a' && title.front() <= 'z' ? static_cast<char>(title.front() - 'a' + 'A') : title.front();
+    return title;
+}
+
+std::string basisText(const cost::Item& item) {
+    return item.basis.text(item.term->basis == cost::Basis::kTurnover ? kMoneyDecimals : 0);
+}
+
+/// A fraction of turnover as percent, everything else as it is.
+std::string rateText(const cost::Item& item) {
+    return item.term->basis == cost::Basis::kTurnover ? (item.value * cost::Decimal(100)).text() + "%"
+                                                      : item.value.text();
+}
+
+}  // namespace
+
+ChargedTrade::ChargedTrade(std::size_t tradeNumber, cost::Trade chargedTrade, cost::Bill tradeBill)
+    : number(tradeNumber),
+      trade(std::move(chargedTrade)),
+      bill(std::move(tradeBill)),
+      date(trade.date.text()),
+      side(word(trade.side)),
+      hedge(bill.tariff.place().family == cost::Family::kFutures ? hedgeName(trade.hedgeFlag) : ""),
+      quantity(trade.quantity.text()),
+      price(trade.price.isZero() ? "" : trade.price.text()),
+      turnover(bill.turnover.text(kMoneyDecimals)),
+      costs(bill.costs.text(kMoneyDecimals)),
+      net(bill.net.text(kMoneyDecimals)) {}
+
+ItemFields itemFields() {
+    return {
+        {forPrograms("trade"), [](const ItemRow& row) { return row.charged.number; }},
+        {forPrograms("account"), [](const ItemRow& row) { return placeOf(row).account; }},
+        {forPrograms("date"), [](const ItemRow& row) { return row.charged.date; }},
+        {forPrograms("market"), [](const ItemRow& row) { return placeOf(row).market; }},
+        {forPrograms("code"), [](const ItemRow& row) { return placeOf(row).code; }},
+        {forPrograms("side"), [](const ItemRow& row) { return row.charged.side; }},
+        {forPrograms("hedge"), [](const ItemRow& row) { return textOrNothing(row.charged.hedge); }},
+        {forPrograms("quantity"), [](const ItemRow& row) { return money(row.charged.quantity); }},
+        {forPrograms("price"), [](const ItemRow& row) { return money(row.charged.price); }},
+        {forPrograms("order"), [](const ItemRow& row) { return textOrNothing(row.charged.trade.order); }},
+        {forPrograms("charge"), ofItem([](const cost::Item& item) { return item.term->charge; })},
+        {forPrograms("item"), ofItem([](const cost::Item& item) { return textOrNothing(item.term->item); })},
+        {forPrograms("basis_of"), ofItem([](const cost::Item& item) { return word(item.term->basis); })},
+        {forPrograms("fills"), ofItem([](const cost::Item& item) { return item.trades; })},
+        {{"basis", "Basis", Unit::kNumber}, ofItem([](const cost::Item& item) { return Money{basisText(item)}; })},
+        {forPrograms("rate"), ofItem([](const cost::Item& item) { return Money{item.value.text()}; })},
+        {{"amount", "Amount", Unit::kNumber}, amountOf},
+        {forPrograms("inside"), ofItem(insideOf)},
+        {forPrograms("currency"), [](const ItemRow& row) { return row.charged.bill.currency; }},
+        {{"level", "Level"}, ofItem(levelOf)},
+        {Field{"source", "Rate from"}.when(WhenZero::kLeftOut), ofItem(sourceOf)},
+        {{"term", "Term"}, ofItem([](const cost::Item& item) { return Source{item.term->where}; })},
+        {forPrograms("turnover"), [](const ItemRow& row) { return money(row.charged.turnover); }},
+        {forPrograms("costs"), [](const ItemRow& row) { return money(row.charged.costs); }},
+        {forPrograms("net"), [](const ItemRow& row) { return money(row.charged.net); }},
+        {forPrograms("margin"), marginOf},
+    };
+}
+
+ItemFields titledItemFields(const standalone::Market& market) {
+    ItemFields fields = itemFields();
+    const auto before = [&](const std::string& name) {
+        return std::find_if(fields.begin(), fields.end(),
+                            [&](const FieldOf<ItemRow>& each) { return each.field.name == name; });
+    };
+    const auto title = [&market](const cost::Term& term) { return titleOf(term, market); };
+    fields.insert(before("basis"),
+                  {forPeople("Charge"), ofItem([title](const cost::Item& item) { return title(*item.term); })});
+    fields.insert(before("amount"), {Field{"", "Rate", Unit::kNumber}, ofItem(rateText)});
+    fields.insert(before("currency"),
+                  {forPeople("Inside").when(WhenZero::kLeftOut), ofItem([title](const cost::Item& item) {
+                       return textOrNothing(item.inside == nullptr ? "" : title(*item.inside));
+                   })});
+    return fields;
+}
+
+void giveItems(const ChargedTrade& charged, const ItemFields& fields, std::size_t section, RowSink& sink) {
+    const auto give = [&](const cost::Item* item) {
+        Row row = rowOf(fields, ItemRow{charged, item});
+        row.section = section;
+        sink.row(row);
+    };
+    for (const cost::Item& item : charged.bill.items) {
+        give(&item);
+    }
+    if (charged.bill.items.empty()) {
+        give(nullptr);
+    }
+}
+
+}  // namespace feedesk

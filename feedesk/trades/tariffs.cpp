@@ -1,0 +1,177 @@
+#include "feedesk/trades/tariffs.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "cost/refused.h"
+#include "feedesk/account_kinds.h"
+#include "feedesk/failure.h"
+#include "feedesk/instrument_text.h"
+#include "feedesk/text.h"
+#include "standalone/charged_families.h"
+
+namespace feedesk {
+namespace {
+
+using cost::Refused;
+
+constexpr std::size_t kManyTariffs = 20'000;
+constexpr char kSeparator = '\0';  // in no text that a person writes
+
+void refuse(const std::string& sentence) {
+    if (!sentence.empty()) {
+        throw Refused(sentence);
+    }
+}
+
+/// Every rate field of the family under its column's name.
+cost::RateNames namesOf(cost::Family family, const standalone::Market& market) {
+    const auto named = market.rateNames.find(std::string(cost::wordFor(family)));
+    cost::RateNames names;
+    if (named != market.rateNames.end()) {
+        for (const standalone::RateName& name : named->second) {
+            names[family].push_back({name.field, name.column});
+        }
+    }
+    return names;
+}
+
+/// What a traced answer says about the part that holds a rate.
+class Origins {
+public:
+    Origins(const Answer& tracedAnswer, const standalone::Market& marketOfDay)
+        : answer(tracedAnswer), market(marketOfDay) {}
+
+    template <class Rate>
+    void fill(Rate& rate, std::string_view part, const std::string& item) const {
+        const auto line = std::find_if(answer.lines.begin(), answer.lines.end(),
+                                       [&](const FeeLine& each) { return each.part == part && each.item == item; });
+        if (line == answer.lines.end()) {
+            return;
+        }
+        rate.level = levelName(line->origin.level);
+        rate.source = line->origin.position ? market.where(*line->origin.position) : "";
+    }
+
+private:
+    const Answer& answer;
+    const standalone::Market& market;
+};
+
+cost::Rates ratesOf(const DatedFee& dated, cost::Family family) {
+    cost::Rates rates = cost::ratesOf(*dated.fee, namesOf(family, *dated.market));
+    const Origins origins(dated.answer, *dated.market);
+    const std::string_view part = standalone::ratesOf(family).name;
+    for (cost::Rate& rate : rates.charges) {
+        origins.fill(rate, part, rate.item);
+    }
+    for (cost::MarginRate& rate : rates.margins) {
+        origins.fill(rate, kMarginPart, std::string(1, rate.hedgeFlag));
+    }
+    return rates;
+}
+
+cost::Decimal decimal(double number) { return cost::Decimal::fromRate(number).value_or(cost::Decimal()); }
+
+/// The least quantity of a purchase and its steps are the trade unit of the answer.
+cost::Contract contractOf(const qmservice::CInstrumentFee& fee) {
+    const int unit = fee.hgtRateLimit   ? fee.hgtRateLimit->tradeMinUnit
+                     : fee.sgtRateLimit ? fee.sgtRateLimit->tradeMinUnit
+                     : fee.stkRateLimit ? fee.stkRateLimit->unitVolume
+                                        : 1;
+    const cost::Decimal least(std::max(unit, 1));
+    return {decimal(fee.instrument->volumeMultiple), least, least};
+}
+
+}  // namespace
+
+namespace {
+
+/// As chargedOn(), whether or not the schedules cover the day.
+Charged answered(Session& session, cost::Date date, const std::string& account, const Question& question) {
+    DatedFee dated = session.feeOn(date, account, question);
+    if (!dated.fee) {
+        throw Refused(fmt::format("the fee center has no fee of {} for account {}",
+                                  instrumentText(question.market, question.code), account));
+    }
+    const cost::Family family = cost::familyOf(*dated.fee).value_or(cost::Family::kStock);
+    cost::Rates rates = ratesOf(dated, family);
+    const qmservice::CInstrument& instrument = *dated.fee->instrument;
+    const cost::Place place{family, account, instrument.market, instrument.code, instrument.productId};
+    return {cost::Tariff(place, contractOf(*dated.fee), std::move(rates),
+                         session.folder().schedule().termsFor(place, date)),
+            std::move(dated.answer)};
+}
+
+void refuseUncovered(const Session& session, cost::Date date, const cost::Tariff& tariff) {
+    refuse(session.folder().coverage().refusal(date, tariff.place().family));
+}
+
+}  // namespace
+
+Charged chargedOn(Session& session, cost::Date date, const std::string& account, const Question& question) {
+    refuse(session.folder().coverage().refusal(date));
+    Charged charged = answered(session, date, account, question);
+    refuseUncovered(session, date, charged.tariff);
+    return charged;
+}
+
+Question Tariffs::question(const std::string& account, const std::string& market, const std::string& code) {
+    const standalone::Account& asked = session.account(account);
+    const bool connect = tradesThroughConnect(asked.record->accountType);
+    const std::string text = instrumentText(market, code);
+    const std::vector<Question> found = session.instruments().find(text, connect);
+    if (found.size() > 1) {
+        throw Refused(fmt::format("{} stands for {} instruments, and a trade is of one", echoed(text), found.size()));
+    }
+    if (found.empty()) {
+        throw Refused(mayAdvise() ? session.instruments().problem(text, connect)
+                                  : "the market folder has no instrument " + echoed(text));
+    }
+    return found.front();
+}
+
+Tariffs::Entry Tariffs::make(cost::Date date, const std::string& account, const std::string& market,
+                             const std::string& code) {
+    try {
+        if (!session.hasAccount(account) && !mayAdvise()) {
+            throw Refused("the market folder has no account " + echoed(account));
+        }
+        const Question asked = question(account, market, code);
+        return {std::make_unique<const cost::Tariff>(answered(session, date, account, asked).tariff), ""};
+    } catch (const Refused& refused) {
+        return {nullptr, refused.what()};
+    } catch (const Failure& unknownAccount) {
+        return {nullptr, unknownAccount.what()};
+    }
+}
+
+const cost::Tariff& Tariffs::on(cost::Date date, const std::string& account, const std::string& market,
+                                const std::string& code) {
+    const std::size_t asked = session.folder().intervalOf(date);
+    if (asked != interval) {
+        entries.clear();
+        session.keepOnly(date);
+        interval = asked;
+    }
+    key.assign(account).append(1, kSeparator).append(market).append(1, kSeparator).append(code);
+    auto found = entries.find(key);
+    if (found == entries.end()) {
+        found = entries.emplace(key, make(date, account, market, code)).first;
+    }
+    refuse(found->second.problem);
+    refuseUncovered(session, date, *found->second.tariff);
+    return *found->second.tariff;
+}
+
+void Tariffs::requireCovered(cost::Date date) const { refuse(session.folder().coverage().refusal(date)); }
+
+void Tariffs::forgetMany() {
+    if (entries.size() > kManyTariffs) {
+        entries.clear();
+    }
+}
+
+}  // namespace feedesk

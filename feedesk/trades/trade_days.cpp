@@ -1,0 +1,85 @@
+#include "feedesk/trades/trade_days.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+#include "cost/refused.h"
+#include "feedesk/failure.h"
+#include "feedesk/trades/trade_words.h"
+
+namespace feedesk {
+namespace {
+
+using cost::Refused;
+
+const std::string& filled(const TradeLine& line, TradeColumn column) {
+    const std::string& cell = line.of(column);
+    if (cell.empty()) {
+        throw Refused(fmt::format("the {} is empty", kTradeColumns[static_cast<std::size_t>(column)]));
+    }
+    return cell;
+}
+
+}  // namespace
+
+cost::Trade TradeDays::tradeFrom(const TradeLine& line, cost::Date date) const {
+    cost::Trade trade;
+    trade.date = date;
+    trade.side = sideFrom(line.of(TradeColumn::kSide), line.of(TradeColumn::kOffset));
+    const std::string& hedge = line.of(TradeColumn::kHedge);
+    trade.hedgeFlag = hedgeFlagFrom(hedge.empty() ? givenHedge : hedge);
+    trade.quantity = quantityFrom(filled(line, TradeColumn::kQuantity));
+    if (trade.side != cost::Side::kExercise || !line.of(TradeColumn::kPrice).empty()) {
+        trade.price = priceFrom(filled(line, TradeColumn::kPrice));
+    }
+    trade.order = line.of(TradeColumn::kOrder);
+    return trade;
+}
+
+void TradeDays::add(const TradeLine& line) {
+    if (!line.fault.empty()) {
+        throw Refused(line.fault);
+    }
+    const cost::Date date = dateFrom(filled(line, TradeColumn::kDate));
+    tariffs.requireCovered(date);
+    if (day && date < day->date()) {
+        throw Refused(fmt::format(
+            "the date is {}, and a trade before it is of {}, but trades come by day; use --unsorted, which sorts them "
+            "first",
+            date.text(), day->date().text()));
+    }
+    const bool beginsDay = !day || date != day->date();
+    if (beginsDay) {
+        tariffs.forgetMany();
+    }
+    const cost::Trade trade = tradeFrom(line, date);
+    const cost::Tariff& tariff =
+        tariffs.on(date, givenAccount.empty() ? filled(line, TradeColumn::kAccount) : givenAccount,
+                   filled(line, TradeColumn::kMarket), filled(line, TradeColumn::kCode));
+    if (beginsDay) {
+        cost::Day next(date);
+        next.add(trade, tariff);
+        finish();
+        day = std::move(next);
+    } else {
+        day->add(trade, tariff);
+    }
+    trades.push_back({line.number, trade});
+}
+
+void TradeDays::finish() {
+    if (!day) {
+        return;
+    }
+    std::vector<cost::Bill> bills;
+    try {
+        bills = day->bills();
+    } catch (const Refused& refused) {
+        throw Failure(kBadInput, fmt::format("of the trades of {} {}", day->date().text(), refused.what()));
+    }
+    day.reset();
+    takeDay(std::exchange(trades, {}), std::move(bills));
+}
+
+}  // namespace feedesk

@@ -1,0 +1,115 @@
+#include "feedesk/trades/trade_words.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "cost/refused.h"
+#include "feedesk/text.h"
+
+namespace feedesk {
+namespace {
+
+using cost::Refused;
+using cost::Side;
+
+constexpr std::array<const char*, 3> kHedgeNames = {"speculation", "arbitrage", "hedging"};
+
+std::string withUnderscores(std::string text) {
+    std::replace(text.begin(), text.end(), '-', '_');
+    return text;
+}
+
+/// What buying and selling with an offset does; buying to close gives back a short position.
+struct TwoWords {
+    const char* side;
+    const char* offset;
+    Side meaning;
+};
+
+constexpr std::array<TwoWords, 6> kTwoWords = {{{"buy", "open", Side::kOpenLong},
+                                                {"sell", "open", Side::kOpenShort},
+                                                {"buy", "close", Side::kCloseShort},
+                                                {"sell", "close", Side::kCloseLong},
+                                                {"buy", "close_today", Side::kCloseTodayShort},
+                                                {"sell", "close_today", Side::kCloseTodayLong}}};
+
+Side sideOfTwoWords(const std::string& side, const std::string& offset) {
+    const auto found = std::find_if(kTwoWords.begin(), kTwoWords.end(), [&](const TwoWords& words) {
+        return words.side == side && words.offset == withUnderscores(offset);
+    });
+    if (found == kTwoWords.end()) {
+        throw Refused(
+            fmt::format("the side is {} and the offset {}; buy or sell was expected with open, close or "
+                        "close_today, or one of both alone",
+                        echoed(side), echoed(offset)));
+    }
+    return found->meaning;
+}
+
+cost::Decimal numberFrom(const char* what, const std::string& text) {
+    const auto number = cost::Decimal::parse(text);
+    if (!number) {
+        throw Refused(fmt::format("the {} is {}, and a plain number such as {} was expected, of at most 18 digits",
+                                  what, echoed(text), what[0] == 'q' ? "300" : "1488.50"));
+    }
+    return *number;
+}
+
+}  // namespace
+
+Side sideFrom(const std::string& side, const std::string& offset) {
+    if (!side.empty() && !offset.empty()) {
+        return sideOfTwoWords(side, offset);
+    }
+    const std::string& word = side.empty() ? offset : side;
+    const auto found = cost::fromWord<Side>(withUnderscores(word));
+    if (!found) {
+        throw Refused(fmt::format("the side is {}, and one of {} was expected", echoed(word), cost::allWords<Side>()));
+    }
+    return *found;
+}
+
+char hedgeFlagFrom(const std::string& text) {
+    if (text.empty()) {
+        return '1';
+    }
+    for (std::size_t i = 0; i < kHedgeNames.size(); ++i) {
+        const char flag = static_cast<char>('1' + i);
+        if (text == kHedgeNames[i] || text == std::string(1, flag)) {
+            return flag;
+        }
+    }
+    throw Refused(
+        fmt::format("the hedge flag is {}, and {} was expected", echoed(text), fmt::join(kHedgeNames, " or ")));
+}
+
+std::string hedgeName(char flag) {
+    return flag >= '1' && flag <= '3' ? kHedgeNames.at(static_cast<std::size_t>(flag - '1')) : std::string(1, flag);
+}
+
+cost::Decimal quantityFrom(const std::string& text) { return numberFrom("quantity", text); }
+
+cost::Decimal priceFrom(const std::string& text) { return numberFrom("price", text); }
+
+cost::Date dateFrom(const std::string& text) {
+    const auto written = cost::Date::parse(text);
+    const auto date = written ? written : cost::Date::parseCompact(text);
+    if (!date) {
+        throw Refused(fmt::format("the date is {}, and a day such as 2023-08-28 was expected", echoed(text)));
+    }
+    return *date;
+}
+
+void readQuantityAndPrice(const std::string& text, cost::Trade& trade) {
+    const std::size_t at = std::min(text.find('@'), text.size());
+    if (at > 0) {
+        trade.quantity = quantityFrom(text.substr(0, at));
+    }
+    if (at < text.size()) {
+        trade.price = priceFrom(text.substr(at + 1));
+    }
+}
+
+}  // namespace feedesk

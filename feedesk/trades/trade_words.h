@@ -1,0 +1,33 @@
+#ifndef FEEDESK_TRADES_TRADE_WORDS_H
+#define FEEDESK_TRADES_TRADE_WORDS_H
+
+#include <string>
+
+#include "cost/trade.h"
+
+namespace feedesk {
+
+// How people and files write the parts of a trade. What cannot be read is thrown as cost::Refused, in a sentence that
+// says what was found and what was expected.
+
+/// "buy", "open_long"; "open-long" is the same. Futures may be written in two words, "sell" and the offset "open",
+/// which is open_short; `offset` is empty where one word says it.
+cost::Side sideFrom(const std::string& side, const std::string& offset = "");
+
+/// "speculation", "arbitrage", "hedging", or the flag itself, 1 to 3. Speculation where the text is empty.
+char hedgeFlagFrom(const std::string& text);
+/// "speculation" for '1'; the flag itself where it has no name.
+std::string hedgeName(char flag);
+
+cost::Decimal quantityFrom(const std::string& text);
+cost::Decimal priceFrom(const std::string& text);
+
+/// "2023-08-28" or "20230828".
+cost::Date dateFrom(const std::string& text);
+
+/// "buy 300@1488.50" without its side: quantity and price. "3" has no price, "@1488.50" no quantity: 0 then.
+void readQuantityAndPrice(const std::string& text, cost::Trade& trade);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_TRADES_TRADE_WORDS_H
