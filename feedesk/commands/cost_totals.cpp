@@ -27,7 +27,7 @@ TotalsKey totalsKeyFrom(const std::string& text) {
     TotalsKey key;
     for (std::size_t begin = 0; begin <= text.size();) {
         const std::size_t end = std::min(text.find(',', begin), text.size());
-        const auto word =
+        const auto* const word =
             std::find(kWordsOfTotals.begin(), kWordsOfTotals.end(), std::string_view(text).substr(begin, end - begin));
         if (word == kWordsOfTotals.end()) {
             return {};

@@ -28,7 +28,7 @@ public:
 
 private:
     struct Close {
-        void operator()(std::FILE* file) const { std::fclose(file); }
+        void operator()(std::FILE* opened) const { std::fclose(opened); }
     };
 
     void copyToTemporary();

@@ -7,7 +7,7 @@
 namespace feedesk {
 
 std::optional<TradeColumn> tradeColumn(std::string_view name) {
-    const auto found = std::find(kTradeColumns.begin(), kTradeColumns.end(), name);
+    const auto* const found = std::find(kTradeColumns.begin(), kTradeColumns.end(), name);
     return found == kTradeColumns.end() ? std::nullopt
                                         : std::optional(static_cast<TradeColumn>(found - kTradeColumns.begin()));
 }

@@ -36,7 +36,7 @@ constexpr std::array<TwoWords, 6> kTwoWords = {{{"buy", "open", Side::kOpenLong}
                                                 {"sell", "close_today", Side::kCloseTodayLong}}};
 
 Side sideOfTwoWords(const std::string& side, const std::string& offset) {
-    const auto found = std::find_if(kTwoWords.begin(), kTwoWords.end(), [&](const TwoWords& words) {
+    const auto* const found = std::find_if(kTwoWords.begin(), kTwoWords.end(), [&](const TwoWords& words) {
         return words.side == side && words.offset == withUnderscores(offset);
     });
     if (found == kTwoWords.end()) {
