@@ -53,6 +53,16 @@ void refuseForeignClosing(const Trade& opening, Side closing) {
     }
 }
 
+/// A margin rate of 0 is one that nobody has set: it would let any cash open any quantity.
+void refuseWithoutMargin(const Trade& trade, const Tariff& tariff) {
+    const auto margin = costOf(trade, tariff).margin;
+    if (!margin || margin->amount.isZero()) {
+        throw Refused("the answer has " + std::string(margin ? "a margin rate of 0" : "no margin rates") +
+                      " of hedge flag " + trade.hedgeFlag + " for " + tariff.place().instrument() +
+                      ", so cash does not tell how much can be opened");
+    }
+}
+
 }  // namespace
 
 Decimal affordable(const Decimal& cash, Trade trade, const Tariff& tariff) {
@@ -62,9 +72,8 @@ Decimal affordable(const Decimal& cash, Trade trade, const Tariff& tariff) {
         trade.order.clear();
         trade.quantity = contract.minimum;
         const Decimal leastCash = cashFor(trade, tariff);
-        if (tariff.place().family == Family::kFutures && !costOf(trade, tariff).margin) {
-            throw Refused("the answer has no margin rates of hedge flag " + std::string(1, trade.hedgeFlag) + " for " +
-                          tariff.place().instrument() + ", so cash does not tell how much can be opened");
+        if (tariff.place().family == Family::kFutures) {
+            refuseWithoutMargin(trade, tariff);
         }
         if (cash < leastCash) {
             return Decimal();

@@ -21,6 +21,21 @@ const std::string& filled(const TradeLine& line, TradeColumn column) {
     return cell;
 }
 
+/// The account of a line, which is the given one where the line names none.
+const std::string& accountOf(const TradeLine& line, const std::string& given) {
+    const std::string& named = line.of(TradeColumn::kAccount);
+    if (given.empty()) {
+        return filled(line, TradeColumn::kAccount);
+    }
+    if (!named.empty() && named != given) {
+        throw Refused(
+            fmt::format("the account is {}, but the command names {}; leave the argument out to charge each "
+                        "trade to the account of its line",
+                        named, given));
+    }
+    return given;
+}
+
 }  // namespace
 
 cost::Trade TradeDays::tradeFrom(const TradeLine& line, cost::Date date) const {
@@ -54,9 +69,8 @@ void TradeDays::add(const TradeLine& line) {
         tariffs.forgetMany();
     }
     const cost::Trade trade = tradeFrom(line, date);
-    const cost::Tariff& tariff =
-        tariffs.on(date, givenAccount.empty() ? filled(line, TradeColumn::kAccount) : givenAccount,
-                   filled(line, TradeColumn::kMarket), filled(line, TradeColumn::kCode));
+    const cost::Tariff& tariff = tariffs.on(date, accountOf(line, givenAccount), filled(line, TradeColumn::kMarket),
+                                            filled(line, TradeColumn::kCode));
     if (beginsDay) {
         cost::Day next(date);
         next.add(trade, tariff);

@@ -67,15 +67,17 @@ TEST(Affordable, IsRefusedForFuturesWithoutMarginRates) {
         "the answer has no margin rates of hedge flag 2 for SHFE:rb2510, so cash does not tell how much can be opened");
 }
 
-TEST(Affordable, IsRefusedWhereNothingLimitsIt) {
-    Tariff free = futures();
+TEST(Affordable, IsRefusedForAMarginRateOfZero) {
+    Tariff rated = futures();
     Rates rates;
     rates.margins.push_back({'1', {}, {}, {}, {}, "", ""});
     Term nothing = term("futures", "open_by_money", "open", "turnover fill");
     nothing.rate = number("0");
-    const Tariff made = tariff({nothing}, rates, free.place(), free.contract());
-    EXPECT_EQ(refusal([&] { affordable(number("1"), trade("open_long 1@3457"), made); }),
-              "no quantity of SHFE:rb2510 is too much for the cash");
+    const Tariff made = tariff({nothing}, rates, rated.place(), rated.contract());
+    EXPECT_EQ(
+        refusal([&] { affordable(number("1"), trade("open_long 1@3457"), made); }),
+        "the answer has a margin rate of 0 of hedge flag 1 for SHFE:rb2510, so cash does not tell how much can be "
+        "opened");
 }
 
 std::string breakEven(const std::string& opening, Side closing, const std::string& tick, const Tariff& tariff) {

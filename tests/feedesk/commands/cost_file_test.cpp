@@ -70,6 +70,13 @@ TEST_F(CostFile, AccountMayBeAnArgument) {
     EXPECT_EQ(cellsOf(outcome.out, {"account", "date", "net"}).front(), "S100 2024-01-02 -507.00");
 }
 
+TEST_F(CostFile, AccountOfALineMayNotDifferFromTheArgument) {
+    const Outcome outcome = folder.costOf(std::string(kHeader) + "S200,2024-01-02,SH,600519,buy,100,5.02,\n", "S100");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_THAT(outcome.err, HasSubstr(":2: the account is S200, but the command names S100; leave the argument out"));
+}
+
 // 300 x 100 = 30000.00 for the order; 0.00025 of it is 7.50.
 TEST_F(CostFile, FillsShareTheOrdersCommissionInWhateverOrderTheyCome) {
     const std::string first = "S100,2024-01-02,SH,600519,buy,200,100,A\n";
