@@ -10,6 +10,10 @@ find_package(CLI11 REQUIRED)
 pkg_check_modules(bson REQUIRED IMPORTED_TARGET libbson-1.0)
 pkg_check_modules(lzma REQUIRED IMPORTED_TARGET liblzma)
 pkg_check_modules(rapidjson REQUIRED IMPORTED_TARGET RapidJSON)
+if(FEECENTER_SANITIZE MATCHES undefined AND CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+  target_compile_options(PkgConfig::rapidjson INTERFACE
+    -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/cmake/sanitizer_ignorelist.txt)
+endif()
 pkg_check_modules(xxhash REQUIRED IMPORTED_TARGET libxxhash)
 pkg_check_modules(tomlplusplus REQUIRED IMPORTED_TARGET tomlplusplus)
 
