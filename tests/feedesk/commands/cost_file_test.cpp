@@ -208,6 +208,8 @@ TEST_F(CostFile, WrongLinesAreRefusedWithTheirLine) {
         {"S100,2023-02-29,SH,600519,buy,100,5.02,", "the date is 2023-02-29, and a day such as 2023-08-28"},
         {"S101,2024-01-02,SH,600519,buy,100,5.02,", "the market folder has no account S101; did you mean S100"},
         {",2024-01-02,SH,600519,buy,100,5.02,", "the account is empty"},
+        {"S100,2024-01-02,HK,00700,buy,100,5.02,",
+         "HK:00700 is in no list of stock instruments, and S100 is answered with their rates"},
         {"S100,2024-01-02,SH,600518,buy,100,5.02,", "the market folder has no instrument SH:600518"},
         {"S100,2024-01-02,SH,600*,buy,100,5.02,", "SH:600* stands for 2 instruments, and a trade is of one"},
         {"S100,2024-01-02,SH,600000,buy,100,5.02,A",
