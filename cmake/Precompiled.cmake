@@ -1,5 +1,5 @@
-# Other people's headers that many sources include are compiled once for all libraries and once for all test programs,
-# not once for each source. A source still includes what it uses: the library itself and release builds are compiled
+# Other people's headers that many sources include are compiled once for all libraries, once for feedesk and once for all test
+# programs, not once for each source. A source still includes what it uses: the library itself and release builds are compiled
 # without what is here.
 #
 # Sources that share compiled headers must agree on what these look at: definitions, optimisation, position
@@ -11,7 +11,7 @@ function(precompile name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "PIC" "" "LINK;HEADERS;OPTIONS")
   set(source ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
   file(CONFIGURE OUTPUT ${source} CONTENT "// There is nothing here but the headers that are compiled with it.\n")
-  add_library(${name} STATIC ${source})
+  add_library(${name} STATIC EXCLUDE_FROM_ALL ${source})
   target_link_libraries(${name} PRIVATE feecenter_build_flags ${arg_LINK})
   target_compile_options(${name} PRIVATE ${arg_OPTIONS})
   target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
@@ -39,6 +39,11 @@ if(FEECENTER_TESTS)
     <boost/asio/io_service.hpp> <boost/asio/io_service_strand.hpp> <boost/make_shared.hpp> <boost/shared_ptr.hpp>
     <boost/thread/lock_types.hpp> <boost/thread/shared_mutex.hpp> <boost/unordered_map.hpp> <fmt/format.h>
     <algorithm> <filesystem> <functional> <map> <optional> <set> <string> <string_view> <utility> <vector>)
-  precompile(precompiled_for_libraries PIC LINK Boost::headers Boost::thread fmt::fmt HEADERS ${precompiled_headers})
-  target_compile_definitions(precompiled_for_libraries PRIVATE $<TARGET_PROPERTY:feecenter_standalone,INTERFACE_COMPILE_DEFINITIONS>)
+  set(precompiled_libraries Boost::headers Boost::thread fmt::fmt)
+  precompile(precompiled_for_libraries PIC LINK ${precompiled_libraries} HEADERS ${precompiled_headers})
+  # Where the program is tested it is not optimised: that would take longer than it saves.
+  precompile(precompiled_for_program LINK ${precompiled_libraries} HEADERS ${precompiled_headers} OPTIONS -O0)
+  foreach(name precompiled_for_libraries precompiled_for_program)
+    target_compile_definitions(${name} PRIVATE $<TARGET_PROPERTY:feecenter_standalone,INTERFACE_COMPILE_DEFINITIONS>)
+  endforeach()
 endif()
