@@ -12,7 +12,10 @@
 namespace feedesk {
 namespace {
 
-std::unique_ptr<RowSink> sinkFor(Format format) {
+// Without it some spreadsheet programs read a CSV file in the encoding of the system.
+constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
+
+std::unique_ptr<RowSink> sinkFor(Format format, const std::string& file) {
     switch (format) {
         case Format::kJson:
             return jsonSink(writeData);
@@ -20,6 +23,11 @@ std::unique_ptr<RowSink> sinkFor(Format format) {
             return jsonLinesSink(writeData);
         case Format::kCsv:
             return csvSink(writeData);
+        case Format::kCsvWithMark:
+            writeData(kByteOrderMark);
+            return csvSink(writeData);
+        case Format::kXlsx:
+            return xlsxSink(file);
         case Format::kTable:
             break;
     }
@@ -61,7 +69,7 @@ Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink) {
     try {
         return giveRows(sink);
     } catch (...) {
-        sink.end();
+        sink.breakOff();
         throw;
     }
 }
@@ -71,7 +79,7 @@ Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink) {
 void Program::answer(const Session& opened, const Sections& sections,
                      const std::function<Remarks(RowSink&)>& giveRows) {
     hasAnswered = true;
-    const std::unique_ptr<RowSink> sink = sinkFor(format);
+    const std::unique_ptr<RowSink> sink = sinkFor(format, file);
     sink->begin(sections);
     const Remarks remarks = given(giveRows, *sink);
     if (format == Format::kTable) {

@@ -11,7 +11,7 @@
 
 namespace feedesk {
 
-enum class Format { kTable, kJson, kJsonLines, kCsv };
+enum class Format { kTable, kJson, kJsonLines, kCsv, kCsvWithMark, kXlsx };
 
 /// What people are told with an answer's rows.
 struct Remarks {
@@ -26,6 +26,7 @@ struct Program {
     SessionOptions session;
     bool summary = false;
     Format format = Format::kTable;
+    std::string file;     ///< of the spreadsheet; the other forms go to standard output
     bool strict = false;  ///< whether a marked answer counts as none
     std::function<ExitStatus()>
         command;  ///< what to do once the whole command line is read; set by the one that is named

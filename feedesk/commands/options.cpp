@@ -1,14 +1,34 @@
 #include "feedesk/commands/options.h"
 
+#include <vector>
+
 namespace feedesk {
 
 void addFormatOptions(CLI::App& command, Program& program) {
-    CLI::Option* json = command.add_flag_callback(
-        "--json", [&program] { program.format = Format::kJson; }, "Answer as JSON");
-    command
-        .add_flag_callback(
-            "--csv", [&program] { program.format = Format::kCsv; }, "Answer as comma-separated values")
-        ->excludes(json);
+    const auto addForm = [&](const char* name, Format format, const char* description) {
+        return command.add_flag_callback(
+            name, [&program, format] { program.format = format; }, description);
+    };
+    std::vector<CLI::Option*> forms = {
+        addForm("--json", Format::kJson, "Answer as JSON"),
+        addForm("--csv", Format::kCsv, "Answer as comma-separated values"),
+        addForm("--csv-bom", Format::kCsvWithMark, "The same, marked as UTF-8 for spreadsheets"),
+    };
+    forms.push_back(command
+                        .add_option_function<std::string>(
+                            "--xlsx",
+                            [&program](const std::string& file) {
+                                program.format = Format::kXlsx;
+                                program.file = file;
+                            },
+                            "Write the answer to FILE, a spreadsheet")
+                        ->type_name("FILE")
+                        ->option_text("FILE"));
+    for (auto form = forms.begin(); form != forms.end(); ++form) {
+        for (auto other = forms.begin(); other != form; ++other) {
+            (*form)->excludes(*other);
+        }
+    }
 }
 
 }  // namespace feedesk

@@ -8,7 +8,7 @@
 
 namespace feedesk {
 
-/// Adds --json and --csv to a command.
+/// Adds the forms of an answer to a command: --json, --csv, --csv-bom, --xlsx.
 void addFormatOptions(CLI::App& command, Program& program);
 
 /// What a command's options and arguments are read into; `answer` is called with them when the command is named. They

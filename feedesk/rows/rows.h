@@ -84,7 +84,7 @@ struct Row {
 };
 
 /// Takes an answer's rows, one after another, in the order in which programs get them: begin, any number of rows, end.
-/// Whatever is thrown in between, end() must still be called, so that what was written is whole.
+/// Where something is thrown in between, breakOff() takes the place of end().
 class RowSink {
 public:
     RowSink() = default;
@@ -95,6 +95,8 @@ public:
     virtual void begin(const Sections& sections) = 0;
     virtual void row(const Row& row) = 0;
     virtual void end() = 0;
+    /// By itself ends what was written, so that it is whole. A form that nobody has seen yet is not written.
+    virtual void breakOff() { end(); }
 };
 
 /// A field, and how an item's value of it is found: a command's list of these is the only place that names its fields.

@@ -32,6 +32,15 @@ std::unique_ptr<RowSink> jsonSink(Write write);
 /// The same objects, one a line, without an array around them.
 std::unique_ptr<RowSink> jsonLinesSink(Write write);
 
+/// As many lines as a sheet of a spreadsheet has, its titles among them.
+constexpr std::size_t kLinesOfASheet = 1'048'576;
+
+/// An .xlsx workbook: a sheet for each section, and more where a sheet is full, with a column for each field that
+/// programs get; and a sheet with every source. Texts stay texts, fractions are shown as percent, amounts with all
+/// their places; an amount with more digits than a spreadsheet's number holds is a text. Rows are written to temporary
+/// files as they come, and the file when all of it is there. Throws Failure when it cannot be written.
+std::unique_ptr<RowSink> xlsxSink(const std::string& file, std::size_t mostLinesOfASheet = kLinesOfASheet);
+
 }  // namespace feedesk
 
 #endif  // FEEDESK_ROWS_SINKS_H

@@ -1,11 +1,16 @@
 #include "feedesk/program.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/feedesk/support/market_folder.h"
+#include "tests/feedesk/support/program.h"
 
 namespace feedesk::test {
 namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
 
 TEST(Program, EndsWhatIsAnsweredWhereTheNextRowFails) {
     const MarketFolder folder;
@@ -22,6 +27,31 @@ TEST(Program, EndsWhatIsAnsweredWhereTheNextRowFails) {
         EXPECT_THROW(program.answer(session, {{"", {{"v", "V"}}}}, failing), Failure);
         EXPECT_EQ(testing::internal::GetCapturedStdout(), text);
         EXPECT_TRUE(program.hasAnswered);
+    }
+}
+
+TEST(Program, WritesASpreadsheetInPlaceOfStandardOutput) {
+    const MarketFolder folder;
+    const std::string file = folder.path() + "/accounts.xlsx";
+    const Outcome outcome = ask(folder.path(), "accounts --xlsx '" + file + "'");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_THAT(lines(runShell(std::string(SPREADSHEET_CELLS) + " '" + file + "'").out),
+                Contains("Answer|A2|s|S100|General|"));
+}
+
+TEST(Program, MarksCsvAsUtf8WhereThatIsAskedFor) {
+    const MarketFolder folder;
+    EXPECT_EQ(ask(folder.path(), "accounts --csv-bom").out, "\xEF\xBB\xBF" + ask(folder.path(), "accounts --csv").out);
+}
+
+TEST(Program, AnswersInOneForm) {
+    const MarketFolder folder;
+    for (const std::string forms :
+         {"--json --csv", "--csv --csv-bom", "--xlsx a.xlsx --json", "--csv-bom --xlsx a.xlsx"}) {
+        const Outcome outcome = ask(folder.path(), "accounts " + forms);
+        EXPECT_EQ(outcome.status, 2) << forms;
+        EXPECT_THAT(outcome.err, HasSubstr("excludes")) << forms;
     }
 }
 

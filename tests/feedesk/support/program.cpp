@@ -60,14 +60,17 @@ std::size_t columns(std::string line) {
 
 }  // namespace
 
-Outcome runProgram(const std::string& arguments, const std::string& environment) {
+Outcome runShell(const std::string& command) {
     const TemporaryDirectory directory;
     const std::string out = directory.file("out");
     const std::string err = directory.file("err");
-    const std::string command = "unset FEEDESK_MARKET; COLUMNS=80 " + environment + " " FEEDESK_PROGRAM " " + arguments;
     // The redirections come first, so that the arguments may redirect again.
     const int result = std::system(("exec >" + out + " 2>" + err + " </dev/null; " + command).c_str());
     return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, content(out), content(err)};
+}
+
+Outcome runProgram(const std::string& arguments, const std::string& environment) {
+    return runShell("unset FEEDESK_MARKET; COLUMNS=80 " + environment + " " FEEDESK_PROGRAM " " + arguments);
 }
 
 Outcome ask(const std::string& folder, const std::string& arguments, const std::string& environment) {

@@ -14,6 +14,9 @@ struct Outcome {
     std::string err;
 };
 
+/// Runs a command of the shell without input.
+Outcome runShell(const std::string& command);
+
 /// Runs the built program through a shell; `arguments` are the shell's text. COLUMNS is 80 unless `environment` sets
 /// it.
 Outcome runProgram(const std::string& arguments, const std::string& environment = "");

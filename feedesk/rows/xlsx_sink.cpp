@@ -1,0 +1,175 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "feedesk/numbers.h"
+#include "feedesk/rows/sinks.h"
+#include "feedesk/rows/workbook.h"
+#include "standalone/text/numbers.h"
+
+namespace feedesk {
+namespace {
+
+constexpr std::size_t kDigitsOfANumber = 15;  // what a spreadsheet's cell holds exactly
+
+bool isDigit(char each) { return each >= '0' && each <= '9'; }
+
+const char* numberFormat(Unit unit) {
+    switch (unit) {
+        case Unit::kFraction:
+            return "0.0#############%";
+        case Unit::kYuan:
+            return "General\" yuan\"";
+        case Unit::kCount:
+            return "#,##0";
+        case Unit::kText:
+        case Unit::kNumber:
+            break;
+    }
+    return "";
+}
+
+/// Shows as many places as the amount has.
+std::string moneyFormat(const std::string& decimal) {
+    const std::size_t point = decimal.find('.');
+    const std::size_t places = point == std::string::npos ? 0 : decimal.size() - point - 1;
+    return "#,##0" + (places == 0 ? "" : "." + std::string(places, '0'));
+}
+
+/// Writes a value into a cell.
+struct Cell {
+    Sheet& sheet;
+    std::size_t column;
+    Unit unit;
+    bool marked;
+
+    void text(const std::string& text) const { sheet.add(column, text, {"", false, marked}); }
+    void number(double number, const std::string& format) const { sheet.add(column, number, {format, false, marked}); }
+
+    void operator()(const Nothing& /*nothing*/) const {}
+    void operator()(const std::string& value) const { text(value); }
+    void operator()(const Label& label) const { text(fmt::format("{}", fmt::join(label.shown, " "))); }
+    void operator()(const Names& names) const { text(plainText(names)); }
+    void operator()(const Source& source) const { text(source.place); }
+    void operator()(std::size_t count) const { number(static_cast<double>(count), numberFormat(Unit::kCount)); }
+    void operator()(double value) const {
+        std::isfinite(value) ? number(value, numberFormat(unit)) : text(plainNumber(value));
+    }
+    void operator()(const Money& money) const {
+        const std::string& decimal = money.decimal;
+        const auto digits = static_cast<std::size_t>(std::count_if(decimal.begin(), decimal.end(), isDigit));
+        const std::optional<double> value = standalone::numberIn<double>(decimal);
+        value&& digits <= kDigitsOfANumber ? number(*value, moneyFormat(decimal)) : text(decimal);
+    }
+};
+
+/// Where the rates of a workbook come from: file and line, and how many cells name it.
+class SourceList {
+public:
+    void add(const Value& value) {
+        if (const auto* source = std::get_if<Source>(&value)) {
+            const std::string& place = source->place;
+            const std::size_t colon = place.rfind(':');
+            const std::string line = colon == std::string::npos ? "" : place.substr(colon + 1);
+            const std::optional<std::size_t> number = standalone::numberIn<std::size_t>(line);
+            ++cells[number ? std::pair(place.substr(0, colon), *number) : std::pair(place, std::size_t{0})];
+        }
+    }
+
+    void write(Workbook& book) const {
+        if (cells.empty()) {
+            return;
+        }
+        Sheet& sheet = book.addSheet("Sources", {"File", "Line", "Cells"});
+        for (const auto& [place, count] : cells) {
+            sheet.beginLine();
+            sheet.add(0, place.first);
+            if (place.second != 0) {
+                sheet.add(1, static_cast<double>(place.second), {});
+            }
+            sheet.add(2, static_cast<double>(count), {});
+        }
+    }
+
+private:
+    std::map<std::pair<std::string, std::size_t>, std::size_t> cells;
+};
+
+/// The sheets of one section. Programs' fields are its columns, under the titles that people read.
+class SectionSheets {
+public:
+    SectionSheets(const Section& section, std::size_t mostLines) : name(section.title), most(mostLines) {
+        for (const Field& field : section.fields) {
+            columns.push_back(field.name.empty() ? kNoColumn : titles.size());
+            units.push_back(field.unit);
+            if (!field.name.empty()) {
+                titles.push_back(field.title.empty() ? field.name : field.title);
+            }
+        }
+    }
+
+    void open(Workbook& book) { sheet = &book.addSheet(name, titles); }
+
+    void add(Workbook& book, const Row& row, SourceList& sources) {
+        if (sheet->lines() == most) {
+            open(book);
+        }
+        sheet->beginLine();
+        for (std::size_t i = 0; i < row.values.size(); ++i) {
+            if (columns[i] != kNoColumn) {
+                std::visit(Cell{*sheet, columns[i], units[i], row.marked}, row.values[i]);
+                sources.add(row.values[i]);
+            }
+        }
+    }
+
+private:
+    static constexpr std::size_t kNoColumn = static_cast<std::size_t>(-1);
+
+    std::string name;
+    std::size_t most;
+    std::vector<std::string> titles;
+    std::vector<std::size_t> columns;  // of each field
+    std::vector<Unit> units;
+    Sheet* sheet = nullptr;
+};
+
+class XlsxSink : public RowSink {
+public:
+    XlsxSink(const std::string& file, std::size_t mostLinesOfASheet) : book(file), most(mostLinesOfASheet) {}
+
+    void begin(const Sections& newSections) override {
+        for (const Section& section : newSections) {
+            sections.emplace_back(section, most).open(book);
+        }
+    }
+
+    void row(const Row& row) override { sections.at(row.section).add(book, row, sources); }
+
+    void end() override {
+        sources.write(book);
+        book.finish();
+    }
+
+    void breakOff() override {}
+
+private:
+    Workbook book;
+    std::size_t most;
+    std::vector<SectionSheets> sections;
+    SourceList sources;
+};
+
+}  // namespace
+
+std::unique_ptr<RowSink> xlsxSink(const std::string& file, std::size_t mostLinesOfASheet) {
+    return std::make_unique<XlsxSink>(file, mostLinesOfASheet);
+}
+
+}  // namespace feedesk
