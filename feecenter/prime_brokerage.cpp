@@ -8,20 +8,20 @@
 
 namespace qmservice {
 
-boost::shared_ptr<CInstrumentFee> CFeeCenter::getPbFullFee(uint64 accountKey, uint64 instrumentKey, int unitVolume) {
+boost::shared_ptr<CInstrumentFee> CFeeCenter::getPbFullFee(uint64 accountKey, uint64 instrumentKey, int tradeUnit) {
     const auto instrument = findInstrument(instrumentKey);
     if (!instrument) {
         return {};
     }
-    auto fee = findFeeByMarket(instrument->market, accountKey, instrumentKey, unitVolume);
-    return fee ? fee : makeFullDefaultFee(instrument, unitVolume);
+    auto fee = findFeeByMarket(instrument->market, accountKey, instrumentKey, tradeUnit);
+    return fee ? fee : makeFullDefaultFee(instrument, tradeUnit);
 }
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string& market, uint64 accountKey,
-                                                              uint64 instrumentKey, int unitVolume) {
+                                                              uint64 instrumentKey, int tradeUnit) {
     if (isStockMarket(market)) {
         // Rule "A stock answer carries an option rate too". Neither of the two lookups is ever empty.
-        auto fee = getStockFee(accountKey, instrumentKey, unitVolume);
+        auto fee = getStockFee(accountKey, instrumentKey, tradeUnit);
         fee->stkOptionFeeRate = getStkOptionFee(accountKey, instrumentKey)->stkOptionFeeRate;
         return fee;
     }
@@ -46,13 +46,13 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string&
     if (isForeignMarket(market)) {
         return getIncomeSwapFutureFee(accountKey, instrumentKey);
     }
-    return market == "NEEQ" ? getNeeqFee(accountKey, instrumentKey, unitVolume) : boost::shared_ptr<CInstrumentFee>();
+    return market == "NEEQ" ? getNeeqFee(accountKey, instrumentKey, tradeUnit) : boost::shared_ptr<CInstrumentFee>();
 }
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::makeFullDefaultFee(const boost::shared_ptr<CInstrument>& instrument,
-                                                                 int unitVolume) {
+                                                                 int tradeUnit) {
     auto fee = boost::make_shared<CInstrumentFee>();
-    fee->stkRateLimit = StockRules::answered(defaultStockRateLimit, unitVolume);
+    fee->stkRateLimit = StockRules::answered(defaultStockRateLimit, tradeUnit);
     fee->instrument = instrument;
     fee->commissionDetail = defaultFutureFee->commissionDetail;
     fee->marginDetails = defaultFutureFee->marginDetails;

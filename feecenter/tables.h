@@ -15,10 +15,10 @@
 
 namespace qmservice {
 
+// The two of CFeeCenter, whose own are protected.
 template <class Record>
 using RecordPool = boost::unordered_map<uint64, boost::shared_ptr<Record>>;
 
-/// Account key -> (instrument key -> what the family keeps for the instrument).
 template <class Entry>
 using EntryTable = std::map<uint64, boost::unordered_map<uint64, Entry>>;
 

@@ -80,10 +80,11 @@ public:
                  std::vector<boost::shared_ptr<CInstrumentFee>>& out) override;
 
 protected:
-    /// Account key -> (instrument key -> pool key).
-    using AccountTable = std::map<uint64, boost::unordered_map<uint64, uint64>>;
     template <class Record>
-    using Pool = boost::unordered_map<uint64, boost::shared_ptr<Record>>;
+    using RecordPool = boost::unordered_map<uint64, boost::shared_ptr<Record>>;
+    /// Account key -> (instrument key -> what the family keeps for the instrument: a pool key in most of them).
+    template <class Entry>
+    using EntryTable = std::map<uint64, boost::unordered_map<uint64, Entry>>;
 
     // Loads: store an account's fee records. Run on the strand.
     void doInitStockFee(const boost::shared_ptr<CAccountInfo>& account,
@@ -128,7 +129,7 @@ protected:
     boost::shared_ptr<CInstrumentFee> getStkOptionFee(uint64 accountKey, uint64 instrumentKey);
     boost::shared_ptr<CInstrumentFee> getFutureFee(uint64 accountKey, uint64 instrumentKey);
     boost::shared_ptr<CInstrumentFee> getIncomeSwapFutureFee(uint64 accountKey, uint64 instrumentKey);
-    boost::shared_ptr<CInstrumentFee> getPbFullFee(uint64 accountKey, uint64 instrumentKey, int unitVolume);
+    boost::shared_ptr<CInstrumentFee> getPbFullFee(uint64 accountKey, uint64 instrumentKey, int tradeUnit);
     boost::shared_ptr<CInstrumentFee> getHgtFee(uint64 accountKey, uint64 instrumentKey);
     boost::shared_ptr<CInstrumentFee> getSgtFee(uint64 accountKey, uint64 instrumentKey);
 
@@ -157,10 +158,10 @@ protected:
 
     /// What getPbFullFee answers where the instrument's market has a family; empty where it has none.
     FEECENTER_LOCAL boost::shared_ptr<CInstrumentFee> findFeeByMarket(const std::string& market, uint64 accountKey,
-                                                                      uint64 instrumentKey, int unitVolume);
+                                                                      uint64 instrumentKey, int tradeUnit);
     /// A fee with every family's default at once.
     FEECENTER_LOCAL boost::shared_ptr<CInstrumentFee> makeFullDefaultFee(
-        const boost::shared_ptr<CInstrument>& instrument, int unitVolume);
+        const boost::shared_ptr<CInstrument>& instrument, int tradeUnit);
 
     /// Builds the eight default records; the constructor's last step.
     void initDefaultFees();
@@ -182,44 +183,44 @@ protected:
     // Each mutex guards the tables that follow it, up to the default. The defaults are constant after construction and
     // read without a lock.
     boost::shared_mutex stockMutex;
-    Pool<CStkExchangeRateLimit> stockRateLimitPool;
-    AccountTable stockAccountTable;
+    RecordPool<CStkExchangeRateLimit> stockRateLimitPool;
+    EntryTable<uint64> stockAccountTable;
     boost::shared_ptr<CStkExchangeRateLimit> defaultStockRateLimit;
 
     boost::shared_mutex creditMutex;
-    Pool<CStkExchangeRateLimit> creditRateLimitPool;
-    AccountTable creditAccountTable;
+    RecordPool<CStkExchangeRateLimit> creditRateLimitPool;
+    EntryTable<uint64> creditAccountTable;
     boost::shared_ptr<CStkExchangeRateLimit> defaultCreditRateLimit;
 
     boost::shared_mutex hgtMutex;
-    Pool<CCustomHGTExchangeRateLimit> hgtRateLimitPool;
-    AccountTable hgtAccountTable;
+    RecordPool<CCustomHGTExchangeRateLimit> hgtRateLimitPool;
+    EntryTable<uint64> hgtAccountTable;
     boost::shared_ptr<CCustomHGTExchangeRateLimit> defaultHgtRateLimit;
 
     boost::shared_mutex sgtMutex;
-    Pool<CCustomSgtExchangeRateLimit> sgtRateLimitPool;
-    AccountTable sgtAccountTable;
+    RecordPool<CCustomSgtExchangeRateLimit> sgtRateLimitPool;
+    EntryTable<uint64> sgtAccountTable;
     boost::shared_ptr<CCustomSgtExchangeRateLimit> defaultSgtRateLimit;
 
     // Queries hold this lock, the update holds stockMutex. stkOptionTableMutex keeps the tables whole between the two:
     // a query waits for an update no longer than one write of the tables takes.
     boost::shared_mutex stkOptionMutex;
-    Pool<CStockOptionFeeItem> stkOptionItemPool;
-    std::map<uint64, boost::unordered_map<uint64, std::map<std::string, uint64>>> stkOptionAccountTable;
-    std::map<uint64, boost::unordered_map<uint64, double>> stkOptionBaseRateTable;  ///< read, filled by nothing
+    RecordPool<CStockOptionFeeItem> stkOptionItemPool;
+    EntryTable<std::map<std::string, uint64>> stkOptionAccountTable;
+    EntryTable<double> stkOptionBaseRateTable;  ///< read, filled by nothing
     boost::shared_ptr<CStockOptionFeeRate> defaultStkOptionFeeRate;
 
     boost::shared_mutex futureMutex;
-    Pool<CCommissionRateDetail> futureCommissionDetails;
-    AccountTable futureCommissionKeys;
-    Pool<CMarginRateDetail> futureMarginDetails;
-    std::map<uint64, boost::unordered_map<uint64, std::vector<uint64>>> futureMarginKeys;
+    RecordPool<CCommissionRateDetail> futureCommissionDetails;
+    EntryTable<uint64> futureCommissionKeys;
+    RecordPool<CMarginRateDetail> futureMarginDetails;
+    EntryTable<std::vector<uint64>> futureMarginKeys;
     boost::shared_ptr<CInstrumentFee> defaultFutureFee;
     boost::shared_ptr<CInstrumentFee> defaultIncomeSwapFutureFee;
 
     boost::shared_mutex neeqMutex;
-    Pool<CStkExchangeRateLimit> neeqRateLimitPool;
-    AccountTable neeqAccountTable;
+    RecordPool<CStkExchangeRateLimit> neeqRateLimitPool;
+    EntryTable<uint64> neeqAccountTable;
     boost::shared_ptr<CStkExchangeRateLimit> defaultNeeqRateLimit;
 
     /// Empty for the object's whole life: the answer where a lookup has none.

@@ -14,9 +14,9 @@ using test::kAccount;
 class PrimeBrokerageTest : public test::FeeCenterTest {
 protected:
     /// The answer for an instrument of the market, at a unit volume of 100 by default.
-    boost::shared_ptr<CInstrumentFee> find(const std::string& market, int unitVolume = 100) {
+    boost::shared_ptr<CInstrumentFee> find(const std::string& market, int tradeUnit = 100) {
         instrument = host.addInstrument(market, "1");
-        return center.getPbFullFee(kAccount, test::instrumentKey(*instrument), unitVolume);
+        return center.getPbFullFee(kAccount, test::instrumentKey(*instrument), tradeUnit);
     }
 
     void mark(const std::string& market) { test::markFamilies(center, kAccount, test::instrumentKey(market, "1")); }
