@@ -10,7 +10,7 @@ namespace feedesk {
 namespace {
 
 using namespace qmservice;  // NOLINT(google-build-using-namespace): the record classes
-using standalone::RateName;
+using standalone::NamedRate;
 using Values = std::vector<double>;
 
 constexpr const char* kOptionPart = "option";
@@ -93,10 +93,10 @@ private:
     }
 
     [[nodiscard]] std::vector<TitledRates> named(const std::string& family, const Values& rates) const {
-        const std::vector<RateName>& names = market.rateNames.at(family);
+        const std::vector<NamedRate>& names = market.rateNames.at(family);
         std::vector<TitledRates> titled;
         std::transform(names.begin(), names.end(), rates.begin(), std::back_inserter(titled),
-                       [](const RateName& name, double rate) {
+                       [](const NamedRate& name, double rate) {
                            const bool isYuan = name.unit == standalone::RateUnit::kYuan;
                            return single(name.title, name.column, isYuan ? Unit::kYuan : Unit::kFraction, rate);
                        });
@@ -145,7 +145,7 @@ std::string stockFamily(const CInstrumentFee& fee) {
 }  // namespace
 
 bool isZero(const TitledRates& titled) {
-    return std::all_of(titled.rates.begin(), titled.rates.end(), [](const Rate& rate) { return rate.value == 0; });
+    return std::all_of(titled.rates.begin(), titled.rates.end(), [](const ShownRate& rate) { return rate.value == 0; });
 }
 
 Answer makeAnswer(const CInstrumentFee& fee, const CInstrumentFee& dyed, const Tracer& tracer,

@@ -12,7 +12,7 @@
 
 namespace feedesk {
 
-struct Rate {
+struct ShownRate {
     std::string column;
     Unit unit = Unit::kFraction;
     double value = 0;
@@ -21,7 +21,7 @@ struct Rate {
 /// What a person reads under one title: one rate, or two whose fees are added.
 struct TitledRates {
     std::string title;
-    std::vector<Rate> rates;
+    std::vector<ShownRate> rates;
 };
 
 /// Whether nothing is charged under this title.

@@ -40,11 +40,11 @@ Instruments only(const Instruments& instruments, const Wanted& isWanted) {
 std::vector<Search> searches(const std::string& text, const Instruments& instruments) {
     std::vector<Search> found;
     const std::string wanted = folded(text);
-    for (const Place& place : placesOf(instruments)) {
-        const std::string market = folded(place.market);
+    for (const AskedMarket& asked : askedMarketsOf(instruments)) {
+        const std::string market = folded(asked.market);
         const auto add = [&](const std::string& name) {
             found.push_back(
-                {name, only(instruments, [&](const Instrument& each) { return each->market == place.market; })});
+                {name, only(instruments, [&](const Instrument& each) { return each->market == asked.market; })});
         };
         if (boost::starts_with(wanted, market)) {
             add(wanted.substr(market.size()));

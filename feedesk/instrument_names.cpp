@@ -30,14 +30,14 @@ std::vector<std::string> withoutMarket(const std::string& text, const std::strin
     return rests;
 }
 
-/// Adds the instruments that are in the place, each once.
-void addFrom(const Place& place, const Instruments& named, std::vector<Question>& candidates) {
+/// Adds the instruments that are in the market, each once.
+void addFrom(const AskedMarket& asked, const Instruments& named, std::vector<Question>& candidates) {
     for (const Instrument& instrument : named) {
         const bool isThere = std::any_of(candidates.begin(), candidates.end(), [&](const Question& candidate) {
-            return candidate.market == place.asked && candidate.code == instrument->code;
+            return candidate.market == asked.name && candidate.code == instrument->code;
         });
-        if (instrument->market == place.market && !isThere) {
-            candidates.push_back({place.asked, instrument->code});
+        if (instrument->market == asked.market && !isThere) {
+            candidates.push_back({asked.name, instrument->code});
         }
     }
 }
@@ -60,7 +60,7 @@ InstrumentNames::InstrumentNames(const standalone::Market& market) {
     const auto name = [](const Instrument& each) { return std::tie(each->market, each->code); };
     std::sort(instruments.begin(), instruments.end(),
               [&](const Instrument& one, const Instrument& other) { return name(one) < name(other); });
-    markets = placesOf(instruments);
+    markets = askedMarketsOf(instruments);
     for (const Instrument& instrument : instruments) {
         byFoldedCode[instrument->foldedCode].push_back(instrument);
         byFoldedName[instrument->foldedName].push_back(instrument);
@@ -73,19 +73,19 @@ const Instruments& InstrumentNames::under(const Index& index, const std::string&
     return key.empty() || found == index.end() ? none : found->second;
 }
 
-Places InstrumentNames::places(bool connect) const {
-    Places all = markets;
+AskedMarkets InstrumentNames::marketsAsked(bool connect) const {
+    AskedMarkets all = markets;
     if (connect) {
-        const Places more = channels();
+        const AskedMarkets more = channels();
         all.insert(all.end(), more.begin(), more.end());
     }
     return all;
 }
 
-std::vector<Question> InstrumentNames::withCode(const std::string& code, const Places& inPlaces) const {
+std::vector<Question> InstrumentNames::withCode(const std::string& code, const AskedMarkets& askedMarkets) const {
     std::vector<Question> found;
-    for (const Place& place : inPlaces) {
-        addFrom(place, under(byFoldedCode, folded(code)), found);
+    for (const AskedMarket& asked : askedMarkets) {
+        addFrom(asked, under(byFoldedCode, folded(code)), found);
     }
     found.erase(
         std::remove_if(found.begin(), found.end(), [&](const Question& question) { return question.code != code; }),
@@ -94,13 +94,13 @@ std::vector<Question> InstrumentNames::withCode(const std::string& code, const P
 }
 
 /// By market and code. What has a code of that very writing means it, whatever else could be meant when it is folded.
-std::vector<Question> InstrumentNames::asWritten(const std::string& text, const Places& inPlaces) const {
+std::vector<Question> InstrumentNames::asWritten(const std::string& text, const AskedMarkets& askedMarkets) const {
     for (const MarketAndName& reading : readings(text)) {
-        for (const Place& place : inPlaces) {
-            if (!place.isCalled(reading.market)) {
+        for (const AskedMarket& asked : askedMarkets) {
+            if (!asked.isCalled(reading.market)) {
                 continue;
             }
-            std::vector<Question> found = withCode(reading.name, {place});
+            std::vector<Question> found = withCode(reading.name, {asked});
             if (!found.empty()) {
                 return found;
             }
@@ -109,19 +109,19 @@ std::vector<Question> InstrumentNames::asWritten(const std::string& text, const 
     return {};
 }
 
-std::vector<Question> InstrumentNames::asFolded(const std::string& text, const Places& inPlaces) const {
+std::vector<Question> InstrumentNames::asFolded(const std::string& text, const AskedMarkets& askedMarkets) const {
     const std::string wanted = folded(text);
     std::vector<Question> found;
-    const auto add = [&](const Place& place, const std::string& name) {
-        addFrom(place, under(byFoldedCode, name), found);
-        addFrom(place, under(byFoldedName, name), found);
+    const auto add = [&](const AskedMarket& asked, const std::string& name) {
+        addFrom(asked, under(byFoldedCode, name), found);
+        addFrom(asked, under(byFoldedName, name), found);
     };
-    for (const Place& place : markets) {
-        add(place, wanted);
+    for (const AskedMarket& asked : markets) {
+        add(asked, wanted);
     }
-    for (const Place& place : inPlaces) {
-        for (const std::string& name : withoutMarket(wanted, folded(place.asked))) {
-            add(place, name);
+    for (const AskedMarket& asked : askedMarkets) {
+        for (const std::string& name : withoutMarket(wanted, folded(asked.name))) {
+            add(asked, name);
         }
     }
     return found;
@@ -129,12 +129,12 @@ std::vector<Question> InstrumentNames::asFolded(const std::string& text, const P
 
 /// The instruments that the text may name, more than one when it is not clear which.
 std::vector<Question> InstrumentNames::meant(const std::string& text, bool connect) const {
-    const Places inPlaces = places(connect);
+    const AskedMarkets askedMarkets = marketsAsked(connect);
     std::vector<Question> found = withCode(text, markets);
     if (found.empty()) {
-        found = asWritten(text, inPlaces);
+        found = asWritten(text, askedMarkets);
     }
-    return found.empty() ? asFolded(text, inPlaces) : found;
+    return found.empty() ? asFolded(text, askedMarkets) : found;
 }
 
 std::vector<Question> InstrumentNames::find(const std::string& text, bool connect) const {
@@ -142,12 +142,12 @@ std::vector<Question> InstrumentNames::find(const std::string& text, bool connec
     if (candidates.size() == 1) {
         return candidates;
     }
-    return isPattern(text) ? questionsLike(text, instruments, places(connect)) : std::vector<Question>();
+    return isPattern(text) ? questionsLike(text, instruments, marketsAsked(connect)) : std::vector<Question>();
 }
 
 std::string InstrumentNames::problem(const std::string& text, bool connect) const {
     if (isPattern(text)) {
-        return patternProblem(text, instruments, places(connect));
+        return patternProblem(text, instruments, marketsAsked(connect));
     }
     if (withCode(text, markets).size() > 1) {
         return fmt::format("several markets have the code {}: write {}", text, candidatesText(withCode(text, markets)));

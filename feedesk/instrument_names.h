@@ -39,14 +39,14 @@ private:
 
     static const Instruments& under(const Index& index, const std::string& key);
 
-    [[nodiscard]] Places places(bool connect) const;
+    [[nodiscard]] AskedMarkets marketsAsked(bool connect) const;
     [[nodiscard]] std::vector<Question> meant(const std::string& text, bool connect) const;
-    [[nodiscard]] std::vector<Question> withCode(const std::string& code, const Places& inPlaces) const;
-    [[nodiscard]] std::vector<Question> asWritten(const std::string& text, const Places& inPlaces) const;
-    [[nodiscard]] std::vector<Question> asFolded(const std::string& text, const Places& inPlaces) const;
+    [[nodiscard]] std::vector<Question> withCode(const std::string& code, const AskedMarkets& askedMarkets) const;
+    [[nodiscard]] std::vector<Question> asWritten(const std::string& text, const AskedMarkets& askedMarkets) const;
+    [[nodiscard]] std::vector<Question> asFolded(const std::string& text, const AskedMarkets& askedMarkets) const;
 
     Instruments instruments;  // by market and code
-    Places markets;
+    AskedMarkets markets;
     Index byFoldedCode;
     Index byFoldedName;
 };

@@ -16,17 +16,17 @@
 namespace feedesk {
 namespace {
 
-bool isIn(const Place& place, const std::string& market) {
-    const bool underItsOwnName = place.asked == place.market;
+bool isIn(const AskedMarket& asked, const std::string& market) {
+    const bool underItsOwnName = asked.name == asked.market;
     const std::string capitals = boost::to_upper_copy(market, std::locale::classic());
-    return place.isCalled(market) || (underItsOwnName && (cost::matchesPattern(place.asked, market) ||
-                                                          cost::matchesPattern(place.asked, capitals)));
+    return asked.isCalled(market) || (underItsOwnName && (cost::matchesPattern(asked.name, market) ||
+                                                          cost::matchesPattern(asked.name, capitals)));
 }
 
-Places placesLike(const std::string& market, const Places& places) {
-    Places found;
-    std::copy_if(places.begin(), places.end(), std::back_inserter(found),
-                 [&](const Place& place) { return isIn(place, market); });
+AskedMarkets marketsLike(const std::string& market, const AskedMarkets& markets) {
+    AskedMarkets found;
+    std::copy_if(markets.begin(), markets.end(), std::back_inserter(found),
+                 [&](const AskedMarket& asked) { return isIn(asked, market); });
     return found;
 }
 
@@ -35,33 +35,33 @@ using Texts = std::array<std::string_view, 2>;
 Texts textsOf(const Instrument& each) { return {each->code, each->name}; }
 Texts foldedTextsOf(const Instrument& each) { return {each->foldedCode, each->foldedName}; }
 
-/// The places that a pattern names, and what it says of the instruments there.
+/// The markets that a pattern names, and what it says of the instruments there.
 struct PlacedPattern {
-    Places places;
+    AskedMarkets markets;
     std::string name;
-    bool namesPlaces = false;  ///< otherwise they are all of them
+    bool namesMarkets = false;  ///< otherwise they are all of them
 
     /// Folding would take the colon away: "X:6*" would find what is like "x6*".
-    [[nodiscard]] bool namesUnknownMarket() const { return !namesPlaces && name.find(':') != std::string::npos; }
+    [[nodiscard]] bool namesUnknownMarket() const { return !namesMarkets && name.find(':') != std::string::npos; }
 };
 
 /// A text whose part before a colon or behind a point is no market is a pattern for all markets.
-PlacedPattern placed(const std::string& pattern, const Places& places) {
+PlacedPattern placed(const std::string& pattern, const AskedMarkets& markets) {
     const std::string text = narrowed(pattern);
     for (const MarketAndName& reading : readings(text)) {
-        Places named = placesLike(reading.market, places);
+        AskedMarkets named = marketsLike(reading.market, markets);
         if (!named.empty()) {
             return {std::move(named), reading.name, true};
         }
     }
-    return {placesLike("*", places), text, false};
+    return {marketsLike("*", markets), text, false};
 }
 
-Instruments instrumentsIn(const Places& places, const Instruments& instruments) {
+Instruments instrumentsIn(const AskedMarkets& markets, const Instruments& instruments) {
     Instruments found;
     std::copy_if(instruments.begin(), instruments.end(), std::back_inserter(found), [&](const Instrument& instrument) {
-        return std::any_of(places.begin(), places.end(),
-                           [&](const Place& place) { return place.market == instrument->market; });
+        return std::any_of(markets.begin(), markets.end(),
+                           [&](const AskedMarket& asked) { return asked.market == instrument->market; });
     });
     return found;
 }
@@ -70,16 +70,16 @@ Instruments wantedBy(const PlacedPattern& pattern, const Instruments& instrument
     if (pattern.namesUnknownMarket()) {
         return itemsWrittenLike(instruments, pattern.name, textsOf);
     }
-    if (!pattern.namesPlaces) {
+    if (!pattern.namesMarkets) {
         return instrumentsLike(pattern.name, instruments);
     }
-    return instrumentsLike(pattern.name, instrumentsIn(pattern.places, instruments));
+    return instrumentsLike(pattern.name, instrumentsIn(pattern.markets, instruments));
 }
 
-std::vector<std::string> namesOf(const Places& places) {
+std::vector<std::string> namesOf(const AskedMarkets& markets) {
     std::vector<std::string> names;
-    for (const Place& place : places) {
-        names.push_back(place.asked);
+    for (const AskedMarket& asked : markets) {
+        names.push_back(asked.name);
     }
     return names;
 }
@@ -98,27 +98,28 @@ Instruments instrumentsLike(const std::string& pattern, const Instruments& instr
     return itemsLike(instruments, pattern, textsOf, foldedTextsOf);
 }
 
-std::vector<Question> questionsLike(const std::string& pattern, const Instruments& instruments, const Places& places) {
-    const PlacedPattern wanted = placed(pattern, places);
+std::vector<Question> questionsLike(const std::string& pattern, const Instruments& instruments,
+                                    const AskedMarkets& markets) {
+    const PlacedPattern wanted = placed(pattern, markets);
     std::vector<Question> questions;
     for (const Instrument& instrument : wantedBy(wanted, instruments)) {
-        for (const Place& place : wanted.places) {
-            if (place.market == instrument->market) {
-                questions.push_back({place.asked, instrument->code});
+        for (const AskedMarket& asked : wanted.markets) {
+            if (asked.market == instrument->market) {
+                questions.push_back({asked.name, instrument->code});
             }
         }
     }
     return questions;
 }
 
-std::string patternProblem(const std::string& pattern, const Instruments& instruments, const Places& places) {
-    const PlacedPattern wanted = placed(pattern, places);
+std::string patternProblem(const std::string& pattern, const Instruments& instruments, const AskedMarkets& markets) {
+    const PlacedPattern wanted = placed(pattern, markets);
     if (wanted.namesUnknownMarket()) {
         return fmt::format("the market folder has no market {}; it has {}",
-                           echoed(wanted.name.substr(0, wanted.name.find(':'))), fmt::join(namesOf(places), ", "));
+                           echoed(wanted.name.substr(0, wanted.name.find(':'))), fmt::join(namesOf(markets), ", "));
     }
     return fmt::format("the market folder has no instrument like {}{}", echoed(pattern),
-                       widerPattern(wanted.name, instrumentsIn(wanted.places, instruments)));
+                       widerPattern(wanted.name, instrumentsIn(wanted.markets, instruments)));
 }
 
 }  // namespace feedesk

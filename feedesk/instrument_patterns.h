@@ -14,11 +14,12 @@ namespace feedesk {
 bool isPattern(const std::string& text);
 
 /// The instruments whose code or name is like the pattern, by market and code. A market that is written out may be any
-/// of the places; one with '*' stands for markets under their own names.
-std::vector<Question> questionsLike(const std::string& pattern, const Instruments& instruments, const Places& places);
+/// of the markets; one with '*' stands for markets under their own names.
+std::vector<Question> questionsLike(const std::string& pattern, const Instruments& instruments,
+                                    const AskedMarkets& markets);
 
 /// Why questionsLike() finds nothing, in one sentence.
-std::string patternProblem(const std::string& pattern, const Instruments& instruments, const Places& places);
+std::string patternProblem(const std::string& pattern, const Instruments& instruments, const AskedMarkets& markets);
 
 /// The instruments whose code or name is like the pattern, which names no market.
 Instruments instrumentsLike(const std::string& pattern, const Instruments& instruments);

@@ -30,22 +30,22 @@ std::vector<MarketAndName> readings(const std::string& text) {
     return found;
 }
 
-bool Place::isCalled(const std::string& text) const {
-    return text == asked || boost::to_upper_copy(text, std::locale::classic()) == asked;
+bool AskedMarket::isCalled(const std::string& text) const {
+    return text == name || boost::to_upper_copy(text, std::locale::classic()) == name;
 }
 
-Places placesOf(const Instruments& instruments) {
+AskedMarkets askedMarketsOf(const Instruments& instruments) {
     std::set<std::string> markets;
     for (const Instrument& instrument : instruments) {
         markets.insert(instrument->market);
     }
-    Places places;
+    AskedMarkets asked;
     for (const std::string& market : markets) {
-        places.push_back({market, market});
+        asked.push_back({market, market});
     }
-    return places;
+    return asked;
 }
 
-Places channels() { return {{"HGT", "HK"}, {"SGT", "HK"}}; }
+AskedMarkets channels() { return {{"HGT", "HK"}, {"SGT", "HK"}}; }
 
 }  // namespace feedesk

@@ -36,21 +36,21 @@ struct MarketAndName {
 std::vector<MarketAndName> readings(const std::string& text);
 
 /// A market under a name by which it is asked.
-struct Place {
-    std::string asked;
+struct AskedMarket {
+    std::string name;
     std::string market;
 
-    /// Whether a person who writes `text` names the place; small letters will do.
+    /// Whether a person who writes `text` names it; small letters will do.
     [[nodiscard]] bool isCalled(const std::string& text) const;
 };
 
-using Places = std::vector<Place>;
+using AskedMarkets = std::vector<AskedMarket>;
 
 /// The markets of the instruments under their own names.
-Places placesOf(const Instruments& instruments);
+AskedMarkets askedMarketsOf(const Instruments& instruments);
 
 /// The names of the connect channels, which stand for HK.
-Places channels();
+AskedMarkets channels();
 
 }  // namespace feedesk
 

@@ -10,7 +10,7 @@
 namespace feedesk {
 namespace {
 
-struct Decimal {
+struct DigitsAndPoint {
     bool negative = false;
     std::string digits;     // without point and leading zeros
     int pointPosition = 0;  // how many of the digits stand before the point; may be negative or beyond them
@@ -34,22 +34,22 @@ std::string scientific(double value) {
 }
 
 /// A finite number that is not 0; zeros at the end of its digits are left out.
-Decimal decimalOf(double value) {
+DigitsAndPoint digitsOf(double value) {
     const std::string text = scientific(std::fabs(value));
     const char* const end = text.data() + text.size();
-    Decimal decimal;
-    decimal.negative = std::signbit(value);
+    DigitsAndPoint found;
+    found.negative = std::signbit(value);
     const char* next = text.data();
     for (; next != end && *next != 'e'; ++next) {
         if (*next != '.') {
-            decimal.digits += *next;
+            found.digits += *next;
         }
     }
     ++next;  // 'e'; from_chars reads no plus sign
-    std::from_chars(*next == '+' ? next + 1 : next, end, decimal.pointPosition);
-    ++decimal.pointPosition;
-    decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
-    return decimal;
+    std::from_chars(*next == '+' ? next + 1 : next, end, found.pointPosition);
+    ++found.pointPosition;
+    found.digits.erase(found.digits.find_last_not_of('0') + 1);
+    return found;
 }
 
 std::string withPoint(const std::string& digits, int pointPosition) {
@@ -71,8 +71,8 @@ std::string shifted(double value, int places) {
     if (value == 0) {
         return "0";
     }
-    const Decimal decimal = decimalOf(value);
-    return (decimal.negative ? "-" : "") + withPoint(decimal.digits, decimal.pointPosition + places);
+    const DigitsAndPoint found = digitsOf(value);
+    return (found.negative ? "-" : "") + withPoint(found.digits, found.pointPosition + places);
 }
 
 }  // namespace

@@ -79,9 +79,9 @@ void sortByInstrument(std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>&
 
 }  // namespace
 
-Session::Engine::Engine(int threads) { standalone::startEngine(threads); }
+Session::RunningEngine::RunningEngine(int threads) { standalone::startEngine(threads); }
 
-Session::Engine::~Engine() { standalone::stopEngine(); }
+Session::RunningEngine::~RunningEngine() { standalone::stopEngine(); }
 
 Session::Session(const SessionOptions& options)
     : days(load(options.folder, tally)),
@@ -118,7 +118,7 @@ const Account& Session::account(const std::string& accountId) const {
 }
 
 void Session::requireCovered(const Account& account) const {
-    const standalone::AccountKind* kind = standalone::findAccountKind(account.record->accountType);
+    const standalone::AccountKindInfo* kind = standalone::findAccountKind(account.record->accountType);
     if (const auto family = kind == nullptr ? std::nullopt : standalone::chargedAs(*kind)) {
         throwUncovered(days.coverage().refusal(askedDay, *family));
     }

@@ -96,14 +96,14 @@ public:
 
 private:
     /// Runs the engine as long as it lives: destroyed first, so that no job outlives a fee center.
-    class Engine {
+    class RunningEngine {
     public:
-        explicit Engine(int threads);
-        Engine(const Engine&) = delete;
-        Engine& operator=(const Engine&) = delete;
+        explicit RunningEngine(int threads);
+        RunningEngine(const RunningEngine&) = delete;
+        RunningEngine& operator=(const RunningEngine&) = delete;
         // Stopping is refused on a thread of the engine alone, and none of them owns a session.
         // NOLINTNEXTLINE(bugprone-exception-escape)
-        ~Engine();
+        ~RunningEngine();
     };
 
     IntervalCenter& centerOf(cost::Date date);
@@ -121,7 +121,7 @@ private:
     IntervalCenter* inServices = nullptr;
     InstrumentNames names;
     std::unordered_map<std::string, std::size_t> places;  // of the accounts, the same in each market
-    Engine engine;
+    RunningEngine engine;
 };
 
 /// The numbers of the market's accounts, in the folder's order.

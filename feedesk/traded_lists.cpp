@@ -3,11 +3,11 @@
 namespace feedesk {
 
 std::optional<TradedLists> tradedLists(int accountType) {
-    const standalone::AccountKind* kind = standalone::findAccountKind(accountType);
+    const standalone::AccountKindInfo* kind = standalone::findAccountKind(accountType);
     if (kind == nullptr || *kind->family == '\0') {
         return std::nullopt;
     }
-    const standalone::Family& family = standalone::family(kind->family);
+    const standalone::RateFamily& family = standalone::rateFamily(kind->family);
     return TradedLists{family.instruments, family.lists};
 }
 

@@ -64,7 +64,7 @@ void writeNames(std::ostream& out, const Market& market) {
     }
     for (const auto& [family, rates] : market.rateNames) {
         out << "rates " << family << '\n';
-        for (const RateName& rate : rates) {
+        for (const NamedRate& rate : rates) {
             out << ' ' << rate.field << ' ' << rate.column << ' ' << rate.title << ' ' << static_cast<int>(rate.unit)
                 << '\n';
         }
@@ -74,7 +74,7 @@ void writeNames(std::ostream& out, const Market& market) {
 void write(std::ostream& out, const Market& market) {
     writeNames(out, market);
     for (const ListedInstrument& listed : market.instruments) {
-        out << "instrument " << listed.position << ' ' << listed.kindMask << ' ' << listed.types << ' '
+        out << "instrument " << listed.position << ' ' << listed.listMask << ' ' << listed.types << ' '
             << listed.tradeUnit << ' ' << Logged{listed.record.get()} << '\n';
     }
     for (const Account& account : market.accounts) {

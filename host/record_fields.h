@@ -14,17 +14,17 @@
 namespace qmservice::records {
 
 template <class Owner, class Value>
-struct Field {
+struct RecordField {
     const char* name;
     Value Owner::*member;
 };
 
 template <class Owner, class Value>
-Field(const char*, Value Owner::*) -> Field<Owner, Value>;
+RecordField(const char*, Value Owner::*) -> RecordField<Owner, Value>;
 
 /// Name and fields of one class, specialised below for each.
 template <class Record>
-struct FieldsOf;
+struct RecordFields;
 
 /// Calls visit(field) for every field of a list, in its order.
 template <class... Fields, class Visit>
@@ -35,7 +35,7 @@ void forEachOf(const std::tuple<Fields...>& list, Visit visit) {
 /// Calls visit(field) for every field of the class, in layout order.
 template <class Record, class Visit>
 void forEachField(Visit visit) {
-    forEachOf(FieldsOf<Record>::list, visit);
+    forEachOf(RecordFields<Record>::list, visit);
 }
 
 /// Copies the fields of one list into those of another, one by one; both lists have as many.
@@ -54,7 +54,7 @@ void copyFields(const From& from, const std::tuple<FromFields...>& fromList, To&
 /// Whether test(field) holds for every field of the class; stops at the first for which it does not.
 template <class Record, class Test>
 bool forAllFields(Test test) {
-    return std::apply([&test](const auto&... fields) { return (test(fields) && ...); }, FieldsOf<Record>::list);
+    return std::apply([&test](const auto&... fields) { return (test(fields) && ...); }, RecordFields<Record>::list);
 }
 
 // A list has the name of what it holds, in the style of the fields themselves.
@@ -66,282 +66,282 @@ bool forAllFields(Test test) {
 
 template <class Record>
 inline constexpr auto commissionRates = std::make_tuple(
-    Field{"openRatioByMoney", &Record::openRatioByMoney},
-    Field{"openRatioByVolume", &Record::openRatioByVolume},
-    Field{"closeRatioByMoney", &Record::closeRatioByMoney},
-    Field{"closeRatioByVolume", &Record::closeRatioByVolume},
-    Field{"closeTodayRatioByMoney", &Record::closeTodayRatioByMoney},
-    Field{"closeTodayRatioByVolume", &Record::closeTodayRatioByVolume},
-    Field{"commissionExtra1", &Record::commissionExtra1},
-    Field{"commissionExtra2", &Record::commissionExtra2});
+    RecordField{"openRatioByMoney", &Record::openRatioByMoney},
+    RecordField{"openRatioByVolume", &Record::openRatioByVolume},
+    RecordField{"closeRatioByMoney", &Record::closeRatioByMoney},
+    RecordField{"closeRatioByVolume", &Record::closeRatioByVolume},
+    RecordField{"closeTodayRatioByMoney", &Record::closeTodayRatioByMoney},
+    RecordField{"closeTodayRatioByVolume", &Record::closeTodayRatioByVolume},
+    RecordField{"commissionExtra1", &Record::commissionExtra1},
+    RecordField{"commissionExtra2", &Record::commissionExtra2});
 
 template <class Record>
 inline constexpr auto marginRatios = std::make_tuple(
-    Field{"longMarginRatio", &Record::longMarginRatio},
-    Field{"longMarginRatioByVolume", &Record::longMarginRatioByVolume},
-    Field{"shortMarginRatio", &Record::shortMarginRatio},
-    Field{"shortMarginRatioByVolume", &Record::shortMarginRatioByVolume});
+    RecordField{"longMarginRatio", &Record::longMarginRatio},
+    RecordField{"longMarginRatioByVolume", &Record::longMarginRatioByVolume},
+    RecordField{"shortMarginRatio", &Record::shortMarginRatio},
+    RecordField{"shortMarginRatioByVolume", &Record::shortMarginRatioByVolume});
 
 template <class Record>
 inline constexpr auto marginExtras = std::make_tuple(
-    Field{"marginExtra1", &Record::marginExtra1},
-    Field{"marginExtra2", &Record::marginExtra2});
+    RecordField{"marginExtra1", &Record::marginExtra1},
+    RecordField{"marginExtra2", &Record::marginExtra2});
 
 template <class Record>
 inline constexpr auto marginRates = std::tuple_cat(marginRatios<Record>, marginExtras<Record>);
 
 template <class Record>
 inline constexpr auto marginFields = std::tuple_cat(std::make_tuple(
-    Field{"hedgeFlag", &Record::hedgeFlag}),
+    RecordField{"hedgeFlag", &Record::hedgeFlag}),
     marginRatios<Record>,
-    std::make_tuple(Field{"marginMode", &Record::marginMode}),
+    std::make_tuple(RecordField{"marginMode", &Record::marginMode}),
     marginExtras<Record>);
 
 template <class Record>
 inline constexpr auto firstStockRate = std::make_tuple(
-    Field{"rate1", &Record::rate1});
+    RecordField{"rate1", &Record::rate1});
 
 template <class Record>
 inline constexpr auto furtherStockRates = std::make_tuple(
-    Field{"rate2", &Record::rate2},
-    Field{"rate3", &Record::rate3},
-    Field{"rate4", &Record::rate4},
-    Field{"rate5", &Record::rate5},
-    Field{"rate6", &Record::rate6});
+    RecordField{"rate2", &Record::rate2},
+    RecordField{"rate3", &Record::rate3},
+    RecordField{"rate4", &Record::rate4},
+    RecordField{"rate5", &Record::rate5},
+    RecordField{"rate6", &Record::rate6});
 
 template <class Record>
 inline constexpr auto stockRates = std::tuple_cat(firstStockRate<Record>, furtherStockRates<Record>);
 
 template <class Record>
 inline constexpr auto optionFees = std::make_tuple(
-    Field{"fee1", &Record::fee1},
-    Field{"fee2", &Record::fee2},
-    Field{"fee3", &Record::fee3},
-    Field{"fee4", &Record::fee4},
-    Field{"fee5", &Record::fee5});
+    RecordField{"fee1", &Record::fee1},
+    RecordField{"fee2", &Record::fee2},
+    RecordField{"fee3", &Record::fee3},
+    RecordField{"fee4", &Record::fee4},
+    RecordField{"fee5", &Record::fee5});
 
 template <>
 inline constexpr auto optionFees<CCustomStkExchangeRateLimit> = std::make_tuple(
-    Field{"optionFee1", &CCustomStkExchangeRateLimit::optionFee1},
-    Field{"optionFee2", &CCustomStkExchangeRateLimit::optionFee2},
-    Field{"optionFee3", &CCustomStkExchangeRateLimit::optionFee3},
-    Field{"optionFee4", &CCustomStkExchangeRateLimit::optionFee4},
-    Field{"optionFee5", &CCustomStkExchangeRateLimit::optionFee5});
+    RecordField{"optionFee1", &CCustomStkExchangeRateLimit::optionFee1},
+    RecordField{"optionFee2", &CCustomStkExchangeRateLimit::optionFee2},
+    RecordField{"optionFee3", &CCustomStkExchangeRateLimit::optionFee3},
+    RecordField{"optionFee4", &CCustomStkExchangeRateLimit::optionFee4},
+    RecordField{"optionFee5", &CCustomStkExchangeRateLimit::optionFee5});
 
 template <class Record>
 inline constexpr auto optionKeyCodes = std::make_tuple(
-    Field{"secondKeyCode", &Record::secondKeyCode},
-    Field{"thirdKeyCode", &Record::thirdKeyCode},
-    Field{"firstKeyCode", &Record::firstKeyCode});
+    RecordField{"secondKeyCode", &Record::secondKeyCode},
+    RecordField{"thirdKeyCode", &Record::thirdKeyCode},
+    RecordField{"firstKeyCode", &Record::firstKeyCode});
 
 template <>
 inline constexpr auto optionKeyCodes<CCustomStkExchangeRateLimit> = std::make_tuple(
-    Field{"optionSecondKeyCode", &CCustomStkExchangeRateLimit::optionSecondKeyCode},
-    Field{"optionThirdKeyCode", &CCustomStkExchangeRateLimit::optionThirdKeyCode},
-    Field{"optionFirstKeyCode", &CCustomStkExchangeRateLimit::optionFirstKeyCode});
+    RecordField{"optionSecondKeyCode", &CCustomStkExchangeRateLimit::optionSecondKeyCode},
+    RecordField{"optionThirdKeyCode", &CCustomStkExchangeRateLimit::optionThirdKeyCode},
+    RecordField{"optionFirstKeyCode", &CCustomStkExchangeRateLimit::optionFirstKeyCode});
 
 template <class Record>
 inline constexpr auto categoryFields = std::make_tuple(
-    Field{"customCategories", &Record::customCategories},
-    Field{"groupCategories", &Record::groupCategories});
+    RecordField{"customCategories", &Record::customCategories},
+    RecordField{"groupCategories", &Record::groupCategories});
 
 template <class Record>
 inline constexpr auto connectRates = std::make_tuple(
-    Field{"rate1", &Record::rate1},
-    Field{"rate2", &Record::rate2},
-    Field{"rate3", &Record::rate3},
-    Field{"rate4", &Record::rate4},
-    Field{"rate5", &Record::rate5},
-    Field{"rate6", &Record::rate6},
-    Field{"rate7", &Record::rate7},
-    Field{"rate8", &Record::rate8},
-    Field{"rate9", &Record::rate9},
-    Field{"rate10", &Record::rate10},
-    Field{"rate11", &Record::rate11},
-    Field{"rate12", &Record::rate12},
-    Field{"rate13", &Record::rate13},
-    Field{"rate14", &Record::rate14});
+    RecordField{"rate1", &Record::rate1},
+    RecordField{"rate2", &Record::rate2},
+    RecordField{"rate3", &Record::rate3},
+    RecordField{"rate4", &Record::rate4},
+    RecordField{"rate5", &Record::rate5},
+    RecordField{"rate6", &Record::rate6},
+    RecordField{"rate7", &Record::rate7},
+    RecordField{"rate8", &Record::rate8},
+    RecordField{"rate9", &Record::rate9},
+    RecordField{"rate10", &Record::rate10},
+    RecordField{"rate11", &Record::rate11},
+    RecordField{"rate12", &Record::rate12},
+    RecordField{"rate13", &Record::rate13},
+    RecordField{"rate14", &Record::rate14});
 
 template <class Record>
 inline constexpr auto connectFields = std::tuple_cat(std::make_tuple(
-    Field{"category", &Record::category}),
+    RecordField{"category", &Record::category}),
     connectRates<Record>,
-    std::make_tuple(Field{"tradeMinUnit", &Record::tradeMinUnit}),
+    std::make_tuple(RecordField{"tradeMinUnit", &Record::tradeMinUnit}),
     categoryFields<Record>);
 
 template <>
-struct FieldsOf<CAccountInfo> {
+struct RecordFields<CAccountInfo> {
     using Record = CAccountInfo;
     static constexpr const char* className = "CAccountInfo";
     static constexpr auto list = std::make_tuple(
-        Field{"accountType", &Record::accountType},
-        Field{"platformId", &Record::platformId},
-        Field{"accountId", &Record::accountId},
-        Field{"accountName", &Record::accountName});
+        RecordField{"accountType", &Record::accountType},
+        RecordField{"platformId", &Record::platformId},
+        RecordField{"accountId", &Record::accountId},
+        RecordField{"accountName", &Record::accountName});
 };
 
 template <>
-struct FieldsOf<CInstrument> {
+struct RecordFields<CInstrument> {
     using Record = CInstrument;
     static constexpr const char* className = "CInstrument";
     static constexpr auto list = std::make_tuple(
-        Field{"market", &Record::market},
-        Field{"code", &Record::code},
-        Field{"productId", &Record::productId},
-        Field{"name", &Record::name},
-        Field{"volumeMultiple", &Record::volumeMultiple},
-        Field{"priceTick", &Record::priceTick},
-        Field{"feeType", &Record::feeType},
-        Field{"openFee", &Record::openFee},
-        Field{"closeFee", &Record::closeFee},
-        Field{"closeTodayFee", &Record::closeTodayFee});
+        RecordField{"market", &Record::market},
+        RecordField{"code", &Record::code},
+        RecordField{"productId", &Record::productId},
+        RecordField{"name", &Record::name},
+        RecordField{"volumeMultiple", &Record::volumeMultiple},
+        RecordField{"priceTick", &Record::priceTick},
+        RecordField{"feeType", &Record::feeType},
+        RecordField{"openFee", &Record::openFee},
+        RecordField{"closeFee", &Record::closeFee},
+        RecordField{"closeTodayFee", &Record::closeTodayFee});
 };
 
 template <>
-struct FieldsOf<CInstrumentFee> {
+struct RecordFields<CInstrumentFee> {
     using Record = CInstrumentFee;
     static constexpr const char* className = "CInstrumentFee";
     static constexpr auto list = std::make_tuple(
-        Field{"instrument", &Record::instrument},
-        Field{"commissionDetail", &Record::commissionDetail},
-        Field{"marginDetails", &Record::marginDetails},
-        Field{"account", &Record::account},
-        Field{"stkRateLimit", &Record::stkRateLimit},
-        Field{"stkOptionFeeRate", &Record::stkOptionFeeRate},
-        Field{"hgtRateLimit", &Record::hgtRateLimit},
-        Field{"sgtRateLimit", &Record::sgtRateLimit});
+        RecordField{"instrument", &Record::instrument},
+        RecordField{"commissionDetail", &Record::commissionDetail},
+        RecordField{"marginDetails", &Record::marginDetails},
+        RecordField{"account", &Record::account},
+        RecordField{"stkRateLimit", &Record::stkRateLimit},
+        RecordField{"stkOptionFeeRate", &Record::stkOptionFeeRate},
+        RecordField{"hgtRateLimit", &Record::hgtRateLimit},
+        RecordField{"sgtRateLimit", &Record::sgtRateLimit});
 };
 
 template <>
-struct FieldsOf<CGroupCategorySubInfo> {
+struct RecordFields<CGroupCategorySubInfo> {
     using Record = CGroupCategorySubInfo;
     static constexpr const char* className = "CGroupCategorySubInfo";
     static constexpr auto list = std::make_tuple(
-        Field{"category", &Record::category},
-        Field{"excluded", &Record::excluded});
+        RecordField{"category", &Record::category},
+        RecordField{"excluded", &Record::excluded});
 };
 
 template <>
-struct FieldsOf<CCommissionRateDetail> {
+struct RecordFields<CCommissionRateDetail> {
     using Record = CCommissionRateDetail;
     static constexpr const char* className = "CCommissionRateDetail";
     static constexpr auto list = std::tuple_cat(std::make_tuple(
-        Field{"instrumentId", &Record::instrumentId}),
+        RecordField{"instrumentId", &Record::instrumentId}),
         commissionRates<Record>);
 };
 
 template <>
-struct FieldsOf<CMarginRateDetail> {
+struct RecordFields<CMarginRateDetail> {
     using Record = CMarginRateDetail;
     static constexpr const char* className = "CMarginRateDetail";
     static constexpr auto list = marginFields<Record>;
 };
 
 template <>
-struct FieldsOf<CStkExchangeRateLimit> {
+struct RecordFields<CStkExchangeRateLimit> {
     using Record = CStkExchangeRateLimit;
     static constexpr const char* className = "CStkExchangeRateLimit";
     static constexpr auto list = std::tuple_cat(
         stockRates<Record>,
-        std::make_tuple(Field{"unitVolume", &Record::unitVolume}));
+        std::make_tuple(RecordField{"unitVolume", &Record::unitVolume}));
 };
 
 template <>
-struct FieldsOf<CStockOptionFeeItem> {
+struct RecordFields<CStockOptionFeeItem> {
     using Record = CStockOptionFeeItem;
     static constexpr const char* className = "CStockOptionFeeItem";
     static constexpr auto list = std::tuple_cat(optionFees<Record>, optionKeyCodes<Record>);
 };
 
 template <>
-struct FieldsOf<CStockOptionFeeRate> {
+struct RecordFields<CStockOptionFeeRate> {
     using Record = CStockOptionFeeRate;
     static constexpr const char* className = "CStockOptionFeeRate";
     static constexpr auto list = std::make_tuple(
-        Field{"baseRate", &Record::baseRate},
-        Field{"items", &Record::items});
+        RecordField{"baseRate", &Record::baseRate},
+        RecordField{"items", &Record::items});
 };
 
 template <>
-struct FieldsOf<CCustomStkExchangeRateLimit> {
+struct RecordFields<CCustomStkExchangeRateLimit> {
     using Record = CCustomStkExchangeRateLimit;
     static constexpr const char* className = "CCustomStkExchangeRateLimit";
     static constexpr auto list = std::tuple_cat(std::make_tuple(
-        Field{"category", &Record::category}),
+        RecordField{"category", &Record::category}),
         firstStockRate<Record>,
-        std::make_tuple(Field{"unusedRate1", &Record::unusedRate1}),
+        std::make_tuple(RecordField{"unusedRate1", &Record::unusedRate1}),
         furtherStockRates<Record>,
-        std::make_tuple(Field{"unusedRate2", &Record::unusedRate2}),
+        std::make_tuple(RecordField{"unusedRate2", &Record::unusedRate2}),
         optionFees<Record>,
         optionKeyCodes<Record>,
         categoryFields<Record>);
 };
 
 template <>
-struct FieldsOf<CCustomHGTExchangeRateLimit> {
+struct RecordFields<CCustomHGTExchangeRateLimit> {
     using Record = CCustomHGTExchangeRateLimit;
     static constexpr const char* className = "CCustomHGTExchangeRateLimit";
     static constexpr auto list = connectFields<Record>;
 };
 
 template <>
-struct FieldsOf<CCustomSgtExchangeRateLimit> {
+struct RecordFields<CCustomSgtExchangeRateLimit> {
     using Record = CCustomSgtExchangeRateLimit;
     static constexpr const char* className = "CCustomSgtExchangeRateLimit";
     static constexpr auto list = connectFields<Record>;
 };
 
 template <>
-struct FieldsOf<CCustomCommissionRateDetail> {
+struct RecordFields<CCustomCommissionRateDetail> {
     using Record = CCustomCommissionRateDetail;
     static constexpr const char* className = "CCustomCommissionRateDetail";
     static constexpr auto list = std::tuple_cat(std::make_tuple(
-        Field{"categoryId", &Record::categoryId}),
+        RecordField{"categoryId", &Record::categoryId}),
         commissionRates<Record>,
         categoryFields<Record>);
 };
 
 template <>
-struct FieldsOf<CCustomMarginRateDetail> {
+struct RecordFields<CCustomMarginRateDetail> {
     using Record = CCustomMarginRateDetail;
     static constexpr const char* className = "CCustomMarginRateDetail";
     static constexpr auto list = std::tuple_cat(std::make_tuple(
-        Field{"categoryId", &Record::categoryId}),
+        RecordField{"categoryId", &Record::categoryId}),
         marginFields<Record>,
         categoryFields<Record>);
 };
 
 template <>
-struct FieldsOf<CCustomStockInstrumentFee> {
+struct RecordFields<CCustomStockInstrumentFee> {
     using Record = CCustomStockInstrumentFee;
     static constexpr const char* className = "CCustomStockInstrumentFee";
     static constexpr auto list = std::make_tuple(
-        Field{"rateLimits", &Record::rateLimits});
+        RecordField{"rateLimits", &Record::rateLimits});
 };
 
 template <>
-struct FieldsOf<CCustomHGTInstrumentFee> {
+struct RecordFields<CCustomHGTInstrumentFee> {
     using Record = CCustomHGTInstrumentFee;
     static constexpr const char* className = "CCustomHGTInstrumentFee";
     static constexpr auto list = std::make_tuple(
-        Field{"rateLimits", &Record::rateLimits});
+        RecordField{"rateLimits", &Record::rateLimits});
 };
 
 template <>
-struct FieldsOf<CCustomSgtInstrumentFee> {
+struct RecordFields<CCustomSgtInstrumentFee> {
     using Record = CCustomSgtInstrumentFee;
     static constexpr const char* className = "CCustomSgtInstrumentFee";
     static constexpr auto list = std::make_tuple(
-        Field{"rateLimits", &Record::rateLimits});
+        RecordField{"rateLimits", &Record::rateLimits});
 };
 
 template <>
-struct FieldsOf<CCustomFutureInstrumentFee> {
+struct RecordFields<CCustomFutureInstrumentFee> {
     using Record = CCustomFutureInstrumentFee;
     static constexpr const char* className = "CCustomFutureInstrumentFee";
     static constexpr auto list = std::make_tuple(
-        Field{"commissionDetails", &Record::commissionDetails},
-        Field{"marginDetails", &Record::marginDetails});
+        RecordField{"commissionDetails", &Record::commissionDetails},
+        RecordField{"marginDetails", &Record::marginDetails});
 };
 
 // clang-format on

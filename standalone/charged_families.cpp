@@ -2,22 +2,22 @@
 
 namespace standalone {
 
-const Family& ratesOf(cost::Family charged) {
-    return family(charged == cost::Family::kFutures ? "commission" : cost::wordFor(charged));
+const RateFamily& ratesOf(cost::Family charged) {
+    return rateFamily(charged == cost::Family::kFutures ? "commission" : cost::wordFor(charged));
 }
 
-std::optional<cost::Family> chargedAs(const AccountKind& kind) {
+std::optional<cost::Family> chargedAs(const AccountKindInfo& kind) {
     const std::string name = kind.family;
     return name == "commission" ? cost::Family::kFutures : cost::fromWord<cost::Family>(name);
 }
 
-bool trades(const AccountKind& kind, cost::Family charged) {
+bool trades(const AccountKindInfo& kind, cost::Family charged) {
     const std::optional<cost::Family> own = chargedAs(kind);
     return !own || *own == charged;
 }
 
 std::vector<std::string> rateColumnNames(const Market& market, cost::Family charged) {
-    const Family& rates = ratesOf(charged);
+    const RateFamily& rates = ratesOf(charged);
     std::vector<std::string> names;
     const auto named = market.rateNames.find(rates.name);
     if (named == market.rateNames.end()) {
@@ -25,7 +25,7 @@ std::vector<std::string> rateColumnNames(const Market& market, cost::Family char
             names.emplace_back(rate.column);
         }
     } else {
-        for (const RateName& rate : named->second) {
+        for (const NamedRate& rate : named->second) {
             names.push_back(rate.column);
         }
     }

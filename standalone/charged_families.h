@@ -14,13 +14,13 @@
 namespace standalone {
 
 /// The family that holds the rates of trades: of futures the commission, of another one that of its name.
-const Family& ratesOf(cost::Family charged);
+const RateFamily& ratesOf(cost::Family charged);
 
 /// The family in which an account of the kind trades; empty for one that trades everything.
-std::optional<cost::Family> chargedAs(const AccountKind& kind);
+std::optional<cost::Family> chargedAs(const AccountKindInfo& kind);
 
 /// Whether an account of the kind may trade in the family.
-bool trades(const AccountKind& kind, cost::Family charged);
+bool trades(const AccountKindInfo& kind, cost::Family charged);
 
 /// The columns of the family's rates in the tables of a market, in field order.
 std::vector<std::string> rateColumnNames(const Market& market, cost::Family charged);

@@ -47,8 +47,8 @@ RateFields marginFields() {
                                                                  "short_by_volume", "margin_extra1", "margin_extra2"});
 }
 
-Family stockFamily(const char* name, const char* title, qmservice::AccountKind account, InstrumentList list,
-                   bool isConfigured) {
+RateFamily stockFamily(const char* name, const char* title, qmservice::AccountKind account, InstrumentList list,
+                       bool isConfigured) {
     return {name,
             title,
             "",
@@ -63,8 +63,8 @@ Family stockFamily(const char* name, const char* title, qmservice::AccountKind a
 }
 
 template <class Limit>
-Family connectFamily(const char* name, const char* title, RateRecords limits, qmservice::AccountKind account,
-                     InstrumentList list) {
+RateFamily connectFamily(const char* name, const char* title, RateRecords limits, qmservice::AccountKind account,
+                         InstrumentList list) {
     return {name,
             title,
             "",
@@ -78,8 +78,8 @@ Family connectFamily(const char* name, const char* title, RateRecords limits, qm
             ownColumns(records::connectRates<Limit>)};
 }
 
-Family futuresFamily(const char* name, const char* title, const char* itemTitle, RateRecords details,
-                     RateFields rates) {
+RateFamily futuresFamily(const char* name, const char* title, const char* itemTitle, RateRecords details,
+                         RateFields rates) {
     return {name,
             title,
             itemTitle,
@@ -93,7 +93,7 @@ Family futuresFamily(const char* name, const char* title, const char* itemTitle,
             std::move(rates)};
 }
 
-Family optionFamily() {
+RateFamily optionFamily() {
     return {"option",
             "Stock option fee items",
             "Item",
@@ -109,8 +109,8 @@ Family optionFamily() {
 
 }  // namespace
 
-const std::vector<Family>& families() {
-    static const std::vector<Family> all{
+const std::vector<RateFamily>& rateFamilies() {
+    static const std::vector<RateFamily> all{
         stockFamily("stock", "Stock rates", kStockAccount, kStockList, true),
         stockFamily("credit", "Credit rates", kCreditAccount, kCreditList, false),
         stockFamily("neeq", "NEEQ rates", kNeeqAccount, kNeeqList, false),
@@ -125,33 +125,33 @@ const std::vector<Family>& families() {
     return all;
 }
 
-const Family& family(std::string_view name) {
-    const auto found =
-        std::find_if(families().begin(), families().end(), [&](const Family& each) { return each.name == name; });
-    if (found == families().end()) {
+const RateFamily& rateFamily(std::string_view name) {
+    const auto found = std::find_if(rateFamilies().begin(), rateFamilies().end(),
+                                    [&](const RateFamily& each) { return each.name == name; });
+    if (found == rateFamilies().end()) {
         throw std::out_of_range("there is no family " + std::string(name));
     }
     return *found;
 }
 
-const std::vector<AccountKind>& accountKinds() {
-    static const std::vector<AccountKind> all{{kFuturesAccount, "futures", "commission", true},
-                                              {kStockAccount, "stock", "stock", true},
-                                              {kCreditAccount, "credit", "credit", true},
-                                              {kFutures5Account, "futures_5", "commission", true},
-                                              {kOptionAccount, "option", "option", true},
-                                              {kHgtAccount, "hgt", "hgt", true},
-                                              {kIncomeSwapAccount, "income_swap", "", false},
-                                              {kNeeqAccount, "neeq", "neeq", true},
-                                              {kSgtAccount, "sgt", "sgt", true},
-                                              {kPrimeBrokerageAccount, "prime_brokerage", "", false},
-                                              {kIncomeSwapFuturesAccount, "income_swap_futures", "", false}};
+const std::vector<AccountKindInfo>& accountKinds() {
+    static const std::vector<AccountKindInfo> all{{kFuturesAccount, "futures", "commission", true},
+                                                  {kStockAccount, "stock", "stock", true},
+                                                  {kCreditAccount, "credit", "credit", true},
+                                                  {kFutures5Account, "futures_5", "commission", true},
+                                                  {kOptionAccount, "option", "option", true},
+                                                  {kHgtAccount, "hgt", "hgt", true},
+                                                  {kIncomeSwapAccount, "income_swap", "", false},
+                                                  {kNeeqAccount, "neeq", "neeq", true},
+                                                  {kSgtAccount, "sgt", "sgt", true},
+                                                  {kPrimeBrokerageAccount, "prime_brokerage", "", false},
+                                                  {kIncomeSwapFuturesAccount, "income_swap_futures", "", false}};
     return all;
 }
 
-const AccountKind* findAccountKind(int kind) {
+const AccountKindInfo* findAccountKind(int kind) {
     const auto found = std::find_if(accountKinds().begin(), accountKinds().end(),
-                                    [&](const AccountKind& each) { return each.kind == kind; });
+                                    [&](const AccountKindInfo& each) { return each.kind == kind; });
     return found == accountKinds().end() ? nullptr : &*found;
 }
 

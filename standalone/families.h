@@ -12,13 +12,13 @@
 
 namespace standalone {
 
-/// Some lists of the catalogue: an instrument belongs when it is in one of the kinds or types.
+/// Some lists of the catalogue: an instrument belongs when it is in one of the lists or types.
 struct Lists {
-    int kindMask = 0;  ///< bits of qmservice::InstrumentList
+    int listMask = 0;  ///< bits of qmservice::InstrumentList
     int types = 0;     ///< bits of qmservice::InstrumentType
 
     [[nodiscard]] constexpr bool hold(const ListedInstrument& instrument) const {
-        return (instrument.kindMask & kindMask) != 0 || (instrument.types & types) != 0;
+        return (instrument.listMask & listMask) != 0 || (instrument.types & types) != 0;
     }
 };
 
@@ -39,7 +39,7 @@ struct RateField {
 };
 
 /// One family: the rates of one kind of business, with its tables in a market folder.
-struct Family {
+struct RateFamily {
     const char* name;         ///< of its tables, of its rates in market.toml and of the parts of answers
     const char* title;        ///< what a person calls its rates
     const char* itemTitle;    ///< what a person calls the items that tell its rates apart; empty for one without
@@ -59,13 +59,13 @@ struct Family {
 };
 
 /// Every family, in the order in which their tables are read.
-const std::vector<Family>& families();
+const std::vector<RateFamily>& rateFamilies();
 
 /// The family of that name. Throws std::out_of_range when there is none.
-const Family& family(std::string_view name);
+const RateFamily& rateFamily(std::string_view name);
 
 /// What the host and its programs know of a kind of account.
-struct AccountKind {
+struct AccountKindInfo {
     int kind;            ///< a qmservice::AccountKind
     const char* name;    ///< as accounts.csv has it
     const char* family;  ///< whose instruments such an account trades; empty for one that trades everything
@@ -73,10 +73,10 @@ struct AccountKind {
 };
 
 /// Every kind that the boundary names, in ascending order.
-const std::vector<AccountKind>& accountKinds();
+const std::vector<AccountKindInfo>& accountKinds();
 
 /// The kind with this number; null when the boundary does not name it.
-const AccountKind* findAccountKind(int kind);
+const AccountKindInfo* findAccountKind(int kind);
 
 }  // namespace standalone
 

@@ -27,7 +27,7 @@ struct MarketPlace {
 
 struct ListedInstrument {
     boost::shared_ptr<qmservice::CInstrument> record;
-    int kindMask = 0;  ///< the lists it is in, bits of qmservice::InstrumentList
+    int listMask = 0;  ///< the lists it is in, bits of qmservice::InstrumentList
     int types = 0;     ///< the types it is of, bits of qmservice::InstrumentType
     int tradeUnit = 0;
     Position position;
@@ -75,7 +75,7 @@ struct CategoryRule {
 enum class RateUnit { kFraction, kYuan };
 
 /// What one rate field of a family's record means.
-struct RateName {
+struct NamedRate {
     std::string field;   ///< the record's field, such as "rate1"
     std::string column;  ///< column of the tables
     std::string title;   ///< what a person reads
@@ -97,7 +97,7 @@ struct Market {
     std::vector<ConfiguredLimit<qmservice::CCustomSgtExchangeRateLimit>> sgtLimits;
     std::vector<CategoryRule> categories;
     /// By family ("stock", "credit", "neeq", "hgt", "sgt", "option"): every rate field of the family in field order.
-    std::map<std::string, std::vector<RateName>> rateNames;
+    std::map<std::string, std::vector<NamedRate>> rateNames;
 
     /// "fees/stock.csv:12".
     [[nodiscard]] std::string where(Position position) const;

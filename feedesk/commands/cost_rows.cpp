@@ -55,7 +55,7 @@ std::string titleOf(const cost::Term& term, const standalone::Market& market) {
     }
     const auto names = market.rateNames.find(word(term.family));
     if (names != market.rateNames.end()) {
-        for (const standalone::RateName& name : names->second) {
+        for (const standalone::NamedRate& name : names->second) {
             if (name.column == term.charge) {
                 return name.title;
             }

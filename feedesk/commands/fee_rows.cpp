@@ -25,7 +25,7 @@ struct PartTitle {
 };
 
 PartTitle partTitle(const std::string& part) {
-    const standalone::Family& family = standalone::family(part);
+    const standalone::RateFamily& family = standalone::rateFamily(part);
     return {family.title, family.itemTitle};
 }
 
@@ -75,7 +75,7 @@ FeeFields commonFields(const std::string& items) {
 
 /// A trade unit or a mode is no rate, and of a rate that nobody has named nobody expects to read that it is 0.
 WhenZero whenZero(const TitledRates& titled) {
-    const Rate& first = titled.rates.front();
+    const ShownRate& first = titled.rates.front();
     return first.unit == Unit::kCount || first.column == titled.title ? WhenZero::kLeftOut : WhenZero::kNamed;
 }
 

@@ -31,7 +31,7 @@ cost::RateNames namesOf(cost::Family family, const standalone::Market& market) {
     const auto named = market.rateNames.find(std::string(cost::wordFor(family)));
     cost::RateNames names;
     if (named != market.rateNames.end()) {
-        for (const standalone::RateName& name : named->second) {
+        for (const standalone::NamedRate& name : named->second) {
             names[family].push_back({name.field, name.column});
         }
     }
@@ -91,7 +91,7 @@ namespace {
 
 /// A fee center answers for instruments that none of the family's lists holds, and the charging terms are not for them.
 void refuseUnlisted(const standalone::Market& market, const cost::Place& place) {
-    const standalone::Family& rates = standalone::ratesOf(place.family);
+    const standalone::RateFamily& rates = standalone::ratesOf(place.family);
     const bool isListed =
         std::any_of(market.instruments.begin(), market.instruments.end(), [&](const standalone::ListedInstrument& one) {
             return rates.lists.hold(one) && one.record->market == place.market && one.record->code == place.code;

@@ -22,8 +22,8 @@ public:
         instruments = published().hold()->catalogue.ofTypes(type);
     }
 
-    void getInstrumentList(std::vector<boost::shared_ptr<CInstrument>>& instruments, int kindMask) override {
-        instruments = published().hold()->catalogue.ofKinds(kindMask);
+    void getInstrumentList(std::vector<boost::shared_ptr<CInstrument>>& instruments, int listMask) override {
+        instruments = published().hold()->catalogue.ofLists(listMask);
     }
 };
 

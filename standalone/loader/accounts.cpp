@@ -18,7 +18,7 @@ const std::string kAccountsFile = "accounts.csv";
 const Words& kindWords() {
     static const Words words = [] {
         Words all;
-        for (const AccountKind& kind : accountKinds()) {
+        for (const AccountKindInfo& kind : accountKinds()) {
             all.emplace_back(kind.name, kind.kind);
         }
         return all;

@@ -90,7 +90,7 @@ private:
     [[nodiscard]] bool hasAccount(const Term& term) const {
         const std::string_view wanted = cost::pattern(term.account);
         return std::any_of(load.market.accounts.begin(), load.market.accounts.end(), [&](const Account& account) {
-            const AccountKind* kind = findAccountKind(account.record->accountType);
+            const AccountKindInfo* kind = findAccountKind(account.record->accountType);
             const bool isBadLine = kind == nullptr;
             return cost::matchesPattern(account.record->accountId, wanted) && (isBadLine || trades(*kind, term.family));
         });

@@ -28,7 +28,7 @@ bool isFirst(Load& load, const std::string& file, const ReadRule& read, std::siz
 }
 
 /// The columns besides the rates; a stock limit may have a trade unit of its own.
-std::vector<RuleColumn> configuredTableColumns(const Load& load, const Family& family) {
+std::vector<RuleColumn> configuredTableColumns(const Load& load, const RateFamily& family) {
     std::vector<RuleColumn> keys{marketColumn(load, ColumnNeed::kFilled), codeColumn(ColumnNeed::kFilled)};
     if (family.records == RateRecords::kStock) {
         keys.push_back(numberColumn("unit_volume", &RuleLine::unitVolume, ColumnNeed::kOptional));
@@ -36,7 +36,7 @@ std::vector<RuleColumn> configuredTableColumns(const Load& load, const Family& f
     return keys;
 }
 
-void readLimits(Load& load, const Family& family) {
+void readLimits(Load& load, const RateFamily& family) {
     const std::string file = family.configuredTable();
     FirstLines<std::size_t> lines;
     readRateTable(load, file, family, configuredTableColumns(load, family), [&](const ReadRule& read) {
@@ -50,7 +50,7 @@ void readLimits(Load& load, const Family& family) {
 }  // namespace
 
 void readConfiguredLimits(Load& load) {
-    for (const Family& family : families()) {
+    for (const RateFamily& family : rateFamilies()) {
         if (family.isConfigured) {
             readLimits(load, family);
         }

@@ -15,7 +15,7 @@ void readItem(RuleLine& line, TableCell& cell) {
     }
 }
 
-std::vector<RuleColumn> customTableColumns(const Load& load, const std::string& file, const Family& family) {
+std::vector<RuleColumn> customTableColumns(const Load& load, const std::string& file, const RateFamily& family) {
     const bool isSgt = family.records == RateRecords::kSgt;
     std::vector<RuleColumn> keys{accountColumn(load, file, family.customAccounts),
                                  numberColumn("update", &RuleLine::update),
@@ -28,7 +28,7 @@ std::vector<RuleColumn> customTableColumns(const Load& load, const std::string& 
     return keys;
 }
 
-void readCustomTable(Load& load, const Family& family) {
+void readCustomTable(Load& load, const RateFamily& family) {
     const std::string file = family.customTable();
     readRateTable(load, file, family, customTableColumns(load, file, family), [&](const ReadRule& read) {
         if (!read.whole) {
@@ -42,7 +42,7 @@ void readCustomTable(Load& load, const Family& family) {
 
 // The commission details of a fee come before its margin details, as the families do.
 void readCustomFees(Load& load) {
-    for (const Family& family : families()) {
+    for (const RateFamily& family : rateFamilies()) {
         readCustomTable(load, family);
     }
 }

@@ -8,7 +8,7 @@ namespace standalone::loader {
 namespace {
 
 template <class Records>
-void addFees(const FeeLine& kept, const Market& market, Account& account) {
+void addFees(const KeptFeeLine& kept, const Market& market, Account& account) {
     const auto limit = boost::make_shared<typename Records::Limit>();
     setRates(*limit, Records::kRates, kept.line);
     for (const std::size_t place : *kept.places) {
@@ -25,7 +25,7 @@ void addFees(const FeeLine& kept, const Market& market, Account& account) {
 void expandFees(const CheckedFolder& folder, cost::Date day, std::size_t account, Market& market) {
     Account& expanded = market.accounts[account];
     FuturesFees futures(market);
-    forEachInForce(folder.accountLines[account].fees, day, [&](const FeeLine& kept) {
+    forEachInForce(folder.accountLines[account].fees, day, [&](const KeptFeeLine& kept) {
         visitRecords(kept.family->records, [&](auto records) {
             if constexpr (decltype(records)::kHasLimit) {
                 addFees<decltype(records)>(kept, market, expanded);

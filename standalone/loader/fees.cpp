@@ -4,7 +4,7 @@
 namespace standalone::loader {
 namespace {
 
-std::vector<RuleColumn> feeTableColumns(const Load& load, const std::string& file, const Family& family) {
+std::vector<RuleColumn> feeTableColumns(const Load& load, const std::string& file, const RateFamily& family) {
     std::vector<RuleColumn> keys = feeKeyColumns(load, file, family);
     if (family.records != RateRecords::kMargin) {
         return keys;
@@ -12,7 +12,7 @@ std::vector<RuleColumn> feeTableColumns(const Load& load, const std::string& fil
     return joined(std::move(keys), {hedgeFlagColumn(), marginModeColumn()});
 }
 
-void readFeeTable(Load& load, const Family& family) {
+void readFeeTable(Load& load, const RateFamily& family) {
     const std::string file = family.feeTable();
     readRateTable(load, file, family, feeTableColumns(load, file, family), [&](const ReadRule& read) {
         Places places = matchInstruments(load, file, read, family.lists);
@@ -26,7 +26,7 @@ void readFeeTable(Load& load, const Family& family) {
 }  // namespace
 
 void readFees(Load& load) {
-    for (const Family& family : families()) {
+    for (const RateFamily& family : rateFamilies()) {
         if (!family.feeAccounts.empty()) {
             readFeeTable(load, family);
         }

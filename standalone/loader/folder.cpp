@@ -27,7 +27,7 @@ std::vector<KnownFolder> makeKnownFolders() {
     KnownFolder fees{"fees/", {}};
     KnownFolder configured{"configured/", {}};
     KnownFolder custom{"custom/", {}};
-    for (const Family& family : families()) {
+    for (const RateFamily& family : rateFamilies()) {
         const std::string file = std::string(family.name) + ".csv";
         if (!family.feeAccounts.empty()) {
             fees.files.push_back(file);

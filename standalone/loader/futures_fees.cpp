@@ -8,7 +8,7 @@ namespace standalone::loader {
 
 using namespace qmservice;  // NOLINT(google-build-using-namespace): records
 
-void FuturesFees::add(const FeeLine& line) {
+void FuturesFees::add(const KeptFeeLine& line) {
     if (line.family->records == RateRecords::kCommission) {
         addCommissions(line);
     } else {
@@ -16,7 +16,7 @@ void FuturesFees::add(const FeeLine& line) {
     }
 }
 
-void FuturesFees::addCommissions(const FeeLine& line) {
+void FuturesFees::addCommissions(const KeptFeeLine& line) {
     for (const std::size_t place : *line.places) {
         const auto detail = boost::make_shared<CCommissionRateDetail>();
         detail->instrumentId = market.instruments[place].record->code;
@@ -26,7 +26,7 @@ void FuturesFees::addCommissions(const FeeLine& line) {
 }
 
 // All instruments of a line share one detail.
-void FuturesFees::addMargins(const FeeLine& line) {
+void FuturesFees::addMargins(const KeptFeeLine& line) {
     const auto detail = boost::make_shared<CMarginRateDetail>();
     detail->hedgeFlag = line.line.hedgeFlag;
     detail->marginMode = line.line.marginMode;

@@ -16,7 +16,7 @@ public:
     explicit FuturesFees(const Market& instruments) : market(instruments) {}
 
     /// Takes a line of either table; a later one of the same table overrides an earlier one.
-    void add(const FeeLine& line);
+    void add(const KeptFeeLine& line);
 
     /// Adds the records to the account in the order of the catalogue.
     void addRecords(Account& account) const;
@@ -34,8 +34,8 @@ private:
         std::array<Placed<qmservice::CMarginRateDetail>, 3> margins;  ///< by hedge flag
     };
 
-    void addCommissions(const FeeLine& line);
-    void addMargins(const FeeLine& line);
+    void addCommissions(const KeptFeeLine& line);
+    void addMargins(const KeptFeeLine& line);
     [[nodiscard]] FeeRecord record(const Account& account, std::size_t place, const Fee& fee) const;
 
     const Market& market;

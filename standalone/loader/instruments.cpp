@@ -105,7 +105,7 @@ void addInstrument(Load& load, const std::string& file, const ReadLine<Instrumen
         });
         return;
     }
-    all.push_back({boost::make_shared<CInstrument>(record), read.line.lists.kindMask, read.line.lists.types,
+    all.push_back({boost::make_shared<CInstrument>(record), read.line.lists.listMask, read.line.lists.types,
                    tradeUnitOf(load, read.line), read.position});
 }
 

@@ -35,13 +35,13 @@ struct RateLine {
 using Places = std::shared_ptr<const std::vector<std::size_t>>;
 
 struct KeptLine {
-    const Family* family = nullptr;
+    const RateFamily* family = nullptr;
     RateLine line;
     Position position;
 };
 
 /// A line of fees/*.csv, with the instruments that it matches.
-struct FeeLine : KeptLine {
+struct KeptFeeLine : KeptLine {
     Places places;
 };
 
@@ -52,7 +52,7 @@ struct ConfiguredLine : KeptLine {
 
 /// The lines of one account, by family and then in the order of the file.
 struct AccountLines {
-    std::vector<FeeLine> fees;
+    std::vector<KeptFeeLine> fees;
     std::vector<KeptLine> customFees;
 };
 

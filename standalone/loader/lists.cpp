@@ -18,16 +18,16 @@ struct NamedList {
     Lists bits;
 };
 
-/// The kinds by their bits, each with the name of the family that it is for, then the types.
+/// The lists by their bits, each with the name of the family that it is for, then the types.
 std::vector<NamedList> namedLists() {
     std::vector<NamedList> lists;
-    for (const Family& family : families()) {
-        if (family.lists.kindMask != 0) {
+    for (const RateFamily& family : rateFamilies()) {
+        if (family.lists.listMask != 0) {
             lists.push_back({family.name, family.lists});
         }
     }
     std::sort(lists.begin(), lists.end(),
-              [](const NamedList& one, const NamedList& other) { return one.bits.kindMask < other.bits.kindMask; });
+              [](const NamedList& one, const NamedList& other) { return one.bits.listMask < other.bits.listMask; });
     lists.push_back({"futures", {0, qmservice::kFuturesType}});
     lists.push_back({"futures_extra", {0, qmservice::kFuturesExtraType}});
     return lists;
@@ -55,7 +55,7 @@ bool readList(TableCell& cell, std::string_view word, Lists& lists) {
                                mendByOneOf(word, allNames()));
         });
     }
-    lists.kindMask |= found->bits.kindMask;
+    lists.listMask |= found->bits.listMask;
     lists.types |= found->bits.types;
     return true;
 }
@@ -75,7 +75,7 @@ bool readLists(TableCell& cell, Lists& lists) {
 std::string listNames(const Lists& lists) {
     std::vector<std::string> names;
     for (const NamedList& list : allLists()) {
-        if ((list.bits.kindMask & lists.kindMask) != 0 || (list.bits.types & lists.types) != 0) {
+        if ((list.bits.listMask & lists.listMask) != 0 || (list.bits.types & lists.types) != 0) {
             names.emplace_back(list.name);
         }
     }

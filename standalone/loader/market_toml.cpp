@@ -122,7 +122,7 @@ void readColumn(TomlSection& section, std::string& column) {
     }
 }
 
-bool readRate(Load& load, const toml::table& table, const std::string& name, RateName& rate) {
+bool readRate(Load& load, const toml::table& table, const std::string& name, NamedRate& rate) {
     TomlSection section(table, name, kMarketFile, load.errors);
     readColumn(section, rate.column);
     rate.title = rate.column;
@@ -132,9 +132,9 @@ bool readRate(Load& load, const toml::table& table, const std::string& name, Rat
     return section.good();
 }
 
-void refuseSharedColumns(TomlSection& family, const std::vector<RateName>& rates) {
+void refuseSharedColumns(TomlSection& family, const std::vector<NamedRate>& rates) {
     std::unordered_map<std::string, std::string> fields;
-    for (const RateName& rate : rates) {
+    for (const NamedRate& rate : rates) {
         const auto [first, isNew] = fields.emplace(rate.column, rate.field);
         if (isNew) {
             continue;
@@ -145,16 +145,16 @@ void refuseSharedColumns(TomlSection& family, const std::vector<RateName>& rates
     }
 }
 
-void readFamily(Load& load, TomlSection& named, const Family& family) {
+void readFamily(Load& load, TomlSection& named, const RateFamily& family) {
     const std::string name = family.name;
-    std::vector<RateName>& rates = load.market.rateNames[name];
+    std::vector<NamedRate>& rates = load.market.rateNames[name];
     const toml::table* table = named.readTable(name, KeyNeed::kOptional);
     if (table == nullptr) {
         return;
     }
     TomlSection section(*table, "rates." + name, kMarketFile, load.errors);
     bool good = true;
-    for (RateName& rate : rates) {
+    for (NamedRate& rate : rates) {
         const toml::table* entry = section.readTable(rate.field, KeyNeed::kOptional);
         if (entry == nullptr) {
             continue;
@@ -172,7 +172,7 @@ void readRates(Load& load, TomlSection& root) {
     static const toml::table nothing;
     const toml::table* table = root.readTable("rates", KeyNeed::kOptional);
     TomlSection named(table == nullptr ? nothing : *table, "rates", kMarketFile, load.errors);
-    for (const Family& family : families()) {
+    for (const RateFamily& family : rateFamilies()) {
         if (family.isNamed) {
             readFamily(load, named, family);
         }
@@ -202,11 +202,11 @@ void giveUp(Load& load) {
 
 /// Every rate that may be named, under the name that it has by itself.
 void nameRates(Market& market) {
-    for (const Family& family : families()) {
+    for (const RateFamily& family : rateFamilies()) {
         if (!family.isNamed) {
             continue;
         }
-        std::vector<RateName>& rates = market.rateNames[family.name];
+        std::vector<NamedRate>& rates = market.rateNames[family.name];
         for (const RateField& rate : family.rates) {
             rates.push_back({rate.field, rate.column, rate.column, {}});
         }

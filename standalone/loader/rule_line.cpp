@@ -134,12 +134,12 @@ RuleColumn numberColumn(const std::string& name, int RuleLine::*field, ColumnNee
             }};
 }
 
-std::vector<RuleColumn> feeKeyColumns(const Load& load, const std::string& file, const Family& family) {
+std::vector<RuleColumn> feeKeyColumns(const Load& load, const std::string& file, const RateFamily& family) {
     return {accountColumn(load, file, family.feeAccounts), marketColumn(load, ColumnNeed::kFilled),
             codeColumn(ColumnNeed::kFilled), productColumn()};
 }
 
-std::vector<RuleColumn> rateColumns(const Load& load, const Family& family) {
+std::vector<RuleColumn> rateColumns(const Load& load, const RateFamily& family) {
     const auto named = load.market.rateNames.find(family.name);
     std::vector<RuleColumn> columns;
     for (std::size_t i = 0; i < family.rates.size(); ++i) {
@@ -160,7 +160,7 @@ Places matchInstruments(Load& load, const std::string& file, const ReadRule& rea
     if (line.market.empty() || line.code.empty()) {
         return {};
     }
-    const Load::Match match{lists.kindMask, lists.types, line.market, line.code, line.product};
+    const Load::Match match{lists.listMask, lists.types, line.market, line.code, line.product};
     if (const auto found = load.matches.find(match); found != load.matches.end()) {
         return found->second;
     }

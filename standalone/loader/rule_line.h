@@ -39,16 +39,16 @@ RuleColumn marginModeColumn();
 /// A whole number from 1.
 RuleColumn numberColumn(const std::string& name, int RuleLine::*field, ColumnNeed need = ColumnNeed::kFilled);
 /// The columns of a table of fee records that name its instruments: account, market, code and product.
-std::vector<RuleColumn> feeKeyColumns(const Load& load, const std::string& file, const Family& family);
+std::vector<RuleColumn> feeKeyColumns(const Load& load, const std::string& file, const RateFamily& family);
 /// The rates of a family, under the names that market.toml gives or else their own.
-std::vector<RuleColumn> rateColumns(const Load& load, const Family& family);
+std::vector<RuleColumn> rateColumns(const Load& load, const RateFamily& family);
 
 std::vector<RuleColumn> joined(std::vector<RuleColumn> columns, const std::vector<RuleColumn>& more);
 
 /// Reads a table of a family's rates, if the folder has it: the columns `keys`, those of the rates and those of the
 /// days. `apply` takes each line.
 template <class Apply>
-void readRateTable(Load& load, const std::string& file, const Family& family, const std::vector<RuleColumn>& keys,
+void readRateTable(Load& load, const std::string& file, const RateFamily& family, const std::vector<RuleColumn>& keys,
                    const Apply& apply) {
     if (!load.hasFile(file)) {
         return;

@@ -118,7 +118,7 @@ struct TypeName<std::string> {
 
 template <class Record>
 struct TypeName<boost::shared_ptr<Record>> {
-    static std::string text() { return std::string("shared_ptr<") + FieldsOf<Record>::className + ">"; }
+    static std::string text() { return std::string("shared_ptr<") + RecordFields<Record>::className + ">"; }
 };
 
 template <class Value>

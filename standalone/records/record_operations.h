@@ -46,7 +46,7 @@ template <class Record>
 uint64 RecordOf<Record>::getHashKey(uint64 seed) const {
     const auto& record = records::recordIn<Record>(*this);
     records::HashInput input;
-    input.add(std::string_view(records::FieldsOf<Record>::className));
+    input.add(std::string_view(records::RecordFields<Record>::className));
     records::forEachField<Record>([&](const auto& field) { input.add(record.*field.member); });
     return input.key(seed);
 }
@@ -61,14 +61,14 @@ std::string RecordOf<Record>::getStructDes() const {
         }
         fields += std::string(field.name) + ':' + records::TypeName<Value>::text();
     });
-    return std::string(records::FieldsOf<Record>::className) + '{' + fields + '}';
+    return std::string(records::RecordFields<Record>::className) + '{' + fields + '}';
 }
 
 template <class Record>
 void RecordOf<Record>::toLogStream(std::ostream& out) const {
     const auto& record = records::recordIn<Record>(*this);
     records::LogWriter writer(out);
-    writer.raw(records::FieldsOf<Record>::className);
+    writer.raw(records::RecordFields<Record>::className);
     writer.raw("{");
     bool first = true;
     records::forEachField<Record>([&](const auto& field) {
@@ -110,7 +110,7 @@ std::ptrdiff_t RecordOf<Record>::getOffset(const std::string& field) const {
 
 template <class Record>
 void RecordOf<Record>::toBsonWithBson(_bson_t* document) const {
-    records::BsonWriter(document).append("_type", std::string_view(records::FieldsOf<Record>::className));
+    records::BsonWriter(document).append("_type", std::string_view(records::RecordFields<Record>::className));
     appendElementsWithNoTypeIdWithBson(document);
 }
 

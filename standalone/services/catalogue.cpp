@@ -10,7 +10,7 @@ Catalogue::Catalogue(const Market& market) {
     for (const ListedInstrument& listed : market.instruments) {
         const std::string key = utils::voStockKey(listed.record->market, listed.record->code);
         byKey.emplace(utils::hash(key), listed.record);
-        listings.push_back({key, listed.record, listed.kindMask, listed.types});
+        listings.push_back({key, listed.record, listed.listMask, listed.types});
     }
 }
 
@@ -29,10 +29,10 @@ std::map<std::string, Catalogue::Instrument> Catalogue::ofTypes(int typeMask) co
     return chosen;
 }
 
-std::vector<Catalogue::Instrument> Catalogue::ofKinds(int kindMask) const {
+std::vector<Catalogue::Instrument> Catalogue::ofLists(int listMask) const {
     std::vector<Instrument> chosen;
     for (const Listing& listing : listings) {
-        if ((listing.kindMask & kindMask) != 0) {
+        if ((listing.listMask & listMask) != 0) {
             chosen.push_back(listing.record);
         }
     }

@@ -25,13 +25,13 @@ public:
     /// The instruments of any type in the mask, by joined key.
     [[nodiscard]] std::map<std::string, Instrument> ofTypes(int typeMask) const;
     /// The instruments of any list in the mask, in the market's order.
-    [[nodiscard]] std::vector<Instrument> ofKinds(int kindMask) const;
+    [[nodiscard]] std::vector<Instrument> ofLists(int listMask) const;
 
 private:
     struct Listing {
         std::string joinedKey;
         Instrument record;
-        int kindMask;
+        int listMask;
         int types;
     };
 

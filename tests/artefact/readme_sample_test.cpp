@@ -55,7 +55,7 @@ protected:
         listed.record = boost::make_shared<CInstrument>();
         listed.record->market = "SH";
         listed.record->code = "600519";
-        listed.kindMask = qmservice::kStockList;
+        listed.listMask = qmservice::kStockList;
         market.instruments = {listed};
         return listed.record;
     }

@@ -37,7 +37,7 @@ struct Numbered : LimitFamily {
 struct Futures {
     using CustomFee = CCustomFutureInstrumentFee;
     static constexpr int kind = 1;
-    static constexpr int kindMask = 0;
+    static constexpr int listMask = 0;
     static constexpr auto update = &test::OpenFeeCenter::doUpdateFutureCustomFee;
 
     static std::string category(test::FakeHost& /*host*/, int number) { return std::to_string(number); }
@@ -66,7 +66,7 @@ struct StkOption {
     static constexpr auto categoryOf = &CustomLimit::category;
     static constexpr auto list = &CustomFee::rateLimits;
     static constexpr int kind = 6;
-    static constexpr int kindMask = 32;
+    static constexpr int listMask = 32;
     static constexpr auto table = &test::OpenFeeCenter::stkOptionAccountTable;
     static constexpr auto update = &test::OpenFeeCenter::doUpdateStkOptionCustomFee;
 
@@ -120,7 +120,7 @@ protected:
         listed->market = "MM";
         listed->code = "CC";
         listed->productId = "PP";
-        return host.add(listed, Family::kindMask, 2);
+        return host.add(listed, Family::listMask, 2);
     }();
     const std::string system = "isStockInCategoryForTS";
     const std::string custom = "isStockInCustomCategory";

@@ -21,7 +21,7 @@ protected:
         for (const std::string market : {"HGT", "SGT"}) {
             SCOPED_TRACE(market);
             (this->center.*Family::table).clear();
-            const auto traded = this->host.addInstrument(market, "00700", Family::kindMask);
+            const auto traded = this->host.addInstrument(market, "00700", Family::listMask);
             check(traded);
             this->host.removeInstrument(*traded);
         }

@@ -36,7 +36,7 @@ protected:
 TYPED_TEST_SUITE(LimitOverrideTest, test::LimitFamilies, test::FamilyName);
 
 TYPED_TEST(LimitOverrideTest, EmptyPointersAmongLimitsAndInstrumentsArePassedOver) {
-    this->host.instruments.push_back({nullptr, TypeParam::kindMask, 0});
+    this->host.instruments.push_back({nullptr, TypeParam::listMask, 0});
     const auto a = this->instrument("A");
     this->host.systemMembers.insert({5, {"XX", "A"}});
     this->apply({nullptr, this->custom("5", 0.5), nullptr});
@@ -70,7 +70,7 @@ TYPED_TEST(LimitOverrideTest, CategoryTestGetsMarketCodeAndProductId) {
     listed->code = "CC";
     listed->productId = "PP";
     listed->name = "NN";
-    this->host.add(listed, TypeParam::kindMask, 0);
+    this->host.add(listed, TypeParam::listMask, 0);
     std::vector<std::string> seen;
     this->host.inSystemCategory = [&](const auto& market, const auto& code, const auto& product, int) {
         seen = {market, code, product};

@@ -8,8 +8,8 @@
 #include <iterator>
 
 #include "feedesk/session.h"
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -47,7 +47,7 @@ protected:
         return lines(outcome.out).back();
     }
 
-    MarketFolder folder;
+    SampleFolder folder;
 };
 
 TEST_F(Date, ChoosesTheLinesInForce) {

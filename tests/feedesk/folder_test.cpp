@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -14,7 +14,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 TEST(Folder, ThatIsBrokenTellsEveryErrorAndAnswersNothing) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     folder.write("fees/stock.csv", "account,market,code,commission\nS100,SH,600519,x\nS999,SH,600519,0\n");
     folder.write("custom/stock.csv", "account,update,category,commission\nS100,1,77,0.0001\n");
     const Outcome outcome = ask(folder.path(), "fee S100 SH:600519");
@@ -43,14 +43,14 @@ TEST(Folder, ThatIsMissingIsToldWithItsAbsolutePathAndTheWaysToNameOne) {
 }
 
 TEST(Folder, ThatIsAFileIsToldTheSameWay) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const std::string file = folder.path() + "/market.toml";
     EXPECT_THAT(ask(file, "accounts").err,
                 StartsWith(file + ": this is not a folder; name the folder that holds market.toml: with --market DIR"));
 }
 
 TEST(Folder, OfManyErrorsIsToldAHundredAndTheOthersByKind) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     std::string table = "account,market,code,commission\n";
     for (int i = 0; i < 1234; ++i) {
         table += "S100,SH,600519,x\n";
@@ -68,7 +68,7 @@ TEST(Folder, OfManyErrorsIsToldAHundredAndTheOthersByKind) {
 }
 
 TEST(Folder, WhoseMarketTomlNestsFortyThousandLevelsIsBadInput) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     std::string key;
     for (int i = 0; i < 40000; ++i) {
         key += "a.";
@@ -82,20 +82,20 @@ TEST(Folder, WhoseMarketTomlNestsFortyThousandLevelsIsBadInput) {
 }
 
 TEST(Folder, IsTakenFromTheEnvironment) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const Outcome outcome = runProgram("accounts --csv", "FEEDESK_MARKET=" + folder.path());
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_EQ(lines(outcome.out).size(), 13U);
 }
 
 TEST(Folder, OfTheCommandLineWinsAndMayStandBehindTheCommand) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const Outcome outcome = runProgram("accounts --csv --market " + folder.path(), "FEEDESK_MARKET=/nonexistent");
     EXPECT_EQ(outcome.status, 0) << outcome.err;
 }
 
 TEST(Folder, IsAnsweredByAnyNumberOfThreads) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const std::string one = ask(folder.path(), "fees S100 --csv --threads 1").out;
     EXPECT_EQ(lines(one).size(), 5U);
     EXPECT_EQ(one, ask(folder.path(), "fees S100 --csv --threads 8").out);

@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -46,7 +46,7 @@ protected:
         return ask(folder.path(), "fee " + arguments, source);
     }
 
-    MarketFolder folder;
+    SampleFolder folder;
 };
 
 TEST_F(InstrumentListOfFee, StandsInThePlaceOfTheArgument) {

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -26,7 +26,7 @@ protected:
         return "no line of " + part + " " + item + " in\n" + outcome.out;
     }
 
-    MarketFolder folder;
+    SampleFolder folder;
 
 private:
     static std::string firstTwoCells(std::string text) {

@@ -4,8 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk {
 namespace {
@@ -82,7 +82,7 @@ class MarkedAnswers : public testing::Test {
 protected:
     Outcome ask(const std::string& arguments) const { return test::ask(folder.path(), arguments); }
 
-    test::MarketFolder folder;
+    test::SampleFolder folder;
 };
 
 TEST_F(MarkedAnswers, AreToldInTheTableAndCountedBelowIt) {

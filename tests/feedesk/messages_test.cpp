@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -16,7 +16,7 @@ class JsonMessages : public testing::Test {
 protected:
     Outcome answered(const std::string& arguments) const { return ask(folder.path(), arguments); }
 
-    MarketFolder folder;
+    SampleFolder folder;
 };
 
 TEST_F(JsonMessages, TellWhyThereIsNoAnswerBesideAnEmptyArray) {

@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -13,7 +13,7 @@ using testing::Contains;
 using testing::HasSubstr;
 
 TEST(Program, EndsWhatIsAnsweredWhereTheNextRowFails) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const Session session({folder.path(), 0});
     for (const auto& [format, text] : std::vector<std::pair<Format, std::string>>{
              {Format::kTable, "V\nx\n"}, {Format::kCsv, "v\nx\n"}, {Format::kJson, "[\n{\"v\":\"x\"}\n]\n"}}) {
@@ -31,7 +31,7 @@ TEST(Program, EndsWhatIsAnsweredWhereTheNextRowFails) {
 }
 
 TEST(Program, WritesASpreadsheetInPlaceOfStandardOutput) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const std::string file = folder.path() + "/accounts.xlsx";
     const Outcome outcome = ask(folder.path(), "accounts --xlsx '" + file + "'");
     EXPECT_EQ(outcome.status, 0);
@@ -41,12 +41,12 @@ TEST(Program, WritesASpreadsheetInPlaceOfStandardOutput) {
 }
 
 TEST(Program, MarksCsvAsUtf8WhereThatIsAskedFor) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     EXPECT_EQ(ask(folder.path(), "accounts --csv-bom").out, "\xEF\xBB\xBF" + ask(folder.path(), "accounts --csv").out);
 }
 
 TEST(Program, AnswersInOneForm) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     for (const std::string forms :
          {"--json --csv", "--csv --csv-bom", "--xlsx a.xlsx --json", "--csv-bom --xlsx a.xlsx"}) {
         const Outcome outcome = ask(folder.path(), "accounts " + forms);

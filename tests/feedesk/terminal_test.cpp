@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "feedesk/text.h"
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -16,7 +16,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 TEST(Output, ThatCannotBeWrittenIsNoticed) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     for (const std::string arguments : {"accounts", "fee S100 SH:600519", "--help"}) {
         const Outcome outcome = ask(folder.path(), arguments + " >/dev/full");
         EXPECT_EQ(outcome.status, 2);
@@ -25,31 +25,31 @@ TEST(Output, ThatCannotBeWrittenIsNoticed) {
 }
 
 TEST(Output, OfErrorsThatCannotBeWrittenLeavesTheExitStatus) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     EXPECT_EQ(ask(folder.path(), "fee S100 SH:600518 2>/dev/full").status, 1);
     EXPECT_EQ(ask(folder.path(), "fee S100 2>/dev/full").status, 2);
 }
 
 TEST(Output, MayBeReadInPart) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const Outcome outcome = ask(folder.path(), "fees S100 | head -n 1");
     EXPECT_EQ(outcome.out, "Account S100 (stock) 股票户\n");
     EXPECT_EQ(outcome.err, "");
 }
 
 TEST(Output, HasNoProgressWhereThereIsNoTerminal) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     EXPECT_EQ(ask(folder.path(), "accounts").err, "");
 }
 
 TEST(Output, IsAsWideAsTheEnvironmentSays) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     EXPECT_LE(widestLine(ask(folder.path(), "fee S100 600519", "COLUMNS=50").out), 50U);
     EXPECT_GT(widestLine(ask(folder.path(), "fee S100 600519", "COLUMNS=200").out), 50U);
 }
 
 TEST(Output, IsAsWideAsItNeedsWhereNothingSaysHowWide) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const std::string name(200, 'n');
     folder.write("instruments/more.csv", "market,code,name,lists\nSH,600001," + name + ",stock\n");
     const Outcome outcome = ask(folder.path(), "fee S100 600001", "COLUMNS=");
@@ -60,7 +60,7 @@ TEST(Output, IsAsWideAsItNeedsWhereNothingSaysHowWide) {
 }
 
 TEST(Output, IsAsWideAsTheTerminal) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     for (const int columns : {40, 120}) {
         const std::string told = onTerminal(folder.path(), "fee S100 600519 SZ:300750", columns);
         EXPECT_LE(widestLine(told), static_cast<std::size_t>(columns)) << told;
@@ -70,7 +70,7 @@ TEST(Output, IsAsWideAsTheTerminal) {
 }
 
 TEST(Output, IsColouredOnATerminalWhereItIsMarked) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const std::string told = onTerminal(folder.path(), "fee S100 SH:600519 SH:000001", 120);
     const std::vector<std::string> shown = lines(told);
     ASSERT_EQ(shown.size(), 9U) << told;
@@ -80,13 +80,13 @@ TEST(Output, IsColouredOnATerminalWhereItIsMarked) {
 }
 
 TEST(Output, IsColouredWhereATurnedTableIsMarked) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     EXPECT_THAT(onTerminal(folder.path(), "fee S100 SH:600519 SH:000001", 30),
                 HasSubstr("Level       \x1B[1;31mBUILT-IN DEFAULT\x1B[0m\n"));
 }
 
 TEST(Output, HasNoColourWhereNobodyWantsIt) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const auto fee = [&](const std::string& environment) {
         return onTerminal(folder.path(), "fee S100 SH:000001", 120, environment);
     };
@@ -101,7 +101,7 @@ TEST(Output, LetsNoTextPaintItself) {
 }
 
 TEST(Output, EscapesEveryArgumentThatItRepeats) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const std::string bad = "\"$(printf '\\233\\342\\200\\256\\302\\23331mx')\"";
     const std::string shown = R"(\x9b\xe2\x80\xae\xc2\x9b31mx)";
     for (const std::string& arguments :
@@ -119,7 +119,7 @@ TEST(Output, EscapesEveryArgumentThatItRepeats) {
 }
 
 TEST(Output, EscapesFileNames) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     folder.write(
         "instruments/\x9B"
         "31m.csv",

@@ -49,7 +49,7 @@ private:
 template <class... Classes>
 struct NamesOf {
     static std::vector<std::string_view> names() {
-        return {kNoRecord, qmservice::records::FieldsOf<Classes>::className...};
+        return {kNoRecord, qmservice::records::RecordFields<Classes>::className...};
     }
 };
 

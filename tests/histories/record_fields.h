@@ -119,7 +119,7 @@ std::string showRecord(const Record& record) {
             text += (text.empty() ? "" : ", ") + std::string(field.name) + ' ' + show(record.*field.member);
         }
     });
-    return qmservice::records::FieldsOf<Record>::className + ('{' + text) + '}';
+    return qmservice::records::RecordFields<Record>::className + ('{' + text) + '}';
 }
 
 template <class Record>

@@ -11,7 +11,7 @@ struct JobIsDone {};
 void copyFacts(const model::Facts& facts, test::FakeHost& host) {
     host.instruments.clear();
     for (const auto& listed : facts.listed) {
-        host.instruments.push_back({listed.instrument, listed.kindMask, listed.types});
+        host.instruments.push_back({listed.instrument, listed.listMask, listed.types});
     }
     host.catalogue.clear();
     for (const auto& entry : facts.catalogue) {
@@ -39,7 +39,7 @@ std::string_view classOf(const Record& record) {
     std::string_view name = kNoRecord;
     if (record) {
         asItsClass(*record, [&](const auto& typed) {
-            name = qmservice::records::FieldsOf<std::decay_t<decltype(typed)>>::className;
+            name = qmservice::records::RecordFields<std::decay_t<decltype(typed)>>::className;
         });
     }
     return name;

@@ -109,7 +109,7 @@ const std::vector<Account>& World::accounts(Focus focus) const {
 void World::addInstruments() {
     for (const Row& row : kRows) {
         instruments.push_back(makeInstrument(row));
-        facts.listed.push_back({instruments.back(), row.kindMask, row.types});
+        facts.listed.push_back({instruments.back(), row.listMask, row.types});
         facts.catalogue[joinedKey(row.market, row.code)] = instruments.back();
     }
 }

@@ -13,7 +13,7 @@ struct Row {
     const char* market;
     const char* code;
     const char* product;
-    int kindMask;  ///< 1 stock, 8 credit, 32 stock option, 128 and 16384 connect, 256 NEEQ
+    int listMask;  ///< 1 stock, 8 credit, 32 stock option, 128 and 16384 connect, 256 NEEQ
     int types;     ///< 2 and 1024 futures
     int feeType;
     double openFee;

@@ -21,7 +21,7 @@ using Name = std::pair<std::string, std::string>;  ///< market and code
 struct Facts {
     struct Listed {
         boost::shared_ptr<qmservice::CInstrument> instrument;  ///< may be empty, for a host that lists badly
-        int kindMask = 0;
+        int listMask = 0;
         int types = 0;
     };
     using InCategory =

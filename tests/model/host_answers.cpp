@@ -8,10 +8,10 @@ namespace model {
 Model::Instrument Model::findInstrument(const std::string& key) const { return valueOr(facts.catalogue, key); }
 
 /// The instruments that are listed under the mask; empty ones are passed over.
-std::vector<Model::Instrument> Model::listInstruments(int kindMask) const {
+std::vector<Model::Instrument> Model::listInstruments(int listMask) const {
     std::vector<Instrument> instruments;
     for (const Facts::Listed& listed : facts.listed) {
-        if ((listed.kindMask & kindMask) != 0 && listed.instrument) {
+        if ((listed.listMask & listMask) != 0 && listed.instrument) {
             instruments.push_back(listed.instrument);
         }
     }

@@ -56,12 +56,12 @@ void Model::loadLimits(LimitFamily& family, const Account& account, const Record
     }
 }
 
-void Model::overrideLimits(LimitFamily& family, int kindMask, const Account& account, const CustomStockFee& custom) {
+void Model::overrideLimits(LimitFamily& family, int listMask, const Account& account, const CustomStockFee& custom) {
     if (custom->rateLimits.empty()) {
         return;
     }
     const uint64 accountKey = account->getHashKey(0);
-    for (const Instrument& instrument : listInstruments(kindMask)) {
+    for (const Instrument& instrument : listInstruments(listMask)) {
         const auto limit = firstOf(custom->rateLimits, [&](const auto& candidate) {
             return applies(candidate, categoryNumber(candidate->category), *instrument);
         });

@@ -86,7 +86,7 @@ private:
 
     // What the host answers.
     Instrument findInstrument(const std::string& key) const;
-    std::vector<Instrument> listInstruments(int kindMask) const;
+    std::vector<Instrument> listInstruments(int listMask) const;
     int tradeUnit(const std::string& market, const std::string& code) const;
     bool isSimulated(uint64 account) const;
 
@@ -106,7 +106,7 @@ private:
     std::vector<Fee> answers(const Entries& table, const Account& account, bool& known, const Ask& ask) const;
 
     void loadLimits(LimitFamily& family, const Account& account, const Records& records);
-    void overrideLimits(LimitFamily& family, int kindMask, const Account& account, const CustomStockFee& custom);
+    void overrideLimits(LimitFamily& family, int listMask, const Account& account, const CustomStockFee& custom);
     Fee limitFee(const LimitFamily& family, uint64 account, const std::string& key, int unit) const;
 
     void overrideOptions(const Account& account, const CustomStockFee& custom);

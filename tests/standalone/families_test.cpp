@@ -15,12 +15,12 @@ namespace standalone {
 namespace {
 
 TEST(Families, EachIsFoundByItsName) {
-    for (const Family& each : families()) {
-        EXPECT_EQ(&family(each.name), &each);
+    for (const RateFamily& each : rateFamilies()) {
+        EXPECT_EQ(&rateFamily(each.name), &each);
     }
 }
 
-TEST(Families, UnknownNameIsRefused) { EXPECT_THROW(static_cast<void>(family("bond")), std::out_of_range); }
+TEST(Families, UnknownNameIsRefused) { EXPECT_THROW(static_cast<void>(rateFamily("bond")), std::out_of_range); }
 
 TEST(Families, KindWithoutANameIsNotFound) {
     EXPECT_EQ(findAccountKind(4), nullptr);
@@ -29,13 +29,13 @@ TEST(Families, KindWithoutANameIsNotFound) {
 
 // Fee records come for the kinds that trade the family's instruments, and for no other.
 TEST(Families, FeeTablesTakeTheKindsThatTradeTheFamily) {
-    for (const AccountKind& kind : accountKinds()) {
-        for (const Family& each : families()) {
+    for (const AccountKindInfo& kind : accountKinds()) {
+        for (const RateFamily& each : rateFamilies()) {
             if (each.feeAccounts.empty() || *kind.family == '\0') {
                 continue;
             }
             const bool isTaken = std::set<int>(each.feeAccounts.begin(), each.feeAccounts.end()).count(kind.kind) != 0;
-            EXPECT_EQ(isTaken, std::string(family(kind.family).instruments) == each.instruments)
+            EXPECT_EQ(isTaken, std::string(rateFamily(kind.family).instruments) == each.instruments)
                 << kind.name << " " << each.name;
         }
     }
@@ -43,7 +43,7 @@ TEST(Families, FeeTablesTakeTheKindsThatTradeTheFamily) {
 
 TEST(Families, KindsThatTradeEverythingAreNotListed) {
     std::set<int> everything;
-    for (const AccountKind& kind : accountKinds()) {
+    for (const AccountKindInfo& kind : accountKinds()) {
         EXPECT_EQ(kind.isListed, *kind.family != '\0') << kind.name;
         if (*kind.family == '\0') {
             everything.insert(kind.kind);
@@ -55,14 +55,14 @@ TEST(Families, KindsThatTradeEverythingAreNotListed) {
 TEST(Families, InstrumentBelongsToAFamilyByListOrByType) {
     ListedInstrument future;
     future.types = qmservice::kFuturesExtraType;
-    EXPECT_TRUE(family("commission").lists.hold(future));
-    EXPECT_FALSE(family("stock").lists.hold(future));
+    EXPECT_TRUE(rateFamily("commission").lists.hold(future));
+    EXPECT_FALSE(rateFamily("stock").lists.hold(future));
     ListedInstrument share;
-    share.kindMask = qmservice::kStockList | qmservice::kHgtList;
-    EXPECT_TRUE(family("stock").lists.hold(share));
-    EXPECT_TRUE(family("hgt").lists.hold(share));
-    EXPECT_FALSE(family("sgt").lists.hold(share));
-    EXPECT_FALSE(family("margin").lists.hold(share));
+    share.listMask = qmservice::kStockList | qmservice::kHgtList;
+    EXPECT_TRUE(rateFamily("stock").lists.hold(share));
+    EXPECT_TRUE(rateFamily("hgt").lists.hold(share));
+    EXPECT_FALSE(rateFamily("sgt").lists.hold(share));
+    EXPECT_FALSE(rateFamily("margin").lists.hold(share));
 }
 
 }  // namespace

@@ -22,11 +22,11 @@ inline Instrument instrument(const std::string& market, const std::string& code)
     return made;
 }
 
-inline standalone::ListedInstrument listed(const std::string& market, const std::string& code, int kindMask,
+inline standalone::ListedInstrument listed(const std::string& market, const std::string& code, int listMask,
                                            int types = 0) {
     standalone::ListedInstrument made;
     made.record = instrument(market, code);
-    made.kindMask = kindMask;
+    made.listMask = listMask;
     made.types = types;
     return made;
 }

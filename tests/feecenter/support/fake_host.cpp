@@ -37,17 +37,17 @@ void FakeHost::reset() {
 }
 
 boost::shared_ptr<qmservice::CInstrument> FakeHost::addInstrument(const std::string& market, const std::string& code,
-                                                                  int kindMask, int types) {
+                                                                  int listMask, int types) {
     auto instrument = boost::make_shared<qmservice::CInstrument>();
     instrument->market = market;
     instrument->code = code;
-    return add(instrument, kindMask, types);
+    return add(instrument, listMask, types);
 }
 
 boost::shared_ptr<qmservice::CInstrument> FakeHost::add(boost::shared_ptr<qmservice::CInstrument> instrument,
-                                                        int kindMask, int types) {
+                                                        int listMask, int types) {
     catalogue[instrumentKey(*instrument)] = instrument;
-    instruments.push_back({instrument, kindMask, types});
+    instruments.push_back({instrument, listMask, types});
     return instrument;
 }
 

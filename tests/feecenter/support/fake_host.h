@@ -30,10 +30,10 @@ public:
     /// Back to an empty host without jobs.
     void reset();
 
-    /// Adds an instrument to the catalogue, to the lists of `kindMask` and to the maps whose type is a bit of `types`.
+    /// Adds an instrument to the catalogue, to the lists of `listMask` and to the maps whose type is a bit of `types`.
     boost::shared_ptr<qmservice::CInstrument> addInstrument(const std::string& market, const std::string& code,
-                                                            int kindMask = 0, int types = 0);
-    boost::shared_ptr<qmservice::CInstrument> add(boost::shared_ptr<qmservice::CInstrument> instrument, int kindMask,
+                                                            int listMask = 0, int types = 0);
+    boost::shared_ptr<qmservice::CInstrument> add(boost::shared_ptr<qmservice::CInstrument> instrument, int listMask,
                                                   int types);
 
     /// The catalogue forgets the instrument, for lookups and lists alike.
@@ -48,7 +48,7 @@ public:
 
     struct Listed {
         boost::shared_ptr<qmservice::CInstrument> instrument;  ///< may be empty, for a host that lists badly
-        int kindMask = 0;
+        int listMask = 0;
         int types = 0;
         std::string mapKey = {};  ///< under which the maps hold it; its own joined key where this is empty
     };

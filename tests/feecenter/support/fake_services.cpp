@@ -41,9 +41,9 @@ public:
         }
     }
 
-    void getInstrumentList(std::vector<boost::shared_ptr<qmservice::CInstrument>>& instruments, int kindMask) override {
+    void getInstrumentList(std::vector<boost::shared_ptr<qmservice::CInstrument>>& instruments, int listMask) override {
         for (const auto& listed : host("getInstrumentList").instruments) {
-            if ((listed.kindMask & kindMask) != 0) {
+            if ((listed.listMask & listMask) != 0) {
                 instruments.push_back(listed.instrument);
             }
         }

@@ -26,7 +26,7 @@ struct StockSide {
 struct Stock : StockSide {
     static constexpr auto name = "Stock";
     static constexpr int kind = 2;
-    static constexpr int kindMask = 1;
+    static constexpr int listMask = 1;
     static constexpr auto mutex = &OpenFeeCenter::stockMutex;
     static constexpr auto pool = &OpenFeeCenter::stockRateLimitPool;
     static constexpr auto table = &OpenFeeCenter::stockAccountTable;
@@ -40,7 +40,7 @@ struct Stock : StockSide {
 struct Credit : StockSide {
     static constexpr auto name = "Credit";
     static constexpr int kind = 3;
-    static constexpr int kindMask = 8;
+    static constexpr int listMask = 8;
     static constexpr auto mutex = &OpenFeeCenter::creditMutex;
     static constexpr auto pool = &OpenFeeCenter::creditRateLimitPool;
     static constexpr auto table = &OpenFeeCenter::creditAccountTable;
@@ -54,7 +54,7 @@ struct Credit : StockSide {
 struct Neeq : StockSide {
     static constexpr auto name = "Neeq";
     static constexpr int kind = 10;
-    static constexpr int kindMask = 256;
+    static constexpr int listMask = 256;
     static constexpr auto mutex = &OpenFeeCenter::neeqMutex;
     static constexpr auto pool = &OpenFeeCenter::neeqRateLimitPool;
     static constexpr auto table = &OpenFeeCenter::neeqAccountTable;
@@ -75,7 +75,7 @@ struct Hgt {
     static constexpr auto askConfigured = "getHGTExchangeRateLimitPtr";
     static constexpr auto name = "Hgt";
     static constexpr int kind = 7;
-    static constexpr int kindMask = 128;
+    static constexpr int listMask = 128;
     static constexpr auto mutex = &OpenFeeCenter::hgtMutex;
     static constexpr auto pool = &OpenFeeCenter::hgtRateLimitPool;
     static constexpr auto table = &OpenFeeCenter::hgtAccountTable;
@@ -96,7 +96,7 @@ struct Sgt {
     static constexpr auto askConfigured = "getSgtExchangeRateLimitPtr";
     static constexpr auto name = "Sgt";
     static constexpr int kind = 11;
-    static constexpr int kindMask = 16384;
+    static constexpr int listMask = 16384;
     static constexpr auto mutex = &OpenFeeCenter::sgtMutex;
     static constexpr auto pool = &OpenFeeCenter::sgtRateLimitPool;
     static constexpr auto table = &OpenFeeCenter::sgtAccountTable;

@@ -38,7 +38,7 @@ protected:
 
     /// An instrument that the family's custom fees reach.
     boost::shared_ptr<qmservice::CInstrument> instrument(const std::string& code) {
-        return host.addInstrument("XX", code, Family::kindMask);
+        return host.addInstrument("XX", code, Family::listMask);
     }
 
     /// What the host configures for the instrument.

@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 TEST(Accounts, AreListedWithWhatIsFedForThem) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const std::vector<std::string> csv = lines(ask(folder.path(), "accounts --csv").out);
     ASSERT_EQ(csv.size(), 13U);
     EXPECT_EQ(csv[0], "account,kind,name,platform,fee_records,custom_fees");
@@ -24,7 +24,7 @@ TEST(Accounts, AreListedWithWhatIsFedForThem) {
 }
 
 TEST(Accounts, FitTheWidth) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const Outcome outcome = ask(folder.path(), "accounts");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.out, HasSubstr("S100     stock            股票户"));
@@ -33,14 +33,14 @@ TEST(Accounts, FitTheWidth) {
 }
 
 TEST(Accounts, AreObjectsInJson) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     EXPECT_THAT(ask(folder.path(), "accounts --json").out,
                 HasSubstr(R"({"account":"F200","kind":"futures","name":"模拟户","platform":9001,"fee_records":0,)"
                           R"("custom_fees":0})"));
 }
 
 TEST(Accounts, TellHowManyInstrumentsAreAnsweredOnEachLevel) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const std::vector<std::string> csv = lines(ask(folder.path(), "accounts --levels --csv").out);
     ASSERT_EQ(csv.size(), 13U);
     EXPECT_EQ(csv[0],
@@ -62,14 +62,14 @@ TEST(Accounts, TellHowManyInstrumentsAreAnsweredOnEachLevel) {
 }
 
 TEST(Accounts, TellLevelsInJson) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     EXPECT_THAT(ask(folder.path(), "accounts --levels --json").out,
                 HasSubstr(R"("platform":0,"fee_records":4,"custom_fees":1,"instruments":5,"own_record":2,)"
                           R"("custom_fee":1,"configured_limit":1,"exchange_fee":0,"built_in_default":1,"not_set":0})"));
 }
 
 TEST(Accounts, TellLevelsInATableOfOneLineEach) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const Outcome outcome = ask(folder.path(), "accounts --levels");
     EXPECT_LE(widestLine(outcome.out), 80U);
     EXPECT_EQ(lines(outcome.out).size(), 14U) << outcome.out;
@@ -77,7 +77,7 @@ TEST(Accounts, TellLevelsInATableOfOneLineEach) {
 }
 
 /// The numbers of the accounts that are like the pattern.
-std::vector<std::string> numbers(const MarketFolder& folder, const std::string& pattern) {
+std::vector<std::string> numbers(const SampleFolder& folder, const std::string& pattern) {
     std::vector<std::string> found;
     for (const std::string& line : lines(ask(folder.path(), "accounts --csv '" + pattern + "'").out)) {
         found.push_back(line.substr(0, line.find(',')));
@@ -86,7 +86,7 @@ std::vector<std::string> numbers(const MarketFolder& folder, const std::string& 
 }
 
 TEST(Accounts, AreThoseLikeAPatternOfNumbersOrNames) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     EXPECT_THAT(numbers(folder, "S*"), ElementsAre("account", "S100", "S200"));
     EXPECT_THAT(numbers(folder, "s1*"), ElementsAre("account", "S100"));
     EXPECT_THAT(numbers(folder, "没有费率的*"), ElementsAre("account", "S200", "H200"));
@@ -95,7 +95,7 @@ TEST(Accounts, AreThoseLikeAPatternOfNumbersOrNames) {
 }
 
 TEST(Accounts, ThatNothingIsLikeAreNoAnswer) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const Outcome outcome = ask(folder.path(), "accounts 'Z*'");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");

@@ -4,8 +4,8 @@
 #include <rapidjson/pointer.h>
 
 #include "feedesk/session.h"
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -19,7 +19,7 @@ protected:
         return ask(folder.path(), "fee " + arguments, environment);
     }
 
-    MarketFolder folder;
+    SampleFolder folder;
 };
 
 /// A parsed JSON text; a path is "/0/rates/commission".

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -25,7 +25,7 @@ protected:
         return found;
     }
 
-    MarketFolder folder;
+    SampleFolder folder;
 };
 
 TEST_F(Fees, AreTheAccountsEntriesByMarketAndCode) {

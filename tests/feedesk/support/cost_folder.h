@@ -3,14 +3,14 @@
 
 #include <string>
 
-#include "tests/feedesk/support/market_folder.h"
 #include "tests/feedesk/support/program.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 
 /// The small market folder with charging terms, multipliers and ticks, of which amounts are worked out by hand. It is
 /// known from 2021 to 2026 and asked as of 2024-01-02.
-class CostFolder : public MarketFolder {
+class CostFolder : public SampleFolder {
 public:
     CostFolder();
     CostFolder(const CostFolder&) = delete;

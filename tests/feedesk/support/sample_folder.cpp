@@ -1,4 +1,4 @@
-#include "tests/feedesk/support/market_folder.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 #include <unistd.h>
 
@@ -66,7 +66,7 @@ F400,自定义期货户,futures,
 
 }  // namespace
 
-MarketFolder::MarketFolder() {
+SampleFolder::SampleFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "feedesk_test_XXXXXX").string();
     directory = mkdtemp(name.data());
     write("market.toml", kMarketToml);
@@ -105,12 +105,12 @@ MarketFolder::MarketFolder() {
     write("custom/commission.csv", "account,update,category,open_by_volume\nF400,1,4,6.5\n");
 }
 
-MarketFolder::~MarketFolder() {
+SampleFolder::~SampleFolder() {
     std::error_code ignored;
     std::filesystem::remove_all(directory, ignored);
 }
 
-void MarketFolder::write(const std::string& file, const std::string& content) const {
+void SampleFolder::write(const std::string& file, const std::string& content) const {
     std::filesystem::create_directories((directory / file).parent_path());
     std::ofstream(directory / file, std::ios::binary) << content;
 }

@@ -1,19 +1,19 @@
-#ifndef TESTS_FEEDESK_SUPPORT_MARKET_FOLDER_H
-#define TESTS_FEEDESK_SUPPORT_MARKET_FOLDER_H
+#ifndef TESTS_FEEDESK_SUPPORT_SAMPLE_FOLDER_H
+#define TESTS_FEEDESK_SUPPORT_SAMPLE_FOLDER_H
 
 #include <filesystem>
 #include <string>
 
 namespace feedesk::test {
 
-/// A small market folder in a temporary directory, removed at the end. What it holds is in market_folder.cpp; the
+/// A small market folder in a temporary directory, removed at the end. What it holds is in sample_folder.cpp; the
 /// tests' expectations are worked out from it by hand.
-class MarketFolder {
+class SampleFolder {
 public:
-    MarketFolder();
-    MarketFolder(const MarketFolder&) = delete;
-    MarketFolder& operator=(const MarketFolder&) = delete;
-    ~MarketFolder();
+    SampleFolder();
+    SampleFolder(const SampleFolder&) = delete;
+    SampleFolder& operator=(const SampleFolder&) = delete;
+    ~SampleFolder();
 
     /// Replaces one file.
     void write(const std::string& file, const std::string& content) const;
@@ -26,4 +26,4 @@ private:
 
 }  // namespace feedesk::test
 
-#endif  // TESTS_FEEDESK_SUPPORT_MARKET_FOLDER_H
+#endif  // TESTS_FEEDESK_SUPPORT_SAMPLE_FOLDER_H

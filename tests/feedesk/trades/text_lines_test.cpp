@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "feedesk/failure.h"
-#include "tests/feedesk/support/market_folder.h"
+#include "tests/feedesk/support/sample_folder.h"
 
 namespace feedesk::test {
 namespace {
@@ -24,7 +24,7 @@ protected:
         return found;
     }
 
-    MarketFolder folder;
+    SampleFolder folder;
 };
 
 using Lines = std::vector<std::string>;

@@ -35,9 +35,9 @@ protected:
         install();
     }
 
-    [[nodiscard]] Strings list(int kindMask) const {
+    [[nodiscard]] Strings list(int listMask) const {
         std::vector<Instrument> instruments;
-        catalogue().getInstrumentList(instruments, kindMask);
+        catalogue().getInstrumentList(instruments, listMask);
         return codesOf(instruments);
     }
 

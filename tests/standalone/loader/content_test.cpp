@@ -98,12 +98,12 @@ TEST_F(LoaderContent, RateNamesListEveryFieldOfEveryFamily) {
                                         std::pair("hgt", 14U), std::pair("sgt", 14U), std::pair("option", 5U)}) {
         EXPECT_EQ(market.rateNames.at(family).size(), count) << family;
     }
-    const RateName& named = market.rateNames.at("stock")[5];
+    const NamedRate& named = market.rateNames.at("stock")[5];
     EXPECT_EQ(named.field, "rate6");
     EXPECT_EQ(named.column, "stamp_duty");
     EXPECT_EQ(named.title, "Stamp duty");
     EXPECT_EQ(named.unit, RateUnit::kYuan);
-    const RateName& own = market.rateNames.at("stock")[1];
+    const NamedRate& own = market.rateNames.at("stock")[1];
     EXPECT_EQ(own.field, "rate2");
     EXPECT_EQ(own.column, "rate2");
     EXPECT_EQ(own.title, "rate2");
@@ -154,7 +154,7 @@ TEST_F(LoaderContent, ListsBecomeKindsAndTypes) {
     const Market market = loadGood();
     const auto bits = [&](const std::string& code) {
         const ListedInstrument& instrument = instrumentOf(market, code);
-        return std::pair(instrument.kindMask, instrument.types);
+        return std::pair(instrument.listMask, instrument.types);
     };
     EXPECT_EQ(bits("600000"), std::pair(1 | 8, 0));
     EXPECT_EQ(bits("600001"), std::pair(1, 0));
@@ -168,7 +168,7 @@ TEST_F(LoaderContent, ListsBecomeKindsAndTypes) {
 TEST_F(LoaderContent, InstrumentMayBeInNoList) {
     append("instruments/a.csv", "SH,900001,Loner,,,,,\n");
     const Market market = loadGood();
-    EXPECT_EQ(instrumentOf(market, "900001").kindMask, 0);
+    EXPECT_EQ(instrumentOf(market, "900001").listMask, 0);
     EXPECT_EQ(instrumentOf(market, "900001").types, 0);
 }
 

@@ -59,24 +59,24 @@ inline Edit replaced(const std::string& file, const std::string& from, const std
 }
 
 /// Where an error is; a line alone is one of the edited file.
-struct Place {
-    Place(std::size_t lineOfEditedFile) : line(lineOfEditedFile) {}
-    Place(std::string otherFile, std::size_t itsLine) : file(std::move(otherFile)), line(itsLine) {}
+struct ErrorPlace {
+    ErrorPlace(std::size_t lineOfEditedFile) : line(lineOfEditedFile) {}
+    ErrorPlace(std::string otherFile, std::size_t itsLine) : file(std::move(otherFile)), line(itsLine) {}
 
     std::string file;
     std::size_t line;
 };
-inline Place at(const std::string& file, std::size_t line) { return {file, line}; }
+inline ErrorPlace at(const std::string& file, std::size_t line) { return {file, line}; }
 
 /// An edit, and the one error that it leads to, whose message holds all the words.
 struct LoaderError {
     const char* name;
     Edit edit;
-    Place place;
+    ErrorPlace place;
     std::vector<std::string> words;
 };
 template <class... Words>
-LoaderError error(const char* name, const Edit& edit, const Place& place, const Words&... words) {
+LoaderError error(const char* name, const Edit& edit, const ErrorPlace& place, const Words&... words) {
     return {name, edit, place, {words...}};
 }
 void PrintTo(const LoaderError& error, std::ostream* out);
