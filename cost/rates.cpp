@@ -105,8 +105,9 @@ Rates futuresRates(const CInstrumentFee& answer) {
     return rates;
 }
 
-/// Whose rates a stock-like record holds: the account kind's, where it trades on NEEQ its.
-Family stockFamily(const CInstrumentFee& answer) {
+}  // namespace
+
+Family stockFamilyOf(const CInstrumentFee& answer) {
     const std::int32_t kind = answer.account ? answer.account->accountType : kStockAccount;
     if (kind == kCreditAccount) {
         return Family::kCredit;
@@ -117,12 +118,10 @@ Family stockFamily(const CInstrumentFee& answer) {
     return isNeeq ? Family::kNeeq : Family::kStock;
 }
 
-}  // namespace
-
 std::optional<Family> familyOf(const CInstrumentFee& answer) {
     std::vector<Family> found;
     if (answer.stkRateLimit) {
-        found.push_back(stockFamily(answer));
+        found.push_back(stockFamilyOf(answer));
     } else if (answer.stkOptionFeeRate) {
         // Rule "A stock answer carries an option rate too": with a stock's rates it says nothing.
         found.push_back(Family::kOption);

@@ -48,6 +48,10 @@ struct RateName {
 /// open_by_volume, close_..., close_today_..., commission_extra1 and commission_extra2.
 using RateNames = std::map<Family, std::vector<RateName>>;
 
+/// Whose rates the answer's stkRateLimit holds: those of the account's kind; of a kind that trades everything those of
+/// NEEQ or of stocks, as the instrument's market is.
+Family stockFamilyOf(const qmservice::CInstrumentFee& answer);
+
 /// Whose rates the answer holds. Empty when it holds none, or those of several families at once, as the default answer
 /// of a prime-brokerage account does.
 std::optional<Family> familyOf(const qmservice::CInstrumentFee& answer);

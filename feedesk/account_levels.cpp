@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "feedesk/traded_lists.h"
+#include "feedesk/traded_instruments.h"
 
 namespace feedesk {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "feedesk/account_kinds.h"
+#include "cost/rates.h"
 #include "feedesk/trades/trade_words.h"
 #include "host/record_fields.h"
 
@@ -135,13 +135,6 @@ private:
     const standalone::Market& market;
 };
 
-/// Whose names of market.toml the rates of a stock-like answer have: the account kind's, where it trades on NEEQ its.
-std::string stockFamily(const CInstrumentFee& fee) {
-    return fee.instrument->market == "NEEQ" && fee.account->accountType == kPrimeBrokerageAccount
-               ? "neeq"
-               : accountKind(fee.account->accountType).family;
-}
-
 }  // namespace
 
 bool isZero(const TitledRates& titled) {
@@ -152,7 +145,8 @@ Answer makeAnswer(const CInstrumentFee& fee, const CInstrumentFee& dyed, const T
                   const standalone::Market& market) {
     AnswerMaker maker(tracer, market);
     if (fee.stkRateLimit) {
-        maker.addLimit(stockFamily(fee), fee.stkRateLimit, dyed.stkRateLimit, fee.stkRateLimit->unitVolume);
+        const std::string part(cost::wordFor(cost::stockFamilyOf(fee)));
+        maker.addLimit(part, fee.stkRateLimit, dyed.stkRateLimit, fee.stkRateLimit->unitVolume);
     }
     if (fee.stkOptionFeeRate && dyed.stkOptionFeeRate) {
         maker.addOption(*fee.stkOptionFeeRate, *dyed.stkOptionFeeRate);

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "feedesk/folding.h"
+#include "standalone/channels.h"
 
 namespace feedesk {
 
@@ -46,6 +47,12 @@ AskedMarkets askedMarketsOf(const Instruments& instruments) {
     return asked;
 }
 
-AskedMarkets channels() { return {{"HGT", "HK"}, {"SGT", "HK"}}; }
+AskedMarkets channels() {
+    AskedMarkets asked;
+    for (const char* channel : standalone::kChannels) {
+        asked.push_back({channel, standalone::kChannelMarket});
+    }
+    return asked;
+}
 
 }  // namespace feedesk

@@ -49,7 +49,7 @@ using AskedMarkets = std::vector<AskedMarket>;
 /// The markets of the instruments under their own names.
 AskedMarkets askedMarketsOf(const Instruments& instruments);
 
-/// The names of the connect channels, which stand for HK.
+/// The market of the connect channels under their names.
 AskedMarkets channels();
 
 }  // namespace feedesk

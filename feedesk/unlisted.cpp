@@ -9,7 +9,8 @@
 
 #include "feedesk/instrument_text.h"
 #include "feedesk/numbers.h"
-#include "feedesk/traded_lists.h"
+#include "feedesk/traded_instruments.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 namespace {
@@ -59,8 +60,8 @@ std::string subject(const std::vector<std::string>& names) {
 std::vector<std::string> unlistedNotes(const standalone::Account& account, const std::vector<Answer>& answers,
                                        const standalone::Market& market) {
     const int type = account.record->accountType;
-    const std::optional<TradedLists> lists = tradedLists(type);
-    if (!lists) {
+    const standalone::RateFamily* family = standalone::tradedFamily(type);
+    if (family == nullptr) {
         return {};
     }
     std::set<std::string> listed;
@@ -77,7 +78,7 @@ std::vector<std::string> unlistedNotes(const standalone::Account& account, const
     std::vector<std::string> notes;
     for (const auto& [levels, names] : unlisted) {
         notes.push_back(fmt::format("{} in no list of {} instruments; the fee center answers all the same, with {}",
-                                    subject(names), lists->name, levels));
+                                    subject(names), family->instruments, levels));
     }
     return notes;
 }

@@ -155,4 +155,14 @@ const AccountKindInfo* findAccountKind(int kind) {
     return found == accountKinds().end() ? nullptr : &*found;
 }
 
+std::string accountKindName(int kind) {
+    const AccountKindInfo* known = findAccountKind(kind);
+    return known == nullptr ? std::to_string(kind) : known->name;
+}
+
+const RateFamily* tradedFamily(int kind) {
+    const AccountKindInfo* known = findAccountKind(kind);
+    return known == nullptr || *known->family == '\0' ? nullptr : &rateFamily(known->family);
+}
+
 }  // namespace standalone

@@ -78,6 +78,12 @@ const std::vector<AccountKindInfo>& accountKinds();
 /// The kind with this number; null when the boundary does not name it.
 const AccountKindInfo* findAccountKind(int kind);
 
+/// The kind's word in accounts.csv; the number itself where the boundary does not name the kind.
+std::string accountKindName(int kind);
+
+/// The family whose instruments accounts of the kind trade; null for a kind that trades everything.
+const RateFamily* tradedFamily(int kind);
+
 }  // namespace standalone
 
 #endif  // STANDALONE_FAMILIES_H

@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <array>
 
-#include "feedesk/account_kinds.h"
 #include "feedesk/account_levels.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/patterns.h"
 #include "feedesk/program.h"
 #include "feedesk/text.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 namespace {
@@ -46,7 +46,7 @@ constexpr std::array<LevelTitle, kLevels.size()> kLevelTitles = {{{Level::kOwnRe
 AccountFields accountFields() {
     return {
         {{"account", "Account"}, [](const AccountRow& row) { return info(row).accountId; }},
-        {{"kind", "Kind"}, [](const AccountRow& row) { return accountKind(info(row).accountType).name; }},
+        {{"kind", "Kind"}, [](const AccountRow& row) { return standalone::accountKindName(info(row).accountType); }},
         {Field{"name", "Name"}.shortenedTo(8), [](const AccountRow& row) { return info(row).accountName; }},
         {{"platform", "Platform", Unit::kNumber},
          [](const AccountRow& row) { return static_cast<double>(info(row).platformId); }},

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "cost/refused.h"
-#include "feedesk/account_kinds.h"
 #include "feedesk/commands/cost_arguments.h"
 #include "feedesk/commands/cost_backwards.h"
 #include "feedesk/commands/cost_rows.h"
@@ -14,6 +13,7 @@
 #include "feedesk/trades/tariffs.h"
 #include "feedesk/trades/trade_words.h"
 #include "feedesk/unlisted.h"
+#include "standalone/channels.h"
 
 namespace feedesk {
 namespace {
@@ -57,7 +57,7 @@ std::vector<cost::Trade> tradesFrom(const CostArguments& arguments, cost::Date d
 }
 
 Question instrumentOf(const Session& session, const standalone::Account& account, const std::string& text) {
-    const bool connect = tradesThroughConnect(account.record->accountType);
+    const bool connect = standalone::tradesThroughConnect(account.record->accountType);
     const std::vector<Question> found = session.instruments().find(text, connect);
     if (found.empty()) {
         throw Failure(kNoAnswer, session.instruments().problem(text, connect));

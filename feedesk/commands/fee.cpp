@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include "feedesk/account_kinds.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
@@ -11,6 +10,7 @@
 #include "feedesk/numbers.h"
 #include "feedesk/program.h"
 #include "feedesk/unlisted.h"
+#include "standalone/channels.h"
 
 namespace feedesk {
 namespace {
@@ -58,7 +58,8 @@ ExitStatus fee(Program& program, const FeeArguments& arguments) {
     const std::vector<AskedInstrument> instruments = askedInstruments(arguments.instruments);
     Session session(program.session);
     const standalone::Account& account = session.account(arguments.account);
-    const Asked asked = ask(instruments, session.instruments(), tradesThroughConnect(account.record->accountType));
+    const Asked asked =
+        ask(instruments, session.instruments(), standalone::tradesThroughConnect(account.record->accountType));
     const Replies replies = asked.questions.empty() ? Replies() : session.fees(account, asked.questions);
     tellUnanswered(replies, account);
     ExitStatus status = kAnswered;

@@ -4,18 +4,18 @@
 
 #include <CLI/CLI.hpp>
 
-#include "feedesk/account_kinds.h"
 #include "feedesk/commands/fee_rows.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/marks.h"
 #include "feedesk/messages.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 
 std::string accountHeading(const standalone::Account& account, const std::optional<cost::Date>& asked) {
     const qmservice::CAccountInfo& info = *account.record;
-    return fmt::format("Account {} ({}) {}{}", info.accountId, accountKind(info.accountType).name, info.accountName,
-                       asked ? ", as of " + asked->text() : "");
+    return fmt::format("Account {} ({}) {}{}", info.accountId, standalone::accountKindName(info.accountType),
+                       info.accountName, asked ? ", as of " + asked->text() : "");
 }
 
 void addFeeOptions(CLI::App& command, Program& program) {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "feedesk/account_kinds.h"
 #include "feedesk/instrument_text.h"
 #include "feedesk/marks.h"
 #include "standalone/families.h"
@@ -52,7 +51,8 @@ FeeFields commonFields(const std::string& items) {
     const Field name = Field{"name", hasItems ? "" : "Name"}.shortenedTo(kShortestName);
     return {
         {forPrograms("account"), [](const FeeRow& row) { return row.answer.account->accountId; }},
-        {forPrograms("kind"), [](const FeeRow& row) { return accountKind(row.answer.account->accountType).name; }},
+        {forPrograms("kind"),
+         [](const FeeRow& row) { return standalone::accountKindName(row.answer.account->accountType); }},
         {shownInstrument,
          [hasItems](const FeeRow& row) { return symbol(row) + (hasItems ? " " + instrument(row).name : ""); }},
         {forPrograms("market").in("instrument"), [](const FeeRow& row) { return instrument(row).market; }},

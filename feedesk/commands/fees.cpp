@@ -7,7 +7,6 @@
 #include <iterator>
 #include <locale>
 
-#include "feedesk/account_kinds.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
@@ -15,6 +14,7 @@
 #include "feedesk/patterns.h"
 #include "feedesk/program.h"
 #include "feedesk/text.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 namespace {
@@ -54,14 +54,15 @@ FeesArguments withKnownMarkets(FeesArguments arguments, const standalone::Market
 
 std::string whyNoList(const standalone::Account& account) {
     const std::string& id = account.record->accountId;
-    const AccountKind kind = accountKind(account.record->accountType);
-    return kind.listed
+    const int kind = account.record->accountType;
+    const standalone::AccountKindInfo* known = standalone::findAccountKind(kind);
+    return known != nullptr && known->isListed
                ? fmt::format(
                      "account {} has no list of fees: no fee record and no custom fee covers an instrument; "
                      "`feedesk fee {} INSTRUMENT` still answers",
                      id, id)
                : fmt::format("accounts of the kind {} have no list of fees; `feedesk fee {} INSTRUMENT` answers",
-                             kind.name, id);
+                             standalone::accountKindName(kind), id);
 }
 
 std::vector<Answer> wanted(const FeesArguments& arguments, const std::vector<Answer>& answers) {

@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "cost/refused.h"
-#include "feedesk/account_kinds.h"
 #include "feedesk/failure.h"
 #include "feedesk/instrument_text.h"
 #include "feedesk/text.h"
+#include "standalone/channels.h"
 #include "standalone/charged_families.h"
 
 namespace feedesk {
@@ -136,7 +136,7 @@ Charged chargedOn(Session& session, cost::Date date, const std::string& account,
 
 Question Tariffs::question(const std::string& account, const std::string& market, const std::string& code) {
     const standalone::Account& asked = session.account(account);
-    const bool connect = tradesThroughConnect(asked.record->accountType);
+    const bool connect = standalone::tradesThroughConnect(asked.record->accountType);
     const std::string text = instrumentText(market, code);
     const std::vector<Question> found = session.instruments().find(text, connect);
     if (found.size() > 1) {

@@ -14,12 +14,6 @@
 
 namespace standalone::loader {
 
-/// Whether the market or code holds the name of a connect channel, which the keys of instruments replace by the market
-/// that the channels trade in, so that such an instrument is never found.
-inline bool namesChannel(std::string_view marketOrCode) {
-    return marketOrCode.find("HGT") != std::string_view::npos || marketOrCode.find("SGT") != std::string_view::npos;
-}
-
 /// Finds instruments of a catalogue by market and code. For one thread.
 class InstrumentIndex {
 public:

@@ -3,6 +3,7 @@
 #include <boost/make_shared.hpp>
 #include <limits>
 
+#include "standalone/channels.h"
 #include "standalone/loader/lists.h"
 #include "standalone/loader/rule_line.h"
 #include "standalone/loader/spreadsheet_code.h"
@@ -33,9 +34,10 @@ void readCode(TableCell& cell, std::string& code) {
                          [] { return "\"*\" belongs into patterns of other tables"; });
     } else if (namesChannel(cell.text)) {
         cell.refuse(ErrorKind::kName, [&] {
-            return " holds " + inQuotes(cell.text) +
-                   ", but HGT and SGT are the names of the connect channels, and the instrument could not be asked "
-                   "for; give it a code without them";
+            return fmt::format(
+                " holds {}, but {} are the names of the connect channels, and the instrument could not be asked for; "
+                "give it a code without them",
+                inQuotes(cell.text), fmt::join(kChannels, " and "));
         });
     } else if (isSpreadsheetNumber(cell.text)) {
         cell.refuseFound(ErrorKind::kName, "a code, and not the number that a spreadsheet makes of it,",

@@ -6,6 +6,7 @@
 #include <limits>
 #include <unordered_map>
 
+#include "standalone/channels.h"
 #include "standalone/families.h"
 #include "standalone/loader/column_name.h"
 #include "standalone/loader/coverage_toml.h"
@@ -56,7 +57,8 @@ void readMarket(Load& load, TomlSection& markets, const std::string& name) {
     }
     if (namesChannel(name)) {
         markets.refuse(ErrorKind::kKeyValue, name,
-                       "holds HGT or SGT, the names of the connect channels, and could not be asked for; rename it");
+                       fmt::format("holds {}, the names of the connect channels, and could not be asked for; rename it",
+                                   fmt::join(kChannels, " or ")));
     }
     load.markets.known.emplace(name, load.market.markets.size());
     load.marketNames.push_back(name);

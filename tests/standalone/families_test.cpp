@@ -52,6 +52,17 @@ TEST(Families, KindsThatTradeEverythingAreNotListed) {
     EXPECT_EQ(everything, (std::set<int>{8, 12, 16}));
 }
 
+TEST(Families, KindWithoutANameIsCalledByItsNumber) {
+    EXPECT_EQ(accountKindName(qmservice::kIncomeSwapAccount), "income_swap");
+    EXPECT_EQ(accountKindName(4), "4");
+}
+
+TEST(Families, KindTradesOneFamilyOrEverything) {
+    EXPECT_EQ(tradedFamily(qmservice::kFutures5Account), &rateFamily("commission"));
+    EXPECT_EQ(tradedFamily(qmservice::kPrimeBrokerageAccount), nullptr);
+    EXPECT_EQ(tradedFamily(4), nullptr);
+}
+
 TEST(Families, InstrumentBelongsToAFamilyByListOrByType) {
     ListedInstrument future;
     future.types = qmservice::kFuturesExtraType;

@@ -1,0 +1,17 @@
+#ifndef FEEDESK_TRADED_INSTRUMENTS_H
+#define FEEDESK_TRADED_INSTRUMENTS_H
+
+#include <vector>
+
+#include "feedesk/provenance.h"
+#include "standalone/market.h"
+
+namespace feedesk {
+
+/// The instruments that accounts of a kind trade, in the folder's order: those in the lists of the kind's family, or
+/// all of them.
+std::vector<Question> tradedInstruments(int accountType, const standalone::Market& market);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_TRADED_INSTRUMENTS_H
