@@ -69,25 +69,20 @@ std::vector<Rate> optionRates(const CStockOptionFeeRate& fee, const std::vector<
 }
 
 std::vector<Rate> commissionRates(const CCommissionRateDetail& detail) {
-    static const std::vector<RateName> fixedNames;
-    Reader reader(fixedNames, "");
-    reader.add("open_by_money", detail.openRatioByMoney);
-    reader.add("open_by_volume", detail.openRatioByVolume);
-    reader.add("close_by_money", detail.closeRatioByMoney);
-    reader.add("close_by_volume", detail.closeRatioByVolume);
-    reader.add("close_today_by_money", detail.closeTodayRatioByMoney);
-    reader.add("close_today_by_volume", detail.closeTodayRatioByVolume);
-    reader.add("commission_extra1", detail.commissionExtra1);
-    reader.add("commission_extra2", detail.commissionExtra2);
+    static const std::vector<RateName> noNames;
+    Reader reader(noNames, "");
+    auto name = kCommissionNames.begin();
+    records::forEachOf(records::commissionRates<CCommissionRateDetail>,
+                       [&](const auto& field) { reader.add(*name++, detail.*field.member); });
     return reader.rates;
 }
 
 MarginRate marginRate(const CMarginRateDetail& detail) {
     return {static_cast<char>(detail.hedgeFlag),
-            Reader::decimal("long_by_money", detail.longMarginRatio),
-            Reader::decimal("long_by_volume", detail.longMarginRatioByVolume),
-            Reader::decimal("short_by_money", detail.shortMarginRatio),
-            Reader::decimal("short_by_volume", detail.shortMarginRatioByVolume),
+            Reader::decimal(kMarginNames[0], detail.longMarginRatio),
+            Reader::decimal(kMarginNames[1], detail.longMarginRatioByVolume),
+            Reader::decimal(kMarginNames[2], detail.shortMarginRatio),
+            Reader::decimal(kMarginNames[3], detail.shortMarginRatioByVolume),
             "",
             ""};
 }

@@ -1,6 +1,7 @@
 #ifndef COST_RATES_H
 #define COST_RATES_H
 
+#include <array>
 #include <map>
 #include <optional>
 #include <string>
@@ -44,9 +45,16 @@ struct RateName {
     std::string field;
     std::string charge;
 };
-/// A field that is not named is called as the field itself. Futures' rates are always called open_by_money,
-/// open_by_volume, close_..., close_today_..., commission_extra1 and commission_extra2.
+/// A field that is not named is called as the field itself. Futures' rates are always called as follows.
 using RateNames = std::map<Family, std::vector<RateName>>;
+
+/// What the rates of records::commissionRates are called, in their order.
+inline constexpr std::array<const char*, 8> kCommissionNames = {
+    "open_by_money",        "open_by_volume",        "close_by_money",    "close_by_volume",
+    "close_today_by_money", "close_today_by_volume", "commission_extra1", "commission_extra2"};
+/// The same for records::marginRatios.
+inline constexpr std::array<const char*, 4> kMarginNames = {"long_by_money", "long_by_volume", "short_by_money",
+                                                            "short_by_volume"};
 
 /// Whose rates the answer's stkRateLimit holds: those of the account's kind; of a kind that trades everything those of
 /// NEEQ or of stocks, as the instrument's market is.

@@ -5,6 +5,7 @@
 #include "cost/rates.h"
 #include "feedesk/trades/trade_words.h"
 #include "host/record_fields.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 namespace {
@@ -14,8 +15,9 @@ using standalone::NamedRate;
 using Values = std::vector<double>;
 
 constexpr const char* kOptionPart = "option";
+constexpr const char* kCommissionPart = "commission";
 
-// The rates that market.toml names, in the order of their fields.
+// The rates of a record, in the order of their fields.
 
 template <class Record, class Rates>
 Values valuesOf(const Record& record, const Rates& rates) {
@@ -30,6 +32,12 @@ Values values(const CStkExchangeRateLimit& limit) {
 
 Values values(const CStockOptionFeeItem& item) { return valuesOf(item, records::optionFees<CStockOptionFeeItem>); }
 
+Values values(const CCommissionRateDetail& detail) {
+    return valuesOf(detail, records::commissionRates<CCommissionRateDetail>);
+}
+
+Values values(const CMarginRateDetail& detail) { return valuesOf(detail, records::marginRates<CMarginRateDetail>); }
+
 template <class Record>
 Values values(const ConnectExchangeRateLimit<Record>& limit) {
     return valuesOf(static_cast<const Record&>(limit), records::connectRates<Record>);
@@ -42,9 +50,23 @@ TitledRates single(const std::string& title, const std::string& column, Unit uni
 /// A rate of which nobody says what it is: its column is its title.
 TitledRates unnamed(const std::string& column, double value) { return single(column, column, Unit::kNumber, value); }
 
-/// A fee or margin that is the sum of a fraction and of yuan per lot.
-TitledRates byMoneyAndVolume(const std::string& title, const std::string& prefix, double byMoney, double byVolume) {
-    return {title, {{prefix + "_by_money", Unit::kFraction, byMoney}, {prefix + "_by_volume", Unit::kYuan, byVolume}}};
+/// Rates of futures, whose names are fixed: under each title a fee or margin that is the sum of a fraction and of yuan
+/// per lot, then those of which nobody says what they are.
+std::vector<TitledRates> futuresRates(const char* family, const Values& values,
+                                      const std::vector<const char*>& titles) {
+    const std::vector<standalone::RateField>& fields = standalone::rateFamily(family).rates;
+    std::vector<TitledRates> rates;
+    std::size_t i = 0;
+    for (const char* title : titles) {
+        rates.push_back(
+            {title,
+             {{fields[i].column, Unit::kFraction, values[i]}, {fields[i + 1].column, Unit::kYuan, values[i + 1]}}});
+        i += 2;
+    }
+    for (; i < values.size(); ++i) {
+        rates.push_back(unnamed(fields[i].column, values[i]));
+    }
+    return rates;
 }
 
 class AnswerMaker {
@@ -74,9 +96,9 @@ public:
         if (!fee.commissionDetail && fee.marginDetails.empty()) {
             return;
         }
-        FeeLine& line = add("commission", tracer.origin(dyed.commissionDetail));
+        FeeLine& line = add(kCommissionPart, tracer.origin(dyed.commissionDetail));
         if (fee.commissionDetail) {
-            line.rates = commission(*fee.commissionDetail);
+            line.rates = futuresRates(kCommissionPart, values(*fee.commissionDetail), {"Open", "Close", "Close today"});
         }
         for (std::size_t slot = 0; slot < fee.marginDetails.size(); ++slot) {
             addMargin(slot, fee.marginDetails[slot],
@@ -103,15 +125,6 @@ private:
         return titled;
     }
 
-    static std::vector<TitledRates> commission(const CCommissionRateDetail& detail) {
-        return {byMoneyAndVolume("Open", "open", detail.openRatioByMoney, detail.openRatioByVolume),
-                byMoneyAndVolume("Close", "close", detail.closeRatioByMoney, detail.closeRatioByVolume),
-                byMoneyAndVolume("Close today", "close_today", detail.closeTodayRatioByMoney,
-                                 detail.closeTodayRatioByVolume),
-                unnamed("commission_extra1", detail.commissionExtra1),
-                unnamed("commission_extra2", detail.commissionExtra2)};
-    }
-
     void addMargin(std::size_t slot, const boost::shared_ptr<CMarginRateDetail>& detail,
                    const boost::shared_ptr<CMarginRateDetail>& dyed) {
         FeeLine& line = add(kMarginPart, tracer.origin(dyed));
@@ -125,10 +138,11 @@ private:
     }
 
     static std::vector<TitledRates> margin(const CMarginRateDetail& detail) {
-        return {byMoneyAndVolume("Long", "long", detail.longMarginRatio, detail.longMarginRatioByVolume),
-                byMoneyAndVolume("Short", "short", detail.shortMarginRatio, detail.shortMarginRatioByVolume),
-                single("Mode", "margin_mode", Unit::kCount, detail.marginMode),
-                unnamed("margin_extra1", detail.marginExtra1), unnamed("margin_extra2", detail.marginExtra2)};
+        const std::vector<const char*> titles = {"Long", "Short"};
+        std::vector<TitledRates> rates = futuresRates(kMarginPart, values(detail), titles);
+        rates.insert(rates.begin() + static_cast<std::ptrdiff_t>(titles.size()),
+                     single("Mode", "margin_mode", Unit::kCount, detail.marginMode));
+        return rates;
     }
 
     const Tracer& tracer;

@@ -16,20 +16,4 @@ bool trades(const AccountKindInfo& kind, cost::Family charged) {
     return !own || *own == charged;
 }
 
-std::vector<std::string> rateColumnNames(const Market& market, cost::Family charged) {
-    const RateFamily& rates = ratesOf(charged);
-    std::vector<std::string> names;
-    const auto named = market.rateNames.find(rates.name);
-    if (named == market.rateNames.end()) {
-        for (const RateField& rate : rates.rates) {
-            names.emplace_back(rate.column);
-        }
-    } else {
-        for (const NamedRate& rate : named->second) {
-            names.push_back(rate.column);
-        }
-    }
-    return names;
-}
-
 }  // namespace standalone

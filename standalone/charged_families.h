@@ -2,12 +2,9 @@
 #define STANDALONE_CHARGED_FAMILIES_H
 
 #include <optional>
-#include <string>
-#include <vector>
 
 #include "cost/side.h"
 #include "standalone/families.h"
-#include "standalone/market.h"
 
 // How the families that trades are charged in go with the families of rates. Safe from any number of threads at once.
 
@@ -21,9 +18,6 @@ std::optional<cost::Family> chargedAs(const AccountKindInfo& kind);
 
 /// Whether an account of the kind may trade in the family.
 bool trades(const AccountKindInfo& kind, cost::Family charged);
-
-/// The columns of the family's rates in the tables of a market, in field order.
-std::vector<std::string> rateColumnNames(const Market& market, cost::Family charged);
 
 }  // namespace standalone
 

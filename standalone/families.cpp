@@ -7,6 +7,7 @@
 #include <tuple>
 #include <utility>
 
+#include "cost/rates.h"
 #include "host/catalogue.h"
 #include "host/record_fields.h"
 
@@ -37,14 +38,14 @@ RateFields withColumns(const Rates& list, std::array<const char*, std::tuple_siz
 }
 
 RateFields commissionFields() {
-    return withColumns(records::commissionRates<CCommissionRateDetail>,
-                       {"open_by_money", "open_by_volume", "close_by_money", "close_by_volume", "close_today_by_money",
-                        "close_today_by_volume", "commission_extra1", "commission_extra2"});
+    return withColumns(records::commissionRates<CCommissionRateDetail>, cost::kCommissionNames);
 }
 
 RateFields marginFields() {
-    return withColumns(records::marginRates<CMarginRateDetail>, {"long_by_money", "long_by_volume", "short_by_money",
-                                                                 "short_by_volume", "margin_extra1", "margin_extra2"});
+    RateFields fields = withColumns(records::marginRatios<CMarginRateDetail>, cost::kMarginNames);
+    const RateFields extras = withColumns(records::marginExtras<CMarginRateDetail>, {"margin_extra1", "margin_extra2"});
+    fields.insert(fields.end(), extras.begin(), extras.end());
+    return fields;
 }
 
 RateFamily stockFamily(const char* name, const char* title, qmservice::AccountKind account, InstrumentList list,
@@ -132,6 +133,21 @@ const RateFamily& rateFamily(std::string_view name) {
         throw std::out_of_range("there is no family " + std::string(name));
     }
     return *found;
+}
+
+std::vector<std::string> rateColumnNames(const Market& market, const RateFamily& family) {
+    const auto named = market.rateNames.find(family.name);
+    std::vector<std::string> names;
+    if (named != market.rateNames.end()) {
+        for (const NamedRate& rate : named->second) {
+            names.push_back(rate.column);
+        }
+        return names;
+    }
+    for (const RateField& rate : family.rates) {
+        names.emplace_back(rate.column);
+    }
+    return names;
 }
 
 const std::vector<AccountKindInfo>& accountKinds() {

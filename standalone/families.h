@@ -64,6 +64,9 @@ const std::vector<RateFamily>& rateFamilies();
 /// The family of that name. Throws std::out_of_range when there is none.
 const RateFamily& rateFamily(std::string_view name);
 
+/// The columns of the family's rates in the tables of a market, in field order: as market.toml calls them where it may.
+std::vector<std::string> rateColumnNames(const Market& market, const RateFamily& family);
+
 /// What the host and its programs know of a kind of account.
 struct AccountKindInfo {
     int kind;            ///< a qmservice::AccountKind

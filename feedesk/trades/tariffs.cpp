@@ -28,12 +28,11 @@ void refuse(const std::string& sentence) {
 
 /// Every rate field of the family under its column's name.
 cost::RateNames namesOf(cost::Family family, const standalone::Market& market) {
-    const auto named = market.rateNames.find(std::string(cost::wordFor(family)));
+    const standalone::RateFamily& rates = standalone::ratesOf(family);
+    const std::vector<std::string> columns = standalone::rateColumnNames(market, rates);
     cost::RateNames names;
-    if (named != market.rateNames.end()) {
-        for (const standalone::NamedRate& name : named->second) {
-            names[family].push_back({name.field, name.column});
-        }
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        names[family].push_back({rates.rates[i].field, columns[i]});
     }
     return names;
 }

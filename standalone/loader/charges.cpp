@@ -69,7 +69,7 @@ private:
     /// The charge is a rate of the fee center, or its own where the line gives the rate.
     void checkCharge(const ReadCharge& read) {
         const Term& term = read.line;
-        const std::vector<std::string> rates = rateColumnNames(load.market, term.family);
+        const std::vector<std::string> rates = rateColumnNames(load.market, ratesOf(term.family));
         const bool isRate = std::find(rates.begin(), rates.end(), term.charge) != rates.end();
         if (!load.ratesComplete || isRate != term.rate.has_value()) {
             return;

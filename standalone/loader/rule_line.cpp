@@ -140,12 +140,10 @@ std::vector<RuleColumn> feeKeyColumns(const Load& load, const std::string& file,
 }
 
 std::vector<RuleColumn> rateColumns(const Load& load, const RateFamily& family) {
-    const auto named = load.market.rateNames.find(family.name);
     std::vector<RuleColumn> columns;
-    for (std::size_t i = 0; i < family.rates.size(); ++i) {
-        const bool isNamed = named != load.market.rateNames.end();
-        columns.push_back({isNamed ? named->second[i].column : family.rates[i].column, ColumnNeed::kOptional,
-                           [i](RuleLine& line, TableCell& cell) { readNumber(cell, line.rates[i]); }});
+    for (const std::string& name : rateColumnNames(load.market, family)) {
+        columns.push_back({name, ColumnNeed::kOptional,
+                           [i = columns.size()](RuleLine& line, TableCell& cell) { readNumber(cell, line.rates[i]); }});
     }
     return columns;
 }
