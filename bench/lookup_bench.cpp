@@ -44,7 +44,8 @@ public:
         standalone::startEngine(market.engineThreads);
         center = new qmservice::CFeeCenter("bench");
         for (const auto& candidate : market.accounts) {
-            if (candidate.record->accountType == 2 && !candidate.fees.empty() && account == nullptr) {
+            if (candidate.record->accountType == qmservice::kStockAccount && !candidate.fees.empty() &&
+                account == nullptr) {
                 account = &candidate;
             }
         }

@@ -25,7 +25,7 @@ struct Rate {
 
 /// The margin rates of a futures answer for one hedge flag.
 struct MarginRate {
-    char hedgeFlag = '1';
+    char hedgeFlag = qmservice::kSpeculation;
     Decimal longByMoney;    ///< fraction of the value
     Decimal longByVolume;   ///< money per lot
     Decimal shortByMoney;   ///< fraction of the value

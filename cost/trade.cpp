@@ -37,7 +37,7 @@ Decimal turnoverOf(const Trade& trade, const Tariff& tariff) {
     if (isOpening(trade.side) && trade.order.empty()) {
         refuseOddLot(trade.quantity, tariff);
     }
-    if (trade.hedgeFlag < '1' || trade.hedgeFlag > '3') {
+    if (!qmservice::hedgeSlot(trade.hedgeFlag)) {
         throw Refused(std::string("the hedge flag is \"") + trade.hedgeFlag +
                       "\", and 1 (speculation), 2 (arbitrage) or 3 (hedging) was expected");
     }

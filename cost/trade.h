@@ -7,15 +7,16 @@
 #include "cost/decimal.h"
 #include "cost/side.h"
 #include "cost/tariff.h"
+#include "host/futures_records.h"
 
 namespace cost {
 
 /// One order or one fill of an order. A plain value.
 struct Trade {
     Side side = Side::kBuy;
-    char hedgeFlag = '1';  ///< futures: '1' speculation, '2' arbitrage, '3' hedging; which margin rates open a position
-    Decimal quantity;      ///< shares, lots, contracts
-    Decimal price;         ///< for one share or unit of the underlying; an exercise needs none
+    char hedgeFlag = qmservice::kSpeculation;  ///< futures: a qmservice::HedgeFlag; which margin rates open a position
+    Decimal quantity;                          ///< shares, lots, contracts
+    Decimal price;                             ///< for one share or unit of the underlying; an exercise needs none
     Date date;
     /// The order that it is a fill of, within the account; empty: an order of its own.
     std::string order;

@@ -82,11 +82,9 @@ boost::shared_ptr<CStockOptionFeeRate> makeOptionRate() {
 boost::shared_ptr<CInstrumentFee> makeFutureFee() {
     auto fee = boost::make_shared<CInstrumentFee>();
     fee->commissionDetail = boost::make_shared<CCommissionRateDetail>();
-    fee->marginDetails.resize(3);
-    std::int32_t hedgeFlag = '1';
-    for (auto& margin : fee->marginDetails) {
-        margin = boost::make_shared<CMarginRateDetail>();
-        margin->hedgeFlag = hedgeFlag++;
+    for (const HedgeFlag hedgeFlag : kHedgeFlags) {
+        fee->marginDetails.push_back(boost::make_shared<CMarginRateDetail>());
+        fee->marginDetails.back()->hedgeFlag = hedgeFlag;
     }
     return fee;
 }

@@ -104,15 +104,13 @@ void setByVolume(CCommissionRateDetail& commission, const ExchangeFees& fees) {
 
 /// A simulation charges what the exchange itself charges, where the instrument tells it.
 void applyExchangeFee(CCommissionRateDetail& commission, const CInstrument& instrument) {
-    constexpr std::int32_t kPerLot = 1;
-    constexpr std::int32_t kPerTurnover = 2;  // quoted in ten-thousandths
     constexpr ExchangeFees kNone{0, 0, 0};
     const std::int32_t feeType = instrument.getFeeType();
-    if (feeType == kPerLot) {
+    if (feeType == kPerLotFee) {
         setByMoney(commission, kNone);
         setByVolume(commission, exchangeFees(instrument, 1));
-    } else if (feeType == kPerTurnover) {
-        setByMoney(commission, exchangeFees(instrument, 10000));
+    } else if (feeType == kPerTurnoverFee) {
+        setByMoney(commission, exchangeFees(instrument, kPartsOfTurnover));
         setByVolume(commission, kNone);
     }
 }

@@ -15,7 +15,7 @@ using records::commissionRates;
 using records::copyFields;
 using records::marginRates;
 
-constexpr std::size_t kSlots = 3;
+constexpr std::size_t kSlots = kHedgeFlags.size();
 constexpr uint64 kUnset = std::numeric_limits<uint64>::max();
 
 template <class Detail>
@@ -63,16 +63,16 @@ void storeCommissionRates(const GuardedFutures& futures, uint64 accountKey, uint
 
 template <class Detail>
 void storeMarginRates(const GuardedFutures& futures, uint64 accountKey, uint64 instrumentKey, const Detail& detail) {
-    if (detail.hedgeFlag < '1' || detail.hedgeFlag > '3') {
+    const std::optional<std::size_t> slot = hedgeSlot(detail.hedgeFlag);
+    if (!slot) {
         return;
     }
-    const auto slot = static_cast<std::size_t>(detail.hedgeFlag - '1');
     const uint64 marginKey = contentKey(detail);
 
     auto tables = futures.write();
-    if (slot < slotCount(*tables->marginKeys, accountKey, instrumentKey)) {
+    if (*slot < slotCount(*tables->marginKeys, accountKey, instrumentKey)) {
         poolRecord(*tables->marginDetails, marginKey, [&] { return makeMargin(detail); });
-        setSlot(*tables->marginKeys, accountKey, instrumentKey, slot, marginKey);
+        setSlot(*tables->marginKeys, accountKey, instrumentKey, *slot, marginKey);
     }
 }
 

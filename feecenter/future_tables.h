@@ -41,7 +41,7 @@ void storeCommission(const GuardedFutures& futures, uint64 accountKey, uint64 in
 template <class Detail>
 void storeCommissionRates(const GuardedFutures& futures, uint64 accountKey, uint64 instrumentKey, const Detail& detail);
 
-/// Stores a margin detail or custom margin detail in the slot of its hedge flag, '1', '2' or '3'; the other slots stay
+/// Stores a margin detail or custom margin detail in the slot of its hedge flag; the other slots stay
 /// as they are. A new vector has three slots, unset ones all bits set. A hedge flag without a slot changes nothing. A
 /// record that is new to the pool keeps marginMode's default, though its key was made with the value handed in.
 template <class Detail>

@@ -129,7 +129,7 @@ private:
                    const boost::shared_ptr<CMarginRateDetail>& dyed) {
         FeeLine& line = add(kMarginPart, tracer.origin(dyed));
         // A slot that is not set stands where its hedge flag belongs.
-        const auto flag = detail ? detail->hedgeFlag : static_cast<std::int32_t>('1' + slot);
+        const auto flag = detail ? detail->hedgeFlag : kSpeculation + static_cast<std::int32_t>(slot);
         line.item = std::string(1, static_cast<char>(flag));
         line.label = hedgeName(line.item.front());
         if (detail) {

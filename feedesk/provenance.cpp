@@ -21,9 +21,6 @@ constexpr const char* kTracingStrand = "trace";
 // own, and nobody charges a million times the turnover.
 constexpr double kFirstDye = 1e6;
 
-// What an instrument quotes by turnover is in ten-thousandths.
-constexpr double kQuotedPerUnit = 10000;
-
 // The leading rate of each kind of record. One class serves stocks and options: each family reads its own rate of it.
 
 void paint(CStkExchangeRateLimit& limit, double dye) { limit.rate1 = dye; }
@@ -33,7 +30,7 @@ void paint(CMarginRateDetail& detail, double dye) { detail.longMarginRatio = dye
 void paint(CCustomMarginRateDetail& detail, double dye) { detail.longMarginRatio = dye; }
 void paint(CCommissionRateDetail& detail, double dye) { detail.openRatioByMoney = dye; }
 void paint(CCustomCommissionRateDetail& detail, double dye) { detail.openRatioByMoney = dye; }
-void paint(CInstrument& instrument, double dye) { instrument.openFee = dye * kQuotedPerUnit; }
+void paint(CInstrument& instrument, double dye) { instrument.openFee = dye * kPartsOfTurnover; }
 
 void paint(CCustomStkExchangeRateLimit& limit, double dye) {
     limit.rate1 = dye;
@@ -213,7 +210,7 @@ Origin Tracer::origin(const shared_ptr<CCommissionRateDetail>& detail) const {
     }
     // The exchange's own fee arrives by turnover or, undivided, by lot.
     const Origin byMoney = dyes.origin(detail->openRatioByMoney);
-    return byMoney.position ? byMoney : dyes.origin(detail->openRatioByVolume / kQuotedPerUnit);
+    return byMoney.position ? byMoney : dyes.origin(detail->openRatioByVolume / kPartsOfTurnover);
 }
 
 }  // namespace feedesk

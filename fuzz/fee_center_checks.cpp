@@ -22,8 +22,6 @@ using qmservice::CInstrument;
 using qmservice::CInstrumentFee;
 using Fee = boost::shared_ptr<CInstrumentFee>;
 
-constexpr int kStock = 2;
-constexpr int kNeeq = 10;
 const std::string kName = "fuzz";
 const std::string kNoMarket = "no market";  // a market's name has no space
 
@@ -99,7 +97,8 @@ private:
 
     /// The instruments that the account has been given an entry for by its fee records; of futures, with a commission.
     [[nodiscard]] std::set<const CInstrument*> recorded() const {
-        const bool futures = account.record->accountType == 1 || account.record->accountType == 5;
+        const int kind = account.record->accountType;
+        const bool futures = kind == qmservice::kFuturesAccount || kind == qmservice::kFutures5Account;
         std::set<const CInstrument*> instruments;
         for (const FeeRecord& fee : account.fees) {
             if (!futures || fee.record->commissionDetail) {
@@ -112,14 +111,14 @@ private:
     /// A list answers as single questions do; but the list of a NEEQ account has the stock answers, which without stock
     /// entries are the configured limit or the default.
     void checkListed(const CInstrumentFee& listed, const CInstrumentFee& answer) const {
-        if (account.record->accountType != kNeeq) {
+        if (account.record->accountType != qmservice::kNeeqAccount) {
             if (!listed.isEqual(answer)) {
                 refuse("a list agrees with the answers\n" + logged(listed) + "\n" + logged(answer));
             }
             return;
         }
         const auto stockAccount = boost::make_shared<qmservice::CAccountInfo>(*account.record);
-        stockAccount->accountType = kStock;
+        stockAccount->accountType = qmservice::kStockAccount;
         const Fee stock = center.getFee(stockAccount, listed.instrument->market, listed.instrument->code);
         if (!stock || !listed.stkRateLimit || rateText(*listed.stkRateLimit, 0) != rateText(*stock->stkRateLimit, 0)) {
             refuse("a NEEQ list has the stock answers\n" + logged(listed) + "\n" + logged(stock));

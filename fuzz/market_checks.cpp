@@ -78,7 +78,8 @@ private:
         require(instruments.insert({record.market, record.code}).second, "instruments differ", record.code);
         require(listed.tradeUnit >= 1, "a trade unit is positive", record.code);
         require(record.volumeMultiple >= 0 && record.priceTick >= 0, "sizes are not negative", record.code);
-        require(record.feeType >= 0 && record.feeType <= 2, "a fee type is known", record.code);
+        require(record.feeType >= 0 && record.feeType <= qmservice::kPerTurnoverFee, "a fee type is known",
+                record.code);
         records.insert(listed.record.get());
         checkPosition(listed.position);
     }

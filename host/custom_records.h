@@ -80,7 +80,7 @@ public:
     ~CCustomMarginRateDetail() override;
 
     std::string categoryId;               ///< category number as decimal text
-    std::int32_t hedgeFlag = 0;           ///< character code '1', '2' or '3'
+    std::int32_t hedgeFlag = 0;           ///< a HedgeFlag
     double longMarginRatio = 0;           ///< long margin, fraction of value
     double longMarginRatioByVolume = 0;   ///< long margin, yuan per lot
     double shortMarginRatio = 0;          ///< short margin, fraction of value

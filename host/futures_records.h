@@ -1,7 +1,10 @@
 #ifndef HOST_FUTURES_RECORDS_H
 #define HOST_FUTURES_RECORDS_H
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "host/data.h"
@@ -27,6 +30,19 @@ public:
     double commissionExtra2 = 0;         ///< further fee value
 };
 
+/// What a futures position is held for, as hedgeFlag holds it: a character code.
+enum HedgeFlag : std::int32_t { kSpeculation = '1', kArbitrage = '2', kHedging = '3' };
+
+/// Every hedge flag, in the order of the slots that an instrument's margins have for them.
+constexpr std::array<HedgeFlag, 3> kHedgeFlags = {kSpeculation, kArbitrage, kHedging};
+
+/// The slot of a hedge flag; empty for a value that is none.
+constexpr std::optional<std::size_t> hedgeSlot(std::int32_t hedgeFlag) {
+    return hedgeFlag < kSpeculation || hedgeFlag > kHedging
+               ? std::nullopt
+               : std::optional<std::size_t>(static_cast<std::size_t>(hedgeFlag - kSpeculation));
+}
+
 /// Futures margin of one instrument for one hedge flag.
 class CMarginRateDetail : public RecordOf<CMarginRateDetail> {
 public:
@@ -35,7 +51,7 @@ public:
     CMarginRateDetail& operator=(const CMarginRateDetail&) = default;
     ~CMarginRateDetail() override;
 
-    std::int32_t hedgeFlag = 0;           ///< character code '1', '2' or '3'
+    std::int32_t hedgeFlag = 0;           ///< a HedgeFlag
     double longMarginRatio = 0;           ///< long margin, fraction of value
     double longMarginRatioByVolume = 0;   ///< long margin, yuan per lot
     double shortMarginRatio = 0;          ///< short margin, fraction of value

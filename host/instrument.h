@@ -8,6 +8,13 @@
 
 namespace qmservice {
 
+/// How the exchange itself charges futures, as CInstrument::getFeeType() answers; any other value: not at all.
+enum ExchangeFeeType : std::int32_t {
+    kPerLotFee = 1,      ///< in yuan per lot
+    kPerTurnoverFee = 2  ///< in parts of turnover, of which kPartsOfTurnover are the whole
+};
+constexpr double kPartsOfTurnover = 10000;
+
 /// An instrument of the catalogue. The catalogue's records are shared with every answer and are not written after they
 /// have been published.
 class CInstrument : public RecordOf<CInstrument> {
@@ -17,8 +24,7 @@ public:
     CInstrument& operator=(const CInstrument&) = default;
     ~CInstrument() override;
 
-    /// How the exchange itself charges futures: 1 per lot, 2 in ten-thousandths of turnover; any other value, not at
-    /// all.
+    /// An ExchangeFeeType; any other value for an instrument that the exchange charges nothing.
     [[nodiscard]] virtual std::int32_t getFeeType() const;
     /// The exchange's own fee for opening, closing and closing on the same day, in yuan per lot or ten-thousandths of
     /// turnover as getFeeType() tells; -1.0 when not set.
@@ -32,7 +38,7 @@ public:
     std::string name;           ///< what a person calls the instrument
     double volumeMultiple = 0;  ///< contract multiplier; 0 where it has none
     double priceTick = 0;       ///< smallest price step; 0 where not known
-    std::int32_t feeType = 0;   ///< what getFeeType() answers
+    std::int32_t feeType = 0;   ///< an ExchangeFeeType: what getFeeType() answers
     double openFee = 0;         ///< what getOpenFee() answers
     double closeFee = 0;        ///< what getCloseFee() answers
     double closeTodayFee = 0;   ///< what getCloseTodayFee() answers

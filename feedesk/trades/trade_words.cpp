@@ -14,7 +14,7 @@ namespace {
 using cost::Refused;
 using cost::Side;
 
-constexpr std::array<const char*, 3> kHedgeNames = {"speculation", "arbitrage", "hedging"};
+constexpr std::array<const char*, qmservice::kHedgeFlags.size()> kHedgeNames = {"speculation", "arbitrage", "hedging"};
 
 std::string withUnderscores(std::string text) {
     std::replace(text.begin(), text.end(), '-', '_');
@@ -73,10 +73,10 @@ Side sideFrom(const std::string& side, const std::string& offset) {
 
 char hedgeFlagFrom(const std::string& text) {
     if (text.empty()) {
-        return '1';
+        return qmservice::kSpeculation;
     }
     for (std::size_t i = 0; i < kHedgeNames.size(); ++i) {
-        const char flag = static_cast<char>('1' + i);
+        const char flag = static_cast<char>(qmservice::kHedgeFlags.at(i));
         if (text == kHedgeNames[i] || text == std::string(1, flag)) {
             return flag;
         }
@@ -86,7 +86,8 @@ char hedgeFlagFrom(const std::string& text) {
 }
 
 std::string hedgeName(char flag) {
-    return flag >= '1' && flag <= '3' ? kHedgeNames.at(static_cast<std::size_t>(flag - '1')) : std::string(1, flag);
+    const std::optional<std::size_t> slot = qmservice::hedgeSlot(flag);
+    return slot ? kHedgeNames.at(*slot) : std::string(1, flag);
 }
 
 cost::Decimal quantityFrom(const std::string& text) { return numberFrom("quantity", text); }

@@ -16,7 +16,7 @@ cost::Side sideFrom(const std::string& side, const std::string& offset = "");
 
 /// "speculation", "arbitrage", "hedging", or the flag itself, 1 to 3. Speculation where the text is empty.
 char hedgeFlagFrom(const std::string& text);
-/// "speculation" for '1'; the flag itself where it has no name.
+/// "speculation" for a qmservice::HedgeFlag; the flag itself where it has no name.
 std::string hedgeName(char flag);
 
 cost::Decimal quantityFrom(const std::string& text);

@@ -32,7 +32,7 @@ void FuturesFees::addMargins(const KeptFeeLine& line) {
     detail->marginMode = line.line.marginMode;
     setRates(*detail, records::marginRates<CMarginRateDetail>, line.line);
     for (const std::size_t place : *line.places) {
-        fees[place].margins[static_cast<std::size_t>(line.line.hedgeFlag - '1')] = {detail, line.position};
+        fees[place].margins[*hedgeSlot(line.line.hedgeFlag)] = {detail, line.position};
     }
 }
 

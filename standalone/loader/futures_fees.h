@@ -31,7 +31,7 @@ private:
     /// What the lines so far give to one instrument.
     struct Fee {
         Placed<qmservice::CCommissionRateDetail> commission;
-        std::array<Placed<qmservice::CMarginRateDetail>, 3> margins;  ///< by hedge flag
+        std::array<Placed<qmservice::CMarginRateDetail>, qmservice::kHedgeFlags.size()> margins;  ///< by hedge flag
     };
 
     void addCommissions(const KeptFeeLine& line);

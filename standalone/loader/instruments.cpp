@@ -62,7 +62,7 @@ InstrumentColumn feeColumn(const std::string& name, double CInstrument::*field) 
 }
 
 std::vector<InstrumentColumn> instrumentColumns(const Load& load) {
-    static const Words feeTypes{{"per_lot", 1}, {"per_turnover", 2}};
+    static const Words feeTypes{{"per_lot", qmservice::kPerLotFee}, {"per_turnover", qmservice::kPerTurnoverFee}};
     return {
         {"market", ColumnNeed::kFilled,
          [&load](InstrumentLine& line, TableCell& cell) { readMarketName(load, cell, line.record.market); }},

@@ -117,7 +117,7 @@ RuleColumn productColumn() {
 }
 
 RuleColumn hedgeFlagColumn() {
-    static const Words flags{{"1", '1'}, {"2", '2'}, {"3", '3'}};
+    static const Words flags{{"1", qmservice::kSpeculation}, {"2", qmservice::kArbitrage}, {"3", qmservice::kHedging}};
     return {"hedge_flag", ColumnNeed::kFilled,
             [](RuleLine& line, TableCell& cell) { readWord(cell, flags, line.hedgeFlag); }};
 }

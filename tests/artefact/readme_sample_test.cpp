@@ -94,7 +94,7 @@ protected:
                        const boost::shared_ptr<IData>& customFee) {
         standalone::install(market);
         const auto account = boost::make_shared<CAccountInfo>();
-        account->accountType = 2;
+        account->accountType = qmservice::kStockAccount;
         account->accountId = "1000001";
         for (int round = 1; round <= kRounds; ++round) {
             const Printed printed;
