@@ -13,6 +13,7 @@
 #include "feedesk/program.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
+#include "standalone/text/escape.h"
 #include "standalone/text/numbers.h"
 
 namespace feedesk {
@@ -87,7 +88,7 @@ std::string usageProblem(const CLI::App& app, const CLI::ParseError& error) {
     if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError) && noCommand) {
         return "a command is needed";
     }
-    return singleLine(error.what());
+    return standalone::printable(error.what());
 }
 
 /// Help and version are answers; everything else that ends the reading of a command line is bad usage.

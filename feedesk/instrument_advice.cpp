@@ -13,7 +13,7 @@
 #include "feedesk/folding.h"
 #include "feedesk/instrument_patterns.h"
 #include "feedesk/patterns.h"
-#include "feedesk/text.h"
+#include "standalone/text/nearness.h"
 
 namespace feedesk {
 namespace {
@@ -85,7 +85,7 @@ Instruments near(Folded member, const Search& search) {
         known.push_back(text);
     }
     Instruments found;
-    for (const std::string& text : nearNames(search.name, known)) {
+    for (const std::string& text : standalone::nearNames(search.name, known)) {
         found.insert(found.end(), byText[text].begin(), byText[text].end());
     }
     return found;

@@ -4,7 +4,7 @@
 
 #include "feedesk/rows/json.h"
 #include "feedesk/terminal.h"
-#include "feedesk/text.h"
+#include "standalone/text/escape.h"
 
 namespace feedesk {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 MessageForm messageForm = MessageForm::kSentences;
 
 void tellLine(const std::string& sentence, JsonObject& object) {
-    tell((messageForm == MessageForm::kObjects ? object.text() : singleLine(sentence)) + "\n");
+    tell((messageForm == MessageForm::kObjects ? object.text() : standalone::printable(sentence)) + "\n");
 }
 
 void addPlace(JsonObject& object, const std::string& file, std::size_t line) {

@@ -8,6 +8,7 @@
 #include "feedesk/rows/sinks.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
+#include "standalone/text/escape.h"
 
 namespace feedesk {
 namespace {
@@ -35,11 +36,11 @@ std::unique_ptr<RowSink> sinkFor(Format format, const std::string& file) {
 }
 
 std::string headingText(const std::string& heading) {
-    return heading.empty() ? "" : shortened(singleLine(heading), outputWidth()) + "\n\n";
+    return heading.empty() ? "" : shortened(standalone::printable(heading), outputWidth()) + "\n\n";
 }
 
 std::string filled(const std::string& note) {
-    return fmt::format("{}", fmt::join(fillLines(words(singleLine(note)), outputWidth()), "\n"));
+    return fmt::format("{}", fmt::join(fillLines(words(standalone::printable(note)), outputWidth()), "\n"));
 }
 
 /// What stands below a table.

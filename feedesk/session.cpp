@@ -16,6 +16,7 @@
 #include "standalone/charged_families.h"
 #include "standalone/host.h"
 #include "standalone/loader.h"
+#include "standalone/text/nearness.h"
 
 namespace feedesk {
 namespace {
@@ -111,7 +112,7 @@ const Account& Session::account(const std::string& accountId) const {
     if (found != places.end()) {
         return market().accounts[found->second];
     }
-    const std::vector<std::string> near = nearNames(accountId, accountIds(market()));
+    const std::vector<std::string> near = standalone::nearNames(accountId, accountIds(market()));
     const std::string advice = near.empty() ? "; `feedesk accounts` lists the accounts"
                                             : fmt::format("; did you mean {}?", fmt::join(near, " or "));
     throw Failure(kNoAnswer, fmt::format("the market folder has no account {}{}", echoed(accountId), advice));

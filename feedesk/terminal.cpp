@@ -15,6 +15,7 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/text.h"
+#include "standalone/text/escape.h"
 #include "standalone/text/numbers.h"
 
 namespace feedesk {
@@ -74,7 +75,7 @@ std::string painted(std::string_view text, bool coloured) {
     std::string out;
     while (!text.empty()) {
         const std::size_t length = std::min(text.find_first_of(kMarks), text.size());
-        out += printable(text.substr(0, length));
+        out += printableLines(text.substr(0, length));
         if (length < text.size() && coloured) {
             out += text[length] == kMarks.front() ? kBoldRed : kPlain;
         }
@@ -85,17 +86,17 @@ std::string painted(std::string_view text, bool coloured) {
 
 void writeText(const std::string& text) { write(painted(text, outputIsColoured())); }
 
-void writeData(const std::string& text) { write(outputIsTerminal() ? printable(text) : text); }
+void writeData(const std::string& text) { write(outputIsTerminal() ? printableLines(text) : text); }
 
 void tell(const std::string& text) noexcept {
     try {
-        writeError(printable(text));
+        writeError(printableLines(text));
     } catch (const std::bad_alloc&) {
         writeError("feedesk: no memory is left to tell what is wrong\n");
     }
 }
 
-Progress::Progress(const std::string& whatHappens) : label(singleLine(whatHappens)) {
+Progress::Progress(const std::string& whatHappens) : label(standalone::printable(whatHappens)) {
     if (isatty(STDERR_FILENO) != 0) {
         teller = std::thread([this] { tellWhatTakesLong(); });
     }

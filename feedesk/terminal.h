@@ -17,16 +17,17 @@ std::size_t outputWidth();
 // Everything that the program writes goes through these: nothing else reaches a terminal, so that no text of an
 // argument, a path or a file is obeyed there.
 
-/// Writes a text for a person to standard output, its lines as printable() shows them. What is marked() is coloured
-/// when that is a terminal, unless the environment's NO_COLOR is set. Throws Failure when it cannot be written.
+/// Writes a text for a person to standard output, its lines as printableLines() shows them. What is marked() is
+/// coloured when that is a terminal, unless the environment's NO_COLOR is set. Throws Failure when it cannot be
+/// written.
 void writeText(const std::string& text);
 
-/// Writes a text for a program to standard output: every byte as it is, or as printable() shows it when that is a
+/// Writes a text for a program to standard output: every byte as it is, or as printableLines() shows it when that is a
 /// terminal. Throws Failure when it cannot be written.
 void writeData(const std::string& text);
 
-/// Writes a text for a person to standard error, its lines as printable() shows them. Whoever cannot be told there is
-/// not told.
+/// Writes a text for a person to standard error, its lines as printableLines() shows them. Whoever cannot be told there
+/// is not told.
 void tell(const std::string& text) noexcept;
 
 /// What writeText writes.

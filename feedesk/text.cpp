@@ -3,16 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <utility>
 
 #include "standalone/text/escape.h"
-#include "standalone/text/nearness.h"
 #include "standalone/text/utf8.h"
 
 namespace feedesk {
 namespace {
 
-constexpr std::size_t kMostNearNames = 3;
 constexpr std::size_t kLongestCharacter = 4;  // bytes
 constexpr std::size_t kLongestEcho = 40;
 
@@ -54,17 +51,15 @@ std::string shortened(std::string_view text, std::size_t width) {
     return out + "…";
 }
 
-std::string singleLine(std::string_view text) { return standalone::printable(text); }
-
-std::string printable(std::string_view text) {
+std::string printableLines(std::string_view text) {
     return standalone::replaceUnprintable(text, [](std::string_view character) {
-        return character == "\n" ? std::string(character) : singleLine(character);
+        return character == "\n" ? std::string(character) : standalone::printable(character);
     });
 }
 
 std::string echoed(const std::string& text) {
-    const bool plain =
-        !text.empty() && text.size() <= kLongestEcho && text.find('"') == std::string::npos && singleLine(text) == text;
+    const bool plain = !text.empty() && text.size() <= kLongestEcho && text.find('"') == std::string::npos &&
+                       standalone::printable(text) == text;
     return plain ? text : standalone::inQuotes(text);
 }
 
@@ -90,25 +85,6 @@ std::vector<std::string> fillLines(const std::vector<std::string>& pieces, std::
         }
     }
     return lines;
-}
-
-std::vector<std::string> nearNames(const std::string& text, const std::vector<std::string>& known) {
-    const std::size_t farthest = std::max<std::size_t>(1, text.size() / 3);
-    std::vector<std::pair<std::size_t, std::string>> candidates;
-    for (const std::string& name : known) {
-        const std::size_t distance = standalone::editDistance(text, name, farthest);
-        if (distance <= farthest) {
-            candidates.emplace_back(distance, name);
-        }
-    }
-    std::sort(candidates.begin(), candidates.end());
-    candidates.resize(std::min(candidates.size(), kMostNearNames));
-    std::vector<std::string> names;
-    names.reserve(candidates.size());
-    for (auto& candidate : candidates) {
-        names.push_back(std::move(candidate.second));
-    }
-    return names;
 }
 
 }  // namespace feedesk

@@ -20,12 +20,8 @@ std::size_t displayWidth(std::string_view text);
 /// `text` if it takes no more than `width` columns, otherwise its beginning and an ellipsis, together at most `width`.
 std::string shortened(std::string_view text, std::size_t width);
 
-/// `text` as a terminal shows all of it, on one line: what the terminal would obey, and bytes that are not UTF-8, are
-/// escaped ("\n", "\x9b"). The answer is valid UTF-8 whatever the text is.
-std::string singleLine(std::string_view text);
-
-/// The same for every line of `text`: its line ends stay.
-std::string printable(std::string_view text);
+/// Each line of `text` as standalone::printable() shows it: the line ends stay.
+std::string printableLines(std::string_view text);
 
 /// What a person wrote, for a sentence: as it is, or, where it is empty, long or holds something that does not print,
 /// in quotes, shortened and escaped.
@@ -36,9 +32,6 @@ std::vector<std::string> words(std::string_view text);
 
 /// Fills lines of at most `width` columns with `pieces`, a space between two; a piece that is wider has its own line.
 std::vector<std::string> fillLines(const std::vector<std::string>& pieces, std::size_t width);
-
-/// Names of `known` that are so near to `text` that it may be a slip for them, nearest first, at most three.
-std::vector<std::string> nearNames(const std::string& text, const std::vector<std::string>& known);
 
 }  // namespace feedesk
 

@@ -11,6 +11,7 @@
 #include "feedesk/program.h"
 #include "feedesk/text.h"
 #include "standalone/families.h"
+#include "standalone/text/nearness.h"
 
 namespace feedesk {
 namespace {
@@ -94,7 +95,7 @@ std::string whyNone(const std::string& pattern, const standalone::Market& market
     if (!accountsLike(wide, market).empty()) {
         return problem + insideAdvice("'" + wide + "'", "numbers and names");
     }
-    const std::vector<std::string> near = nearNames(pattern, accountIds(market));
+    const std::vector<std::string> near = standalone::nearNames(pattern, accountIds(market));
     return near.empty() ? problem : fmt::format("{}; did you mean {}?", problem, fmt::join(near, " or "));
 }
 

@@ -8,6 +8,7 @@
 #include "feedesk/program.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
+#include "standalone/text/nearness.h"
 
 namespace feedesk {
 namespace {
@@ -35,7 +36,7 @@ std::string helpText(const CLI::App& app, const std::string& name) {
 }  // namespace
 
 std::string unknownCommand(const CLI::App& app, const std::string& name) {
-    const std::vector<std::string> near = nearNames(name, commandNames(app));
+    const std::vector<std::string> near = standalone::nearNames(name, commandNames(app));
     return fmt::format("there is no command {}; {}`feedesk --help` tells how to ask", echoed(name),
                        near.empty() ? "" : fmt::format("did you mean {}? ", fmt::join(near, " or ")));
 }

@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "feedesk/numbers.h"
-#include "feedesk/text.h"
 #include "standalone/text/escape.h"
 
 namespace feedesk {
@@ -31,7 +30,7 @@ unsigned codePoint(std::string_view character) {
 
 std::string asUtf8(std::string_view text) {
     return replaceUnprintable(text, [](std::string_view character) {
-        return isWholeCharacter(character) ? std::string(character) : singleLine(character);
+        return isWholeCharacter(character) ? std::string(character) : standalone::printable(character);
     });
 }
 

@@ -5,6 +5,7 @@
 
 #include "feedesk/rows/shown_text.h"
 #include "feedesk/text.h"
+#include "standalone/text/escape.h"
 
 namespace feedesk {
 namespace {
@@ -58,7 +59,8 @@ Columns takeZeros(Columns& columns, const Rows& rows) {
 
 TextColumn ShownColumn::title() const {
     const Field& field = fields.front();
-    return {words(singleLine(field.title)), field.unit == Unit::kText ? Align::kLeft : Align::kRight, field.shortest};
+    return {words(standalone::printable(field.title)), field.unit == Unit::kText ? Align::kLeft : Align::kRight,
+            field.shortest};
 }
 
 /// "0.01%", "+ 3 yuan": of a sum what is 0 is left out, all but one 0.
@@ -80,7 +82,7 @@ ShownColumns::ShownColumns(const std::vector<Field>& fields, const std::vector<R
     take(shown, [&](const ShownColumn& column) { return mayBeLeftOut(column) && !any(column, rows, isSomething); });
     for (const ShownColumn& zero : takeZeros(shown, rows)) {
         if (isNamed(zero)) {
-            namedZeros.push_back(singleLine(zero.fields.front().title));
+            namedZeros.push_back(standalone::printable(zero.fields.front().title));
         }
     }
 }
@@ -104,7 +106,7 @@ void ShownColumns::add(const std::vector<Field>& fields) {
 }
 
 std::string ShownColumns::headingOf(const Row& row) const {
-    return heading ? singleLine(plainText(row.values[*heading])) : "";
+    return heading ? standalone::printable(plainText(row.values[*heading])) : "";
 }
 
 }  // namespace feedesk

@@ -4,14 +4,14 @@
 #include <iterator>
 
 #include "feedesk/numbers.h"
-#include "feedesk/text.h"
+#include "standalone/text/escape.h"
 
 namespace feedesk {
 namespace {
 
 Pieces printablePieces(const Pieces& pieces) {
     Pieces shown;
-    std::transform(pieces.begin(), pieces.end(), std::back_inserter(shown), singleLine);
+    std::transform(pieces.begin(), pieces.end(), std::back_inserter(shown), standalone::printable);
     return shown;
 }
 
@@ -26,13 +26,13 @@ struct ShownText {
     Unit unit;
 
     Pieces operator()(const Nothing& /*nothing*/) const { return unit == Unit::kText ? Pieces() : Pieces{"-"}; }
-    Pieces operator()(const std::string& text) const { return {singleLine(text)}; }
+    Pieces operator()(const std::string& text) const { return {standalone::printable(text)}; }
     Pieces operator()(const Label& label) const { return printablePieces(label.shown); }
     Pieces operator()(const Names& names) const { return printablePieces(names); }
     Pieces operator()(double number) const { return {numberText(unit, number)}; }
     Pieces operator()(std::size_t count) const { return {grouped(count)}; }
     Pieces operator()(const Money& money) const { return {money.decimal}; }
-    Pieces operator()(const Source& source) const { return {singleLine(source.place)}; }
+    Pieces operator()(const Source& source) const { return {standalone::printable(source.place)}; }
 };
 
 }  // namespace

@@ -12,6 +12,7 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/text.h"
+#include "standalone/text/escape.h"
 
 namespace feedesk {
 namespace {
@@ -29,7 +30,7 @@ lxw_col_t columnNumber(std::size_t column) { return static_cast<lxw_col_t>(colum
 
 /// The name without what a spreadsheet does not take in one.
 std::string allowedName(const std::string& wanted) {
-    std::string name = wanted.empty() ? "Answer" : singleLine(wanted);
+    std::string name = wanted.empty() ? "Answer" : standalone::printable(wanted);
     std::replace_if(
         name.begin(), name.end(), [](char each) { return std::strchr(kForbiddenInNames, each) != nullptr; }, ' ');
     return fmt::format("{}", fmt::join(words(name), " "));
@@ -38,7 +39,7 @@ std::string allowedName(const std::string& wanted) {
 }  // namespace
 
 void Sheet::add(std::size_t column, const std::string& text, const CellLook& look) {
-    const std::string shown = singleLine(text);
+    const std::string shown = standalone::printable(text);
     const auto row = static_cast<lxw_row_t>(next - 1);
     book->require(worksheet_write_string(sheet, row, columnNumber(column), shown.c_str(), book->formatOf(look)));
     note(column, displayWidth(shown));

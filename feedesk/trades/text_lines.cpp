@@ -11,7 +11,7 @@
 #include "feedesk/failure.h"
 #include "feedesk/messages.h"
 #include "feedesk/numbers.h"
-#include "feedesk/text.h"
+#include "standalone/text/escape.h"
 
 namespace feedesk {
 namespace {
@@ -37,7 +37,7 @@ std::FILE* opened(const std::string& path) {
 }  // namespace
 
 TextLines::TextLines(const std::string& path, bool again)
-    : title(path == "-" ? "standard input" : singleLine(path)), file(opened(path)) {
+    : title(path == "-" ? "standard input" : standalone::printable(path)), file(opened(path)) {
     if (!file) {
         refuseFile(title, fmt::format("cannot be opened: {}", std::strerror(errno)));
     }

@@ -2,14 +2,18 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace standalone {
 namespace {
 
 constexpr std::size_t kMostCandidates = 2000;  // a folder with many errors must report them soon
-constexpr std::size_t kLongestName = 64;       // longer texts are not compared: nobody misspells them by two letters
+constexpr std::size_t kLongestName = 64;       // longer texts are not compared: they are no names
 
 char lowerCaseOf(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; }
+
+/// How many bytes of a name may be wrong, so that it is still a slip: one Chinese character in four has three.
+std::size_t mostMistakes(std::size_t length) { return length < 5 ? 1 : std::max<std::size_t>(2, length / 3); }
 
 }  // namespace
 
@@ -37,26 +41,36 @@ std::size_t editDistance(std::string_view from, std::string_view to, std::size_t
     return row.back();
 }
 
-std::string nearest(std::string_view text, const std::vector<std::string>& candidates) {
-    if (text.empty() || text.size() > kLongestName || candidates.size() > kMostCandidates) {
+std::vector<std::string> nearNames(std::string_view text, const std::vector<std::string>& known, std::size_t most) {
+    if (text.empty() || text.size() > kLongestName) {
         return {};
     }
     const std::string wanted = lowerCase(text);
-    std::string best;
-    std::size_t most = text.size() < 4 ? 1 : 2;  // letters that are wrong
-    for (const std::string& candidate : candidates) {
-        const std::size_t distance = editDistance(wanted, lowerCase(candidate), most);
-        const bool sharesNothing = distance >= std::max(text.size(), candidate.size());
-        if (distance > most || sharesNothing) {
-            continue;
+    const std::size_t farthest = mostMistakes(text.size());
+    std::vector<std::pair<std::size_t, std::string_view>> near;
+    for (const std::string& name : known) {
+        const std::size_t distance = editDistance(wanted, lowerCase(name), farthest);
+        const bool sharesNothing = distance >= std::max(text.size(), name.size());
+        if (distance <= farthest && !sharesNothing) {
+            near.emplace_back(distance, name);
         }
-        best = candidate;
-        if (distance == 0) {
-            break;
-        }
-        most = distance - 1;
     }
-    return best;
+    std::sort(near.begin(), near.end());
+    near.resize(std::min(near.size(), most));
+    std::vector<std::string> names;
+    names.reserve(near.size());
+    for (const auto& [distance, name] : near) {
+        names.emplace_back(name);
+    }
+    return names;
+}
+
+std::string nearest(std::string_view text, const std::vector<std::string>& candidates) {
+    if (candidates.size() > kMostCandidates) {
+        return {};
+    }
+    const std::vector<std::string> near = nearNames(text, candidates, 1);
+    return near.empty() ? "" : near.front();
 }
 
 }  // namespace standalone

@@ -26,28 +26,12 @@ TEST(Shortened, EndsInAnEllipsisWithinTheWidth) {
     EXPECT_EQ(shortened("abcdef", 4), "abc…");
 }
 
-TEST(SingleLine, EscapesWhatATerminalObeysAndWhatIsNotUtf8) {
-    EXPECT_EQ(singleLine("a\tb\nc\x7f茅\x9B"
-                         "31m"),
-              "a\\tb\\nc\\x7f茅\\x9b31m");
-}
-
 TEST(Shortened, TakesNoLongerForALongText) {
     // A search that measured the rest anew for each character would take minutes.
     EXPECT_EQ(shortened(std::string(10'000'000, 'x'), 4), "xxx…");
 }
 
-TEST(SingleLine, EscapesWhatTurnsTheDirectionAndLeavesItsNeighbours) {
-    EXPECT_EQ(singleLine("\xE2\x80\x8E"
-                         "d\xE2\x80\xAE"
-                         "e\xE2\x81\xA6"
-                         "f\xE2\x81\xA9g"),
-              "\\xe2\\x80\\x8ed\\xe2\\x80\\xaee\\xe2\\x81\\xa6f\\xe2\\x81\\xa9g");
-    const std::string text = "\xC2\xA0\xE2\x80\x8D\xE2\x80\xA6\xE2\x81\xA5…茅";
-    EXPECT_EQ(singleLine(text), text);
-}
-
-TEST(Printable, KeepsLineEnds) { EXPECT_EQ(printable("a\tb\nc\xC2\x85\x9B"), "a\\tb\nc\\xc2\\x85\\x9b"); }
+TEST(PrintableLines, KeepsLineEnds) { EXPECT_EQ(printableLines("a\tb\nc\xC2\x85\x9B"), "a\\tb\nc\\xc2\\x85\\x9b"); }
 
 TEST(Echoed, IsPlainTextAsItIs) { EXPECT_EQ(echoed("SH:600519 茅台"), "SH:600519 茅台"); }
 
@@ -73,17 +57,6 @@ TEST(FillLines, FillsEachLineBeforeTheNext) {
 TEST(FillLines, GivesAPieceThatIsTooWideALineOfItsOwn) {
     EXPECT_THAT(fillLines({"a", "settlement", "b"}, 4), ElementsAre("a", "settlement", "b"));
 }
-
-TEST(NearNames, AreNearestFirst) {
-    EXPECT_THAT(nearNames("1000002", {"1000013", "1000002x", "1000001"}),
-                ElementsAre("1000001", "1000002x", "1000013"));
-}
-
-TEST(NearNames, AreAtMostThree) {
-    EXPECT_THAT(nearNames("S10", {"S11", "S12", "S13", "S14"}), ElementsAre("S11", "S12", "S13"));
-}
-
-TEST(NearNames, LeaveOutWhatIsFar) { EXPECT_THAT(nearNames("S100", {"F200", "X"}), IsEmpty()); }
 
 }  // namespace
 }  // namespace feedesk

@@ -32,6 +32,7 @@ TEST(Escape, TextIsEscapedWhereATerminalWouldObeyIt) {
         {"a\tb\nc\rd\x1B[0m\x7F", "a\\tb\\nc\\x0dd\\x1b[0m\\x7f"},
         {"\xC2\x80\xC2\x9F", "\\xc2\\x80\\xc2\\x9f"},                                      // C1 control characters
         {"\xE2\x80\xAE\xE2\x81\xA6\xD8\x9C", "\\xe2\\x80\\xae\\xe2\\x81\\xa6\\xd8\\x9c"},  // of direction
+        {"\xE2\x80\x8E\xE2\x81\xA9", "\\xe2\\x80\\x8e\\xe2\\x81\\xa9"},                    // the same
     };
     for (const auto& [text, shown] : rows) {
         EXPECT_EQ(printable(text), shown);
@@ -65,8 +66,9 @@ TEST(Escape, ByteThatIsNotUtf8IsEscapedAndItsNeighboursStay) {
 }
 
 TEST(Escape, EveryOtherCharacterStays) {
-    for (const std::string text : {"", "贵州茅台 a\\x9b", "\xC2\xA0", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF",
-                                   "\xEE\x80\x80", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+    for (const std::string text :
+         {"", "贵州茅台 a\\x9b", "\xC2\xA0", "\xE2\x80\x8D\xE2\x80\xA6\xE2\x81\xA5…", "\xDF\xBF", "\xE0\xA0\x80",
+          "\xED\x9F\xBF", "\xEE\x80\x80", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
         EXPECT_EQ(printable(text), text);
     }
 }

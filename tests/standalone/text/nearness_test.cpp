@@ -29,6 +29,25 @@ TEST(Nearness, NearestOfSeveralIsTheOneWithTheFewestChanges) {
     EXPECT_EQ(nearest("stock", {"stack2", "sto", "Stick"}), "Stick");
 }
 
+TEST(Nearness, NearNamesAreNearestFirst) {
+    EXPECT_EQ(nearNames("1000002", {"1000013", "1000002x", "1000001"}),
+              (std::vector<std::string>{"1000001", "1000002x", "1000013"}));
+}
+
+TEST(Nearness, NearNamesAreAtMostThree) {
+    EXPECT_EQ(nearNames("S10", {"S11", "S12", "S13", "S14"}), (std::vector<std::string>{"S11", "S12", "S13"}));
+}
+
+TEST(Nearness, LongerNameMayHaveMoreWrong) {
+    EXPECT_EQ(nearNames("S100", {"F100", "F200"}), (std::vector<std::string>{"F100"}));
+    EXPECT_EQ(nearNames("S1000", {"F2000", "F2100"}), (std::vector<std::string>{"F2000"}));
+    EXPECT_EQ(nearNames("贵州茅酒", {"贵州茅台"}), (std::vector<std::string>{"贵州茅台"}));
+    EXPECT_EQ(nearNames("close_volume", {"close_by_volume", "close_today_by_volume"}),
+              (std::vector<std::string>{"close_by_volume"}));
+}
+
+TEST(Nearness, WhatSharesNothingIsNotNear) { EXPECT_EQ(nearNames("X", {"Y", "XY"}), std::vector<std::string>{"XY"}); }
+
 TEST(Nearness, EditDistanceCountsInsertedRemovedAndReplacedBytes) {
     EXPECT_EQ(editDistance("stock", "stock", 2), 0U);
     EXPECT_EQ(editDistance("stock", "stocks", 2), 1U);
