@@ -128,7 +128,7 @@ private:
     void addMargin(std::size_t slot, const boost::shared_ptr<CMarginRateDetail>& detail,
                    const boost::shared_ptr<CMarginRateDetail>& dyed) {
         FeeLine& line = add(kMarginPart, tracer.origin(dyed));
-        // A slot that is not set stands where its hedge flag belongs.
+        // A slot that is not set is at the place of its hedge flag.
         const auto flag = detail ? detail->hedgeFlag : kSpeculation + static_cast<std::int32_t>(slot);
         line.item = std::string(1, static_cast<char>(flag));
         line.label = hedgeName(line.item.front());

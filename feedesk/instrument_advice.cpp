@@ -96,7 +96,7 @@ std::string didYouMean(Suggestions suggestions) {
     return fmt::format("; did you mean {}?", fmt::join(suggestions, " or "));
 }
 
-/// The instruments with the code that the text holds beside a market that does not have it.
+/// The instruments with the code that the text holds together with a market that does not have it.
 Instruments inOtherMarkets(const std::string& text, const Instruments& instruments) {
     std::set<std::string> codes;
     for (const MarketAndName& reading : readings(narrowed(text))) {

@@ -46,7 +46,7 @@ std::string standardInput() {
     return text;
 }
 
-/// What is written in ASCII is understood, whatever encoding the comments beside it have.
+/// What is written in ASCII is understood, whatever encoding the comments next to it have.
 bool isUnderstood(const std::vector<AskedInstrument>& list) {
     return std::all_of(list.begin(), list.end(),
                        [](const AskedInstrument& each) { return standalone::isUtf8(each.text); });
@@ -111,7 +111,7 @@ std::vector<AskedInstrument> parsedList(std::string_view text) {
 
 std::vector<AskedInstrument> askedInstruments(const std::vector<std::string>& arguments) {
     if (std::count(arguments.begin(), arguments.end(), kListArgument) > 1) {
-        throw Failure(kBadInput, "the argument - stands twice; standard input is one list of instruments");
+        throw Failure(kBadInput, "the argument - was given twice; standard input is one list of instruments");
     }
     std::vector<AskedInstrument> asked;
     for (const std::string& argument : arguments) {

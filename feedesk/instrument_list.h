@@ -17,7 +17,7 @@ struct AskedInstrument {
 };
 
 /// The instruments of the arguments, those of standard input in the place of the argument "-". Reads to the end of
-/// standard input, but no more than a list may hold. Throws Failure when "-" stands twice, or when the list cannot be
+/// standard input, but no more than a list may hold. Throws Failure when "-" is there twice, or when the list cannot be
 /// read, is too long or is empty.
 std::vector<AskedInstrument> askedInstruments(const std::vector<std::string>& arguments);
 

@@ -14,7 +14,7 @@
 
 namespace feedesk {
 
-/// The market of one interval of days, the fee center that answers from it, and the tracer beside it. Tables of a fee
+/// The market of one interval of days, the fee center that answers from it, and its tracer. Tables of a fee
 /// center are never cleared and know no days, so that each interval needs one of its own.
 ///
 /// The services are the process's: install() comes before anything else is asked, whenever another market has been

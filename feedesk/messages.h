@@ -9,15 +9,15 @@
 
 namespace feedesk {
 
-// What the program tells beside its answer, on standard error: sentences for a person or, for a program that asked for
-// JSON, one object a line. docs/feedesk.md describes the objects. Whoever cannot be told is not told.
+// What the program says besides its answer, on standard error: sentences for a person or, for a program that asked for
+// JSON, one object a line. docs/feedesk.md describes the objects. A message that cannot be written is lost.
 
 enum class MessageForm { kSentences, kObjects };
 
-/// For the whole process, which has one standard error; set before anything is told. Sentences unless it is set.
+/// For the whole process, which has one standard error; set before the first message. Sentences unless it is set.
 void setMessageForm(MessageForm form) noexcept;
 
-/// Where in an input a problem stands.
+/// Where in an input a problem is.
 struct InputLine {
     std::string file;
     std::size_t line = 0;  ///< from 1
@@ -33,7 +33,7 @@ void tellLoadError(const standalone::LoadError& error, const std::string& folder
 /// Errors of the market folder that are counted.
 void tellFurtherErrors(const standalone::FurtherErrors& errors, const std::string& folder);
 
-/// What is to be known beside an answer, or meanwhile.
+/// What is to be known besides an answer, or meanwhile.
 void tellNote(const std::string& sentence);
 
 /// What was loaded and how long it took.

@@ -43,7 +43,7 @@ std::string filled(const std::string& note) {
     return fmt::format("{}", fmt::join(fillLines(words(standalone::printable(note)), outputWidth()), "\n"));
 }
 
-/// What stands below a table.
+/// What is written below a table.
 std::string below(const Remarks& remarks) {
     std::string text;
     for (const std::string& sum : remarks.footing) {

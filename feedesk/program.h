@@ -13,12 +13,12 @@ namespace feedesk {
 
 enum class Format { kTable, kJson, kJsonLines, kCsv, kCsvWithMark, kXlsx };
 
-/// What people are told with an answer's rows.
+/// What people read with an answer's rows.
 struct Remarks {
-    std::string heading;                 ///< above the tables; not beside JSON and CSV
-    std::vector<std::string> notes;      ///< below the tables, or on standard error beside JSON and CSV
+    std::string heading;                 ///< above the tables; not with JSON and CSV
+    std::vector<std::string> notes;      ///< below the tables, or on standard error with JSON and CSV
     std::string warning;                 ///< the last of the notes, coloured
-    std::vector<std::string> footing{};  ///< sums right below the tables; not beside JSON and CSV
+    std::vector<std::string> footing{};  ///< sums right below the tables; not with JSON and CSV
 };
 
 /// What the command line asks for, and what the commands share.
@@ -34,7 +34,7 @@ struct Program {
 
     /// Answers on standard output in the form that the command line asks for. `giveRows` gives every row to the sink,
     /// one after another; when it throws, what it has given is answered. The session's summary, when it is asked for,
-    /// stands last below a table and on standard error beside JSON and CSV, so that programs can read the answer.
+    /// comes last below a table and on standard error with JSON and CSV, so that programs can read the answer.
     void answer(const Session& opened, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
 };
 

@@ -56,7 +56,7 @@ private:
 
 /// Finds out which input gave a rate, without a rule of its own about which input wins.
 ///
-/// A second fee center runs beside the one that answers. It is fed the same inputs, with one difference: in each copy
+/// A second fee center runs next to the one that answers. It is fed the same inputs, with one difference: in each copy
 /// the leading rate is a dye, a number that stands for this input alone. The second fee center decides as the first one
 /// does, because it runs the same code on the same instruments, categories and accounts, and its answer's rate names
 /// the input. Configured limits and the instruments' own fees are dyed too: while the second fee center is fed and

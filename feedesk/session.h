@@ -51,7 +51,7 @@ struct DatedFee {
 class Session {
 public:
     /// Loads the folder and starts the engine. Throws Failure when the folder is broken, after all its errors have been
-    /// told on standard error, and when its schedules do not cover the day.
+    /// reported on standard error, and when its schedules do not cover the day.
     explicit Session(const SessionOptions& options);
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;

@@ -116,13 +116,13 @@ Progress::~Progress() {
 void Progress::tellWhatTakesLong() {
     const auto begin = std::chrono::steady_clock::now();
     std::unique_lock<std::mutex> lock(mutex);
-    bool told = false;
+    bool hasWritten = false;
     while (!ended.wait_for(lock, kNoticeable, [this] { return over; })) {
         const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin;
         writeError(fmt::format("\r{} ... {:.0f} s", label, elapsed.count()));
-        told = true;
+        hasWritten = true;
     }
-    if (told) {
+    if (hasWritten) {
         writeError("\r\033[K");
     }
 }

@@ -26,8 +26,8 @@ void writeText(const std::string& text);
 /// terminal. Throws Failure when it cannot be written.
 void writeData(const std::string& text);
 
-/// Writes a text for a person to standard error, its lines as printableLines() shows them. Whoever cannot be told there
-/// is not told.
+/// Writes a text for a person to standard error, its lines as printableLines() shows them. What cannot be written
+/// is lost.
 void tell(const std::string& text) noexcept;
 
 /// What writeText writes.

@@ -56,7 +56,7 @@ AccountFields accountFields() {
          [](const AccountRow& row) { return row.account->customFees.size(); }}};
 }
 
-/// Beside the levels a table has no room for names and for what is fed.
+/// Next to the levels a table has no room for names and for what is fed.
 AccountFields accountFieldsWithLevels() {
     AccountFields fields = accountFields();
     for (FieldOf<AccountRow>& each : fields) {

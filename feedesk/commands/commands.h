@@ -21,7 +21,7 @@ AddCommand addFee, addFees, addCost, addAccounts, addHelp;
 /// Every command, in the order in which help lists them.
 inline constexpr std::array kCommands = {addFee, addFees, addCost, addAccounts, addHelp};
 
-/// Why there is no such command, and where the commands are told: one sentence.
+/// Why there is no such command, and where the commands are listed: one sentence.
 std::string unknownCommand(const CLI::App& app, const std::string& name);
 
 }  // namespace feedesk

@@ -12,7 +12,7 @@ namespace feedesk {
 /// Adds --json, --csv and --strict to a command.
 void addFeeOptions(CLI::App& command, Program& program);
 
-/// What stands above an account's tables; the day is told where it was asked for.
+/// What is above an account's tables; it names the day where one was asked for.
 std::string accountHeading(const standalone::Account& account, const std::optional<cost::Date>& asked = {});
 
 /// Answers with an account's answers, the notes and how many answers are marked. No answer when --strict is asked for

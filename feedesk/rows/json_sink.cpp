@@ -46,7 +46,7 @@ private:
     std::string group;  // that is open; empty: none is
 };
 
-/// What stands around the objects and between them.
+/// What is around the objects and between them.
 struct Frame {
     const char* before;
     const char* between;

@@ -140,7 +140,7 @@ std::vector<Pieces> titles(const TextTable& table) {
     return row;
 }
 
-/// A row turned upright: what stands beside each title, the heading first.
+/// A row turned upright: what is next to each title, the heading first.
 Pieces upright(const TextRow& row) {
     Pieces texts = {row.heading};
     std::transform(row.cells.begin(), row.cells.end(), std::back_inserter(texts), onOneLine);

@@ -36,11 +36,11 @@ enum class Squeeze {
     kTexts    ///< where that is not enough, texts may be shortened; where that is not, cells may take several lines
 };
 
-/// The columns beside each other in at most `width` columns of the terminal, each heading on a line of its own. Empty
+/// The columns side by side in at most `width` columns of the terminal, each heading on a line of its own. Empty
 /// when they do not fit.
 std::string columnsSideBySide(const TextTable& table, std::size_t width, Squeeze squeeze);
 
-/// The rows beside each other, as many as fit in `width` columns, at least one; then the next ones below.
+/// The rows side by side, as many as fit in `width` columns, at least one; then the next ones below.
 std::string rowsSideBySide(const TextTable& table, std::size_t width);
 
 }  // namespace feedesk

@@ -66,7 +66,7 @@ inline Field forPrograms(const std::string& name) { return {name, ""}; }
 /// A field that people get and programs do not.
 inline Field forPeople(const std::string& title) { return {"", title}; }
 
-/// Nobody's field: a group without fields is an empty JSON object where this one stands.
+/// Nobody's field: a group without fields is an empty JSON object in the place of this one.
 inline Field beginOf(const std::string& group) { return Field{"", ""}.in(group); }
 
 /// Rows with the same fields; in a table they stand together.

@@ -24,7 +24,7 @@ struct Money {
     std::string decimal;
 };
 
-/// Where in the market folder something stands: "fees/stock.csv:12".
+/// Where in the market folder something is: "fees/stock.csv:12".
 struct Source {
     std::string place;
 };

@@ -52,7 +52,7 @@ bool readList(TableCell& cell, std::string_view word, Lists& lists) {
     if (found == allLists().end()) {
         return cell.refuse(ErrorKind::kWord, [&] {
             return fmt::format(" names the list {}, but {} was expected{}", inQuotes(word), oneOf(allNames()),
-                               mendByOneOf(word, allNames()));
+                               adviseOneOf(word, allNames()));
         });
     }
     lists.listMask |= found->bits.listMask;

@@ -107,7 +107,7 @@ void readUnit(TomlSection& section, RateUnit& unit) {
     } else if (word != "fraction") {
         section.refuse(ErrorKind::kKeyValue, "unit",
                        fmt::format("holds {}, but fraction or yuan was expected{}", inQuotes(word),
-                                   mendByOneOf(word, {"fraction", "yuan"})));
+                                   adviseOneOf(word, {"fraction", "yuan"})));
     }
 }
 

@@ -94,7 +94,7 @@ bool readMarketName(const Load& load, TableCell& cell, std::string& market) {
     }
     return cell.refuse(ErrorKind::kUnknownMarket, [&] {
         return fmt::format(" holds {}, which is not a market of market.toml; known are {}{}", inQuotes(name),
-                           oneOf(load.marketNames), mendByOneOf(name, load.marketNames));
+                           oneOf(load.marketNames), adviseOneOf(name, load.marketNames));
     });
 }
 

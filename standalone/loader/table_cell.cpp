@@ -32,7 +32,7 @@ std::string written(double value) {
 }
 
 /// How to write a number that ends in a sign for hundredths and so on; the exponent keeps every digit.
-std::string mendParts(std::string_view text, std::string_view sign, const std::string& exponent) {
+std::string partsAdvice(std::string_view text, std::string_view sign, const std::string& exponent) {
     if (!boost::ends_with(text, sign)) {
         return {};
     }
@@ -45,7 +45,7 @@ std::string mendParts(std::string_view text, std::string_view sign, const std::s
     return "rates are plain fractions: write " + written(*value);
 }
 
-std::string mendCommas(std::string_view text) {
+std::string commasAdvice(std::string_view text) {
     if (text.find(',') == std::string_view::npos) {
         return {};
     }
@@ -59,18 +59,18 @@ std::string mendCommas(std::string_view text) {
     return grouped ? "digits are not grouped: write " + bare : "write a point, not a comma, and do not group digits";
 }
 
-std::string mendPlus(std::string_view text) {
+std::string plusAdvice(std::string_view text) {
     if (text.substr(0, 1) != "+" || !plainNumber(text.substr(1))) {
         return {};
     }
     return "leave out the plus sign";
 }
 
-std::string mendNumber(std::string_view text) {
-    for (const std::string& mend : {mendParts(text, "%", "e-2"), mendParts(text, "\xEF\xBC\x85", "e-2"),
-                                    mendParts(text, "\xE2\x80\xB0", "e-3"), mendCommas(text), mendPlus(text)}) {
-        if (!mend.empty()) {
-            return mend;
+std::string numberAdvice(std::string_view text) {
+    for (const std::string& advice : {partsAdvice(text, "%", "e-2"), partsAdvice(text, "\xEF\xBC\x85", "e-2"),
+                                      partsAdvice(text, "\xE2\x80\xB0", "e-3"), commasAdvice(text), plusAdvice(text)}) {
+        if (!advice.empty()) {
+            return advice;
         }
     }
     return {};
@@ -78,11 +78,11 @@ std::string mendNumber(std::string_view text) {
 
 }  // namespace
 
-bool TableCell::refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& mend) {
+bool TableCell::refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& advice) {
     return refuse(kind, [&] {
-        const std::string advice = mend ? mend() : "";
+        const std::string remedy = advice ? advice() : "";
         return fmt::format(" holds {}, but {} was expected; {}", inQuotes(text), expected,
-                           advice.empty() ? "correct it" : advice);
+                           remedy.empty() ? "correct it" : remedy);
     });
 }
 
@@ -107,7 +107,7 @@ std::vector<std::string> wordsOf(const Words& words) {
 }
 
 bool refuseNumber(TableCell& cell) {
-    return cell.refuseFound(ErrorKind::kNumber, kPlainNumber, [&] { return mendNumber(cell.text); });
+    return cell.refuseFound(ErrorKind::kNumber, kPlainNumber, [&] { return numberAdvice(cell.text); });
 }
 
 bool readNumber(TableCell& cell, double& value) {
@@ -154,7 +154,7 @@ bool readWord(TableCell& cell, const Words& words, int& value) {
         return cell.refuse(ErrorKind::kWord, [&] {
             const std::vector<std::string> names = wordsOf(words);
             return fmt::format(" holds {}, but {} was expected{}", inQuotes(cell.text), oneOf(names),
-                               mendByOneOf(cell.text, names));
+                               adviseOneOf(cell.text, names));
         });
     }
     value = found->second;

@@ -35,9 +35,9 @@ public:
         return drop();
     }
 
-    /// Reports `"text", but EXPECTED was expected` and so on; `mend`, called when the error is shown, says how to
+    /// Reports `"text", but EXPECTED was expected` and so on; `advice`, called when the error is shown, says how to
     /// correct it; where it is empty or says nothing the cell is to be corrected.
-    bool refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& mend = {});
+    bool refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& advice = {});
 
     /// Reports that a file of the folder is missing for which the cell asks, as `what` says: once, whichever cells ask
     /// for it. The answer is false.

@@ -26,7 +26,7 @@ std::string suggestion(std::string_view text, const std::vector<std::string>& ca
     return near.empty() ? "" : fmt::format("; did you mean {}?", inQuotes(near));
 }
 
-std::string mendByOneOf(std::string_view text, const std::vector<std::string>& candidates) {
+std::string adviseOneOf(std::string_view text, const std::vector<std::string>& candidates) {
     const std::string near = suggestion(text, candidates);
     return near.empty() ? "; write one of them" : near;
 }

@@ -17,7 +17,7 @@ std::string oneOf(const std::vector<std::string>& words, std::size_t most = 20);
 std::string suggestion(std::string_view text, const std::vector<std::string>& candidates);
 
 /// The same, but `; write one of them` when none is near.
-std::string mendByOneOf(std::string_view text, const std::vector<std::string>& candidates);
+std::string adviseOneOf(std::string_view text, const std::vector<std::string>& candidates);
 
 }  // namespace standalone
 

@@ -65,7 +65,7 @@ TEST_F(InstrumentListOfFee, IsReadOnce) {
     const Outcome outcome = fee("S100 - -", "SH:600519\n");
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "feedesk: the argument - stands twice; standard input is one list of instruments\n");
+    EXPECT_EQ(outcome.err, "feedesk: the argument - was given twice; standard input is one list of instruments\n");
 }
 
 TEST_F(InstrumentListOfFee, ThatIsEmptyHasNoAnswer) {
@@ -136,10 +136,10 @@ TEST_F(InstrumentListOfFee, TellsAHundredProblemsAndCountsTheOthers) {
         list += "nothing\n";
     }
     const Outcome outcome = fee("S100 -", list);
-    const std::vector<std::string> told = lines(outcome.err);
-    ASSERT_EQ(told.size(), 101U);
-    EXPECT_EQ(told[99], "feedesk: standard input:100: the market folder has no instrument nothing");
-    EXPECT_EQ(told[100], "feedesk: there is no answer for 3 more names either");
+    const std::vector<std::string> messages = lines(outcome.err);
+    ASSERT_EQ(messages.size(), 101U);
+    EXPECT_EQ(messages[99], "feedesk: standard input:100: the market folder has no instrument nothing");
+    EXPECT_EQ(messages[100], "feedesk: there is no answer for 3 more names either");
     EXPECT_EQ(outcome.status, 1);
 }
 

@@ -65,12 +65,12 @@ TEST_F(JsonMessages, TellTheErrorsOfTheFolder) {
     const Outcome outcome = answered("accounts --json");
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "[]\n");
-    const std::vector<std::string> told = lines(outcome.err);
-    ASSERT_EQ(told.size(), 2U) << outcome.err;
-    EXPECT_THAT(told[0], StartsWith("{\"file\":\"fees/stock.csv\",\"line\":2,\"path\":\"" + folder.path() +
-                                    "/fees/stock.csv\",\"column\":\"commission\",\"kind\":\"number\","
-                                    "\"error\":\"column commission holds \\\"x\\\""));
-    EXPECT_EQ(told[1], "{\"error\":\"1 error; nothing was loaded\",\"status\":2}");
+    const std::vector<std::string> messages = lines(outcome.err);
+    ASSERT_EQ(messages.size(), 2U) << outcome.err;
+    EXPECT_THAT(messages[0], StartsWith("{\"file\":\"fees/stock.csv\",\"line\":2,\"path\":\"" + folder.path() +
+                                        "/fees/stock.csv\",\"column\":\"commission\",\"kind\":\"number\","
+                                        "\"error\":\"column commission holds \\\"x\\\""));
+    EXPECT_EQ(messages[1], "{\"error\":\"1 error; nothing was loaded\",\"status\":2}");
 }
 
 TEST_F(JsonMessages, CountTheErrorsPastAHundred) {
@@ -79,10 +79,11 @@ TEST_F(JsonMessages, CountTheErrorsPastAHundred) {
         table += "S100,SH,600519,x\n";
     }
     folder.write("fees/stock.csv", table);
-    const std::vector<std::string> told = lines(answered("accounts --json").err);
-    ASSERT_EQ(told.size(), 102U);
-    EXPECT_THAT(told[100], StartsWith("{\"file\":\"fees/stock.csv\",\"line\":102,\"kind\":\"number\",\"further\":5,"));
-    EXPECT_THAT(told[100], HasSubstr(",\"error\":\""));
+    const std::vector<std::string> messages = lines(answered("accounts --json").err);
+    ASSERT_EQ(messages.size(), 102U);
+    EXPECT_THAT(messages[100],
+                StartsWith("{\"file\":\"fees/stock.csv\",\"line\":102,\"kind\":\"number\",\"further\":5,"));
+    EXPECT_THAT(messages[100], HasSubstr(",\"error\":\""));
 }
 
 TEST_F(JsonMessages, TellThatTheFolderIsMissing) {
@@ -93,11 +94,11 @@ TEST_F(JsonMessages, TellThatTheFolderIsMissing) {
 }
 
 TEST_F(JsonMessages, TellNotesAndTheSummary) {
-    const std::vector<std::string> told = lines(answered("fee S100 HK:00700 --json --summary").err);
-    ASSERT_EQ(told.size(), 3U);
-    EXPECT_THAT(told[0], StartsWith("{\"summary\":\"loaded 9 instruments, "));
-    EXPECT_THAT(told[1], StartsWith("{\"note\":\"HK:00700 is in no list of stock instruments; "));
-    EXPECT_THAT(told[2], StartsWith("{\"note\":\"1 of 1 instrument"));
+    const std::vector<std::string> messages = lines(answered("fee S100 HK:00700 --json --summary").err);
+    ASSERT_EQ(messages.size(), 3U);
+    EXPECT_THAT(messages[0], StartsWith("{\"summary\":\"loaded 9 instruments, "));
+    EXPECT_THAT(messages[1], StartsWith("{\"note\":\"HK:00700 is in no list of stock instruments; "));
+    EXPECT_THAT(messages[2], StartsWith("{\"note\":\"1 of 1 instrument"));
 }
 
 TEST_F(JsonMessages, TellThatTheAnswerCannotBeWritten) {

@@ -62,18 +62,18 @@ TEST(Output, IsAsWideAsItNeedsWhereNothingSaysHowWide) {
 TEST(Output, IsAsWideAsTheTerminal) {
     const SampleFolder folder;
     for (const int columns : {40, 120}) {
-        const std::string told = onTerminal(folder.path(), "fee S100 600519 SZ:300750", columns);
-        EXPECT_LE(widestLine(told), static_cast<std::size_t>(columns)) << told;
-        EXPECT_GT(widestLine(told), columns > 80 ? 70U : 20U) << told;
+        const std::string output = onTerminal(folder.path(), "fee S100 600519 SZ:300750", columns);
+        EXPECT_LE(widestLine(output), static_cast<std::size_t>(columns)) << output;
+        EXPECT_GT(widestLine(output), columns > 80 ? 70U : 20U) << output;
     }
     EXPECT_LE(widestLine(onTerminal(folder.path(), "fee S100 600519 SZ:300750", 0)), 80U);
 }
 
 TEST(Output, IsColouredOnATerminalWhereItIsMarked) {
     const SampleFolder folder;
-    const std::string told = onTerminal(folder.path(), "fee S100 SH:600519 SH:000001", 120);
-    const std::vector<std::string> shown = lines(told);
-    ASSERT_EQ(shown.size(), 9U) << told;
+    const std::string output = onTerminal(folder.path(), "fee S100 SH:600519 SH:000001", 120);
+    const std::vector<std::string> shown = lines(output);
+    ASSERT_EQ(shown.size(), 9U) << output;
     EXPECT_THAT(shown[4], testing::MatchesRegex("SH:600519 .* own record +fees/stock.csv:2"));
     EXPECT_THAT(shown[5], testing::MatchesRegex("\x1B\\[1;31mSH:000001 .* BUILT-IN DEFAULT\x1B\\[0m"));
     EXPECT_EQ(shown[8], "\x1B[1;31m1 of 2 instruments answered with the built-in default\x1B[0m");

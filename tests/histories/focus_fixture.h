@@ -25,9 +25,9 @@ struct Until {
     std::uint64_t enough;
 };
 
-/// Expects that nothing is wrong with random histories, and prints the seed behind what `told` says of them. A history
-/// that the environment gives is tried in their place.
-inline void expectHistories(const Trial& trial, const Until& until, const std::function<std::string()>& told) {
+/// Expects that nothing is wrong with random histories, and prints the seed behind what `summary` says of them. A
+/// history that the environment gives is tried in their place.
+inline void expectHistories(const Trial& trial, const Until& until, const std::function<std::string()>& summary) {
     if (const auto given = givenHistory()) {
         if (given->focus != trial.focus) {
             GTEST_SKIP() << "FEECENTER_HISTORY is one of " << nameOf(given->focus);
@@ -42,7 +42,7 @@ inline void expectHistories(const Trial& trial, const Until& until, const std::f
         failure = firstFailure(seeds.take(), until.round, trial);
         ASSERT_TRUE(until.done() > before || !failure.empty()) << "the histories came to nothing";
     }
-    std::cout << told() << ", seed " << firstSeed() << " (" << nameOf(trial.focus) << ")\n";
+    std::cout << summary() << ", seed " << firstSeed() << " (" << nameOf(trial.focus) << ")\n";
     EXPECT_TRUE(failure.empty()) << failure;
 }
 

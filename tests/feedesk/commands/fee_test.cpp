@@ -203,13 +203,13 @@ TEST_F(Fee, NoteStaysOutOfAnAnswerForPrograms) {
     const std::string note =
         "HK:00700 is in no list of stock instruments; the fee center answers all the same, with built-in default";
     const std::string count = "1 of 2 instruments answered with the built-in default";
-    for (const auto& [form, told] : std::vector<std::pair<std::string, std::string>>{
+    for (const auto& [form, messages] : std::vector<std::pair<std::string, std::string>>{
              {"--json", "{\"note\":\"" + note + "\"}\n{\"note\":\"" + count + "\"}\n"},
              {"--csv", "feedesk: " + note + "\nfeedesk: " + count + "\n"}}) {
         const Outcome outcome = fee("S100 HK:00700 SH:600519 " + form);
         EXPECT_EQ(outcome.status, 0);
         EXPECT_THAT(outcome.out, Not(HasSubstr("in no list")));
-        EXPECT_EQ(outcome.err, told);
+        EXPECT_EQ(outcome.err, messages);
     }
 }
 

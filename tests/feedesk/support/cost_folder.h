@@ -19,7 +19,7 @@ public:
 
     /// Runs `feedesk cost`.
     [[nodiscard]] Outcome cost(const std::string& arguments, const std::string& environment = "") const;
-    /// The same with a file of trades, whose name is in what is told. It lies beside the folder.
+    /// The same with a file of trades, whose name is in the messages. It lies next to the folder.
     [[nodiscard]] Outcome costOf(const std::string& trades, const std::string& arguments = "") const;
     [[nodiscard]] std::string tradesFile() const { return path() + ".trades"; }
     void writeTrades(const std::string& trades) const;

@@ -89,16 +89,16 @@ std::string onTerminal(const std::string& folder, const std::string& arguments, 
         execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
         _exit(127);
     }
-    std::string told;
+    std::string output;
     std::array<char, 4096> block{};
     for (ssize_t count = 1; count > 0;) {  // the end is an error: nobody holds the other side any more
         count = read(terminal, block.data(), block.size());
-        told.append(block.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        output.append(block.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
     }
     close(terminal);
     waitpid(child, nullptr, 0);
-    told.erase(std::remove(told.begin(), told.end(), '\r'), told.end());
-    return told;
+    output.erase(std::remove(output.begin(), output.end(), '\r'), output.end());
+    return output;
 }
 
 std::vector<std::string> lines(const std::string& text) {

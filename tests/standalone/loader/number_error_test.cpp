@@ -8,7 +8,7 @@ namespace {
 struct BadRate {
     const char* name;
     const char* cell;  ///< as it is in the table
-    const char* mend;
+    const char* advice;
 };
 
 /// A rate of the credit fees that is refused with one error, whose end says how to correct it.
@@ -20,7 +20,7 @@ TEST_P(LoaderRateError, IsRefusedWithTheMend) {
     ASSERT_EQ(result.errors.size(), 1U);
     EXPECT_EQ(result.errors[0].line, 2U);
     EXPECT_THAT(result.errors[0].message, ::testing::HasSubstr("a plain number such as 0.00025 was expected"));
-    EXPECT_THAT(result.errors[0].message, ::testing::EndsWith(std::string("; ") + GetParam().mend));
+    EXPECT_THAT(result.errors[0].message, ::testing::EndsWith(std::string("; ") + GetParam().advice));
 }
 
 const char* const kNoPoint = "write a point, not a comma, and do not group digits";
