@@ -10,6 +10,7 @@
 
 #include "feedesk/commands/commands.h"
 #include "feedesk/messages.h"
+#include "feedesk/pager.h"
 #include "feedesk/program.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
@@ -70,6 +71,7 @@ void describe(CLI::App& app, Program& program) {
         ->check(CLI::Validator(threadsProblem, ""))
         ->type_name("N");
     app.add_flag("--summary", program.summary, "Tell what was loaded and how long it took");
+    app.add_flag_callback("--no-pager", usePagerNever, "Show long answers without a pager (PAGER; else less)");
     for (AddCommand* const add : kCommands) {
         add(app, program);
     }

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "feedesk/messages.h"
+#include "feedesk/pager.h"
 #include "feedesk/rows/sinks.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
@@ -16,7 +17,7 @@ namespace {
 // Without it some spreadsheet programs read a CSV file in the encoding of the system.
 constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
 
-std::unique_ptr<RowSink> sinkFor(Format format, const std::string& file) {
+std::unique_ptr<RowSink> sinkFor(Format format, const std::string& file, std::string& shown) {
     switch (format) {
         case Format::kJson:
             return jsonSink(writeData);
@@ -32,7 +33,7 @@ std::unique_ptr<RowSink> sinkFor(Format format, const std::string& file) {
         case Format::kTable:
             break;
     }
-    return tableSink(writeText, outputWidth());
+    return tableSink([&shown](const std::string& text) { shown += text; }, outputWidth());
 }
 
 std::string headingText(const std::string& heading) {
@@ -66,11 +67,13 @@ void tellBeside(const Remarks& remarks) {
     }
 }
 
-Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink) {
+/// When it throws, what was answered so far is written: `tables` too, which hold what is not written yet.
+Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink, const std::string& tables) {
     try {
         return giveRows(sink);
     } catch (...) {
         sink.breakOff();
+        showText(tables);
         throw;
     }
 }
@@ -80,16 +83,15 @@ Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink) {
 void Program::answer(const Session& opened, const Sections& sections,
                      const std::function<Remarks(RowSink&)>& giveRows) {
     hasAnswered = true;
-    const std::unique_ptr<RowSink> sink = sinkFor(format, file);
+    std::string tables;
+    const std::unique_ptr<RowSink> sink = sinkFor(format, file, tables);
     sink->begin(sections);
-    const Remarks remarks = given(giveRows, *sink);
+    const Remarks remarks = given(giveRows, *sink, tables);
+    sink->end();
     if (format == Format::kTable) {
-        writeText(headingText(remarks.heading));
-        sink->end();
-        writeText(below(remarks) + (summary ? opened.summary() + "\n" : ""));
+        showText(headingText(remarks.heading) + tables + below(remarks) + (summary ? opened.summary() + "\n" : ""));
         return;
     }
-    sink->end();
     if (summary) {
         tellSummary(opened.summary());
     }

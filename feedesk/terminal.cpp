@@ -27,15 +27,17 @@ constexpr std::string_view kBoldRed = "\033[1;31m";
 constexpr std::string_view kPlain = "\033[0m";
 constexpr std::chrono::milliseconds kNoticeable{400};
 
-std::size_t widthOfEnvironment() {
-    const char* columns = std::getenv("COLUMNS");
-    const std::string_view text = columns == nullptr ? "" : columns;
+/// The number that a variable of the environment is; 0: it is none.
+std::size_t numberOfEnvironment(const char* variable) {
+    const char* value = std::getenv(variable);
+    const std::string_view text = value == nullptr ? "" : value;
     return standalone::numberIn<std::size_t>(text).value_or(0);
 }
 
-std::size_t widthOfTerminal() {
+/// Zeros where standard output is no terminal.
+winsize sizeOfTerminal() {
     winsize size{};
-    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size : winsize{};
 }
 
 bool isSet(const char* variable) {
@@ -44,12 +46,6 @@ bool isSet(const char* variable) {
 }
 
 bool outputIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
-
-bool outputIsColoured() {
-    const char* terminal = std::getenv("TERM");
-    const bool obeysNothing = terminal != nullptr && std::string_view(terminal) == "dumb";
-    return outputIsTerminal() && !isSet("NO_COLOR") && !obeysNothing;
-}
 
 void write(std::string_view text) {
     const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
@@ -63,12 +59,26 @@ void writeError(std::string_view text) noexcept { static_cast<void>(std::fwrite(
 }  // namespace
 
 std::size_t outputWidth() {
-    for (const std::size_t width : {widthOfEnvironment(), widthOfTerminal()}) {
+    for (const std::size_t width : {numberOfEnvironment("COLUMNS"), std::size_t{sizeOfTerminal().ws_col}}) {
         if (width != 0) {
             return width;
         }
     }
     return outputIsTerminal() ? kUsualWidth : kAnyWidth;
+}
+
+std::size_t terminalLines() {
+    if (!outputIsTerminal()) {
+        return 0;
+    }
+    const std::size_t lines = numberOfEnvironment("LINES");
+    return lines != 0 ? lines : sizeOfTerminal().ws_row;
+}
+
+bool outputIsColoured() {
+    const char* terminal = std::getenv("TERM");
+    const bool obeysNothing = terminal != nullptr && std::string_view(terminal) == "dumb";
+    return outputIsTerminal() && !isSet("NO_COLOR") && !obeysNothing;
 }
 
 std::string painted(std::string_view text, bool coloured) {

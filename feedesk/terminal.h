@@ -14,12 +14,19 @@ namespace feedesk {
 /// many as it needs; 80 where a terminal does not say.
 std::size_t outputWidth();
 
+/// Lines that the terminal shows at once which standard output is: the environment's LINES, else what it says. 0 where
+/// it does not say, or where standard output is no terminal.
+std::size_t terminalLines();
+
+/// Whether a text for a person is coloured: standard output is a terminal that knows colours, and the environment's
+/// NO_COLOR is not set.
+bool outputIsColoured();
+
 // Everything that the program writes goes through these: nothing else reaches a terminal, so that no text of an
 // argument, a path or a file is obeyed there.
 
 /// Writes a text for a person to standard output, its lines as printableLines() shows them. What is marked() is
-/// coloured when that is a terminal, unless the environment's NO_COLOR is set. Throws Failure when it cannot be
-/// written.
+/// coloured where outputIsColoured(). Throws Failure when it cannot be written.
 void writeText(const std::string& text);
 
 /// Writes a text for a program to standard output: every byte as it is, or as printableLines() shows it when that is a

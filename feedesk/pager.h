@@ -1,0 +1,19 @@
+#ifndef FEEDESK_PAGER_H
+#define FEEDESK_PAGER_H
+
+#include <string>
+
+namespace feedesk {
+
+/// Writes a text for a person to standard output, as writeText() does. Where that is a terminal with fewer lines than
+/// the text, a pager shows it: the environment's FEEDESK_PAGER, else PAGER, else less, with the options that git gives
+/// it unless LESS is set. An empty text or "cat" there is no pager, and one that cannot be started neither. Throws
+/// Failure when the text cannot be written.
+void showText(const std::string& text);
+
+/// From here on no pager is used in this process.
+void usePagerNever();
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_PAGER_H
