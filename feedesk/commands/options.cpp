@@ -25,6 +25,9 @@ void addFormatOptions(CLI::App& command, Program& program) {
                         ->type_name("FILE")
                         ->option_text("FILE"));
     for (auto form = forms.begin(); form != forms.end(); ++form) {
+        if ((*form)->get_option_text().empty()) {
+            (*form)->option_text(" ");  // help would list what each of them excludes
+        }
         for (auto other = forms.begin(); other != form; ++other) {
             (*form)->excludes(*other);
         }

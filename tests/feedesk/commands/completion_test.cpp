@@ -1,0 +1,87 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/feedesk/support/market_folder.h"
+#include "tests/feedesk/support/program.h"
+
+namespace feedesk::test {
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+/// What may stand in the place of the last word.
+std::vector<std::string> completionsOf(const std::string& words) {
+    const MarketFolder folder;
+    return lines(ask(folder.path(), "complete -- " + words).out);
+}
+
+TEST(Completion, OfTheFirstWordIsACommand) {
+    EXPECT_THAT(completionsOf("fe"), ElementsAre("fee", "fees"));
+    EXPECT_THAT(completionsOf("''"), AllOf(Contains("cost"), Contains("accounts"), Not(Contains("complete"))));
+    EXPECT_THAT(completionsOf("--date 2024-01-02 fe"), ElementsAre("fee", "fees"));
+}
+
+TEST(Completion, OfADashIsAnOptionOfTheCommandOrOfAll) {
+    EXPECT_THAT(completionsOf("fees --m"), ElementsAre("--market", "--match"));
+    EXPECT_THAT(completionsOf("fee --m"), ElementsAre("--market"));
+    EXPECT_THAT(completionsOf("--js"), IsEmpty());
+}
+
+TEST(Completion, OfAnOptionsValueIsLeftToTheShell) {
+    EXPECT_THAT(completionsOf("cost --trades ''"), IsEmpty());
+    EXPECT_THAT(completionsOf("fee --xlsx S"), IsEmpty());
+}
+
+TEST(Completion, OfAnAccountIsItsNumber) {
+    EXPECT_THAT(completionsOf("fee F"), ElementsAre("F100", "F200", "F300", "F400"));
+    EXPECT_THAT(completionsOf("fees --match x S1"), ElementsAre("S100"));
+}
+
+TEST(Completion, OfAnInstrumentGoesFromMarketToCode) {
+    EXPECT_THAT(completionsOf("fee S100 SHF"), ElementsAre("SHFE:"));
+    EXPECT_THAT(completionsOf("fee S100 SH:6005"), ElementsAre("SH:600519"));
+    EXPECT_THAT(completionsOf("fee S100 SH:600519 60051"), ElementsAre("600519"));
+    EXPECT_THAT(completionsOf("fee S100 贵"), ElementsAre("贵州茅台"));
+    EXPECT_THAT(completionsOf("fee S100 ''"), Not(Contains(HasSubstr("600519"))));
+}
+
+TEST(Completion, IsOfTheFolderThatTheLineNames) {
+    const MarketFolder folder;
+    EXPECT_THAT(lines(runProgram("complete -- --market " + folder.path() + " fee S1").out), ElementsAre("S100"));
+    const Outcome none = runProgram("complete -- --market /none fee S1");
+    EXPECT_EQ(none.status, 0);
+    EXPECT_EQ(none.out + none.err, "");
+}
+
+/// What bash puts in the place of the last word of a line.
+std::string bashReplies(const std::string& line) {
+    const MarketFolder folder;
+    const std::string directory = FEEDESK_PROGRAM;
+    return runShell("export PATH=" + directory.substr(0, directory.rfind('/')) + ":$PATH FEEDESK_MARKET=" +
+                    folder.path() + "; bash -c '. <(feedesk completion bash); compopt() { :; }; COMP_LINE=\"" + line +
+                    "\" COMP_POINT=${#COMP_LINE}; COMP_POINT=" + std::to_string(line.size()) +
+                    "; _feedesk; echo \"${COMPREPLY[*]}\"'")
+        .out;
+}
+
+TEST(Completion, IsAskedForByBash) {
+    EXPECT_EQ(bashReplies("feedesk fe"), "fee fees\n");
+    EXPECT_EQ(bashReplies("feedesk fee F"), "F100 F200 F300 F400\n");
+    // bash takes what follows the colon for the word.
+    EXPECT_EQ(bashReplies("feedesk fee S100 SH:6005"), "600519\n");
+}
+
+TEST(Completion, OfAnotherShellIsRefused) {
+    const Outcome outcome = runProgram("completion fish");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.err, HasSubstr("there is no completion for the shell \"fish\", but for bash or zsh"));
+    EXPECT_THAT(runProgram("completion zsh").out, testing::StartsWith("#compdef feedesk\n"));
+}
+
+}  // namespace
+}  // namespace feedesk::test
