@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/feedesk/support/market_folder.h"
+#include "tests/feedesk/support/sample_folder.h"
 #include "tests/feedesk/support/program.h"
 
 namespace feedesk::test {
@@ -16,7 +16,7 @@ constexpr const char* kMarking = "FEEDESK_PAGER='sed s/^/paged:/' ";
 
 /// What 80 columns and `lines` lines of a terminal show of the accounts, fifteen lines.
 std::string accounts(int lines, const std::string& environment, const std::string& options = "") {
-    const MarketFolder folder;
+    const SampleFolder folder;
     return onTerminal(folder.path(), "accounts " + options, 80, "LINES=" + std::to_string(lines) + " " + environment);
 }
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/feedesk/support/market_folder.h"
+#include "tests/feedesk/support/sample_folder.h"
 #include "tests/feedesk/support/program.h"
 
 namespace feedesk::test {
@@ -16,7 +16,7 @@ using testing::Not;
 
 /// What may stand in the place of the last word.
 std::vector<std::string> completionsOf(const std::string& words) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     return lines(ask(folder.path(), "complete -- " + words).out);
 }
 
@@ -51,7 +51,7 @@ TEST(Completion, OfAnInstrumentGoesFromMarketToCode) {
 }
 
 TEST(Completion, IsOfTheFolderThatTheLineNames) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     EXPECT_THAT(lines(runProgram("complete -- --market " + folder.path() + " fee S1").out), ElementsAre("S100"));
     const Outcome none = runProgram("complete -- --market /none fee S1");
     EXPECT_EQ(none.status, 0);
@@ -60,7 +60,7 @@ TEST(Completion, IsOfTheFolderThatTheLineNames) {
 
 /// What bash puts in the place of the last word of a line.
 std::string bashReplies(const std::string& line) {
-    const MarketFolder folder;
+    const SampleFolder folder;
     const std::string directory = FEEDESK_PROGRAM;
     return runShell("export PATH=" + directory.substr(0, directory.rfind('/')) + ":$PATH FEEDESK_MARKET=" +
                     folder.path() + "; bash -c '. <(feedesk completion bash); compopt() { :; }; COMP_LINE=\"" + line +
