@@ -17,8 +17,11 @@ struct Lists {
     int kindMask = 0;  ///< bits of qmservice::InstrumentList
     int types = 0;     ///< bits of qmservice::InstrumentType
 
+    [[nodiscard]] constexpr bool overlap(const Lists& others) const {
+        return (others.kindMask & kindMask) != 0 || (others.types & types) != 0;
+    }
     [[nodiscard]] constexpr bool hold(const ListedInstrument& instrument) const {
-        return (instrument.kindMask & kindMask) != 0 || (instrument.types & types) != 0;
+        return overlap({instrument.kindMask, instrument.types});
     }
 };
 
