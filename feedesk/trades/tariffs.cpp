@@ -114,7 +114,9 @@ Charged answered(Session& session, cost::Date date, const std::string& account, 
 }
 
 void refuseUncovered(const Session& session, cost::Date date, const cost::Tariff& tariff) {
-    refuse(session.folder().coverage().refusal(date, tariff.place().family));
+    const standalone::Coverage& coverage = session.folder().coverage();
+    refuse(coverage.refusal(date, tariff.place().family));
+    refuse(coverage.refusal(date, tariff.place().market));
 }
 
 }  // namespace

@@ -141,5 +141,16 @@ TEST_F(CostOfBundledMarket, PublishedSchedulesComeOutToTheFenItemByItem) {
     }
 }
 
+TEST_F(CostOfBundledMarket, BeijingHasNoSchedulesBeforeItOpened) {
+    const std::string sentence = "the folder's schedules of market BJ are known from 2021-11-15 until 2026-12-31";
+    for (const char* question : {"cost 1000003 BJ:920001 buy 100@20", "fee 1000003 BJ:920001"}) {
+        SCOPED_TRACE(question);
+        const Outcome before = ask(BUNDLED_MARKET, std::string(question) + " --date 2021-11-14");
+        EXPECT_NE(before.status, 0);
+        EXPECT_NE(before.err.find(sentence), std::string::npos);
+        EXPECT_EQ(ask(BUNDLED_MARKET, std::string(question) + " --date 2021-11-15").status, 0);
+    }
+}
+
 }  // namespace
 }  // namespace feedesk::test
