@@ -21,8 +21,8 @@ void refuseSideWithoutLimit(const Trade& trade, const Tariff& tariff) {
     const bool takesCash = family == Family::kFutures ? isOpening(trade.side)
                                                       : isOpening(trade.side) && turnoverSign(family, trade.side) < 0;
     if (!takesCash) {
-        throw Refused("cash limits a purchase or the opening of futures, and the side is " +
-                      std::string(wordFor(trade.side)));
+        throw WrongTrade("cash limits a purchase or the opening of futures, and the side is " +
+                         std::string(wordFor(trade.side)));
     }
 }
 
@@ -48,8 +48,8 @@ void refuseForeignClosing(const Trade& opening, Side closing) {
                                     : closing != Side::kSell && closing != Side::kExercise && !isOpening(closing) &&
                                           isShort(closing) == isShort(opening.side);
     if (!isOpening(opening.side) || !belongTogether) {
-        throw Refused(std::string(wordFor(closing)) + " does not close what " + std::string(wordFor(opening.side)) +
-                      " opens");
+        throw WrongTrade(std::string(wordFor(closing)) + " does not close what " + std::string(wordFor(opening.side)) +
+                         " opens");
     }
 }
 
@@ -145,7 +145,7 @@ Decimal breakEvenPrice(const Trade& opening, Side closing, const Decimal& tick, 
     return withinBounds([&] {
         refuseForeignClosing(opening, closing);
         if (!(tick > Decimal())) {
-            throw Refused("the tick is " + tick.text() + ", and one above 0 was expected");
+            throw WrongTrade("the tick is " + tick.text() + ", and one above 0 was expected");
         }
         const Bill opened = costOf(opening, tariff);
         ClosingCosts costs(opening, closing, tariff);

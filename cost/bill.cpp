@@ -63,8 +63,8 @@ void refuseMissingPrice(const Plan& plan, const Trade& trade) {
     }
     for (const ChargeLine& line : plan.lines) {
         if (line.term->basis == Basis::kTurnover) {
-            throw Refused(line.term->where + " charges " + line.term->charge +
-                          " on turnover, and the exercise has no price");
+            throw WrongTrade(line.term->where + " charges " + line.term->charge +
+                             " on turnover, and the exercise has no price");
         }
     }
 }

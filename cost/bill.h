@@ -45,6 +45,9 @@ struct Bill {
     Decimal net;
     std::string currency;
     std::optional<Margin> margin;  ///< opening of futures, where the answer has margin rates of the hedge flag
+    /// Of a day's bills, each once and ascending: the indices of those that show charges of an order or the day which
+    /// this trade shares. Empty where it shares none, or shows them itself.
+    std::vector<std::size_t> sharedWith;
 };
 
 /// What the trade costs as an order of its own: its `order` is not looked at but for what turnoverOf() says. Throws

@@ -18,6 +18,13 @@ void makePositionKey(const Trade& trade, const Place& place, std::string& key) {
     key.append(1, kSeparator).append(place.code).append(1, kSeparator).append(wordFor(trade.side));
 }
 
+void addOnce(std::vector<std::size_t>& sorted, std::size_t index) {
+    const auto place = std::lower_bound(sorted.begin(), sorted.end(), index);
+    if (place == sorted.end() || *place != index) {
+        sorted.insert(place, index);
+    }
+}
+
 bool chargesPerDay(const Plan& plan) {
     return std::any_of(plan.lines.begin(), plan.lines.end(),
                        [](const ChargeLine& line) { return line.term->per == Per::kDay; });
@@ -124,6 +131,8 @@ Bill Day::billOf(std::size_t index) const {
         const Group& group = groups[per == Per::kOrder ? fill.order : fill.position];
         if (group.firstFill == index) {
             bill.items.push_back(itemOf(line, group.sum));
+        } else {
+            addOnce(bill.sharedWith, group.firstFill);
         }
     }
     total(bill, fill.trade.side);

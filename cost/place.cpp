@@ -24,9 +24,15 @@ int exactness(std::string_view termText) {
 
 std::string_view pattern(std::string_view text) { return text == "*" ? std::string_view() : text; }
 
+bool isForAccount(const Term& term, std::string_view account) { return matches(account, term.account); }
+
+bool isForInstrument(const Term& term, std::string_view market, std::string_view code, std::string_view product) {
+    return matches(market, term.market) && matches(product, term.product) && matches(code, term.code);
+}
+
 bool appliesTo(const Term& term, const Place& place) {
-    return term.family == place.family && matches(place.market, term.market) && matches(place.product, term.product) &&
-           matches(place.code, term.code) && matches(place.account, term.account);
+    return term.family == place.family && isForInstrument(term, place.market, place.code, place.product) &&
+           isForAccount(term, place.account);
 }
 
 Specificity specificity(const Term& term) {

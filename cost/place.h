@@ -27,6 +27,10 @@ struct Place {
 using Specificity = std::array<int, 5>;
 
 bool appliesTo(const Term& term, const Place& place);
+// Both halves of it, whatever the family.
+bool isForAccount(const Term& term, std::string_view account);
+bool isForInstrument(const Term& term, std::string_view market, std::string_view code, std::string_view product);
+
 Specificity specificity(const Term& term);
 
 /// A term's text with "*" read as empty, since both stand for any.

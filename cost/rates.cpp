@@ -113,7 +113,10 @@ Family stockFamilyOf(const CInstrumentFee& answer) {
     return isNeeq ? Family::kNeeq : Family::kStock;
 }
 
-std::optional<Family> familyOf(const CInstrumentFee& answer) {
+namespace {
+
+/// Whose rates the answer holds, one family or several.
+std::vector<Family> familiesOf(const CInstrumentFee& answer) {
     std::vector<Family> found;
     if (answer.stkRateLimit) {
         found.push_back(stockFamilyOf(answer));
@@ -130,13 +133,32 @@ std::optional<Family> familyOf(const CInstrumentFee& answer) {
     if (answer.commissionDetail || !answer.marginDetails.empty()) {
         found.push_back(Family::kFutures);
     }
+    return found;
+}
+
+[[noreturn]] void refuseFamilies(const std::vector<Family>& found) {
+    if (found.empty()) {
+        throw Refused("the answer holds no rates");
+    }
+    std::string names;
+    for (const Family family : found) {
+        names += (names.empty() ? "" : ", ") + std::string(wordFor(family));
+    }
+    throw Refused("the answer holds rates of " + names +
+                  ", and nobody can say which are charged; ask with an account that trades in one of them");
+}
+
+}  // namespace
+
+std::optional<Family> familyOf(const CInstrumentFee& answer) {
+    const std::vector<Family> found = familiesOf(answer);
     return found.size() == 1 ? std::optional<Family>(found.front()) : std::nullopt;
 }
 
 Rates ratesOf(const CInstrumentFee& answer, const RateNames& names) {
     const auto family = familyOf(answer);
     if (!family) {
-        throw Refused("the answer holds no rates, or those of several families, so nobody can say which are charged");
+        refuseFamilies(familiesOf(answer));
     }
     static const std::vector<RateName> noNames;
     const auto named = names.find(*family);

@@ -12,6 +12,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// A trade that cannot have been made, or a question that makes no sense of it, whatever the rates and terms are.
+class WrongTrade : public Refused {
+public:
+    using Refused::Refused;
+};
+
 }  // namespace cost
 
 #endif  // COST_REFUSED_H

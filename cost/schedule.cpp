@@ -70,7 +70,8 @@ bool TermSet::charges(const std::string& charge, const std::string& item) const 
     });
 }
 
-Schedule::Schedule(std::vector<Term> terms) : kept(std::make_shared<const std::vector<Term>>(std::move(terms))) {
+Schedule::Schedule(std::vector<Term> terms, std::string file)
+    : kept(std::make_shared<const std::vector<Term>>(std::move(terms))), fileOfTerms(std::move(file)) {
     const std::vector<TermFault> faults = faultsOf(*kept);
     if (!faults.empty()) {
         throw Refused((*kept)[faults.front().term].where + ": " + faults.front().sentence);
@@ -80,6 +81,7 @@ Schedule::Schedule(std::vector<Term> terms) : kept(std::make_shared<const std::v
 TermSet Schedule::termsFor(const Place& place, Date date) const {
     TermSet set;
     set.keptTerms = kept;
+    set.fileOfTerms = fileOfTerms;
     for (const Term& term : *kept) {
         if (!appliesTo(term, place)) {
             continue;

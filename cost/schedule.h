@@ -3,6 +3,7 @@
 
 #include <array>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "cost/date.h"
@@ -20,6 +21,8 @@ public:
     [[nodiscard]] const std::vector<const Term*>& termsOf(Side side) const { return bySide[indexOf(side)]; }
     /// Whether the charge (of an option: of that fee item) has a term of any side.
     [[nodiscard]] bool charges(const std::string& charge, const std::string& item) const;
+    /// Where a term that is missing belongs.
+    [[nodiscard]] const std::string& file() const { return fileOfTerms; }
     /// The days, around the one that was asked for, on which the answer is the same.
     [[nodiscard]] const DateRange& dates() const { return sameDates; }
 
@@ -29,14 +32,15 @@ private:
     std::shared_ptr<const std::vector<Term>> keptTerms;
     std::array<std::vector<const Term*>, kSideCount> bySide;
     DateRange sameDates;
+    std::string fileOfTerms;
 };
 
 /// All charging terms of a market folder. Immutable, safe from any thread, cheap to copy.
 class Schedule {
 public:
     Schedule() : Schedule(std::vector<Term>()) {}
-    /// Throws Refused with the first of faultsOf(terms).
-    explicit Schedule(std::vector<Term> terms);
+    /// `file`: where a term that is missing belongs, for messages. Throws Refused with the first of faultsOf(terms).
+    explicit Schedule(std::vector<Term> terms, std::string file = "charges.csv");
 
     /// The terms of a place on a day. It looks at every term, so callers keep the answer for the place and
     /// TermSet::dates(). Throws Refused, naming both, when two equally specific ones charge the same on the same side.
@@ -46,6 +50,7 @@ public:
 
 private:
     std::shared_ptr<const std::vector<Term>> kept;
+    std::string fileOfTerms;
 };
 
 }  // namespace cost

@@ -35,7 +35,7 @@ private:
         const std::vector<const Term*>& sideTerms = terms.termsOf(side);
         if (sideTerms.empty()) {
             throw Problem{std::string(wordFor(side)) + " of " + place.instrument() + " has no charging term",
-                          "; add a line to charges.csv"};
+                          "; add a line to " + terms.file()};
         }
         refuseUnknownRates(sideTerms);
         Plan plan;
@@ -69,7 +69,7 @@ private:
             if (!rate.value.isZero() && isLookedAt(rate, sideTerms) && !terms.charges(rate.charge, rate.item)) {
                 throw Problem{"the rate " + nameOf(rate) + ' ' + rate.value.text() + " of " + place.instrument() +
                                   " has no charging term",
-                              "; add a line to charges.csv"};
+                              "; add a line to " + terms.file()};
             }
         }
     }
@@ -169,8 +169,9 @@ Tariff::Tariff(Place place, Contract contract, Rates rates, TermSet terms) {
 const Plan& Tariff::planOf(Side side, Date date) const {
     const Place& where = place();
     if (!has(where.family, side)) {
-        throw Refused("the side is " + std::string(wordFor(side)) + ", and " + where.instrument() + " is charged as " +
-                      std::string(wordFor(where.family)) + ", which has " + sidesOf(where.family));
+        throw WrongTrade("the side is " + std::string(wordFor(side)) + ", and " + where.instrument() +
+                         " is charged as " + std::string(wordFor(where.family)) + ", which has " +
+                         sidesOf(where.family));
     }
     if (!terms().dates().contains(date)) {
         throw Refused("the trade is of " + date.text() + ", and the charging terms at hand are those " +

@@ -82,7 +82,7 @@ std::vector<std::string> faultsOf(const Term& term);
 /// What is wrong between terms that shall stand in one schedule, in their order: one that is inside a charge which no
 /// term of its family has, and two equally specific ones for the same charge and side on the same day whose places are
 /// the same text (the fault is the later term's and names the earlier one's `where`). Equally specific terms with
-/// different patterns are met only where an instrument matches both: Schedule::termsFor.
+/// different patterns contradict each other only where a place matches both: ties.h.
 std::vector<TermFault> conflictsOf(const std::vector<Term>& terms);
 
 /// Both, in the order of the terms.

@@ -7,10 +7,10 @@ namespace {
 
 void refuseQuantity(const Decimal& quantity) {
     if (!(quantity > Decimal())) {
-        throw Refused("the quantity is " + quantity.text() + ", and a trade has one above 0");
+        throw WrongTrade("the quantity is " + quantity.text() + ", and a trade has one above 0");
     }
     if (!quantity.isWhole()) {
-        throw Refused("the quantity is " + quantity.text() + ", and a whole number was expected");
+        throw WrongTrade("the quantity is " + quantity.text() + ", and a whole number was expected");
     }
 }
 
@@ -18,12 +18,12 @@ void refuseOddLot(const Decimal& quantity, const Tariff& tariff) {
     const Contract& contract = tariff.contract();
     const Decimal beyond = quantity - contract.minimum;
     if (beyond.isNegative()) {
-        throw Refused("the quantity is " + quantity.text() + ", and the least that " + tariff.place().instrument() +
-                      " is bought or opened in is " + contract.minimum.text());
+        throw WrongTrade("the quantity is " + quantity.text() + ", and the least that " + tariff.place().instrument() +
+                         " is bought or opened in is " + contract.minimum.text());
     }
     if (beyond.quotient(contract.increment, RoundingMode::kDown) * contract.increment != beyond) {
         const bool isPlainUnit = contract.minimum == contract.increment;
-        throw Refused(
+        throw WrongTrade(
             "the quantity is " + quantity.text() + ", and " + tariff.place().instrument() + " is bought or opened in " +
             (isPlainUnit ? "multiples of " + contract.increment.text()
                          : contract.minimum.text() + " and steps of " + contract.increment.text() + " above that"));
@@ -38,15 +38,15 @@ Decimal turnoverOf(const Trade& trade, const Tariff& tariff) {
         refuseOddLot(trade.quantity, tariff);
     }
     if (!qmservice::hedgeSlot(trade.hedgeFlag)) {
-        throw Refused(std::string("the hedge flag is \"") + trade.hedgeFlag +
-                      "\", and 1 (speculation), 2 (arbitrage) or 3 (hedging) was expected");
+        throw WrongTrade(std::string("the hedge flag is \"") + trade.hedgeFlag +
+                         "\", and 1 (speculation), 2 (arbitrage) or 3 (hedging) was expected");
     }
     const bool needsNoPrice = trade.side == Side::kExercise && trade.price.isZero();
     if (needsNoPrice) {
         return Decimal();
     }
     if (!(trade.price > Decimal())) {
-        throw Refused("the price is " + trade.price.text() + ", and a trade has one above 0");
+        throw WrongTrade("the price is " + trade.price.text() + ", and a trade has one above 0");
     }
     if (tariff.contract().multiplier.isZero()) {
         throw Refused("the multiplier of " + tariff.place().instrument() +

@@ -42,6 +42,11 @@ void addFrom(const AskedMarket& asked, const Instruments& named, std::vector<Que
     }
 }
 
+/// What instruments are sorted by.
+std::tuple<const std::string&, const std::string&> placeOf(const InstrumentName& name) {
+    return {name.market, name.code};
+}
+
 std::string candidatesText(const std::vector<Question>& candidates) {
     std::vector<std::string> texts;
     texts.reserve(candidates.size());
@@ -55,16 +60,25 @@ std::string candidatesText(const std::vector<Question>& candidates) {
 
 InstrumentNames::InstrumentNames(const standalone::Market& market) {
     for (const standalone::ListedInstrument& listed : market.instruments) {
-        instruments.push_back(boost::make_shared<InstrumentName>(*listed.record));
+        instruments.push_back(boost::make_shared<InstrumentName>(listed));
     }
-    const auto name = [](const Instrument& each) { return std::tie(each->market, each->code); };
     std::sort(instruments.begin(), instruments.end(),
-              [&](const Instrument& one, const Instrument& other) { return name(one) < name(other); });
+              [](const Instrument& one, const Instrument& other) { return placeOf(*one) < placeOf(*other); });
     markets = askedMarketsOf(instruments);
     for (const Instrument& instrument : instruments) {
         byFoldedCode[instrument->foldedCode].push_back(instrument);
         byFoldedName[instrument->foldedName].push_back(instrument);
     }
+}
+
+bool InstrumentNames::areIn(const standalone::Lists& lists, const std::string& market, const std::string& code) const {
+    const auto wanted = std::tie(market, code);
+    auto found = std::lower_bound(instruments.begin(), instruments.end(), wanted,
+                                  [](const Instrument& one, const auto& place) { return placeOf(*one) < place; });
+    while (found != instruments.end() && placeOf(**found) == wanted && !lists.overlap((*found)->lists)) {
+        ++found;
+    }
+    return found != instruments.end() && placeOf(**found) == wanted;
 }
 
 const Instruments& InstrumentNames::under(const Index& index, const std::string& key) {

@@ -7,6 +7,7 @@
 
 #include "feedesk/instrument_text.h"
 #include "feedesk/provenance.h"
+#include "standalone/families.h"
 #include "standalone/market.h"
 
 namespace feedesk {
@@ -33,6 +34,9 @@ public:
 
     /// Why find() finds nothing, and what may be meant, in one sentence. Compares the text with every instrument.
     [[nodiscard]] std::string problem(const std::string& text, bool connect) const;
+
+    /// Whether one of the lists has an instrument of this market and code.
+    [[nodiscard]] bool areIn(const standalone::Lists& lists, const std::string& market, const std::string& code) const;
 
 private:
     using Index = boost::unordered_map<std::string, Instruments>;

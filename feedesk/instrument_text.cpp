@@ -9,12 +9,13 @@
 
 namespace feedesk {
 
-InstrumentName::InstrumentName(const qmservice::CInstrument& instrument)
-    : market(instrument.market),
-      code(instrument.code),
-      name(instrument.name),
+InstrumentName::InstrumentName(const standalone::ListedInstrument& listed)
+    : market(listed.record->market),
+      code(listed.record->code),
+      name(listed.record->name),
       foldedCode(folded(code)),
-      foldedName(folded(name)) {}
+      foldedName(folded(name)),
+      lists{listed.listMask, listed.types} {}
 
 std::string instrumentText(const std::string& market, const std::string& code) { return market + ":" + code; }
 

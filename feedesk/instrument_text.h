@@ -5,19 +5,20 @@
 #include <string>
 #include <vector>
 
-#include "host/records.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 
 /// What a person may call an instrument by, ready to be compared with many texts.
 struct InstrumentName {
-    explicit InstrumentName(const qmservice::CInstrument& instrument);
+    explicit InstrumentName(const standalone::ListedInstrument& listed);
 
     std::string market;
     std::string code;
     std::string name;
     std::string foldedCode;  ///< folding.h
     std::string foldedName;
+    standalone::Lists lists;  ///< that it is in
 };
 
 using Instrument = boost::shared_ptr<const InstrumentName>;

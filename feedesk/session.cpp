@@ -150,6 +150,9 @@ void Session::feedOnce(IntervalCenter& center, const Account& account) {
 
 Replies Session::fees(const Account& account, const std::vector<Question>& questions) {
     requireCovered(account);
+    for (const Question& question : questions) {
+        throwUncovered(days.coverage().refusal(askedDay, question.market));
+    }
     IntervalCenter& center = installed(askedDay);
     feedOnce(center, account);
     IntervalCenter::Fees fees;

@@ -21,4 +21,11 @@ std::string Coverage::refusal(cost::Date day, cost::Family family) const {
     return refusalOf(day, of(family), fmt::format("the folder's schedules of family {}", cost::wordFor(family)));
 }
 
+std::string Coverage::refusal(cost::Date day, const std::string& market) const {
+    const auto known = marketDays.find(market);
+    return known == marketDays.end()
+               ? std::string()
+               : refusalOf(day, known->second, fmt::format("the folder's schedules of market {}", market));
+}
+
 }  // namespace standalone

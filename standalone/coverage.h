@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <map>
 #include <string>
 
 #include "cost/date.h"
@@ -15,6 +16,8 @@ struct Coverage {
     cost::DateRange days;  ///< of the folder
     /// By cost::Family; no wider than those of the folder.
     std::array<cost::DateRange, cost::kWords<cost::Family>.size()> familyDays;
+    /// Of the markets that have days of their own, such as one that opened later; no wider than those of the folder.
+    std::map<std::string, cost::DateRange> marketDays;
 
     [[nodiscard]] const cost::DateRange& of(cost::Family family) const {
         return familyDays[static_cast<std::size_t>(family)];
@@ -24,6 +27,8 @@ struct Coverage {
     [[nodiscard]] std::string refusal(cost::Date day) const;
     /// The same for the schedules of one family.
     [[nodiscard]] std::string refusal(cost::Date day, cost::Family family) const;
+    /// The same for the schedules of one market, by the market string of the records.
+    [[nodiscard]] std::string refusal(cost::Date day, const std::string& market) const;
 };
 
 }  // namespace standalone

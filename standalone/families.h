@@ -17,8 +17,11 @@ struct Lists {
     int listMask = 0;  ///< bits of qmservice::InstrumentList
     int types = 0;     ///< bits of qmservice::InstrumentType
 
+    [[nodiscard]] constexpr bool overlap(const Lists& others) const {
+        return (others.listMask & listMask) != 0 || (others.types & types) != 0;
+    }
     [[nodiscard]] constexpr bool hold(const ListedInstrument& instrument) const {
-        return (instrument.listMask & listMask) != 0 || (instrument.types & types) != 0;
+        return overlap({instrument.listMask, instrument.types});
     }
 };
 

@@ -7,6 +7,7 @@
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/cost_arguments.h"
 #include "feedesk/commands/cost_totals.h"
+#include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/text.h"
 
@@ -14,17 +15,26 @@ namespace feedesk {
 namespace {
 
 /// An option with an exact number above 0.
-void addNumber(CLI::App& command, const std::string& name, std::optional<cost::Decimal>& number,
-               const std::string& help) {
+CLI::Option* addNumber(CLI::App& command, const std::string& name, std::optional<cost::Decimal>& number,
+                       const std::string& help) {
     const auto problem = [](const std::string& text) {
         const auto read = cost::Decimal::parse(text);
         return read && *read > cost::Decimal() ? "" : fmt::format("{} is not a plain number above 0", echoed(text));
     };
-    command
+    return command
         .add_option_function<std::string>(
             name, [&number](const std::string& text) { number = cost::Decimal::parse(text); }, help)
         ->check(CLI::Validator(problem, ""))
         ->type_name("N");
+}
+
+/// Digits beyond these are no rate of exchange, and would make amounts too long to calculate with.
+std::string exchangeRateProblem(const std::string& text) {
+    static const cost::Decimal step = *cost::Decimal::parse("0.0000000001");
+    static const cost::Decimal end(1'000'000);
+    const auto rate = cost::Decimal::parse(text);
+    const bool isTooLong = rate && (*rate >= end || rate->quotient(step, cost::RoundingMode::kDown) * step != *rate);
+    return isTooLong ? fmt::format("{} has more than 6 digits before the point or 10 behind it", echoed(text)) : "";
 }
 
 void refuse(bool wrong, const char* sentence) {
@@ -70,7 +80,8 @@ void addCost(CLI::App& app, Program& program) {
     command->add_flag("--break-even", arguments.breakEven,
                       "With a purchase or opening: the price that\npays for both sides, and what closing costs");
     addNumber(*command, "--exchange-rate", arguments.exchangeRate,
-              "Yuan for one unit of another currency:\namounts are converted at the end");
+              "Yuan for one unit of another currency:\namounts are converted at the end")
+        ->check(CLI::Validator(exchangeRateProblem, ""));
     command->add_option("--trades", arguments.file, "The trades of this file, or - for standard\ninput")
         ->type_name("FILE");
     command
@@ -84,7 +95,7 @@ void addCost(CLI::App& app, Program& program) {
         ->type_name("BY");
     command->add_flag("--keep-going", arguments.keepGoing, "Of a file: pass over wrong lines, then status 1");
     command->add_flag("--unsorted", arguments.unsorted, "Of a file: sort the trades by day first");
-    addFormatOptions(*command, program);
+    addFeeOptions(*command, program);
 }
 
 }  // namespace feedesk

@@ -27,8 +27,8 @@ cost::Side closingSide(cost::Side opening) {
         case cost::Side::kOpenShort:
             return cost::Side::kCloseShort;
         default:
-            throw cost::Refused(fmt::format("--break-even is asked of what opens a position, and the side is {}",
-                                            cost::wordFor(opening)));
+            throw cost::WrongTrade(fmt::format("--break-even is asked of what opens a position, and the side is {}",
+                                               cost::wordFor(opening)));
     }
 }
 

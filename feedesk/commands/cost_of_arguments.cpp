@@ -1,8 +1,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
+#include "cost/day.h"
 #include "cost/refused.h"
 #include "feedesk/commands/cost_arguments.h"
 #include "feedesk/commands/cost_backwards.h"
@@ -22,13 +24,15 @@ using Trades = std::vector<ChargedTrade>;
 
 constexpr const char* kHowToAsk = "; ask as in: feedesk cost ACCOUNT INSTRUMENT buy 300@1488.50";
 
-/// What `calculate` gives; a refusal ends the command.
+/// What `calculate` gives; a refusal ends the command: a wrong trade is bad input, everything else no answer.
 template <class Calculate>
-auto orFail(ExitStatus status, const Calculate& calculate) {
+auto orFail(const Calculate& calculate) {
     try {
         return calculate();
+    } catch (const cost::WrongTrade& wrong) {
+        throw Failure(kBadInput, wrong.what());
     } catch (const cost::Refused& refused) {
-        throw Failure(status, refused.what());
+        throw Failure(kNoAnswer, refused.what());
     }
 }
 
@@ -36,7 +40,7 @@ cost::Trade tradeFrom(const std::string& side, const std::string& numbers, const
                       cost::Date date) {
     cost::Trade trade;
     trade.side = sideFrom(side);
-    readQuantityAndPrice(numbers, trade);
+    readQuantityAndPrice(numbers, arguments.cash.has_value(), trade);
     trade.hedgeFlag = hedgeFlagFrom(arguments.hedge);
     trade.date = date;
     return trade;
@@ -47,7 +51,7 @@ std::vector<cost::Trade> tradesFrom(const CostArguments& arguments, cost::Date d
     if (words.empty() || words.size() % 2 != 0) {
         throw Failure(kBadInput, std::string("a trade is two words, its side and its quantity and price") + kHowToAsk);
     }
-    return orFail(kBadInput, [&] {
+    return orFail([&] {
         std::vector<cost::Trade> trades;
         for (std::size_t i = 0; i < words.size(); i += 2) {
             trades.push_back(tradeFrom(words[i], words[i + 1], arguments, date));
@@ -69,6 +73,15 @@ Question instrumentOf(const Session& session, const standalone::Account& account
     return found.front();
 }
 
+/// A hedge flag chooses a margin, and only futures have one.
+void refuseForeignHedge(const cost::Tariff& tariff, const CostArguments& arguments) {
+    const cost::Place& place = tariff.place();
+    if (!arguments.hedge.empty() && place.family != cost::Family::kFutures) {
+        throw Failure(kBadInput, fmt::format("--hedge is for futures, and {} is charged as {}; leave it out",
+                                             place.instrument(), cost::wordFor(place.family)));
+    }
+}
+
 /// "sell 100 SH:601668 中国建筑 at 5.02 on 2021-03-04"
 std::string tradeText(const ChargedTrade& charged, const Answer& answer) {
     return fmt::format("{} {} {} {}{}{} on {}", charged.side, charged.quantity,
@@ -82,18 +95,28 @@ std::string levelAndSource(const cost::MarginRate& rate) {
 
 std::string marginText(const ChargedTrade& charged) {
     const auto& margin = charged.bill.margin;
-    return !margin ? ""
-                   : fmt::format("; margin {} {} ({}; {})", margin->amount.text(2), charged.bill.currency,
-                                 cost::kMarginLabel, levelAndSource(*margin->rate));
+    if (margin) {
+        return fmt::format("; margin {} {} ({}; {})", margin->amount.text(2), charged.bill.currency, cost::kMarginLabel,
+                           levelAndSource(*margin->rate));
+    }
+    return charged.lacksMargin() ? fmt::format("; margin not known: the answer has no rate for {}", charged.hedge) : "";
+}
+
+/// "the account pays 5.00 CNY"
+std::string movedText(const cost::Bill& bill) {
+    if (bill.net.isZero()) {
+        return "nothing moves on the account";
+    }
+    const cost::Decimal moved = bill.net.isNegative() ? -bill.net : bill.net;
+    return fmt::format("the account {} {} {}", bill.net.isNegative() ? "pays" : "receives", moved.text(2),
+                       bill.currency);
 }
 
 /// What the trade moves on the account.
 std::string totalText(const ChargedTrade& charged) {
     const cost::Bill& bill = charged.bill;
-    const cost::Decimal moved = bill.net.isNegative() ? -bill.net : bill.net;
-    return fmt::format("turnover {}, costs {} {}; the account {} {} {}{}", charged.turnover, charged.costs,
-                       bill.currency, bill.net.isNegative() ? "pays" : "receives", moved.text(2), bill.currency,
-                       marginText(charged));
+    return fmt::format("turnover {}, costs {} {}; {}{}", charged.turnover, charged.costs, bill.currency,
+                       movedText(bill), marginText(charged));
 }
 
 std::vector<std::string> sums(const Trades& trades) {
@@ -128,9 +151,11 @@ void askBackwards(AskedTrades& asked, const Charged& charged, const CostArgument
         const Tick tick =
             tickOf(*charged.answer.instrument, numbers.substr(std::min(numbers.find('@') + 1, numbers.size() - 1)));
         const cost::Trade closing = breakEven(asked.trades.front(), charged.tariff, tick);
-        asked.sentences.push_back(fmt::format("Break-even: {} at {} or {} (tick {}, {})", cost::wordFor(closing.side),
-                                              closing.price.text(), cost::isShort(closing.side) ? "lower" : "higher",
-                                              tick.step.text(), tick.reason));
+        const bool mayCloseToday = charged.tariff.place().family == cost::Family::kFutures;
+        asked.sentences.push_back(
+            fmt::format("Break-even: {} at {} or {} (tick {}, {}){}", cost::wordFor(closing.side), closing.price.text(),
+                        cost::isShort(closing.side) ? "lower" : "higher", tick.step.text(), tick.reason,
+                        mayCloseToday ? "; closing on the day of opening may be charged otherwise" : ""));
         asked.trades.push_back(closing);
     }
 }
@@ -143,16 +168,25 @@ std::string cashText(const cost::Decimal& cash, const ChargedTrade& charged) {
                        (cash - needed).text(2));
 }
 
+/// The trades of one day together, each an order of its own, as those of a file without order numbers.
 Trades charge(const AskedTrades& asked, const cost::Tariff& tariff, const CostArguments& arguments) {
-    Trades trades;
+    cost::Day day(asked.trades.front().date);
     for (const cost::Trade& trade : asked.trades) {
-        trades.emplace_back(trades.size() + 1, trade, exchanged(cost::costOf(trade, tariff), arguments));
+        day.add(trade, tariff);
+    }
+    std::vector<std::size_t> numbers(asked.trades.size());
+    std::iota(numbers.begin(), numbers.end(), 1);
+    Trades trades;
+    for (cost::Bill& bill : day.bills()) {
+        const std::size_t index = trades.size();
+        trades.emplace_back(numbers[index], asked.trades[index], exchanged(std::move(bill), arguments), numbers);
     }
     return trades;
 }
 
-void answerTrades(Program& program, const Session& session, const standalone::Account& account, const Charged& charged,
-                  const Trades& trades, const std::vector<std::string>& sentences) {
+ExitStatus answerTrades(Program& program, const Session& session, const standalone::Account& account,
+                        const Charged& charged, const Trades& trades, const std::vector<std::string>& sentences) {
+    const std::string warning = markedSentence({charged.answer});
     const ItemFields fields = titledItemFields(session.market());
     Sections sections;
     for (const ChargedTrade& trade : trades) {
@@ -163,11 +197,12 @@ void answerTrades(Program& program, const Session& session, const standalone::Ac
         for (std::size_t i = 0; i < trades.size(); ++i) {
             giveItems(trades[i], fields, i, sink);
         }
-        Remarks remarks{accountHeading(account), unlistedNotes(account, {charged.answer}, session.market()),
-                        markedSentence({charged.answer}), sums(trades)};
+        Remarks remarks{accountHeading(account), unlistedNotes(account, {charged.answer}, session.market()), warning,
+                        sums(trades)};
         remarks.footing.insert(remarks.footing.end(), sentences.begin(), sentences.end());
         return remarks;
     });
+    return program.strict && !warning.empty() ? kNoAnswer : kAnswered;
 }
 
 }  // namespace
@@ -180,9 +215,9 @@ ExitStatus costOfArguments(Program& program, const CostArguments& arguments) {
     const standalone::Account& account = session.account(arguments.account);
     AskedTrades asked{tradesFrom(arguments, session.day()), {}};
     const Question instrument = instrumentOf(session, account, arguments.instrument);
-    const Charged charged =
-        orFail(kNoAnswer, [&] { return chargedOn(session, session.day(), arguments.account, instrument); });
-    const Trades trades = orFail(kNoAnswer, [&] {
+    const Charged charged = orFail([&] { return chargedOn(session, session.day(), arguments.account, instrument); });
+    refuseForeignHedge(charged.tariff, arguments);
+    const Trades trades = orFail([&] {
         askBackwards(asked, charged, arguments);
         Trades costs = charge(asked, charged.tariff, arguments);
         if (arguments.cash) {
@@ -190,8 +225,7 @@ ExitStatus costOfArguments(Program& program, const CostArguments& arguments) {
         }
         return costs;
     });
-    answerTrades(program, session, account, charged, trades, asked.sentences);
-    return kAnswered;
+    return answerTrades(program, session, account, charged, trades, asked.sentences);
 }
 
 }  // namespace feedesk

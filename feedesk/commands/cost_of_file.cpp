@@ -2,11 +2,14 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <iterator>
+#include <map>
 #include <optional>
 #include <utility>
 
 #include "cost/refused.h"
 #include "feedesk/commands/cost_arguments.h"
+#include "feedesk/commands/cost_marks.h"
 #include "feedesk/commands/cost_rows.h"
 #include "feedesk/commands/cost_totals.h"
 #include "feedesk/messages.h"
@@ -84,32 +87,70 @@ private:
 /// Tells wrong lines, so many that a person reads them; beyond them they are only counted.
 class WrongLines {
 public:
-    explicit WrongLines(std::string fileName, ExitStatus statusThatFollows)
-        : file(std::move(fileName)), status(statusThatFollows) {}
+    /// `sorted`: the lines do not come in the order of the file, and are held until tellHeld().
+    WrongLines(std::string fileName, ExitStatus statusThatFollows, bool sorted)
+        : file(std::move(fileName)), status(statusThatFollows), holds(sorted) {}
 
     void tell(const TradeLine& line, const std::string& sentence) {
-        if (++count <= kMostWrongLines) {
-            tellProblem(InputLine{file, line.line}, sentence, status);
+        ++count;
+        if (holds) {
+            hold(line.line, sentence);
+        } else if (count <= kMostWrongLines) {
+            tellLine(line.line, sentence);
         }
     }
 
-    [[nodiscard]] std::size_t number() const { return count; }
+    void tellHeld() {
+        for (const auto& [line, sentence] : std::exchange(held, {})) {
+            tellLine(line, sentence);
+        }
+    }
+
+    /// A day whose trades cannot be charged together.
+    void tellDay(cost::Date day, std::size_t trades, const std::string& sentence) {
+        tellProblem(
+            fmt::format("{}: {} of {} cannot be charged: {}", file, counted(trades, "trade"), day.text(), sentence),
+            status);
+        ofDays += trades;
+    }
+
+    [[nodiscard]] std::size_t number() const { return count + ofDays; }
     /// "3 wrong lines", and how many of them were told where that is not all.
     [[nodiscard]] std::string text() const {
-        return counted(count, "wrong line") +
+        return counted(number(), "wrong line") +
                (count > kMostWrongLines ? fmt::format(", of which {} are told", kMostWrongLines) : "");
     }
 
 private:
+    void tellLine(std::size_t line, const std::string& sentence) const {
+        tellProblem(InputLine{file, line}, sentence, status);
+    }
+
+    /// Keeps the first of the file.
+    void hold(std::size_t line, const std::string& sentence) {
+        held.emplace(line, sentence);
+        if (held.size() > kMostWrongLines) {
+            held.erase(std::prev(held.end()));
+        }
+    }
+
     std::string file;
     ExitStatus status;
+    bool holds;
+    std::map<std::size_t, std::string> held;  // by line
     std::size_t count = 0;
+    std::size_t ofDays = 0;
 };
 
 /// Charges all trades of the file; how many there are.
+template <class TakeDay>
 std::size_t charge(TradeFile& file, Tariffs& tariffs, const CostArguments& arguments, WrongLines& wrong,
-                   const TradeDays::TakeDay& takeDay) {
-    TradeDays days(tariffs, arguments.account, arguments.hedge, takeDay);
+                   const TakeDay& takeDay) {
+    TradeDays days(tariffs, arguments.account, arguments.hedge,
+                   {[&](cost::Bill bill) { return exchanged(std::move(bill), arguments); }, takeDay,
+                    [&](cost::Date day, std::size_t trades, const std::string& sentence) {
+                        wrong.tellDay(day, trades, sentence);
+                    }});
     std::size_t count = 0;
     file.forEach([&](const TradeLine& line) {
         ++count;
@@ -120,12 +161,13 @@ std::size_t charge(TradeFile& file, Tariffs& tariffs, const CostArguments& argum
         }
     });
     days.finish();
+    wrong.tellHeld();
     return count;
 }
 
 void refuseWrongLines(TradeFile& file, Tariffs& tariffs, const CostArguments& arguments) {
     const Progress progress("checking the trades of " + file.name());
-    WrongLines wrong(file.name(), kBadInput);
+    WrongLines wrong(file.name(), kBadInput, arguments.unsorted);
     charge(file, tariffs, arguments, wrong, [](const auto& /*trades*/, const auto& /*bills*/) {});
     if (wrong.number() > 0) {
         throw Failure(kBadInput, wrong.text() + "; nothing was answered: --keep-going answers the others");
@@ -143,9 +185,12 @@ public:
     }
 
     void giveDay(std::vector<NumberedTrade> trades, std::vector<cost::Bill> bills, RowSink& sink) {
+        std::vector<std::size_t> numbers;
+        std::transform(trades.begin(), trades.end(), std::back_inserter(numbers),
+                       [](const NumberedTrade& each) { return each.number; });
         for (std::size_t i = 0; i < trades.size(); ++i) {
-            const ChargedTrade charged(trades[i].number, std::move(trades[i].trade),
-                                       exchanged(std::move(bills[i]), arguments));
+            const ChargedTrade charged(numbers[i], std::move(trades[i].trade), std::move(bills[i]), numbers);
+            marked.add(charged);
             if (arguments.totals.empty()) {
                 giveItems(charged, items, 0, sink);
             } else {
@@ -157,8 +202,12 @@ public:
 
     void giveRest(RowSink& sink) { totals.giveAtEnd(sums, sink); }
 
+    /// How many trades were charged at rates that nobody agreed on; empty when none was.
+    [[nodiscard]] std::string warning() const { return marked.sentence(); }
+
 private:
     const CostArguments& arguments;
+    MarkedTrades marked;
     Totals totals;
     ItemFields items;
     FieldsOf<Total> sums;
@@ -185,7 +234,7 @@ ExitStatus costOfFile(Program& program, const CostArguments& arguments) {
     if (!arguments.keepGoing) {
         refuseWrongLines(file, tariffs, arguments);
     }
-    WrongLines wrong(file.name(), kNoAnswer);
+    WrongLines wrong(file.name(), kNoAnswer, arguments.unsorted);
     std::size_t count = 0;
     Answering answering(arguments);
     program.answer(session, {answering.section()}, [&](RowSink& sink) {
@@ -195,10 +244,10 @@ ExitStatus costOfFile(Program& program, const CostArguments& arguments) {
         count = charge(file, tariffs, arguments, wrong,
                        [&](auto trades, auto bills) { answering.giveDay(std::move(trades), std::move(bills), sink); });
         answering.giveRest(sink);
-        return Remarks();
+        return Remarks{"", {}, answering.warning()};
     });
     if (wrong.number() == 0) {
-        return kAnswered;
+        return program.strict && !answering.warning().empty() ? kNoAnswer : kAnswered;
     }
     tellProblem(fmt::format("{} of {} trades {} not answered", grouped(wrong.number()), grouped(count),
                             wrong.number() == 1 ? "is" : "are"));

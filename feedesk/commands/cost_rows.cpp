@@ -72,6 +72,11 @@ std::string basisText(const cost::Item& item) {
     return item.basis.text(item.term->basis == cost::Basis::kTurnover ? kMoneyDecimals : 0);
 }
 
+/// Why a trade has no item.
+std::string whyNothing(const ChargedTrade& charged) {
+    return charged.chargedWith.empty() ? "none: its rates are 0" : "none: charged with trade " + charged.chargedWith;
+}
+
 /// A fraction of turnover as percent, everything else as it is.
 std::string rateText(const cost::Item& item) {
     return item.term->basis == cost::Basis::kTurnover ? (item.value * cost::Decimal(100)).text() + "%"
@@ -80,7 +85,8 @@ std::string rateText(const cost::Item& item) {
 
 }  // namespace
 
-ChargedTrade::ChargedTrade(std::size_t tradeNumber, cost::Trade chargedTrade, cost::Bill tradeBill)
+ChargedTrade::ChargedTrade(std::size_t tradeNumber, cost::Trade chargedTrade, cost::Bill tradeBill,
+                           const std::vector<std::size_t>& numbersOfDay)
     : number(tradeNumber),
       trade(std::move(chargedTrade)),
       bill(std::move(tradeBill)),
@@ -91,7 +97,15 @@ ChargedTrade::ChargedTrade(std::size_t tradeNumber, cost::Trade chargedTrade, co
       price(trade.price.isZero() ? "" : trade.price.text()),
       turnover(bill.turnover.text(kMoneyDecimals)),
       costs(bill.costs.text(kMoneyDecimals)),
-      net(bill.net.text(kMoneyDecimals)) {}
+      net(bill.net.text(kMoneyDecimals)) {
+    for (const std::size_t index : bill.sharedWith) {
+        chargedWith += (chargedWith.empty() ? "" : " ") + std::to_string(numbersOfDay.at(index));
+    }
+}
+
+bool ChargedTrade::lacksMargin() const {
+    return bill.tariff.place().family == cost::Family::kFutures && cost::isOpening(trade.side) && !bill.margin;
+}
 
 ItemFields itemFields() {
     return {
@@ -121,6 +135,7 @@ ItemFields itemFields() {
         {forPrograms("costs"), [](const ItemRow& row) { return money(row.charged.costs); }},
         {forPrograms("net"), [](const ItemRow& row) { return money(row.charged.net); }},
         {forPrograms("margin"), marginOf},
+        {forPrograms("charged_with"), [](const ItemRow& row) { return textOrNothing(row.charged.chargedWith); }},
     };
 }
 
@@ -131,8 +146,9 @@ ItemFields titledItemFields(const standalone::Market& market) {
                             [&](const FieldOf<ItemRow>& each) { return each.field.name == name; });
     };
     const auto title = [&market](const cost::Term& term) { return titleOf(term, market); };
-    fields.insert(before("basis"),
-                  {forPeople("Charge"), ofItem([title](const cost::Item& item) { return title(*item.term); })});
+    fields.insert(before("basis"), {forPeople("Charge"), [title](const ItemRow& row) {
+                                        return row.item == nullptr ? whyNothing(row.charged) : title(*row.item->term);
+                                    }});
     fields.insert(before("amount"), {Field{"", "Rate", Unit::kNumber}, ofItem(rateText)});
     fields.insert(before("currency"),
                   {forPeople("Inside").when(WhenZero::kLeftOut), ofItem([title](const cost::Item& item) {

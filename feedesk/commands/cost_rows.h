@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "cost/bill.h"
 #include "feedesk/rows/rows.h"
@@ -12,7 +13,12 @@ namespace feedesk {
 
 /// A trade and what it costs. The texts are those of its rows, made once for all of them.
 struct ChargedTrade {
-    ChargedTrade(std::size_t tradeNumber, cost::Trade chargedTrade, cost::Bill tradeBill);
+    /// `numbersOfDay`: the numbers of the trades that Bill::sharedWith speaks of.
+    ChargedTrade(std::size_t tradeNumber, cost::Trade chargedTrade, cost::Bill tradeBill,
+                 const std::vector<std::size_t>& numbersOfDay);
+
+    /// Whether it opens futures and the answer has no margin rates of its hedge flag.
+    [[nodiscard]] bool lacksMargin() const;
 
     std::size_t number;  ///< from 1
     cost::Trade trade;
@@ -25,6 +31,7 @@ struct ChargedTrade {
     std::string turnover;
     std::string costs;
     std::string net;
+    std::string chargedWith;  ///< "3", "1 3": numbers of the trades that show the charges which this one shares
 };
 
 /// An item of a trade; a trade without one has a row too, so that it is not overlooked.

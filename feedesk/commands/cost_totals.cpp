@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 #include <utility>
+
+#include "feedesk/failure.h"
 
 namespace feedesk {
 namespace {
@@ -87,10 +90,15 @@ void Totals::add(const ChargedTrade& charged) {
         totals.push_back(std::move(empty));
     }
     Total& total = totals[place];
-    ++total.trades;
-    total.turnover += charged.bill.turnover;
-    total.costs += charged.bill.costs;
-    total.net += charged.bill.net;
+    try {
+        ++total.trades;
+        total.turnover += charged.bill.turnover;
+        total.costs += charged.bill.costs;
+        total.net += charged.bill.net;
+    } catch (const std::overflow_error&) {
+        throw Failure(kNoAnswer, fmt::format("with trade {} of {} the totals are too large to calculate with",
+                                             charged.number, charged.date));
+    }
 }
 
 void Totals::giveAfterDay(const FieldsOf<Total>& fields, RowSink& sink) {

@@ -30,8 +30,14 @@ private:
     std::map<std::string, std::size_t> numbers;
 };
 
-/// With the sources in columns or, where there are notes, numbered behind the last text of each row.
+/// With the sources in columns or, where there are notes, numbered behind the last text of each row. Sources of several
+/// columns are told apart by their titles.
 TextTable textTable(const ShownColumns& columns, const std::vector<Row>& rows, SourceNotes* notes) {
+    const auto isSource = [](const ShownColumn& column) { return column.isSource; };
+    const bool needsLabels = std::count_if(columns.shown.begin(), columns.shown.end(), isSource) > 1;
+    const auto label = [&](const ShownColumn& column) {
+        return needsLabels ? column.fields.front().title + " " : std::string();
+    };
     TextTable table;
     for (const ShownColumn& column : columns.shown) {
         if (notes == nullptr || !column.isSource) {
@@ -47,7 +53,7 @@ TextTable textTable(const ShownColumns& columns, const std::vector<Row>& rows, S
             if (notes == nullptr || !column.isSource) {
                 made.cells.push_back(std::move(cell));
             } else if (!cell.empty()) {
-                made.cells.back().push_back(notes->mark(cell.front()));
+                made.cells.back().push_back(notes->mark(label(column) + cell.front()));
             }
         }
         if (!made.heading.empty()) {

@@ -84,18 +84,10 @@ cost::Contract contractOf(const qmservice::CInstrumentFee& fee) {
     return {decimal(fee.instrument->volumeMultiple), least, least};
 }
 
-}  // namespace
-
-namespace {
-
 /// A fee center answers for instruments that none of the family's lists holds, and the charging terms are not for them.
-void refuseUnlisted(const standalone::Market& market, const cost::Place& place) {
+void refuseUnlisted(const InstrumentNames& instruments, const cost::Place& place) {
     const standalone::RateFamily& rates = standalone::ratesOf(place.family);
-    const bool isListed =
-        std::any_of(market.instruments.begin(), market.instruments.end(), [&](const standalone::ListedInstrument& one) {
-            return rates.lists.hold(one) && one.record->market == place.market && one.record->code == place.code;
-        });
-    if (!isListed) {
+    if (!instruments.areIn(rates.lists, place.market, place.code)) {
         throw Refused(
             fmt::format("{} is in no list of {} instruments, and {} is answered with their rates; ask with an "
                         "account that trades it",
@@ -114,14 +106,16 @@ Charged answered(Session& session, cost::Date date, const std::string& account, 
     cost::Rates rates = ratesOf(dated, family);
     const qmservice::CInstrument& instrument = *dated.fee->instrument;
     const cost::Place place{family, account, instrument.market, instrument.code, instrument.productId};
-    refuseUnlisted(*dated.market, place);
+    refuseUnlisted(session.instruments(), place);
     return {cost::Tariff(place, contractOf(*dated.fee), std::move(rates),
                          session.folder().schedule().termsFor(place, date)),
             std::move(dated.answer)};
 }
 
 void refuseUncovered(const Session& session, cost::Date date, const cost::Tariff& tariff) {
-    refuse(session.folder().coverage().refusal(date, tariff.place().family));
+    const standalone::Coverage& coverage = session.folder().coverage();
+    refuse(coverage.refusal(date, tariff.place().family));
+    refuse(coverage.refusal(date, tariff.place().market));
 }
 
 }  // namespace

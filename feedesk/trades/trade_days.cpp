@@ -2,10 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "cost/refused.h"
-#include "feedesk/failure.h"
 #include "feedesk/trades/trade_words.h"
 
 namespace feedesk {
@@ -34,6 +34,16 @@ const std::string& accountOf(const TradeLine& line, const std::string& given) {
                         named, given));
     }
     return given;
+}
+
+constexpr char kUsualHedge = '1';
+
+/// Some systems write 1 behind every trade. Another flag would choose a margin, which only futures have.
+void refuseForeignHedge(const TradeLine& line, const cost::Trade& trade, const cost::Place& place) {
+    if (!line.of(TradeColumn::kHedge).empty() && trade.hedgeFlag != kUsualHedge) {
+        throw Refused(fmt::format("the hedge flag is {}, and {} is charged as {}, which has none; leave it empty",
+                                  hedgeName(trade.hedgeFlag), place.instrument(), cost::wordFor(place.family)));
+    }
 }
 
 }  // namespace
@@ -68,9 +78,13 @@ void TradeDays::add(const TradeLine& line) {
     if (beginsDay) {
         tariffs.forgetMany();
     }
-    const cost::Trade trade = tradeFrom(line, date);
+    cost::Trade trade = tradeFrom(line, date);
     const cost::Tariff& tariff = tariffs.on(date, accountOf(line, givenAccount), filled(line, TradeColumn::kMarket),
                                             filled(line, TradeColumn::kCode));
+    if (tariff.place().family != cost::Family::kFutures) {
+        refuseForeignHedge(line, trade, tariff.place());
+        trade.hedgeFlag = kUsualHedge;
+    }
     if (beginsDay) {
         cost::Day next(date);
         next.add(trade, tariff);
@@ -86,14 +100,19 @@ void TradeDays::finish() {
     if (!day) {
         return;
     }
+    const cost::Day finished = std::move(*day);
+    day.reset();
+    std::vector<NumberedTrade> ofDay = std::exchange(trades, {});
     std::vector<cost::Bill> bills;
     try {
-        bills = day->bills();
+        bills = finished.bills();
+        std::transform(bills.begin(), bills.end(), bills.begin(),
+                       [&](cost::Bill& bill) { return receiver.convert(std::move(bill)); });
     } catch (const Refused& refused) {
-        throw Failure(kBadInput, fmt::format("of the trades of {} {}", day->date().text(), refused.what()));
+        receiver.refuse(finished.date(), ofDay.size(), refused.what());
+        return;
     }
-    day.reset();
-    takeDay(std::exchange(trades, {}), std::move(bills));
+    receiver.take(std::move(ofDay), std::move(bills));
 }
 
 }  // namespace feedesk

@@ -22,15 +22,22 @@ struct NumberedTrade {
 /// Charges the trades of a file day by day: holds those of one day and no more. One thread.
 class TradeDays {
 public:
-    /// Takes the trades of a day, in the order in which they came, with a bill for each.
-    using TakeDay = std::function<void(std::vector<NumberedTrade>, std::vector<cost::Bill>)>;
+    /// What becomes of the days.
+    struct Receiver {
+        /// Puts a bill into the currency that is asked for; may throw cost::Refused.
+        std::function<cost::Bill(cost::Bill)> convert;
+        /// Takes the trades of a day, in the order in which they came, with a converted bill for each.
+        std::function<void(std::vector<NumberedTrade>, std::vector<cost::Bill>)> take;
+        /// Takes what is wrong with a day as a whole, and how many trades are not answered for it.
+        std::function<void(cost::Date, std::size_t trades, const std::string& sentence)> refuse;
+    };
 
     /// `account` and `hedge` are those of lines that name none.
-    TradeDays(Tariffs& usedTariffs, std::string account, std::string hedge, TakeDay takeFinishedDay)
+    TradeDays(Tariffs& usedTariffs, std::string account, std::string hedge, Receiver receiverOfDays)
         : tariffs(usedTariffs),
           givenAccount(std::move(account)),
           givenHedge(std::move(hedge)),
-          takeDay(std::move(takeFinishedDay)) {}
+          receiver(std::move(receiverOfDays)) {}
 
     /// Adds a trade; the first one of a later day finishes the day before. Throws cost::Refused, in a sentence without
     /// the line's place, for a line that is no trade that can be charged; it is passed over then.
@@ -45,7 +52,7 @@ private:
     Tariffs& tariffs;
     std::string givenAccount;
     std::string givenHedge;
-    TakeDay takeDay;
+    Receiver receiver;
     std::optional<cost::Day> day;
     std::vector<NumberedTrade> trades;
 };

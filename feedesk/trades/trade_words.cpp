@@ -7,17 +7,22 @@
 
 #include "cost/refused.h"
 #include "feedesk/text.h"
+#include "standalone/text/wording.h"
 
 namespace feedesk {
 namespace {
 
-using cost::Refused;
 using cost::Side;
+using cost::WrongTrade;
 
 constexpr std::array<const char*, qmservice::kHedgeFlags.size()> kHedgeNames = {"speculation", "arbitrage", "hedging"};
 
-std::string withUnderscores(std::string text) {
-    std::replace(text.begin(), text.end(), '-', '_');
+/// "open_long" for "Open-Long".
+std::string wordFrom(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), [](char byte) {
+        const bool isCapital = byte >= 'A' && byte <= 'Z';
+        return byte == '-' ? '_' : isCapital ? static_cast<char>(byte - 'A' + 'a') : byte;
+    });
     return text;
 }
 
@@ -37,10 +42,10 @@ constexpr std::array<TwoWords, 6> kTwoWords = {{{"buy", "open", Side::kOpenLong}
 
 Side sideOfTwoWords(const std::string& side, const std::string& offset) {
     const auto* const found = std::find_if(kTwoWords.begin(), kTwoWords.end(), [&](const TwoWords& words) {
-        return words.side == side && words.offset == withUnderscores(offset);
+        return words.side == wordFrom(side) && words.offset == wordFrom(offset);
     });
     if (found == kTwoWords.end()) {
-        throw Refused(
+        throw WrongTrade(
             fmt::format("the side is {} and the offset {}; buy or sell was expected with open, close or "
                         "close_today, or one of both alone",
                         echoed(side), echoed(offset)));
@@ -51,8 +56,8 @@ Side sideOfTwoWords(const std::string& side, const std::string& offset) {
 cost::Decimal numberFrom(const char* what, const std::string& text) {
     const auto number = cost::Decimal::parse(text);
     if (!number) {
-        throw Refused(fmt::format("the {} is {}, and a plain number such as {} was expected, of at most 18 digits",
-                                  what, echoed(text), what[0] == 'q' ? "300" : "1488.50"));
+        throw WrongTrade(fmt::format("the {} is {}, and a plain number such as {} was expected, of at most 18 digits",
+                                     what, echoed(text), what[0] == 'q' ? "300" : "1488.50"));
     }
     return *number;
 }
@@ -64,9 +69,11 @@ Side sideFrom(const std::string& side, const std::string& offset) {
         return sideOfTwoWords(side, offset);
     }
     const std::string& word = side.empty() ? offset : side;
-    const auto found = cost::fromWord<Side>(withUnderscores(word));
+    const auto found = cost::fromWord<Side>(wordFrom(word));
     if (!found) {
-        throw Refused(fmt::format("the side is {}, and one of {} was expected", echoed(word), cost::allWords<Side>()));
+        throw WrongTrade(fmt::format(
+            "the side is {}, and one of {} was expected{}", echoed(word), cost::allWords<Side>(),
+            standalone::suggestion(wordFrom(word), {cost::kWords<Side>.begin(), cost::kWords<Side>.end()})));
     }
     return *found;
 }
@@ -77,11 +84,11 @@ char hedgeFlagFrom(const std::string& text) {
     }
     for (std::size_t i = 0; i < kHedgeNames.size(); ++i) {
         const char flag = static_cast<char>(qmservice::kHedgeFlags.at(i));
-        if (text == kHedgeNames[i] || text == std::string(1, flag)) {
+        if (wordFrom(text) == kHedgeNames[i] || text == std::string(1, flag)) {
             return flag;
         }
     }
-    throw Refused(
+    throw WrongTrade(
         fmt::format("the hedge flag is {}, and {} was expected", echoed(text), fmt::join(kHedgeNames, " or ")));
 }
 
@@ -98,18 +105,27 @@ cost::Date dateFrom(const std::string& text) {
     const auto written = cost::Date::parse(text);
     const auto date = written ? written : cost::Date::parseCompact(text);
     if (!date) {
-        throw Refused(fmt::format("the date is {}, and a day such as 2023-08-28 was expected", echoed(text)));
+        throw WrongTrade(fmt::format("the date is {}, and a day such as 2023-08-28 was expected", echoed(text)));
     }
     return *date;
 }
 
-void readQuantityAndPrice(const std::string& text, cost::Trade& trade) {
+void readQuantityAndPrice(const std::string& text, bool asksQuantity, cost::Trade& trade) {
     const std::size_t at = std::min(text.find('@'), text.size());
+    const std::string price = text.substr(std::min(at + 1, text.size()));
+    const bool needsPrice = trade.side != Side::kExercise;
+    if (at == 0 && !asksQuantity) {
+        throw WrongTrade(fmt::format("{} has no quantity; write it in front, as in 300{}", echoed(text),
+                                     standalone::printable(text)));
+    }
+    if (price.empty() && needsPrice) {
+        throw WrongTrade(fmt::format("{} has no price; write it behind @, as in 300@1488.50", echoed(text)));
+    }
     if (at > 0) {
         trade.quantity = quantityFrom(text.substr(0, at));
     }
-    if (at < text.size()) {
-        trade.price = priceFrom(text.substr(at + 1));
+    if (!price.empty()) {
+        trade.price = priceFrom(price);
     }
 }
 

@@ -7,11 +7,11 @@
 
 namespace feedesk {
 
-// How people and files write the parts of a trade. What cannot be read is thrown as cost::Refused, in a sentence that
-// says what was found and what was expected.
+// How people and files write the parts of a trade. What cannot be read is thrown as cost::WrongTrade, in a sentence
+// that says what was found and what was expected.
 
-/// "buy", "open_long"; "open-long" is the same. Futures may be written in two words, "sell" and the offset "open",
-/// which is open_short; `offset` is empty where one word says it.
+/// "buy", "open_long"; "open-long" and "Open_Long" are the same. Futures may be written in two words, "sell" and the
+/// offset "open", which is open_short; `offset` is empty where one word says it.
 cost::Side sideFrom(const std::string& side, const std::string& offset = "");
 
 /// "speculation", "arbitrage", "hedging", or the flag itself, 1 to 3. Speculation where the text is empty.
@@ -25,8 +25,9 @@ cost::Decimal priceFrom(const std::string& text);
 /// "2023-08-28" or "20230828".
 cost::Date dateFrom(const std::string& text);
 
-/// "buy 300@1488.50" without its side: quantity and price. "3" has no price, "@1488.50" no quantity: 0 then.
-void readQuantityAndPrice(const std::string& text, cost::Trade& trade);
+/// "buy 300@1488.50" without its side, which the trade has: quantity and price. "3" has no price, which an exercise may
+/// do without, "@1488.50" no quantity, which may be what is asked for: 0 then.
+void readQuantityAndPrice(const std::string& text, bool asksQuantity, cost::Trade& trade);
 
 }  // namespace feedesk
 

@@ -9,6 +9,7 @@
 #include "cost/place.h"
 #include "standalone/charged_families.h"
 #include "standalone/loader/charge_columns.h"
+#include "standalone/loader/charge_ties.h"
 #include "standalone/loader/day_columns.h"
 #include "standalone/loader/lists.h"
 #include "standalone/loader/tables.h"
@@ -56,8 +57,10 @@ private:
     }
 
     void compareLines() {
-        for (const cost::TermFault& fault : cost::conflictsOf(load.terms)) {
-            report(positions[fault.term], "", fault.sentence);
+        for (const auto& faults : {cost::conflictsOf(load.terms), chargeTies(load)}) {
+            for (const cost::TermFault& fault : faults) {
+                report(positions[fault.term], "", fault.sentence);
+            }
         }
     }
 

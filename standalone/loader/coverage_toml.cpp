@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "standalone/loader/market_toml.h"
+#include "standalone/text/wording.h"
 
 namespace standalone::loader {
 namespace {
@@ -26,10 +27,10 @@ void refuseEmptyRange(TomlSection& section, cost::DateRange& days) {
     days = {};
 }
 
-/// The days of one family, which lie within those of the folder.
-void readFamilyDays(Load& load, const toml::table& table, const std::string& family, cost::DateRange& days) {
+/// The days of one family or market, which lie within those of the folder.
+void readNarrowerDays(Load& load, const toml::table& table, const std::string& name, cost::DateRange& days) {
     const cost::DateRange folderDays = days;
-    TomlSection section(table, "coverage." + family, kMarketFile, load.errors);
+    TomlSection section(table, "coverage." + name, kMarketFile, load.errors);
     readRange(section, days);
     section.refuseOtherKeys();
     refuseEmptyRange(section, days);
@@ -38,12 +39,30 @@ void readFamilyDays(Load& load, const toml::table& table, const std::string& fam
             return;
         }
         section.refuse(ErrorKind::kDays, key,
-                       fmt::format("holds {}, but the folder is covered {}; a family's days lie within; correct one "
+                       fmt::format("holds {}, but the folder is covered {}, and these days lie within; correct one "
                                    "of them",
                                    day->text(), folderDays.text()));
     };
     refuseWider("from", days.from);
     refuseWider("until", days.until);
+}
+
+void readMarketCoverage(Load& load, TomlSection& coverage) {
+    const toml::table* table = coverage.readTable("markets", KeyNeed::kOptional);
+    if (table == nullptr) {
+        return;
+    }
+    TomlSection markets(*table, "coverage.markets", kMarketFile, load.errors);
+    for (const std::string& name : markets.keys()) {
+        if (const toml::table* narrower = markets.readTable(name, KeyNeed::kNeeded)) {
+            cost::DateRange& days = load.coverage.marketDays[name] = load.coverage.days;
+            readNarrowerDays(load, *narrower, "markets." + name, days);
+        }
+        if (load.markets.complete && load.markets.known.count(name) == 0) {
+            markets.refuse(ErrorKind::kKeyValue, name,
+                           "is not a market of this file" + adviseOneOf(name, load.marketNames));
+        }
+    }
 }
 
 void readCoverage(Load& load, const toml::table& table) {
@@ -56,9 +75,10 @@ void readCoverage(Load& load, const toml::table& table) {
         known.familyDays[i] = known.days;
         const toml::table* narrower = coverage.readTable(family, KeyNeed::kOptional);
         if (narrower != nullptr) {
-            readFamilyDays(load, *narrower, family, known.familyDays[i]);
+            readNarrowerDays(load, *narrower, family, known.familyDays[i]);
         }
     }
+    readMarketCoverage(load, coverage);
     coverage.refuseOtherKeys();
 }
 

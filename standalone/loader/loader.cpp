@@ -65,7 +65,7 @@ std::vector<cost::Date> changeDates(const CheckedFolder& folder) {
 
 /// The folder without what only the load needed.
 MarketFolder finished(Load& load) {
-    load.schedule = cost::Schedule(std::move(load.terms));
+    load.schedule = cost::Schedule(std::move(load.terms), load.market.folder + "/charges.csv");
     load.changeDates = changeDates(load);
     return MarketFolder(std::make_shared<const CheckedFolder>(std::move(static_cast<CheckedFolder&>(load))));
 }

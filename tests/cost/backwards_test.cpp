@@ -51,6 +51,18 @@ TEST(Affordable, OfAnOptionPaysThePremium) {
     EXPECT_EQ(affordableText("1044.60", "open_long 1@0.0521", options()), "2");
 }
 
+// A lot asks for 0.0000001 x 0.01 and costs 0.0001 x 0.01, so the cash opens 1e24 of them.
+TEST(Affordable, IsRefusedWhereNoQuantityIsTooMuch) {
+    const Place place{Family::kFutures, "3000001", "SHFE", "rb2510", "rb"};
+    cost::Rates answered = rates({{"open_by_money", "0.0001", ""}});
+    answered.margins.push_back({'1', number("0.0000001"), {}, number("0.0000001"), {}, "", ""});
+    const Tariff nearlyFree =
+        tariff({term("futures", "open_by_money", "open", "turnover fill")}, answered, place, contractOf("1"));
+    EXPECT_EQ(refusal([&] { affordable(number("999999999999999999"), trade("open_long 1@0.01"), nearlyFree); }),
+              "no quantity of SHFE:rb2510 is too much for the cash");
+    EXPECT_EQ(affordableText("0.0000101", "open_long 1@0.01", nearlyFree), "10");
+}
+
 TEST(Affordable, IsRefusedForASideThatCashDoesNotLimit) {
     const std::string sentence = "cash limits a purchase or the opening of futures, and the side is ";
     EXPECT_EQ(refusal([] { affordable(number("1"), trade("sell 1@10"), allIn()); }), sentence + "sell");

@@ -33,6 +33,8 @@ std::string named(const testing::TestParamInfo<Published>& row) { return row.par
 
 const char* const kMoutai = "stock SH:600519 MAIN";
 const char* const kVanke = "stock SZ:000002 MAIN";
+const char* const kCreditMoutai = "credit SH:600519 MAIN";
+const char* const kCreditVanke = "credit SZ:000002 MAIN";
 const char* const kBeijing = "stock BJ:920001 BSE";
 const char* const kNeeq = "neeq NEEQ:430005 ";
 
@@ -79,11 +81,30 @@ INSTANTIATE_TEST_SUITE_P(
         Published{"BeijingSellAfterSecondCut", kBeijing, "sell 1234@23.45", "2023-08-28",
                   "commission 7.23, regulatory_fee 0.58, stamp_duty 14.47, transfer_fee 0.29, handling_fee 3.62",
                   "28911.11"},
-        Published{"CreditSellBeforeStampDuty", "credit SZ:000002 MAIN", "sell 200@8.37", "2023-08-27",
+        Published{"CreditShanghaiBuyBeforeTransferFee", kCreditMoutai, "buy 300@1488.50", "2022-04-28",
+                  "commission 111.64, transfer_fee 8.93, handling_fee 21.75, regulatory_fee 8.93", "-446701.25"},
+        Published{"CreditShanghaiBuyAfterTransferFee", kCreditMoutai, "buy 300@1488.50", "2022-04-29",
+                  "commission 111.64, transfer_fee 4.47, handling_fee 21.75, regulatory_fee 8.93", "-446696.79"},
+        Published{"CreditShanghaiBuyBeforeHandlingFee", kCreditMoutai, "buy 300@1488.50", "2023-08-27",
+                  "commission 111.64, transfer_fee 4.47, handling_fee 21.75, regulatory_fee 8.93", "-446696.79"},
+        Published{"CreditShanghaiBuyAfterHandlingFee", kCreditMoutai, "buy 300@1488.50", "2023-08-28",
+                  "commission 111.64, transfer_fee 4.47, handling_fee 15.23, regulatory_fee 8.93", "-446690.27"},
+        Published{"CreditShanghaiSellBeforeStampDuty", kCreditMoutai, "sell 300@1488.50", "2023-08-27",
+                  "commission 111.64, stamp_duty 446.55, transfer_fee 4.47, handling_fee 21.75, regulatory_fee 8.93",
+                  "445956.66"},
+        Published{"CreditShanghaiSellAfterStampDuty", kCreditMoutai, "sell 300@1488.50", "2023-08-28",
+                  "commission 111.64, stamp_duty 223.28, transfer_fee 4.47, handling_fee 15.23, regulatory_fee 8.93",
+                  "446186.45"},
+        Published{"CreditShenzhenBuyBeforeTransferFee", kCreditVanke, "buy 200@8.37", "2022-04-28",
+                  "commission 5.00, transfer_fee 0.03, handling_fee 0.08, regulatory_fee 0.03", "-1679.14"},
+        Published{"CreditShenzhenBuyAfterTransferFee", kCreditVanke, "buy 200@8.37", "2022-04-29",
+                  "commission 5.00, transfer_fee 0.02, handling_fee 0.08, regulatory_fee 0.03", "-1679.13"},
+        Published{"CreditShenzhenSellBeforeStampDuty", kCreditVanke, "sell 200@8.37", "2023-08-27",
                   "commission 5.00, stamp_duty 1.67, transfer_fee 0.02, handling_fee 0.08, regulatory_fee 0.03",
                   "1667.20"},
-        Published{"CreditBuyAfterTransferFee", "credit SH:600519 MAIN", "buy 300@1488.50", "2022-04-29",
-                  "commission 111.64, transfer_fee 4.47, handling_fee 21.75, regulatory_fee 8.93", "-446696.79"},
+        Published{"CreditShenzhenSellAfterStampDuty", kCreditVanke, "sell 200@8.37", "2023-08-28",
+                  "commission 5.00, stamp_duty 0.84, transfer_fee 0.02, handling_fee 0.06, regulatory_fee 0.03",
+                  "1668.05"},
         Published{"NeeqBuyBeforeTransferFee", kNeeq, "buy 1000@6.66", "2022-04-28",
                   "commission 5.33, transfer_fee 0.17, handling_fee 3.33", "-6668.83"},
         Published{"NeeqBuyAfterTransferFee", kNeeq, "buy 1000@6.66", "2022-04-29",
@@ -110,6 +131,22 @@ INSTANTIATE_TEST_SUITE_P(
             "commission 18.52, trading_fee 3.49, stamp_duty 62.00, sfc_levy 1.67, afrc_levy 0.09, settlement_fee 2.00",
             "-61812.77"},
         Published{
+            "SellBeforeStampDuty", kTencent, "sell 500@123.45", "2023-11-16",
+            "commission 18.52, trading_fee 3.49, stamp_duty 81.00, sfc_levy 1.67, afrc_levy 0.09, settlement_fee 2.00",
+            "61618.23"},
+        Published{
+            "SellAfterStampDuty", kTencent, "sell 500@123.45", "2023-11-17",
+            "commission 18.52, trading_fee 3.49, stamp_duty 62.00, sfc_levy 1.67, afrc_levy 0.09, settlement_fee 2.00",
+            "61637.23"},
+        Published{
+            "BuyBeforeSettlementFee", kTencent, "buy 500@123.45", "2025-06-29",
+            "commission 18.52, trading_fee 3.49, stamp_duty 62.00, sfc_levy 1.67, afrc_levy 0.09, settlement_fee 2.00",
+            "-61812.77"},
+        Published{
+            "BuyAfterSettlementFee", kTencent, "buy 500@123.45", "2025-06-30",
+            "commission 18.52, trading_fee 3.49, stamp_duty 62.00, sfc_levy 1.67, afrc_levy 0.09, settlement_fee 2.59",
+            "-61813.36"},
+        Published{
             "SellBeforeSettlementFee", kTencent, "sell 500@123.45", "2025-06-29",
             "commission 18.52, trading_fee 3.49, stamp_duty 62.00, sfc_levy 1.67, afrc_levy 0.09, settlement_fee 2.00",
             "61637.23"},
@@ -117,6 +154,26 @@ INSTANTIATE_TEST_SUITE_P(
             "SellAfterSettlementFee", kTencent, "sell 500@123.45", "2025-06-30",
             "commission 18.52, trading_fee 3.49, stamp_duty 62.00, sfc_levy 1.67, afrc_levy 0.09, settlement_fee 2.59",
             "61636.64"},
+        Published{"LargeBuyBeforeStampDuty", "sgt HK:00939 ", "buy 100000@70.05", "2023-11-16",
+                  "commission 2101.50, trading_fee 395.78, stamp_duty 9107.00, sfc_levy 189.14, afrc_levy 10.51, "
+                  "settlement_fee 100.00",
+                  "-7016903.93"},
+        Published{"LargeSellBeforeStampDuty", "sgt HK:00939 ", "sell 100000@70.05", "2023-11-16",
+                  "commission 2101.50, trading_fee 395.78, stamp_duty 9107.00, sfc_levy 189.14, afrc_levy 10.51, "
+                  "settlement_fee 100.00",
+                  "6993096.07"},
+        Published{"LargeBuyAfterStampDuty", "sgt HK:00939 ", "buy 100000@70.05", "2023-11-17",
+                  "commission 2101.50, trading_fee 395.78, stamp_duty 7005.00, sfc_levy 189.14, afrc_levy 10.51, "
+                  "settlement_fee 100.00",
+                  "-7014801.93"},
+        Published{"LargeSellBeforeSettlementFee", "sgt HK:00939 ", "sell 100000@70.05", "2025-06-29",
+                  "commission 2101.50, trading_fee 395.78, stamp_duty 7005.00, sfc_levy 189.14, afrc_levy 10.51, "
+                  "settlement_fee 100.00",
+                  "6995198.07"},
+        Published{"LargeSellAfterSettlementFee", "sgt HK:00939 ", "sell 100000@70.05", "2025-06-30",
+                  "commission 2101.50, trading_fee 395.78, stamp_duty 7005.00, sfc_levy 189.14, afrc_levy 10.51, "
+                  "settlement_fee 294.21",
+                  "6995003.86"},
         Published{"LargeBuyBeforeSettlementFee", "sgt HK:00939 ", "buy 100000@70.05", "2025-06-29",
                   "commission 2101.50, trading_fee 395.78, stamp_duty 7005.00, sfc_levy 189.14, afrc_levy 10.51, "
                   "settlement_fee 100.00",

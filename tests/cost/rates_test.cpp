@@ -92,8 +92,11 @@ TEST(FamilyOfAnAnswer, OfNoneOrSeveralIsNotSaid) {
     everything.hgtRateLimit = make_shared<CCustomHGTExchangeRateLimit>();
     everything.sgtRateLimit = make_shared<CCustomSgtExchangeRateLimit>();
     EXPECT_FALSE(familyOf(everything));
-    EXPECT_EQ(refusal([&] { ratesOf(everything, {}); }),
-              "the answer holds no rates, or those of several families, so nobody can say which are charged");
+    EXPECT_EQ(refusal([&] { ratesOf(answerFor(kStockAccount), {}); }), "the answer holds no rates");
+    EXPECT_EQ(
+        refusal([&] { ratesOf(everything, {}); }),
+        "the answer holds rates of stock, hgt, sgt, and nobody can say which are charged; ask with an account that "
+        "trades in one of them");
 }
 
 TEST(RatesOfAnAnswer, AreNamedByTheHostAndElseByTheirField) {

@@ -160,13 +160,14 @@ TEST_F(CostFile, JsonLinesGoInAndOut) {
         "\"side\":\"buy\",\"hedge\":null,\"quantity\":100,\"price\":5.02,\"order\":null,\"charge\":\"commission\","
         "\"item\":null,\"basis_of\":\"turnover\",\"fills\":1,\"basis\":502.00,\"rate\":0.00025,\"amount\":5.00,"
         "\"inside\":null,\"currency\":\"CNY\",\"level\":\"own record\",\"source\":\"fees/stock.csv:2\","
-        "\"term\":\"charges.csv:2\",\"turnover\":502.00,\"costs\":5.00,\"net\":-507.00,\"margin\":null}\n"
+        "\"term\":\"charges.csv:2\",\"turnover\":502.00,\"costs\":5.00,\"net\":-507.00,\"margin\":null,\"charged_"
+        "with\":null}\n"
         "{\"trade\":1,\"account\":\"S100\",\"date\":\"2024-01-02\",\"market\":\"SH\",\"code\":\"600519\","
         "\"side\":\"buy\",\"hedge\":null,\"quantity\":100,\"price\":5.02,\"order\":null,\"charge\":"
         "\"transfer_fee\",\"item\":null,\"basis_of\":\"turnover\",\"fills\":1,\"basis\":502.00,\"rate\":0.00001,"
         "\"amount\":0.01,\"inside\":\"commission\",\"currency\":\"CNY\",\"level\":\"own record\",\"source\":"
         "\"fees/stock.csv:2\",\"term\":\"charges.csv:3\",\"turnover\":502.00,\"costs\":5.00,\"net\":-507.00,"
-        "\"margin\":null}\n");
+        "\"margin\":null,\"charged_with\":null}\n");
 }
 
 TEST_F(CostFile, WrongJsonLinesAreRefusedWithTheirLine) {
@@ -251,6 +252,85 @@ TEST_F(CostFile, KeepGoingAnswersTheGoodLinesAndCountsTheOthers) {
     EXPECT_THAT(outcome.err, HasSubstr(":2: the market folder has no instrument SH:600518"));
     EXPECT_THAT(outcome.err, HasSubstr(":4: the quantity is 0"));
     EXPECT_THAT(outcome.err, HasSubstr("feedesk: 2 of 3 trades are not answered\n"));
+}
+
+constexpr const char* kLongLevy =
+    "family,charge,side,basis,rate,per,rounding,currency,source,checked\n"
+    "hgt,commission,both,turnover,,order,0.01 half_up,HKD,test,2024-01-02\n"
+    "hgt,levy,both,turnover,0.123456789012345678,order,,HKD,test,2024-01-02\n";
+
+// 18 digits and 18 decimals of price, quantity, levy and rate of exchange are more than 77 digits together.
+TEST_F(CostFile, DayThatIsTooLargeToConvertIsNamedAndNotLost) {
+    folder.write("charges.csv", kLongLevy);
+    const std::string trades =
+        "H100,2024-01-02,HK,00700,sell,999999999999999999,999999999999999999.999999999999999999,\n"
+        "H100,2024-01-03,HK,00700,sell,200,350,\n";
+    EXPECT_EQ(cost(trades).status, 0);
+    const std::string sentence = ": 1 trade of 2024-01-02 cannot be charged: the numbers of the trade are too large";
+    const Outcome refused = cost(trades, "--exchange-rate 0.9123456789");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.out, "");
+    EXPECT_THAT(refused.err, HasSubstr(folder.tradesFile() + sentence));
+    EXPECT_THAT(refused.err, HasSubstr("1 wrong line; nothing was answered"));
+    const Outcome goesOn = cost(trades, "--exchange-rate 0.9123456789 --keep-going");
+    EXPECT_EQ(goesOn.status, 1);
+    EXPECT_EQ(cellsOf(goesOn.out, {"trade", "charge"}), (std::vector<std::string>{"2 commission", "2 levy"}));
+    EXPECT_THAT(goesOn.err, HasSubstr(folder.tradesFile() + sentence));
+    EXPECT_THAT(goesOn.err, HasSubstr("1 of 2 trades is not answered"));
+}
+
+TEST_F(CostFile, TotalsThatAreTooLargeAreRefused) {
+    folder.write("charges.csv", kLongLevy);
+    const Outcome outcome = cost(
+        "H100,2024-01-02,HK,00700,sell,999999999999999999,999999999999999999,\n"
+        "H100,2024-01-02,HK,00700,sell,1,0.000000000000000001,\n",
+        "--totals account --exchange-rate 999999.9999999999");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("with trade 2 of 2024-01-02 the totals are too large to calculate with"));
+}
+
+TEST_F(CostFile, HedgeFlagOfWhatIsNoFutureIsRefused) {
+    const std::string header = "account,date,market,code,side,hedge,quantity,price\n";
+    const Outcome usual = folder.costOf(header + "S100,2024-01-02,SH,600519,buy,1,100,5.02\n", "--hedge hedging");
+    EXPECT_EQ(usual.status, 0);
+    const Outcome wrong = folder.costOf(header + "S100,2024-01-02,SH,600519,buy,3,100,5.02\n");
+    EXPECT_EQ(wrong.status, 2);
+    EXPECT_THAT(wrong.err,
+                HasSubstr(":2: the hedge flag is hedging, and SH:600519 is charged as stock, which has none"));
+}
+
+// S200 has no records, and F300's margins are built in, too.
+TEST_F(CostFile, TradesAtTheBuiltInDefaultAreCounted) {
+    const std::string trades =
+        "S100,2024-01-02,SH,600519,buy,100,5.02,\n"
+        "S200,2024-01-02,SH,600519,buy,100,5.02,\n";
+    const Outcome outcome = cost(trades);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "feedesk: 1 of 2 trades charged at the built-in default\n");
+    EXPECT_EQ(cost(trades, "--strict").status, 1);
+    EXPECT_EQ(cost("S100,2024-01-02,SH,600519,buy,100,5.02,\n", "--strict").status, 0);
+    EXPECT_THAT(cost(trades, "--totals account").out, HasSubstr("1 of 2 trades charged at the built-in default\n"));
+}
+
+TEST_F(CostFile, LaterFillsSayWithWhichTradeTheyAreCharged) {
+    const Outcome outcome = cost(
+        "S100,2024-01-02,SH,600000,buy,100,5.02,\n"
+        "S100,2024-01-02,SH,600000,buy,100,5.02,A\n"
+        "S100,2024-01-02,SH,600000,buy,100,5.02,A\n");
+    EXPECT_EQ(cellsOf(outcome.out, {"trade", "charge", "charged_with"}),
+              (std::vector<std::string>{"1 commission ", "2 commission ", "3  2"}));
+}
+
+TEST_F(CostFile, WrongLinesOfSortedTradesAreToldInTheOrderOfTheFile) {
+    std::string trades = "S100,2024-01-03,SH,600519,buy,0,5.02,\n";
+    for (int i = 0; i < 101; ++i) {
+        trades += "S100,2024-01-02,SH,600519,buy,0,5.02,\n";
+    }
+    const std::vector<std::string> told = lines(cost(trades, "--unsorted").err);
+    ASSERT_EQ(told.size(), 101U);
+    EXPECT_THAT(told.front(), HasSubstr(":2: the quantity is 0"));
+    EXPECT_THAT(told[99], HasSubstr(":101: the quantity is 0"));
+    EXPECT_THAT(told.back(), HasSubstr("102 wrong lines, of which 100 are told"));
 }
 
 TEST_F(CostFile, ManyWrongLinesAreCounted) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -39,13 +40,21 @@ std::vector<Line> table(const std::string& text) {
     return found;
 }
 
+std::vector<Line> tableIn(const char* path) {
+    std::ifstream file(path);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return table(text.str());
+}
+
 class CostOfBundledMarket : public testing::Test {
 protected:
-    [[nodiscard]] std::vector<Line> costs(const std::string& trades, const std::string& arguments) const {
+    [[nodiscard]] std::vector<Line> costs(const std::string& trades, const std::string& arguments,
+                                          const std::string& told = "") const {
         folder.writeTrades(trades);
         const Outcome outcome = ask(BUNDLED_MARKET, "cost --csv --trades " + folder.tradesFile() + " " + arguments);
         EXPECT_EQ(outcome.status, 0);
-        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(outcome.err, told);
         return outcome.status == 0 ? table(outcome.out) : std::vector<Line>();
     }
 
@@ -64,10 +73,7 @@ std::string amountOf(const std::vector<Line>& items, std::size_t trade, const st
 }
 
 TEST_F(CostOfBundledMarket, StatementComesOutToTheFenItemByItem) {
-    std::ifstream file(STATEMENT);
-    std::ostringstream text;
-    text << file.rdbuf();
-    const std::vector<Line> statement = table(text.str());
+    const std::vector<Line> statement = tableIn(STATEMENT);
     ASSERT_EQ(statement.size(), 24U);
     std::string trades = "date,market,code,side,quantity,price\n";
     for (const Line& line : statement) {
@@ -93,60 +99,56 @@ TEST_F(CostOfBundledMarket, StatementComesOutToTheFenItemByItem) {
     }
 }
 
-/// A trade on a day, and what one charge takes of it.
-struct Published {
-    const char* trade;  ///< account,date,market,code,side,quantity,price
-    const char* charge;
-    const char* amount;
-};
-
-std::string chargeOf(const std::vector<Line>& items, std::size_t trade, const std::string& charge) {
-    const std::string outside = amountOf(items, trade, charge, false);
-    return outside == "0.00" ? amountOf(items, trade, charge, true) : outside;
+/// What the trade moves on the account, which stands on each of its lines.
+std::string netOf(const std::vector<Line>& items, std::size_t trade) {
+    const auto line = std::find_if(items.begin(), items.end(),
+                                   [&](const Line& item) { return item.at("trade") == std::to_string(trade); });
+    return line == items.end() ? "none" : line->at("net");
 }
 
-// Each turnover times the published rate of that day.
-TEST_F(CostOfBundledMarket, PublishedRatesChangeOnTheirDays) {
-    const std::vector<Published> published = {
-        {"1000005,2022-04-28,SH,601668,buy,10000,5.00", "transfer_fee", "1.00"},   // 50000 x 0.00002
-        {"1000005,2022-04-29,SH,601668,buy,10000,5.00", "transfer_fee", "0.50"},   // 50000 x 0.00001
-        {"1000005,2023-08-27,SH,601668,sell,10000,5.00", "stamp_duty", "50.00"},   // 50000 x 0.001
-        {"1000005,2023-08-27,SH,601668,sell,10000,5.00", "handling_fee", "2.44"},  // 50000 x 0.0000487 = 2.435
-        {"1000005,2023-08-28,SH,601668,sell,10000,5.00", "stamp_duty", "25.00"},   // 50000 x 0.0005
-        {"1000005,2023-08-28,SH,601668,sell,10000,5.00", "handling_fee", "1.71"},  // 50000 x 0.0000341 = 1.705
-        {"2000001,2023-08-27,SZ,000001,sell,10000,5.00", "stamp_duty", "50.00"},
-        {"2000001,2023-08-28,SZ,000001,sell,10000,5.00", "stamp_duty", "25.00"},
-        {"1000003,2022-04-28,BJ,920000,buy,1000,10", "transfer_fee", "0.25"},  // 10000 x 0.000025
-        {"1000003,2022-04-29,BJ,920000,buy,1000,10", "transfer_fee", "0.10"},  // 10000 x 0.00001
-        {"1000003,2022-11-30,BJ,920000,buy,1000,10", "handling_fee", "5.00"},  // 10000 x 0.0005
-        {"1000003,2022-12-01,BJ,920000,buy,1000,10", "handling_fee", "2.50"},  // 10000 x 0.00025
-        {"1000003,2023-08-27,BJ,920000,buy,1000,10", "handling_fee", "2.50"},
-        {"1000003,2023-08-28,BJ,920000,buy,1000,10", "handling_fee", "1.25"},  // 10000 x 0.000125
-        {"7000001,2022-04-28,NEEQ,430005,sell,1000,10", "transfer_fee", "0.25"},
-        {"7000001,2022-04-29,NEEQ,430005,sell,1000,10", "transfer_fee", "0.10"},
-        {"7000001,2023-08-27,NEEQ,430005,sell,1000,10", "stamp_duty", "10.00"},
-        {"7000001,2023-08-28,NEEQ,430005,sell,1000,10", "stamp_duty", "5.00"},
-        // Up to the whole dollar: 40400 x 0.0013 = 52.52, x 0.001 = 40.40.
-        {"6000001,2023-11-16,HK,00005,sell,400,101", "stamp_duty_sell", "53.00"},
-        {"6000001,2023-11-17,HK,00005,sell,400,101", "stamp_duty_sell", "41.00"},
-        {"5000002,2023-11-16,HK,00005,buy,400,101", "stamp_duty_buy", "53.00"},
-        {"5000002,2023-11-17,HK,00005,buy,400,101", "stamp_duty_buy", "41.00"},
-        {"6000001,2025-06-29,HK,00005,buy,400,101", "settlement_fee", "2.00"},  // 0.808, at least 2
-        {"6000001,2025-06-30,HK,00005,buy,400,101", "settlement_fee", "1.70"},  // 40400 x 0.000042 = 1.6968
-        {"5000002,2025-06-29,HK,00005,sell,400,101", "settlement_fee", "2.00"},
-        {"5000002,2025-06-30,HK,00005,sell,400,101", "settlement_fee", "1.70"},
-        {"4000001,2026-09-30,SZO,90000661,exercise,3,", "exercise_fee", "1.80"},        // 3 x 0.6
-        {"3000001,2026-09-30,SHFE,rb2610,open_long,2,3450", "open_by_money", "6.90"},   // 69000 x 0.0001
-        {"9000001,2026-09-30,SHFE,rb2610,open_short,1,3450", "open_by_money", "3.80"},  // 34500 x 0.00011 = 3.795
-    };
-    std::string trades = "account,date,market,code,side,quantity,price\n";
-    for (const Published& each : published) {
-        trades += std::string(each.trade) + "\n";
+/// "commission 5.00; transfer_fee 0.10": the items of a trade in their order.
+std::string itemsOf(const std::vector<Line>& items, std::size_t trade) {
+    std::string text;
+    for (const Line& item : items) {
+        if (item.at("trade") == std::to_string(trade) && !item.at("charge").empty()) {
+            text += (text.empty() ? "" : "; ") + item.at("charge") + " " + item.at("amount");
+        }
     }
-    const std::vector<Line> items = costs(trades, "--unsorted");
+    return text;
+}
+
+// Published schedules of every family and exchange, both sides, on both days of each change; the file's source tells
+// how its amounts were worked out.
+TEST_F(CostOfBundledMarket, PublishedSchedulesComeOutToTheFenItemByItem) {
+    const std::vector<Line> published = tableIn(PUBLISHED_COSTS);
+    ASSERT_EQ(published.size(), 124U);
+    std::string trades = "account,date,market,code,side,quantity,price\n";
+    for (const Line& line : published) {
+        for (const char* column : {"account", "date", "market", "code", "side", "quantity"}) {
+            trades += line.at(column) + ",";
+        }
+        trades += line.at("price") + "\n";
+    }
+    // Accounts 8000001, 8000002 and 9000001 have no records, and no margins of their own.
+    const std::vector<Line> items = costs(trades, "--unsorted",
+                                          "feedesk: 25 of 124 trades charged at the built-in default; 9 of 124 with a "
+                                          "margin of 0\n");
     for (std::size_t i = 0; i < published.size(); ++i) {
-        SCOPED_TRACE(published[i].trade);
-        EXPECT_EQ(chargeOf(items, i + 1, published[i].charge), published[i].amount);
+        const Line& line = published[i];
+        SCOPED_TRACE(line.at("account") + " " + line.at("date") + " " + line.at("market") + " " + line.at("side"));
+        EXPECT_EQ(itemsOf(items, i + 1), line.at("items"));
+        EXPECT_EQ(netOf(items, i + 1), line.at("net"));
+    }
+}
+
+TEST_F(CostOfBundledMarket, BeijingHasNoSchedulesBeforeItOpened) {
+    const std::string sentence = "the folder's schedules of market BJ are known from 2021-11-15 until 2026-12-31";
+    for (const char* question : {"cost 1000003 BJ:920001 buy 100@20", "fee 1000003 BJ:920001"}) {
+        SCOPED_TRACE(question);
+        const Outcome before = ask(BUNDLED_MARKET, std::string(question) + " --date 2021-11-14");
+        EXPECT_NE(before.status, 0);
+        EXPECT_NE(before.err.find(sentence), std::string::npos);
+        EXPECT_EQ(ask(BUNDLED_MARKET, std::string(question) + " --date 2021-11-15").status, 0);
     }
 }
 

@@ -50,6 +50,21 @@ TEST_F(Cost, EachTradeIsAnOrderOfItsOwn) {
     EXPECT_THAT(outcome.out, HasSubstr("Trade 2: turnover 502.00, costs 5.25 CNY; the account receives 496.75 CNY\n"));
 }
 
+// The fee of 3 for the day's purchases is paid once, with the first of them; the sale is of another side.
+TEST_F(Cost, TradesOfADayShareWhatIsChargedForTheDay) {
+    folder.write("charges.csv",
+                 "family,charge,side,basis,rate,per,rounding,currency,source,checked\n"
+                 "stock,commission,both,turnover,,order,0.01 half_up,CNY,test,2024-01-02\n"
+                 "stock,transfer_fee,both,turnover,,order,0.01 half_up,CNY,test,2024-01-02\n"
+                 "stock,stamp_duty,sell,turnover,,order,0.01 half_up,CNY,test,2024-01-02\n"
+                 "stock,day_fee,buy,day,3,day,0.01 half_up,CNY,test,2024-01-02\n");
+    // 50200 x 0.00025 = 12.55, x 0.00001 = 0.50, x 0.0005 = 25.10.
+    const std::string out = cost("S100 600519 buy 10000@5.02 buy 10000@5.02 sell 10000@5.02").out;
+    EXPECT_THAT(out, HasSubstr("Trade 1: turnover 50200.00, costs 16.05 CNY; the account pays 50216.05 CNY\n"));
+    EXPECT_THAT(out, HasSubstr("Trade 2: turnover 50200.00, costs 13.05 CNY; the account pays 50213.05 CNY\n"));
+    EXPECT_THAT(out, HasSubstr("Trade 3: turnover 50200.00, costs 38.15 CNY; the account receives 50161.85 CNY\n"));
+}
+
 TEST_F(Cost, DateAsksForTheScheduleOfThatDay) {
     EXPECT_THAT(cost("S100 600519 sell 100@5.02 --date 2023-08-27").out, HasSubstr("costs 5.50 CNY"));
     EXPECT_THAT(cost("S100 600519 sell 100@5.02 --date 2023-08-28").out, HasSubstr("costs 5.25 CNY"));
@@ -59,11 +74,11 @@ TEST_F(Cost, ProgramsGetEachItemWithItsTrade) {
     const Outcome outcome = cost("S100 600519 buy 100@5.02 --csv");
     EXPECT_EQ(outcome.out,
               "trade,account,date,market,code,side,hedge,quantity,price,order,charge,item,basis_of,fills,basis,rate,"
-              "amount,inside,currency,level,source,term,turnover,costs,net,margin\n"
+              "amount,inside,currency,level,source,term,turnover,costs,net,margin,charged_with\n"
               "1,S100,2024-01-02,SH,600519,buy,,100,5.02,,commission,,turnover,1,502.00,0.00025,5.00,,CNY,own record,"
-              "fees/stock.csv:2,charges.csv:2,502.00,5.00,-507.00,\n"
+              "fees/stock.csv:2,charges.csv:2,502.00,5.00,-507.00,,\n"
               "1,S100,2024-01-02,SH,600519,buy,,100,5.02,,transfer_fee,,turnover,1,502.00,0.00001,0.01,commission,CNY,"
-              "own record,fees/stock.csv:2,charges.csv:3,502.00,5.00,-507.00,\n");
+              "own record,fees/stock.csv:2,charges.csv:3,502.00,5.00,-507.00,,\n");
     EXPECT_EQ(outcome.err, "");
 }
 
@@ -83,7 +98,7 @@ TEST_F(Cost, TradeThatCostsNothingIsShown) {
     folder.write("configured/stock.csv", "market,code,commission\nSZ,000001,0\n");
     const Outcome outcome = cost("S100 SZ:000001 buy 100@10 --csv");
     EXPECT_THAT(outcome.out, HasSubstr("1,S100,2024-01-02,SZ,000001,buy,,100,10,,,,,,,,0.00,,CNY,,,,1000.00,0.00,"
-                                       "-1000.00,\n"));
+                                       "-1000.00,,\n"));
 }
 
 // 2 x 3450 x 10 = 69000; 0.0001 of it, and 2 x 0.01. The margin is 0.07 of it, for short positions 0.08.
@@ -94,7 +109,7 @@ TEST_F(Cost, FuturesPayByMoneyAndByLotAndOpeningAsksForMargin) {
     EXPECT_THAT(outcome.out,
                 HasSubstr("Turnover 69000.00, costs 6.92 CNY; the account pays 6.92 CNY; margin 4830.00 CNY\n(rate of "
                           "this contract, not the account's requirement; own record\nfees/margin.csv:2)\n"));
-    EXPECT_THAT(cost("F100 rb2610 open-short 2@3450 --csv").out, HasSubstr(",5520.00\n"));
+    EXPECT_THAT(cost("F100 rb2610 open-short 2@3450 --csv").out, HasSubstr(",5520.00,\n"));
     EXPECT_THAT(cost("F100 rb2610 close-long 2@3450 --csv").out, HasSubstr(",5.00,,CNY,"));
 }
 
@@ -103,7 +118,7 @@ TEST_F(Cost, HedgeFlagChoosesTheMargin) {
     folder.write("charges.csv",
                  "family,charge,side,basis,per,rounding,currency,source,checked\n"
                  "futures,open_by_volume,open,quantity,order,0.01 half_up,CNY,test,2024-01-02\n");
-    EXPECT_THAT(cost("F400 rb2610 open-long 1@4000 --hedge hedging --csv").out, HasSubstr(",5600.00\n"));
+    EXPECT_THAT(cost("F400 rb2610 open-long 1@4000 --hedge hedging --csv").out, HasSubstr(",5600.00,\n"));
 }
 
 TEST_F(Cost, OptionsPayByContractAndAnExerciseNeedsNoPrice) {
@@ -149,7 +164,49 @@ TEST_F(Cost, BreakEvenPriceSellsForWhatBothSidesTake) {
 // Opening short gives 69000 - 6.92; closing takes 5 and 20 for each yuan: 3449 is 68980 + 5.
 TEST_F(Cost, BreakEvenOfAShortPositionIsLower) {
     EXPECT_THAT(cost("F100 rb2610 open-short 2@3450 --break-even").out,
-                HasSubstr("Break-even: close_short at 3449 or lower (tick 1, the instrument's tick)\n"));
+                HasSubstr("Break-even: close_short at 3449 or lower (tick 1, the instrument's tick);\nclosing on the "
+                          "day of opening may be "
+                          "charged otherwise\n"));
+}
+
+TEST_F(Cost, WordsMayHaveCapitals) {
+    EXPECT_EQ(cost("S100 600519 BUY 100@5.02").out, cost("S100 600519 buy 100@5.02").out);
+    EXPECT_EQ(cost("F100 rb2610 Open-Long 2@3450 --hedge Speculation").out, cost("F100 rb2610 open_long 2@3450").out);
+}
+
+TEST_F(Cost, OpeningSaysThatTheAnswerHasNoMargin) {
+    folder.write("charges.csv",
+                 "family,charge,side,basis,per,rounding,currency,source,checked\n"
+                 "futures,open_by_volume,open,quantity,order,0.01 half_up,CNY,test,2024-01-02\n"
+                 "futures,close_by_volume,close,quantity,order,0.01 half_up,CNY,test,2024-01-02\n");
+    const std::string unknown = "margin not known:\nthe answer has no rate for arbitrage";
+    EXPECT_THAT(cost("F400 rb2610 open-long 1@4000 --hedge arbitrage").out, HasSubstr(unknown));
+    EXPECT_THAT(cost("F400 rb2610 close-long 1@4000 --hedge arbitrage").out, Not(HasSubstr("margin not known")));
+}
+
+TEST_F(Cost, TradeWithoutItemsSaysWhy) {
+    EXPECT_THAT(cost("O100 10001 exercise 3").out, HasSubstr("nothing moves on the account"));
+    folder.write("configured/stock.csv", "market,code,commission\nSZ,000001,0\n");
+    EXPECT_THAT(cost("S100 SZ:000001 sell 100@10").out, HasSubstr("none: its rates are 0"));
+    folder.write("charges.csv",
+                 "family,charge,side,basis,rate,per,rounding,currency,source,checked\n"
+                 "stock,day_fee,both,day,3,day,0.01 half_up,CNY,test,2024-01-02\n");
+    const std::string shared = "S100 SZ:000001 buy 100@10 sell 100@10 buy 200@10";
+    EXPECT_THAT(cost(shared).out, HasSubstr("none: charged with trade 1"));
+    EXPECT_THAT(cost(shared + " --csv").out, HasSubstr("3,S100,2024-01-02,SZ,000001,buy,,200,10,,,,,,,,0.00,,CNY,,,,"
+                                                       "2000.00,0.00,-2000.00,,1\n"));
+}
+
+// The notes of sources below the table tell rates and terms apart.
+TEST_F(Cost, SourcesBelowTheTableSayWhatTheyAreOf) {
+    const std::string out = cost("S100 600519 buy 100@5.02").out;
+    EXPECT_THAT(out, HasSubstr("[1] Rate from fees/stock.csv:2\n[2] Term charges.csv:2\n[3] Term charges.csv:3\n"));
+}
+
+TEST_F(Cost, StrictIsNoAnswerWhereARateIsBuiltIn) {
+    EXPECT_EQ(cost("S200 600519 buy 100@5.02 --strict").status, 1);
+    EXPECT_EQ(cost("S200 600519 buy 100@5.02").status, 0);
+    EXPECT_EQ(cost("S100 600519 buy 100@5.02 --strict").status, 0);
 }
 
 TEST_F(Cost, BuiltInDefaultIsMarked) {
@@ -165,7 +222,9 @@ TEST_F(Cost, RateWithoutATermIsNoAnswer) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
     EXPECT_THAT(outcome.err,
-                HasSubstr("the rate transfer_fee 0.00001 of SH:600519 has no charging term on 2024-01-02"));
+                HasSubstr("the rate transfer_fee 0.00001 of SH:600519 has no charging term on 2024-01-02; add a line "
+                          "to " +
+                          folder.path() + "/charges.csv"));
 }
 
 struct RefusedCost {
@@ -183,10 +242,17 @@ TEST_F(Cost, WhatCannotBeAnsweredIsOneSentence) {
         {"S100 600519 buy x@5", 2, "the quantity is x, and a plain number such as 300 was expected"},
         {"S100 600519 buy 100@1e3", 2, "the price is 1e3, and a plain number such as 1488.50 was expected"},
         {"S100 600519 buy 100@5 --hedge some", 2, "the hedge flag is some, and speculation or arbitrage or hedging"},
-        {"S100 600519 open-long 100@5", 1, "the side is open_long, and SH:600519 is charged as stock, which has buy"},
-        {"S100 600519 buy 150@5", 1, "the quantity is 150, and SH:600519 is bought or opened in multiples of 100"},
-        {"S100 600519 buy 0@5", 1, "the quantity is 0, and a trade has one above 0"},
-        {"S100 600519 buy 100", 1, "the price is 0, and a trade has one above 0"},
+        {"S100 600519 open-long 100@5", 2, "the side is open_long, and SH:600519 is charged as stock, which has buy"},
+        {"S100 600519 buy 150@5", 2, "the quantity is 150, and SH:600519 is bought or opened in multiples of 100"},
+        {"S100 600519 buy 0@5", 2, "the quantity is 0, and a trade has one above 0"},
+        {"S100 600519 buy 100", 2, "100 has no price; write it behind @, as in 300@1488.50"},
+        {"S100 600519 buy 100@", 2, "100@ has no price"},
+        {"S100 600519 buy @15", 2, "@15 has no quantity; write it in front, as in 300@15"},
+        {"S100 600519 buy 100@0", 2, "the price is 0, and a trade has one above 0"},
+        {"S100 600519 bui 100@5", 2, "exercise was expected; did you mean \"buy\"?"},
+        {"S100 600519 buy 100@5 --hedge hedging", 2,
+         "--hedge is for futures, and SH:600519 is charged as stock; leave it out"},
+        {"O100 10001 exercise 3 --hedge hedging", 2, "--hedge is for futures, and SHO:10001 is charged as option"},
         {"S101 600519 buy 100@5", 1, "the market folder has no account S101; did you mean S100"},
         {"S100 600518 buy 100@5", 1, "the market folder has no instrument 600518"},
         {"S100 '600*' buy 100@5", 1, "600* stands for 2 instruments, and a trade is of one"},
@@ -194,11 +260,13 @@ TEST_F(Cost, WhatCannotBeAnsweredIsOneSentence) {
         {"H100 00700 buy 200@5 --date 2022-12-31", 1, "schedules of family hgt are known from 2023-01-01"},
         {"S100 600519 buy @5 --cash 0", 2, "0 is not a plain number above 0"},
         {"S100 600519 buy 100@5 --cash 1000", 2, "--cash asks for the quantity; leave it out"},
-        {"S100 600519 sell @5 --cash 1000", 1, "cash limits a purchase"},
+        {"S100 600519 sell @5 --cash 1000", 2, "cash limits a purchase"},
         {"S100 600519 buy 100@5 sell 100@6 --break-even", 2, "--cash and --break-even are asked of one trade"},
-        {"S100 600519 sell 100@5 --break-even", 1, "--break-even is asked of what opens a position"},
+        {"S100 600519 sell 100@5 --break-even", 2, "--break-even is asked of what opens a position"},
         {"S100 600519 buy 100@5 --totals day", 2, "--totals, --keep-going and --unsorted go with --trades FILE"},
         {"S100 600519 buy 100@5 --exchange-rate x", 2, "x is not a plain number above 0"},
+        {"S100 600519 buy 100@5 --exchange-rate 1000000", 2, "1000000 has more than 6 digits before the point or 10"},
+        {"S100 600519 buy 100@5 --exchange-rate 0.12345678901", 2, "0.12345678901 has more than 6 digits before"},
     };
     for (const RefusedCost& refusal : refusals) {
         SCOPED_TRACE(refusal.arguments);

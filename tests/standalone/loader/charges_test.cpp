@@ -231,6 +231,71 @@ TEST_F(LoaderCharges, EquallySpecificOnesOnOneDayAreAnErrorWithBothLines) {
     expectError("charges.csv", 3, {"\"commission\"", "the same side and days as charges.csv:2", "more specific"});
 }
 
+const Cells kBegins{{"code", "60*"}};
+const Cells kEnds{{"code", "*01"}};  // both match 600001 alone
+
+Cells with(Cells cells, const Cells& more) {
+    cells.insert(more.begin(), more.end());
+    return cells;
+}
+
+struct Settled {
+    const char* name;
+    std::vector<Cells> lines;
+};
+
+class LoaderChargeTie : public LoaderTest, public ::testing::WithParamInterface<Settled> {};
+class LoaderSettledCharges : public LoaderChargeTie {};
+
+TEST_P(LoaderChargeTie, IsAnErrorWithBothLinesAndThePlace) {
+    write("charges.csv", table(GetParam().lines));
+    expectError("charges.csv", 3,
+                {"the line charges \"commission\" of SH:600001 for account ", " as charges.csv:2 does",
+                 "neither is more specific; make one of them so, or add a line"});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, LoaderChargeTie,
+    ::testing::Values(
+        Settled{"Codes", {kBegins, kEnds}},
+        Settled{"OfOneDay", {with(kBegins, {{"until", "2023-08-28"}}), with(kEnds, {{"from", "2023-08-28"}})}},
+        Settled{"AccountsToo", {with(kBegins, {{"account", "S*"}}), with(kEnds, {{"account", "*1"}})}},
+        Settled{"MarketsToo", {with(kBegins, {{"market", "S*"}}), with(kEnds, {{"market", "*H"}})}},
+        Settled{"StarsForEverything", {with(kBegins, {{"product", "**"}}), kEnds}},
+        Settled{"WithALineForAnother", {kBegins, kEnds, {{"code", "600000"}}}},
+        Settled{"WithALineForOneSide", {kBegins, kEnds, {{"code", "600001"}, {"side", "buy"}}}},
+        Settled{"WithALineForOneAccount", {kBegins, kEnds, {{"account", "S1"}}}},
+        Settled{"WithALineOfLaterDays", {kBegins, kEnds, {{"code", "600001"}, {"from", "2023-08-28"}}}},
+        Settled{"WithALineOfEarlierDays", {kBegins, kEnds, {{"code", "600001"}, {"until", "2023-08-28"}}}},
+        Settled{"WithALineOfAnotherCharge", {kBegins, kEnds, {{"code", "600001"}, {"charge", "rate2"}}}}),
+    [](const auto& tie) { return tie.param.name; });
+
+TEST_P(LoaderSettledCharges, AreNoError) {
+    write("charges.csv", table(GetParam().lines));
+    EXPECT_EQ(loadGoodFolder().schedule().terms().size(), GetParam().lines.size());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, LoaderSettledCharges,
+    ::testing::Values(
+        Settled{"NoInstrumentOfBoth", {{{"code", "60*"}}, {{"code", "68*"}}}},
+        Settled{"NoCommonInstrument", {{{"code", "68*"}}, {{"code", "*00"}}}},
+        Settled{"NoAccountOfBoth", {with(kBegins, {{"account", "S*"}}), with(kEnds, {{"account", "W*"}})}},
+        Settled{"OtherDays", {with(kBegins, {{"until", "2023-08-27"}}), with(kEnds, {{"from", "2023-08-28"}})}},
+        Settled{"OtherSides", {with(kBegins, {{"side", "buy"}}), with(kEnds, {{"side", "sell"}})}},
+        Settled{"OtherCharges", {kBegins, with(kEnds, {{"charge", "rate2"}})}},
+        Settled{"LongerPattern", {kBegins, {{"code", "*001"}}}},
+        Settled{"LineForTheInstrument", {kBegins, kEnds, {{"code", "600001"}}}},
+        Settled{"LineForTheAccounts", {kBegins, kEnds, {{"account", "*1"}}}},
+        Settled{"LinesForBothSides",
+                {kBegins, kEnds, {{"code", "600001"}, {"side", "buy"}}, {{"code", "600001"}, {"side", "sell"}}}},
+        Settled{"LinesForAllDays",
+                {kBegins,
+                 kEnds,
+                 {{"code", "600001"}, {"until", "2023-08-27"}},
+                 {{"code", "600001"}, {"from", "2023-08-28"}}}}),
+    [](const auto& settled) { return settled.param.name; });
+
 TEST_F(LoaderCharges, AreNotComparedWhileOneOfThemCannotBeRead) {
     write("charges.csv", table({{}, {}, {{"inside", "stamp_duty"}}, {{"currency", "x"}}}));
     expectError("charges.csv", 5, {"column currency"});

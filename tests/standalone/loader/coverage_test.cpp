@@ -44,6 +44,16 @@ TEST_F(LoaderCoverage, OfAFamilyIsNarrower) {
     EXPECT_EQ(known.refusal(day("2021-01-01"), cost::Family::kFutures), "");
 }
 
+TEST_F(LoaderCoverage, OfAMarketIsNarrower) {
+    say("[coverage]\nfrom = 2021-01-01\nuntil = 2026-12-31\nmarkets = { SH = { from = 2021-11-15 } }\n");
+    const Coverage known = coverage();
+    EXPECT_EQ(known.refusal(day("2021-11-14"), "SH"),
+              "the folder's schedules of market SH are known from 2021-11-15 until 2026-12-31, and 2021-11-14 lies "
+              "outside; ask for a day within");
+    EXPECT_EQ(known.refusal(day("2021-11-15"), "SH"), "");
+    EXPECT_EQ(known.refusal(day("2021-11-14"), "HK"), "");
+}
+
 struct WrongDays {
     const char* name;
     const char* lines;
@@ -85,6 +95,14 @@ INSTANTIATE_TEST_SUITE_P(
                                 "as_of = 2021-12-31\n[coverage]\nfrom = 2022-01-01\n",
                                 3,
                                 {"\"as_of\"", "2021-12-31", "covered from 2022-01-01 on"}},
+                      WrongDays{"MarketBeforeTheFolder",
+                                "[coverage]\nfrom = 2022-01-02\nmarkets = { SH = { from = 2022-01-01 } }\n",
+                                5,
+                                {"\"coverage.markets.SH.from\"", "covered from 2022-01-02 on", "lie within"}},
+                      WrongDays{"NoMarket",
+                                "[coverage]\nmarkets = { SX = { from = 2022-01-01 } }\n",
+                                4,
+                                {"\"coverage.markets.SX\"", "not a market of this file", "SH"}},
                       WrongDays{"NoFamily",
                                 "[coverage]\ncommission = { from = 2022-01-01 }\n",
                                 4,
