@@ -71,7 +71,7 @@ std::vector<Rate> optionRates(const CStockOptionFeeRate& fee, const std::vector<
 std::vector<Rate> commissionRates(const CCommissionRateDetail& detail) {
     static const std::vector<RateName> noNames;
     Reader reader(noNames, "");
-    auto name = kCommissionNames.begin();
+    const char* const* name = kCommissionNames.data();
     records::forEachOf(records::commissionRates<CCommissionRateDetail>,
                        [&](const auto& field) { reader.add(*name++, detail.*field.member); });
     return reader.rates;

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iterator>
 #include <optional>
 
 namespace feedesk {
@@ -9,9 +10,8 @@ namespace {
 
 std::vector<std::string> namesOf(const std::vector<const CLI::App*>& commands) {
     std::vector<std::string> names;
-    for (const CLI::App* command : commands) {
-        names.push_back(command->get_name());
-    }
+    std::transform(commands.begin(), commands.end(), std::back_inserter(names),
+                   [](const CLI::App* command) { return command->get_name(); });
     return names;
 }
 

@@ -20,7 +20,6 @@ namespace {
 
 constexpr const char* kStandardInput = "standard input";
 constexpr const char* kListArgument = "-";
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanks = " \t\r\v\f";
 constexpr std::size_t kMostInstruments = 100'000;
 constexpr std::size_t kMostBytes = 16'000'000;
@@ -97,9 +96,7 @@ std::vector<AskedInstrument> readList() {
 }  // namespace
 
 std::vector<AskedInstrument> parsedList(std::string_view text) {
-    if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
-        text.remove_prefix(kByteOrderMark.size());
-    }
+    text.remove_prefix(standalone::utf8MarkLength(text));
     std::vector<AskedInstrument> words;
     for (std::size_t number = 1; !text.empty(); ++number) {
         const std::size_t length = std::min(text.find('\n'), text.size());

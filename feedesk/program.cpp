@@ -10,12 +10,10 @@
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
 #include "standalone/text/escape.h"
+#include "standalone/text/utf8.h"
 
 namespace feedesk {
 namespace {
-
-// Without it some spreadsheet programs read a CSV file in the encoding of the system.
-constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
 
 std::unique_ptr<RowSink> sinkFor(Format format, const std::string& file, std::string& shown) {
     switch (format) {
@@ -26,7 +24,8 @@ std::unique_ptr<RowSink> sinkFor(Format format, const std::string& file, std::st
         case Format::kCsv:
             return csvSink(writeData);
         case Format::kCsvWithMark:
-            writeData(kByteOrderMark);
+            // Without it some spreadsheet programs read a CSV file in the encoding of the system.
+            writeData(std::string(standalone::kUtf8Mark));
             return csvSink(writeData);
         case Format::kXlsx:
             return xlsxSink(file);

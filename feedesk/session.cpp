@@ -82,6 +82,7 @@ void sortByInstrument(std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>&
 
 Session::RunningEngine::RunningEngine(int threads) { standalone::startEngine(threads); }
 
+// NOLINTNEXTLINE(bugprone-exception-escape): the reason is at the declaration
 Session::RunningEngine::~RunningEngine() { standalone::stopEngine(); }
 
 Session::Session(const SessionOptions& options)

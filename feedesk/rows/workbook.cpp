@@ -9,6 +9,7 @@
 #include <fstream>
 #include <new>
 #include <system_error>
+#include <utility>
 
 #include "feedesk/failure.h"
 #include "feedesk/text.h"

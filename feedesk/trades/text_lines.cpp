@@ -12,13 +12,13 @@
 #include "feedesk/messages.h"
 #include "feedesk/numbers.h"
 #include "standalone/text/escape.h"
+#include "standalone/text/utf8.h"
 
 namespace feedesk {
 namespace {
 
 constexpr std::size_t kBlock = 65536;
 constexpr std::size_t kLongestLine = 1'000'000;
-constexpr std::string_view kMarkOfUtf8 = "\xEF\xBB\xBF";
 
 [[noreturn]] void refuseFile(const std::string& name, const std::string& why) {
     throw Failure(kBadInput, name + " " + why);
@@ -102,8 +102,8 @@ bool TextLines::next() {
     if (!text.empty() && text.back() == '\r') {
         text.pop_back();
     }
-    if (++lineNumber == 1 && text.compare(0, kMarkOfUtf8.size(), kMarkOfUtf8) == 0) {
-        text.erase(0, kMarkOfUtf8.size());
+    if (++lineNumber == 1) {
+        text.erase(0, standalone::utf8MarkLength(text));
     }
     return true;
 }

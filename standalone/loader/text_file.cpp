@@ -144,9 +144,7 @@ std::optional<std::string> readText(const fs::path& path, const std::string& nam
     std::string text;
     std::optional<Fault> fault = readBytes(path, text);
     if (!fault) {
-        if (text.compare(0, 3, "\xEF\xBB\xBF") == 0) {
-            text.erase(0, 3);
-        }
+        text.erase(0, utf8MarkLength(text));
         fault = textFault(text, path, name);
     }
     if (!fault) {

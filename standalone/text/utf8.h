@@ -8,6 +8,14 @@
 
 namespace standalone {
 
+/// The byte order mark by which some programs know UTF-8.
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
+/// Bytes of the mark that the text begins with; 0 where it has none.
+constexpr std::size_t utf8MarkLength(std::string_view text) {
+    return text.substr(0, kUtf8Mark.size()) == kUtf8Mark ? kUtf8Mark.size() : 0;
+}
+
 /// Whether the text is valid UTF-8; a zero byte counts as a character.
 bool isUtf8(std::string_view text);
 
