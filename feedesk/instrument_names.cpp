@@ -71,14 +71,15 @@ InstrumentNames::InstrumentNames(const standalone::Market& market) {
     }
 }
 
-bool InstrumentNames::areIn(const standalone::Lists& lists, const std::string& market, const std::string& code) const {
+Instrument InstrumentNames::listed(const standalone::Lists& lists, const std::string& market,
+                                   const std::string& code) const {
     const auto wanted = std::tie(market, code);
     auto found = std::lower_bound(instruments.begin(), instruments.end(), wanted,
                                   [](const Instrument& one, const auto& place) { return placeOf(*one) < place; });
     while (found != instruments.end() && placeOf(**found) == wanted && !lists.overlap((*found)->lists)) {
         ++found;
     }
-    return found != instruments.end() && placeOf(**found) == wanted;
+    return found != instruments.end() && placeOf(**found) == wanted ? *found : Instrument();
 }
 
 const Instruments& InstrumentNames::under(const Index& index, const std::string& key) {

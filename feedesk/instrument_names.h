@@ -35,8 +35,9 @@ public:
     /// Why find() finds nothing, and what may be meant, in one sentence. Compares the text with every instrument.
     [[nodiscard]] std::string problem(const std::string& text, bool connect) const;
 
-    /// Whether one of the lists has an instrument of this market and code.
-    [[nodiscard]] bool areIn(const standalone::Lists& lists, const std::string& market, const std::string& code) const;
+    /// The instrument of this market and code that one of the lists has; empty when none has it.
+    [[nodiscard]] Instrument listed(const standalone::Lists& lists, const std::string& market,
+                                    const std::string& code) const;
 
 private:
     using Index = boost::unordered_map<std::string, Instruments>;

@@ -15,6 +15,7 @@ InstrumentName::InstrumentName(const standalone::ListedInstrument& listed)
       name(listed.record->name),
       foldedCode(folded(code)),
       foldedName(folded(name)),
+      quantityStep(listed.quantityStep),
       lists{listed.listMask, listed.types} {}
 
 std::string instrumentText(const std::string& market, const std::string& code) { return market + ":" + code; }

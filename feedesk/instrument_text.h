@@ -18,6 +18,7 @@ struct InstrumentName {
     std::string name;
     std::string foldedCode;  ///< folding.h
     std::string foldedName;
+    int quantityStep;         ///< by which purchases above the trade unit grow; 0: by the trade unit
     standalone::Lists lists;  ///< that it is in
 };
 

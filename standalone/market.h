@@ -21,15 +21,17 @@ struct Position {
 struct MarketPlace {
     std::string market;  ///< the market string of the records
     std::string title;
-    int tradeUnit = 0;  ///< of instruments that name none
+    int tradeUnit = 0;     ///< of instruments that name none
+    int quantityStep = 0;  ///< the same
     bool foreign = false;
 };
 
 struct ListedInstrument {
     boost::shared_ptr<qmservice::CInstrument> record;
-    int listMask = 0;  ///< the lists it is in, bits of qmservice::InstrumentList
-    int types = 0;     ///< the types it is of, bits of qmservice::InstrumentType
-    int tradeUnit = 0;
+    int listMask = 0;      ///< the lists it is in, bits of qmservice::InstrumentList
+    int types = 0;         ///< the types it is of, bits of qmservice::InstrumentType
+    int tradeUnit = 0;     ///< the least quantity of a purchase
+    int quantityStep = 0;  ///< by which purchases above that grow; 0: by the trade unit. No record knows it, costs do
     Position position;
 };
 

@@ -74,25 +74,28 @@ cost::Rates ratesOf(const DatedFee& dated, cost::Family family) {
 
 cost::Decimal decimal(double number) { return cost::Decimal::fromRate(number).value_or(cost::Decimal()); }
 
-/// The least quantity of a purchase and its steps are the trade unit of the answer.
-cost::Contract contractOf(const qmservice::CInstrumentFee& fee) {
+/// The least quantity of a purchase is the trade unit of the answer, and its steps too unless the folder has others.
+cost::Contract contractOf(const qmservice::CInstrumentFee& fee, const InstrumentName& instrument) {
     const int unit = fee.hgtRateLimit   ? fee.hgtRateLimit->tradeMinUnit
                      : fee.sgtRateLimit ? fee.sgtRateLimit->tradeMinUnit
                      : fee.stkRateLimit ? fee.stkRateLimit->unitVolume
                                         : 1;
     const cost::Decimal least(std::max(unit, 1));
-    return {decimal(fee.instrument->volumeMultiple), least, least};
+    const cost::Decimal step = instrument.quantityStep == 0 ? least : cost::Decimal(instrument.quantityStep);
+    return {decimal(fee.instrument->volumeMultiple), least, step};
 }
 
 /// A fee center answers for instruments that none of the family's lists holds, and the charging terms are not for them.
-void refuseUnlisted(const InstrumentNames& instruments, const cost::Place& place) {
+Instrument listedAt(const InstrumentNames& instruments, const cost::Place& place) {
     const standalone::RateFamily& rates = standalone::ratesOf(place.family);
-    if (!instruments.areIn(rates.lists, place.market, place.code)) {
+    const Instrument listed = instruments.listed(rates.lists, place.market, place.code);
+    if (!listed) {
         throw Refused(
             fmt::format("{} is in no list of {} instruments, and {} is answered with their rates; ask with an "
                         "account that trades it",
                         instrumentText(place.market, place.code), rates.instruments, place.account));
     }
+    return listed;
 }
 
 /// As chargedOn(), whether or not the schedules cover the day.
@@ -106,8 +109,8 @@ Charged answered(Session& session, cost::Date date, const std::string& account, 
     cost::Rates rates = ratesOf(dated, family);
     const qmservice::CInstrument& instrument = *dated.fee->instrument;
     const cost::Place place{family, account, instrument.market, instrument.code, instrument.productId};
-    refuseUnlisted(session.instruments(), place);
-    return {cost::Tariff(place, contractOf(*dated.fee), std::move(rates),
+    const Instrument listed = listedAt(session.instruments(), place);
+    return {cost::Tariff(place, contractOf(*dated.fee, *listed), std::move(rates),
                          session.folder().schedule().termsFor(place, date)),
             std::move(dated.answer)};
 }

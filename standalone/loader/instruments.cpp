@@ -24,6 +24,7 @@ struct InstrumentLine {
     CInstrument record;
     Lists lists;
     int tradeUnit = 0;
+    int quantityStep = 0;
 };
 
 using InstrumentColumn = TableColumn<InstrumentLine>;
@@ -51,6 +52,12 @@ InstrumentColumn textColumn(const std::string& name, ColumnNeed need, std::strin
     return {name, need, [field](InstrumentLine& line, TableCell& cell) { readText(cell, line.record.*field); }};
 }
 
+InstrumentColumn quantityColumn(const std::string& name, int InstrumentLine::*field) {
+    return {name, ColumnNeed::kOptional, [field](InstrumentLine& line, TableCell& cell) {
+                readInteger(cell, 1, std::numeric_limits<int>::max(), line.*field);
+            }};
+}
+
 InstrumentColumn sizeColumn(const std::string& name, double CInstrument::*field) {
     return {name, ColumnNeed::kOptional,
             [field](InstrumentLine& line, TableCell& cell) { readNumberFromZero(cell, line.record.*field); }};
@@ -70,10 +77,8 @@ std::vector<InstrumentColumn> instrumentColumns(const Load& load) {
         textColumn("name", ColumnNeed::kFilled, &CInstrument::name),
         {"lists", ColumnNeed::kPresent, [](InstrumentLine& line, TableCell& cell) { readLists(cell, line.lists); }},
         textColumn("product", ColumnNeed::kOptional, &CInstrument::productId),
-        {"trade_unit", ColumnNeed::kOptional,
-         [](InstrumentLine& line, TableCell& cell) {
-             readInteger(cell, 1, std::numeric_limits<int>::max(), line.tradeUnit);
-         }},
+        quantityColumn("trade_unit", &InstrumentLine::tradeUnit),
+        quantityColumn("quantity_step", &InstrumentLine::quantityStep),
         sizeColumn("multiplier", &CInstrument::volumeMultiple),
         sizeColumn("tick", &CInstrument::priceTick),
         {"fee_type", ColumnNeed::kOptional,
@@ -84,12 +89,13 @@ std::vector<InstrumentColumn> instrumentColumns(const Load& load) {
     };
 }
 
-int tradeUnitOf(const Load& load, const InstrumentLine& line) {
-    if (line.tradeUnit != 0) {
-        return line.tradeUnit;
+/// The line's own quantity or, where it names none, the one of its market.
+int quantityOf(const Load& load, const InstrumentLine& line, int InstrumentLine::*own, int MarketPlace::*ofMarket) {
+    if (line.*own != 0) {
+        return line.*own;
     }
     const std::size_t* market = load.markets.find(line.record.market);
-    return market == nullptr ? 0 : load.market.markets[*market].tradeUnit;
+    return market == nullptr ? 0 : load.market.markets[*market].*ofMarket;
 }
 
 void addInstrument(Load& load, const std::string& file, const ReadLine<InstrumentLine>& read) {
@@ -108,7 +114,9 @@ void addInstrument(Load& load, const std::string& file, const ReadLine<Instrumen
         return;
     }
     all.push_back({boost::make_shared<CInstrument>(record), read.line.lists.listMask, read.line.lists.types,
-                   tradeUnitOf(load, read.line), read.position});
+                   quantityOf(load, read.line, &InstrumentLine::tradeUnit, &MarketPlace::tradeUnit),
+                   quantityOf(load, read.line, &InstrumentLine::quantityStep, &MarketPlace::quantityStep),
+                   read.position});
 }
 
 }  // namespace

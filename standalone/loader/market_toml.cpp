@@ -71,6 +71,7 @@ void readMarket(Load& load, TomlSection& markets, const std::string& name) {
     TomlSection section(*table, "markets." + name, kMarketFile, load.errors);
     section.readText("title", KeyNeed::kNeeded, place.title);
     section.readInteger("trade_unit", KeyNeed::kNeeded, 1, kHighest, place.tradeUnit);
+    section.readInteger("quantity_step", KeyNeed::kOptional, 1, kHighest, place.quantityStep);
     section.readFlag("foreign", KeyNeed::kOptional, place.foreign);
     section.refuseOtherKeys();
 }

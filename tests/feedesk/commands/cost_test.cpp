@@ -147,6 +147,17 @@ TEST_F(Cost, CashBuysTheLargestQuantityInTradeUnits) {
 }
 
 // 70021.50 HKD are 63719.565 CNY.
+TEST_F(Cost, PurchasesGrowByTheFoldersQuantityStep) {
+    folder.write(
+        "instruments/more.csv",
+        "market,code,name,lists,trade_unit,quantity_step\nSH,600001,科创,stock,200,1\nSH,600002,主板,stock,200,\n");
+    EXPECT_EQ(cost("S100 600001 buy 201@5").status, 0);
+    EXPECT_THAT(cost("S100 600001 buy 199@5").err, HasSubstr("the least that SH:600001 is bought or opened in is 200"));
+    EXPECT_THAT(cost("S100 600002 buy 201@5").err, HasSubstr("in multiples of 200"));
+    // 299 shares are 1495 yuan, and 5 yuan of commission.
+    EXPECT_THAT(cost("S100 600001 buy @5 --cash 1500").out, HasSubstr("1500 CNY pay for 299 at most"));
+}
+
 TEST_F(Cost, CashIsYuanWhereAnExchangeRateIsGiven) {
     EXPECT_THAT(cost("H100 00700 buy @350 --exchange-rate 0.91 --cash 63719.565").out, HasSubstr("pay for 200 at"));
     EXPECT_EQ(cost("H100 00700 buy @350 --exchange-rate 0.91 --cash 63719.564").status, 1);

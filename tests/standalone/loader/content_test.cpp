@@ -172,6 +172,15 @@ TEST_F(LoaderContent, InstrumentMayBeInNoList) {
     EXPECT_EQ(instrumentOf(market, "900001").types, 0);
 }
 
+TEST_F(LoaderContent, QuantityStepIsTheInstrumentsOrElseTheMarkets) {
+    replace("market.toml", "trade_unit = 100\n", "trade_unit = 100\nquantity_step = 10\n");
+    write("instruments/c.csv", "market,code,name,lists,quantity_step\nSH,600009,Port,stock,1\nHK,00009,Land,hgt,\n");
+    const Market market = loadGood();
+    EXPECT_EQ(instrumentOf(market, "600000").quantityStep, 10);
+    EXPECT_EQ(instrumentOf(market, "600009").quantityStep, 1);
+    EXPECT_EQ(instrumentOf(market, "00009").quantityStep, 0);
+}
+
 TEST_F(LoaderContent, TradeUnitIsTheInstrumentsOrElseTheMarkets) {
     const Market market = loadGood();
     EXPECT_EQ(instrumentOf(market, "600000").tradeUnit, 100);

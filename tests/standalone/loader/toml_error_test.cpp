@@ -32,6 +32,8 @@ const LoaderError kTomlErrors[] = {
           "a list"),
     error("NegativeTradeUnit", replaced("market.toml", "trade_unit = 2", "trade_unit = -2"), 24,
           "\"markets.CME.trade_unit\"", "holds -2", "from 1"),
+    error("QuantityStepOfNothing", replaced("market.toml", "trade_unit = 2", "trade_unit = 2\nquantity_step = 0"), 25,
+          "\"markets.CME.quantity_step\"", "holds 0", "from 1"),
     error("TradeUnitMissingDoesNotMakeTheMarketUnknown", replaced("market.toml", "trade_unit = 100\n", ""), 10,
           "\"markets.SH.trade_unit\"", "missing"),
     error("ForeignIsTrueOrFalse", replaced("market.toml", "foreign = true", "foreign = 1"), 25,
