@@ -51,7 +51,7 @@ private:
 /// Whether the pager was started; it need not have read everything.
 bool isShownBy(const std::string& command, const std::string& text) {
     const WhileThePagerRuns guard;
-    // What less is told counts where the person has said nothing: it ends by itself where one screen is enough, keeps
+    // These options hold where the person has set none: less ends by itself where one screen is enough, keeps
     // colours, and leaves the text on the screen.
     const std::string environment = "LESS=\"${LESS-FRX}\" LESSCHARSET=\"${LESSCHARSET-utf-8}\" ";
     std::FILE* const pager = popen((environment + command).c_str(), "w");

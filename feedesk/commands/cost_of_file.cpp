@@ -115,10 +115,10 @@ public:
     }
 
     [[nodiscard]] std::size_t number() const { return count + ofDays; }
-    /// "3 wrong lines", and how many of them were told where that is not all.
+    /// "3 wrong lines", and how many of them were named where that is not all.
     [[nodiscard]] std::string text() const {
         return counted(number(), "wrong line") +
-               (count > kMostWrongLines ? fmt::format(", of which {} are told", kMostWrongLines) : "");
+               (count > kMostWrongLines ? fmt::format(", of which {} are named", kMostWrongLines) : "");
     }
 
 private:
@@ -238,7 +238,7 @@ ExitStatus costOfFile(Program& program, const CostArguments& arguments) {
     std::size_t count = 0;
     Answering answering(arguments);
     program.answer(session, {answering.section()}, [&](RowSink& sink) {
-        // A terminal that shows the answer needs nothing beside it.
+        // A terminal that shows the answer needs no progress.
         const std::optional<Progress> progress =
             isatty(STDOUT_FILENO) != 0 ? std::nullopt : std::make_optional<Progress>("charging trades");
         count = charge(file, tariffs, arguments, wrong,

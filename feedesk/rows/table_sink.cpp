@@ -31,7 +31,7 @@ private:
 };
 
 /// With the sources in columns or, where there are notes, numbered behind the last text of each row. Sources of several
-/// columns are told apart by their titles.
+/// columns are kept apart by their titles.
 TextTable textTable(const ShownColumns& columns, const std::vector<Row>& rows, SourceNotes* notes) {
     const auto isSource = [](const ShownColumn& column) { return column.isSource; };
     const bool needsLabels = std::count_if(columns.shown.begin(), columns.shown.end(), isSource) > 1;

@@ -32,7 +32,7 @@ public:
         }
         const auto number = static_cast<std::size_t>(*column);
         if (seen[number]) {
-            return refuse("stands twice");
+            return refuse("is there twice");
         }
         seen.set(number);
         return true;

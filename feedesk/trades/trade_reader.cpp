@@ -73,7 +73,7 @@ void TradeReader::readHeader(bool accountGiven) {
                                      standalone::suggestion(cell.text, names())));
         }
         if (std::find(columns.begin(), columns.end(), *column) != columns.end()) {
-            refuseHeader(fmt::format("the column {} stands twice in the header; keep one of them", cell.text));
+            refuseHeader(fmt::format("the column {} is twice in the header; keep one of them", cell.text));
         }
         columns.push_back(*column);
     }

@@ -18,7 +18,7 @@ public:
     /// with the line, for a header that has an unknown column, one twice, or not all that are needed.
     TradeReader(TextLines& inputLines, bool accountGiven);
 
-    /// Replaces `trade` by the next one; false at the end. A line that cannot be told into cells or members has a
+    /// Replaces `trade` by the next one; false at the end. A line that cannot be split into cells or members has a
     /// fault.
     bool next(TradeLine& trade);
 

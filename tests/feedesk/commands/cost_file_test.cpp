@@ -173,7 +173,7 @@ TEST_F(CostFile, JsonLinesGoInAndOut) {
 TEST_F(CostFile, WrongJsonLinesAreRefusedWithTheirLine) {
     const std::vector<std::pair<std::string, std::string>> wrong = {
         {"{\"acount\": 1}", "the member acount is unknown; known are account, date"},
-        {"{\"date\": 1, \"date\": 2}", "the member date stands twice"},
+        {"{\"date\": 1, \"date\": 2}", "the member date is there twice"},
         {"{\"date\": [1]}", "the member date holds a value that is neither a text nor a number"},
         {"{\"date\": {}}", "the member date holds an object"},
         {"{\"date\": \"2024-01-02\"", "the line is no JSON object"},
@@ -326,11 +326,11 @@ TEST_F(CostFile, WrongLinesOfSortedTradesAreToldInTheOrderOfTheFile) {
     for (int i = 0; i < 101; ++i) {
         trades += "S100,2024-01-02,SH,600519,buy,0,5.02,\n";
     }
-    const std::vector<std::string> told = lines(cost(trades, "--unsorted").err);
-    ASSERT_EQ(told.size(), 101U);
-    EXPECT_THAT(told.front(), HasSubstr(":2: the quantity is 0"));
-    EXPECT_THAT(told[99], HasSubstr(":101: the quantity is 0"));
-    EXPECT_THAT(told.back(), HasSubstr("102 wrong lines, of which 100 are told"));
+    const std::vector<std::string> wrong = lines(cost(trades, "--unsorted").err);
+    ASSERT_EQ(wrong.size(), 101U);
+    EXPECT_THAT(wrong.front(), HasSubstr(":2: the quantity is 0"));
+    EXPECT_THAT(wrong[99], HasSubstr(":101: the quantity is 0"));
+    EXPECT_THAT(wrong.back(), HasSubstr("102 wrong lines, of which 100 are named"));
 }
 
 TEST_F(CostFile, ManyWrongLinesAreCounted) {
@@ -340,7 +340,7 @@ TEST_F(CostFile, ManyWrongLinesAreCounted) {
     }
     const Outcome outcome = cost(trades);
     EXPECT_EQ(lines(outcome.err).size(), 101U);
-    EXPECT_THAT(outcome.err, HasSubstr("101 wrong lines, of which 100 are told; nothing was answered"));
+    EXPECT_THAT(outcome.err, HasSubstr("101 wrong lines, of which 100 are named; nothing was answered"));
 }
 
 TEST_F(CostFile, UnsortedTradesAreSortedByDay) {
@@ -391,7 +391,7 @@ TEST_F(CostFile, WrongFilesAreRefusedAsAWhole) {
         {"", " is empty; a header line with the columns of trades was expected"},
         {line, ":1: the column S100 is unknown; known are account, date, market"},
         {"account,date,market,code,side,quantity,prize\n" + line, ":1: the column prize is unknown"},
-        {"account,date,market,code,side,quantity,quantity\n" + line, ":1: the column quantity stands twice"},
+        {"account,date,market,code,side,quantity,quantity\n" + line, ":1: the column quantity is twice"},
         {"account,date,market,code,side,quantity\n" + line, ":1: the header has no column price; it needs"},
         {"account,date,market,code,quantity,price\n" + line, ":1: the header has no column side or offset"},
         {"date,market,code,side,quantity,price\n" + line, ":1: the header has no column account"},

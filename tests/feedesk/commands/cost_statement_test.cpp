@@ -99,7 +99,7 @@ TEST_F(CostOfBundledMarket, StatementComesOutToTheFenItemByItem) {
     }
 }
 
-/// What the trade moves on the account, which stands on each of its lines.
+/// What the trade moves on the account, which is on each of its lines.
 std::string netOf(const std::vector<Line>& items, std::size_t trade) {
     const auto line = std::find_if(items.begin(), items.end(),
                                    [&](const Line& item) { return item.at("trade") == std::to_string(trade); });
