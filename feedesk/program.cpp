@@ -57,7 +57,7 @@ std::string below(const Remarks& remarks) {
     return text.empty() ? "" : "\n" + text;
 }
 
-void tellBeside(const Remarks& remarks) {
+void tellRemarks(const Remarks& remarks) {
     for (const std::string& note : remarks.notes) {
         tellNote(note);
     }
@@ -94,7 +94,7 @@ void Program::answer(const Session& opened, const Sections& sections,
     if (summary) {
         tellSummary(opened.summary());
     }
-    tellBeside(remarks);
+    tellRemarks(remarks);
 }
 
 }  // namespace feedesk

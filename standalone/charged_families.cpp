@@ -2,7 +2,7 @@
 
 namespace standalone {
 
-const RateFamily& ratesOf(cost::Family charged) {
+const RateFamily& rateFamilyOf(cost::Family charged) {
     return rateFamily(charged == cost::Family::kFutures ? "commission" : cost::wordFor(charged));
 }
 

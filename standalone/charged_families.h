@@ -11,7 +11,7 @@
 namespace standalone {
 
 /// The family that holds the rates of trades: of futures the commission, of another one that of its name.
-const RateFamily& ratesOf(cost::Family charged);
+const RateFamily& rateFamilyOf(cost::Family charged);
 
 /// The family in which an account of the kind trades; empty for one that trades everything.
 std::optional<cost::Family> chargedAs(const AccountKindInfo& kind);

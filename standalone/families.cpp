@@ -151,17 +151,17 @@ std::vector<std::string> rateColumnNames(const Market& market, const RateFamily&
 }
 
 const std::vector<AccountKindInfo>& accountKinds() {
-    static const std::vector<AccountKindInfo> all{{kFuturesAccount, "futures", "commission", true},
-                                                  {kStockAccount, "stock", "stock", true},
-                                                  {kCreditAccount, "credit", "credit", true},
-                                                  {kFutures5Account, "futures_5", "commission", true},
-                                                  {kOptionAccount, "option", "option", true},
-                                                  {kHgtAccount, "hgt", "hgt", true},
-                                                  {kIncomeSwapAccount, "income_swap", "", false},
-                                                  {kNeeqAccount, "neeq", "neeq", true},
-                                                  {kSgtAccount, "sgt", "sgt", true},
-                                                  {kPrimeBrokerageAccount, "prime_brokerage", "", false},
-                                                  {kIncomeSwapFuturesAccount, "income_swap_futures", "", false}};
+    static const std::vector<AccountKindInfo> all{{kFuturesAccount, "futures", "commission"},
+                                                  {kStockAccount, "stock", "stock"},
+                                                  {kCreditAccount, "credit", "credit"},
+                                                  {kFutures5Account, "futures_5", "commission"},
+                                                  {kOptionAccount, "option", "option"},
+                                                  {kHgtAccount, "hgt", "hgt"},
+                                                  {kIncomeSwapAccount, "income_swap", ""},
+                                                  {kNeeqAccount, "neeq", "neeq"},
+                                                  {kSgtAccount, "sgt", "sgt"},
+                                                  {kPrimeBrokerageAccount, "prime_brokerage", ""},
+                                                  {kIncomeSwapFuturesAccount, "income_swap_futures", ""}};
     return all;
 }
 

@@ -74,8 +74,8 @@ std::vector<std::string> rateColumnNames(const Market& market, const RateFamily&
 struct AccountKindInfo {
     int kind;            ///< a qmservice::AccountKind
     const char* name;    ///< as accounts.csv has it
-    const char* family;  ///< whose instruments such an account trades; empty for one that trades everything
-    bool isListed;       ///< whether a fee center lists the fees of such an account
+    const char* family;  ///< whose instruments such an account trades; empty for one that trades everything and has no
+                         ///< list of fees
 };
 
 /// Every kind that the boundary names, in ascending order.

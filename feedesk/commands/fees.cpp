@@ -55,8 +55,7 @@ FeesArguments withKnownMarkets(FeesArguments arguments, const standalone::Market
 std::string whyNoList(const standalone::Account& account) {
     const std::string& id = account.record->accountId;
     const int kind = account.record->accountType;
-    const standalone::AccountKindInfo* known = standalone::findAccountKind(kind);
-    return known != nullptr && known->isListed
+    return standalone::tradedFamily(kind) != nullptr
                ? fmt::format(
                      "account {} has no list of fees: no fee record and no custom fee covers an instrument; "
                      "`feedesk fee {} INSTRUMENT` still answers",

@@ -28,7 +28,7 @@ void refuse(const std::string& sentence) {
 
 /// Every rate field of the family under its column's name.
 cost::RateNames namesOf(cost::Family family, const standalone::Market& market) {
-    const standalone::RateFamily& rates = standalone::ratesOf(family);
+    const standalone::RateFamily& rates = standalone::rateFamilyOf(family);
     const std::vector<std::string> columns = standalone::rateColumnNames(market, rates);
     cost::RateNames names;
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -59,10 +59,10 @@ private:
     const standalone::Market& market;
 };
 
-cost::Rates ratesOf(const DatedFee& dated, cost::Family family) {
+cost::Rates sourcedRates(const DatedFee& dated, cost::Family family) {
     cost::Rates rates = cost::ratesOf(*dated.fee, namesOf(family, *dated.market));
     const Origins origins(dated.answer, *dated.market);
-    const std::string_view part = standalone::ratesOf(family).name;
+    const std::string_view part = standalone::rateFamilyOf(family).name;
     for (cost::Rate& rate : rates.charges) {
         origins.fill(rate, part, rate.item);
     }
@@ -87,7 +87,7 @@ cost::Contract contractOf(const qmservice::CInstrumentFee& fee, const Instrument
 
 /// A fee center answers for instruments that none of the family's lists holds, and the charging terms are not for them.
 Instrument listedAt(const InstrumentNames& instruments, const cost::Place& place) {
-    const standalone::RateFamily& rates = standalone::ratesOf(place.family);
+    const standalone::RateFamily& rates = standalone::rateFamilyOf(place.family);
     const Instrument listed = instruments.listed(rates.lists, place.market, place.code);
     if (!listed) {
         throw Refused(
@@ -106,7 +106,7 @@ Charged answered(Session& session, cost::Date date, const std::string& account, 
                                   instrumentText(question.market, question.code), account));
     }
     const cost::Family family = cost::familyOf(*dated.fee).value_or(cost::Family::kStock);
-    cost::Rates rates = ratesOf(dated, family);
+    cost::Rates rates = sourcedRates(dated, family);
     const qmservice::CInstrument& instrument = *dated.fee->instrument;
     const cost::Place place{family, account, instrument.market, instrument.code, instrument.productId};
     const Instrument listed = listedAt(session.instruments(), place);

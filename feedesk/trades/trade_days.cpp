@@ -36,11 +36,9 @@ const std::string& accountOf(const TradeLine& line, const std::string& given) {
     return given;
 }
 
-constexpr char kUsualHedge = '1';
-
 /// Some systems write 1 behind every trade. Another flag would choose a margin, which only futures have.
 void refuseForeignHedge(const TradeLine& line, const cost::Trade& trade, const cost::Place& place) {
-    if (!line.of(TradeColumn::kHedge).empty() && trade.hedgeFlag != kUsualHedge) {
+    if (!line.of(TradeColumn::kHedge).empty() && trade.hedgeFlag != qmservice::kSpeculation) {
         throw Refused(fmt::format("the hedge flag is {}, and {} is charged as {}, which has none; leave it empty",
                                   hedgeName(trade.hedgeFlag), place.instrument(), cost::wordFor(place.family)));
     }
@@ -83,7 +81,7 @@ void TradeDays::add(const TradeLine& line) {
                                             filled(line, TradeColumn::kCode));
     if (tariff.place().family != cost::Family::kFutures) {
         refuseForeignHedge(line, trade, tariff.place());
-        trade.hedgeFlag = kUsualHedge;
+        trade.hedgeFlag = qmservice::kSpeculation;
     }
     if (beginsDay) {
         cost::Day next(date);

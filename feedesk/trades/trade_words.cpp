@@ -7,6 +7,7 @@
 
 #include "cost/refused.h"
 #include "feedesk/text.h"
+#include "standalone/text/nearness.h"
 #include "standalone/text/wording.h"
 
 namespace feedesk {
@@ -18,12 +19,10 @@ using cost::WrongTrade;
 constexpr std::array<const char*, qmservice::kHedgeFlags.size()> kHedgeNames = {"speculation", "arbitrage", "hedging"};
 
 /// "open_long" for "Open-Long".
-std::string wordFrom(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), [](char byte) {
-        const bool isCapital = byte >= 'A' && byte <= 'Z';
-        return byte == '-' ? '_' : isCapital ? static_cast<char>(byte - 'A' + 'a') : byte;
-    });
-    return text;
+std::string wordFrom(const std::string& text) {
+    std::string word = standalone::lowerCase(text);
+    std::replace(word.begin(), word.end(), '-', '_');
+    return word;
 }
 
 /// What buying and selling with an offset does; buying to close gives back a short position.

@@ -70,7 +70,7 @@ private:
 
     [[nodiscard]] std::map<Indices, const CInstrument*> instrumentsByTerms() const {
         std::map<Indices, const CInstrument*> found;
-        const Lists& lists = ratesOf(family()).lists;
+        const Lists& lists = rateFamilyOf(family()).lists;
         for (const ListedInstrument& listed : load.market.instruments) {
             const CInstrument& record = *listed.record;
             const auto isFor = [&](const cost::Term& term) {

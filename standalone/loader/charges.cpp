@@ -72,7 +72,7 @@ private:
     /// The charge is a rate of the fee center, or its own where the line gives the rate.
     void checkCharge(const ReadCharge& read) {
         const Term& term = read.line;
-        const std::vector<std::string> rates = rateColumnNames(load.market, ratesOf(term.family));
+        const std::vector<std::string> rates = rateColumnNames(load.market, rateFamilyOf(term.family));
         const bool isRate = std::find(rates.begin(), rates.end(), term.charge) != rates.end();
         if (!load.ratesComplete || isRate != term.rate.has_value()) {
             return;
@@ -121,7 +121,7 @@ private:
     /// Whether the catalogue has an instrument of the family that the line is for.
     [[nodiscard]] bool hasInstrument(Term term) const {
         term.account.clear();
-        const Lists& lists = ratesOf(term.family).lists;
+        const Lists& lists = rateFamilyOf(term.family).lists;
         return std::any_of(
             load.market.instruments.begin(), load.market.instruments.end(), [&](const ListedInstrument& listed) {
                 const qmservice::CInstrument& record = *listed.record;
@@ -147,7 +147,7 @@ private:
         report(read.position, "",
                fmt::format("the line matches no instrument: none of the list {} has the market {}, the code {} and the "
                            "product {}; correct the line or remove it",
-                           listNames(ratesOf(term.family).lists), orAny(term.market), orAny(term.code),
+                           listNames(rateFamilyOf(term.family).lists), orAny(term.market), orAny(term.code),
                            orAny(term.product)),
                ErrorKind::kNoMatch);
     }

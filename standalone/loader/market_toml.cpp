@@ -93,10 +93,10 @@ void readMarkets(Load& load, TomlSection& root) {
 
 /// Whether the tables of rates, or the answers that show rates, use the name for a column of their own.
 bool isFixedColumn(const std::string& name) {
-    static const std::vector<std::string> fixed{"account",  "market", "code",  "product",     "update", "category",
-                                                "item",     "from",   "until", "unit_volume",  // of the tables
-                                                "kind",     "name",   "part",  "level",       "source", "trade_unit",
-                                                "base_rate"};  // of the answers
+    static const std::vector<std::string> fixed{"account",    "market",   "code",  "product",     "update", "category",
+                                                "item",       "from",     "until", "unit_volume",  // of the tables
+                                                "kind",       "name",     "part",  "level",       "source", "marks",
+                                                "trade_unit", "base_rate"};  // of the answers
     return std::find(fixed.begin(), fixed.end(), name) != fixed.end();
 }
 

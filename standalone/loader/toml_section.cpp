@@ -12,7 +12,7 @@
 namespace standalone::loader {
 namespace {
 
-const char* const kMend = " was expected; correct it";
+const char* const kCorrectIt = " was expected; correct it";
 
 std::string found(const toml::node& node) {
     if (const auto* text = node.as_string(); text != nullptr && text->get().empty()) {
@@ -80,7 +80,7 @@ void TomlSection::readInteger(std::string_view key, KeyNeed need, int low, int h
     if (fits(*node, low, high)) {
         value = static_cast<int>(node->as_integer()->get());
     } else {
-        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but " + range(low, high) + kMend);
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but " + range(low, high) + kCorrectIt);
     }
 }
 
@@ -91,7 +91,7 @@ void TomlSection::readText(std::string_view key, KeyNeed need, std::string& valu
     }
     const auto* text = node->as_string();
     if (text == nullptr || text->get().empty()) {
-        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a text in quotes" + kMend);
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a text in quotes" + kCorrectIt);
     } else if (const std::string fault = tooLong(text->get()); !fault.empty()) {
         refuse(ErrorKind::kKeyValue, key, found(*node) + fault);
     } else {
@@ -107,7 +107,7 @@ void TomlSection::readFlag(std::string_view key, KeyNeed need, bool& value) {
     if (const auto* flag = node->as_boolean()) {
         value = flag->get();
     } else {
-        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but true or false" + kMend);
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but true or false" + kCorrectIt);
     }
 }
 
@@ -118,7 +118,7 @@ void TomlSection::readIntegers(std::string_view key, int low, int high, std::vec
     }
     const toml::array* list = node->as_array();
     if (list == nullptr) {
-        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a list of whole numbers such as [9001]" + kMend);
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a list of whole numbers such as [9001]" + kCorrectIt);
         return;
     }
     for (const toml::node& element : *list) {
@@ -126,9 +126,9 @@ void TomlSection::readIntegers(std::string_view key, int low, int high, std::vec
             values.push_back(static_cast<int>(element.as_integer()->get()));
         } else {
             isGood = false;
-            errors.add(
-                {file, element.source().begin.line, pathTo(key)}, ErrorKind::kKeyValue,
-                fmt::format("an element of {} {}, but {}{}", fullName(key), found(element), range(low, high), kMend));
+            errors.add({file, element.source().begin.line, pathTo(key)}, ErrorKind::kKeyValue,
+                       fmt::format("an element of {} {}, but {}{}", fullName(key), found(element), range(low, high),
+                                   kCorrectIt));
         }
     }
 }
@@ -144,7 +144,8 @@ void TomlSection::readDay(std::string_view key, KeyNeed need, std::optional<cost
     if (day) {
         value = day;
     } else {
-        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a day such as 2026-09-30, without quotes," + kMend);
+        refuse(ErrorKind::kKeyValue, key,
+               found(*node) + ", but a day such as 2026-09-30, without quotes," + kCorrectIt);
     }
 }
 
@@ -154,7 +155,7 @@ const toml::table* TomlSection::readTable(std::string_view key, KeyNeed need) {
         return nullptr;
     }
     if (!node->is_table()) {
-        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a table" + kMend);
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a table" + kCorrectIt);
     }
     return node->as_table();
 }

@@ -89,7 +89,7 @@ TEST_F(LoaderTomlError, NoMarkets) {
 
 TEST_F(LoaderTomlError, ColumnNameThatTheAnswersUse) {
     for (const std::string name :
-         {"trade_unit", "base_rate", "kind", "name", "part", "item", "level", "source", "unit_volume"}) {
+         {"trade_unit", "base_rate", "kind", "name", "part", "item", "level", "source", "marks", "unit_volume"}) {
         replace("market.toml", "column = \"handling\"", "column = \"" + name + "\"");
         expectError("market.toml", 32, {"\"rates.option.fee1.column\"", "\"" + name + "\"", "already"});
         replace("market.toml", "column = \"" + name + "\"", "column = \"handling\"");
