@@ -58,9 +58,19 @@ ExitStatus answerCost(Program& program, const CostArguments& arguments) {
 
 }  // namespace
 
-cost::Bill exchanged(cost::Bill bill, const CostArguments& arguments) {
-    const bool converts = arguments.exchangeRate && bill.currency != kYuan;
-    return converts ? cost::converted(std::move(bill), *arguments.exchangeRate, kYuan) : std::move(bill);
+cost::Bill Exchange::operator()(cost::Bill bill) {
+    if (!rate || bill.currency == kYuan) {
+        return bill;
+    }
+    if (foreign.empty()) {
+        foreign = bill.currency;
+    }
+    if (bill.currency != foreign) {
+        throw cost::Refused(fmt::format(
+            "trades are charged in {} and in {}, and --exchange-rate is of one currency; charge them one file each",
+            foreign, bill.currency));
+    }
+    return cost::converted(std::move(bill), *rate, kYuan);
 }
 
 void addCost(CLI::App& app, Program& program) {

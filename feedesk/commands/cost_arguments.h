@@ -36,8 +36,18 @@ ExitStatus costOfArguments(Program& program, const CostArguments& arguments);
 /// Answers for the trades of a file.
 ExitStatus costOfFile(Program& program, const CostArguments& arguments);
 
-/// The bill in yuan when an exchange rate is given and it is in another currency.
-cost::Bill exchanged(cost::Bill bill, const CostArguments& arguments);
+/// Puts bills into yuan by the exchange rate that is given; without one they stay as they are.
+class Exchange {
+public:
+    explicit Exchange(const std::optional<cost::Decimal>& exchangeRate) : rate(exchangeRate) {}
+
+    /// Throws cost::Refused for a bill in another foreign currency than one before it: the rate is of one.
+    cost::Bill operator()(cost::Bill bill);
+
+private:
+    std::optional<cost::Decimal> rate;
+    std::string foreign;  // the currency that is converted; empty: none yet
+};
 
 }  // namespace feedesk
 

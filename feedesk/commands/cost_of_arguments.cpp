@@ -170,6 +170,7 @@ std::string cashText(const cost::Decimal& cash, const ChargedTrade& charged) {
 
 /// The trades of one day together, each an order of its own, as those of a file without order numbers.
 Trades charge(const AskedTrades& asked, const cost::Tariff& tariff, const CostArguments& arguments) {
+    Exchange exchange(arguments.exchangeRate);
     cost::Day day(asked.trades.front().date);
     for (const cost::Trade& trade : asked.trades) {
         day.add(trade, tariff);
@@ -179,7 +180,7 @@ Trades charge(const AskedTrades& asked, const cost::Tariff& tariff, const CostAr
     Trades trades;
     for (cost::Bill& bill : day.bills()) {
         const std::size_t index = trades.size();
-        trades.emplace_back(numbers[index], asked.trades[index], exchanged(std::move(bill), arguments), numbers);
+        trades.emplace_back(numbers[index], asked.trades[index], exchange(std::move(bill)), numbers);
     }
     return trades;
 }

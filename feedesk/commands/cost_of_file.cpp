@@ -146,8 +146,9 @@ private:
 template <class TakeDay>
 std::size_t charge(TradeFile& file, Tariffs& tariffs, const CostArguments& arguments, WrongLines& wrong,
                    const TakeDay& takeDay) {
+    Exchange exchange(arguments.exchangeRate);
     TradeDays days(tariffs, arguments.account, arguments.hedge,
-                   {[&](cost::Bill bill) { return exchanged(std::move(bill), arguments); }, takeDay,
+                   {[&](cost::Bill bill) { return exchange(std::move(bill)); }, takeDay,
                     [&](cost::Date day, std::size_t trades, const std::string& sentence) {
                         wrong.tellDay(day, trades, sentence);
                     }});

@@ -26,6 +26,13 @@ void refuse(const std::string& sentence) {
     }
 }
 
+/// A day that is not covered is the mistake of who asks for it.
+void refuseDay(const std::string& sentence) {
+    if (!sentence.empty()) {
+        throw cost::WrongTrade(sentence);
+    }
+}
+
 /// Every rate field of the family under its column's name.
 cost::RateNames namesOf(cost::Family family, const standalone::Market& market) {
     const standalone::RateFamily& rates = standalone::rateFamilyOf(family);
@@ -117,14 +124,14 @@ Charged answered(Session& session, cost::Date date, const std::string& account, 
 
 void refuseUncovered(const Session& session, cost::Date date, const cost::Tariff& tariff) {
     const standalone::Coverage& coverage = session.folder().coverage();
-    refuse(coverage.refusal(date, tariff.place().family));
-    refuse(coverage.refusal(date, tariff.place().market));
+    refuseDay(coverage.refusal(date, tariff.place().family));
+    refuseDay(coverage.refusal(date, tariff.place().market));
 }
 
 }  // namespace
 
 Charged chargedOn(Session& session, cost::Date date, const std::string& account, const Question& question) {
-    refuse(session.folder().coverage().refusal(date));
+    refuseDay(session.folder().coverage().refusal(date));
     Charged charged = answered(session, date, account, question);
     refuseUncovered(session, date, charged.tariff);
     return charged;

@@ -279,6 +279,19 @@ TEST_F(CostFile, DayThatIsTooLargeToConvertIsNamedAndNotLost) {
     EXPECT_THAT(goesOn.err, HasSubstr("1 of 2 trades is not answered"));
 }
 
+TEST_F(CostFile, ExchangeRateIsOfOneCurrency) {
+    folder.write("charges.csv",
+                 "family,charge,side,basis,rate,per,rounding,currency,source,checked\n"
+                 "hgt,commission,both,turnover,,order,0.01 half_up,HKD,test,2024-01-02\n"
+                 "stock,commission,both,turnover,,order,0.01 half_up,USD,test,2024-01-02\n");
+    const std::string trades = "H100,2024-01-02,HK,00700,buy,200,350,\nS100,2024-01-03,SZ,000001,buy,100,5,\n";
+    EXPECT_EQ(cost(trades).status, 0);
+    const Outcome refused = cost(trades, "--exchange-rate 0.9");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.err, HasSubstr("1 trade of 2024-01-03 cannot be charged: trades are charged in HKD and in USD, "
+                                       "and --exchange-rate is of one currency"));
+}
+
 TEST_F(CostFile, TotalsThatAreTooLargeAreRefused) {
     folder.write("charges.csv", kLongLevy);
     const Outcome outcome = cost(

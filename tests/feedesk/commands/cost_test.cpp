@@ -268,7 +268,7 @@ TEST_F(Cost, WhatCannotBeAnsweredIsOneSentence) {
         {"S100 600518 buy 100@5", 1, "the market folder has no instrument 600518"},
         {"S100 '600*' buy 100@5", 1, "600* stands for 2 instruments, and a trade is of one"},
         {"S100 600519 buy 100@5 --date 2020-12-31", 2, "the folder's schedules are known from 2021-01-01"},
-        {"H100 00700 buy 200@5 --date 2022-12-31", 1, "schedules of family hgt are known from 2023-01-01"},
+        {"H100 00700 buy 200@5 --date 2022-12-31", 2, "schedules of family hgt are known from 2023-01-01"},
         {"S100 600519 buy @5 --cash 0", 2, "0 is not a plain number above 0"},
         {"S100 600519 buy 100@5 --cash 1000", 2, "--cash asks for the quantity; leave it out"},
         {"S100 600519 sell @5 --cash 1000", 2, "cash limits a purchase"},
