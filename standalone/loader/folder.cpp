@@ -16,6 +16,8 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::string kInstruments = "instruments";
+/// Layouts of statements: a program that reads statements checks the one that it reads with.
+const std::string kLayouts = "layouts";
 
 /// The files that a folder may have; empty names any .csv file.
 struct KnownFolder {
@@ -110,6 +112,9 @@ private:
         const auto& folders = knownFolders();
         const auto folder = std::find_if(folders.begin(), folders.end(),
                                          [&](const KnownFolder& known) { return known.name == name + "/"; });
+        if (name == kLayouts) {
+            return;
+        }
         if (folder == folders.end()) {
             visitFile(folders.front(), name);
         } else {
@@ -150,6 +155,7 @@ private:
     void reportUnknown(const KnownFolder& folder, const std::string& file) {
         std::vector<std::string> names = folder.files;
         if (folder.name.empty()) {
+            names.push_back(kLayouts);
             for (const KnownFolder& known : knownFolders()) {
                 if (!known.name.empty()) {
                     names.push_back(known.name.substr(0, known.name.size() - 1));

@@ -99,6 +99,27 @@ void TomlSection::readText(std::string_view key, KeyNeed need, std::string& valu
     }
 }
 
+void TomlSection::readTexts(std::string_view key, KeyNeed need, std::vector<std::string>& values) {
+    const toml::node* node = take(key, need);
+    if (node == nullptr) {
+        return;
+    }
+    const auto isText = [](const toml::node& each) {
+        const auto* text = each.as_string();
+        return text != nullptr && !text->get().empty() && tooLong(text->get()).empty();
+    };
+    const toml::array* list = node->as_array();
+    if (list != nullptr && !list->empty() && std::all_of(list->begin(), list->end(), isText)) {
+        for (const toml::node& each : *list) {
+            values.push_back(each.as_string()->get());
+        }
+    } else if (list == nullptr && isText(*node)) {
+        values.push_back(node->as_string()->get());
+    } else {
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a text in quotes or a list of such texts" + kMend);
+    }
+}
+
 void TomlSection::readFlag(std::string_view key, KeyNeed need, bool& value) {
     const toml::node* node = take(key, need);
     if (node == nullptr) {

@@ -26,6 +26,8 @@ public:
 
     void readInteger(std::string_view key, KeyNeed need, int low, int high, int& value);
     void readText(std::string_view key, KeyNeed need, std::string& value);
+    /// Texts in a list, or one text by itself.
+    void readTexts(std::string_view key, KeyNeed need, std::vector<std::string>& values);
     void readFlag(std::string_view key, KeyNeed need, bool& value);
     void readIntegers(std::string_view key, int low, int high, std::vector<int>& values);
 

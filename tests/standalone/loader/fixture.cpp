@@ -128,7 +128,8 @@ S1,2,70001,0.8,,,,,
          "F1,4,70001,3,0.1,0.2,0.3,0.4,5,0.6,0.7\n"},
         {"README.md", "Anything may be here.\n"},
         {".hidden", "And here.\n"},
-        {"fees/notes.md", "And here.\n"}};
+        {"fees/notes.md", "And here.\n"},
+        {"layouts/broker.toml", "Read with the statements of the broker.\n"}};
     return files;
 }
 
