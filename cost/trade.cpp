@@ -48,6 +48,9 @@ Decimal turnoverOf(const Trade& trade, const Tariff& tariff) {
     if (!(trade.price > Decimal())) {
         throw WrongTrade("the price is " + trade.price.text() + ", and a trade has one above 0");
     }
+    if (trade.turnover) {
+        return *trade.turnover;
+    }
     if (tariff.contract().multiplier.isZero()) {
         throw Refused("the multiplier of " + tariff.place().instrument() +
                       " is not known, so its turnover cannot be calculated");

@@ -1,6 +1,7 @@
 #ifndef COST_TRADE_H
 #define COST_TRADE_H
 
+#include <optional>
 #include <string>
 
 #include "cost/date.h"
@@ -20,12 +21,15 @@ struct Trade {
     Date date;
     /// The order that it is a fill of, within the account; empty: an order of its own.
     std::string order;
+    /// Above 0: the money that was traded, where the price is an average that was rounded. Empty: quantity x price x
+    /// multiplier.
+    std::optional<Decimal> turnover{};
 };
 
-/// quantity x price x multiplier; 0 for an exercise without a price. Throws Refused for a trade that cannot have been
-/// made: a quantity or price that is not above 0, a quantity that is not whole, a purchase or opening that is no
-/// tradable quantity (asked of an order of its own only: a fill may have any whole quantity), a hedge flag that is not
-/// 1, 2 or 3; and when the multiplier is not known.
+/// The trade's own turnover, else quantity x price x multiplier; 0 for an exercise without a price. Throws Refused for
+/// a trade that cannot have been made: a quantity or price that is not above 0, a quantity that is not whole, a
+/// purchase or opening that is no tradable quantity (asked of an order of its own only: a fill may have any whole
+/// quantity), a hedge flag that is not 1, 2 or 3; and when the multiplier is not known.
 Decimal turnoverOf(const Trade& trade, const Tariff& tariff);
 
 }  // namespace cost

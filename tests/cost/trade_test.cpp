@@ -78,4 +78,13 @@ TEST(TradableQuantity, IsAskedOfPurchasesThatAreOrdersOfTheirOwn) {
     EXPECT_EQ(refusal([&] { costOf(fill, allInLots("100", "100")); }), "");
 }
 
+// 3 at an average of 10.33 were traded for 31.00, and not for 30.99.
+TEST(Turnover, IsTheTradesOwnWhereItHasOne) {
+    Trade average = trade("sell 3@10.33");
+    EXPECT_EQ(turnoverOf(average, allIn()).text(), "30.99");
+    average.turnover = cost_test::number("31");
+    EXPECT_EQ(turnoverOf(average, allIn()).text(), "31");
+    EXPECT_EQ(costOf(average, allIn()).turnover.text(), "31");
+}
+
 }  // namespace
