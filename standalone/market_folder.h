@@ -45,6 +45,9 @@ public:
     /// limits are made anew by each call. Throws nothing but std::bad_alloc.
     [[nodiscard]] Market marketOn(cost::Date day) const;
 
+    /// What was read, for the parts of the standalone host.
+    [[nodiscard]] const loader::CheckedFolder& content() const { return *checked; }
+
 private:
     std::shared_ptr<const loader::CheckedFolder> checked;
 };
