@@ -137,10 +137,7 @@ IntervalCenter& Session::centerOf(cost::Date date) {
 
 IntervalCenter& Session::installed(cost::Date date) {
     IntervalCenter& center = centerOf(date);
-    if (inServices != &center) {
-        center.install();
-        inServices = &center;
-    }
+    center.install();  // one swap; others use the services too
     return center;
 }
 

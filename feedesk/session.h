@@ -118,7 +118,6 @@ private:
     cost::Date askedDay;
     std::map<std::size_t, std::unique_ptr<IntervalCenter>> centers;  // by interval
     IntervalCenter* asked;                                           // of the day
-    IntervalCenter* inServices = nullptr;
     InstrumentNames names;
     std::unordered_map<std::string, std::size_t> places;  // of the accounts, the same in each market
     RunningEngine engine;

@@ -112,14 +112,7 @@ Charged answered(Session& session, cost::Date date, const std::string& account, 
         throw Refused(fmt::format("the fee center has no fee of {} for account {}",
                                   instrumentText(question.market, question.code), account));
     }
-    const cost::Family family = cost::familyOf(*dated.fee).value_or(cost::Family::kStock);
-    cost::Rates rates = sourcedRates(dated, family);
-    const qmservice::CInstrument& instrument = *dated.fee->instrument;
-    const cost::Place place{family, account, instrument.market, instrument.code, instrument.productId};
-    const Instrument listed = listedAt(session.instruments(), place);
-    return {cost::Tariff(place, contractOf(*dated.fee, *listed), std::move(rates),
-                         session.folder().schedule().termsFor(place, date)),
-            std::move(dated.answer)};
+    return chargedBy(session, std::move(dated), account, date);
 }
 
 void refuseUncovered(const Session& session, cost::Date date, const cost::Tariff& tariff) {
@@ -129,6 +122,17 @@ void refuseUncovered(const Session& session, cost::Date date, const cost::Tariff
 }
 
 }  // namespace
+
+Charged chargedBy(const Session& session, DatedFee dated, const std::string& account, cost::Date date) {
+    const cost::Family family = cost::familyOf(*dated.fee).value_or(cost::Family::kStock);
+    cost::Rates rates = sourcedRates(dated, family);
+    const qmservice::CInstrument& instrument = *dated.fee->instrument;
+    const cost::Place place{family, account, instrument.market, instrument.code, instrument.productId};
+    const Instrument listed = listedAt(session.instruments(), place);
+    return {cost::Tariff(place, contractOf(*dated.fee, *listed), std::move(rates),
+                         session.folder().schedule().termsFor(place, date)),
+            std::move(dated.answer)};
+}
 
 Charged chargedOn(Session& session, cost::Date date, const std::string& account, const Question& question) {
     refuseDay(session.folder().coverage().refusal(date));

@@ -22,6 +22,9 @@ struct Charged {
 /// not cover the day, when the fee center has no fee, and as cost::ratesOf() and cost::Schedule do.
 Charged chargedOn(Session& session, cost::Date date, const std::string& account, const Question& question);
 
+/// The same from an answer that somebody else asked for: of the account, as of the day.
+Charged chargedBy(const Session& session, DatedFee dated, const std::string& account, cost::Date date);
+
 /// The tariffs of many trades. Keeps those of the interval of days that was asked for last, so that days in ascending
 /// order ask the fee center once for each account, instrument and interval.
 class Tariffs {

@@ -1,0 +1,221 @@
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+#include "feedesk/commands/commands.h"
+#include "feedesk/commands/fee_answer.h"
+#include "feedesk/commands/options.h"
+#include "feedesk/commands/reconcile_rows.h"
+#include "feedesk/messages.h"
+#include "feedesk/numbers.h"
+#include "feedesk/statements/encoding.h"
+#include "feedesk/text.h"
+
+namespace feedesk {
+namespace {
+
+using Outcome = ReconciledOrder::Outcome;
+
+constexpr std::size_t kMostWrongLines = 100;
+
+struct ReconcileArguments {
+    std::string account;
+    std::string statement;
+    std::string layout;
+    std::string encoding;
+    std::string patch;
+    bool differing = false;
+};
+
+std::vector<Layout> layoutsFor(const ReconcileArguments& arguments, const std::string& folder) {
+    if (!arguments.layout.empty()) {
+        return {namedLayout(folder, arguments.layout)};
+    }
+    std::vector<Layout> layouts = layoutsOf(folder);
+    if (layouts.empty()) {
+        throw Failure(
+            kBadInput,
+            fmt::format("{}/layouts holds no layout of statements; name one with --layout FILE.toml", echoed(folder)));
+    }
+    return layouts;
+}
+
+void refuseWrongLines(const std::vector<WrongLine>& wrong, const std::string& file) {
+    for (std::size_t i = 0; i < std::min(wrong.size(), kMostWrongLines); ++i) {
+        const std::string column = wrong[i].column.empty() ? "" : fmt::format("column {} ", echoed(wrong[i].column));
+        tellProblem(InputLine{file, wrong[i].line}, column + wrong[i].sentence, kBadInput);
+    }
+    if (!wrong.empty()) {
+        const std::string told =
+            wrong.size() > kMostWrongLines ? fmt::format(", of which {} are told", kMostWrongLines) : "";
+        throw Failure(kBadInput, counted(wrong.size(), "wrong line") + told + "; nothing was compared");
+    }
+}
+
+Statement statementFor(const ReconcileArguments& arguments, const std::string& folder) {
+    const std::vector<Layout> layouts = layoutsFor(arguments, folder);
+    TextLines file(arguments.statement, false);
+    const std::vector<std::string> lines = linesAsUtf8(file, encodingFrom(arguments.encoding));
+    std::vector<WrongLine> wrong;
+    Statement statement = statementIn(lines, file.name(), layouts, wrong);
+    refuseWrongLines(wrong, file.name());
+    if (statement.lines.empty()) {
+        throw Failure(kBadInput, fmt::format("{} has no trade below its header", file.name()));
+    }
+    return statement;
+}
+
+std::string sumText(const Reconciliation& found) {
+    const auto part = [&](Outcome outcome, const char* one, const char* many) {
+        const std::size_t count = found.count(outcome);
+        return count == 0 ? "" : fmt::format(", {} {}", grouped(count), count == 1 ? one : many);
+    };
+    const std::string parts = part(Outcome::kAgrees, "agrees to the fen", "agree to the fen") +
+                              part(Outcome::kDiffers, "differs", "differ") +
+                              part(Outcome::kNotCharged, "has no answer", "have no answer");
+    return counted(found.orders.size(), "trade") + ": " + parts.substr(2);
+}
+
+std::string passedOverNote(const Statement& statement) {
+    const std::size_t count = statement.passedOver.size();
+    if (count == 0) {
+        return "";
+    }
+    const std::size_t shown = std::min<std::size_t>(count, 10);
+    const std::vector<std::size_t> first(statement.passedOver.begin(),
+                                         statement.passedOver.begin() + static_cast<std::ptrdiff_t>(shown));
+    return fmt::format("{} of {} {} no trade and {} passed over: {}{}", counted(count, "line"), statement.file,
+                       count == 1 ? "is" : "are", count == 1 ? "was" : "were", fmt::join(first, ", "),
+                       shown < count ? " and more" : "");
+}
+
+void writePatch(const std::string& path, const std::string& patch) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    if (!(file << patch << std::flush)) {
+        throw Failure(kBadInput, fmt::format("{} cannot be written: {}", echoed(path), std::strerror(errno)));
+    }
+}
+
+std::string patchNote(const ReconcileArguments& arguments, const Proposals& proposals, const std::string& folder) {
+    if (proposals.patch.empty()) {
+        return arguments.patch.empty()
+                   ? ""
+                   : "there is no change to propose; " + echoed(arguments.patch) + " is not written";
+    }
+    return arguments.patch.empty()
+               ? "--patch FILE writes the lines of the folder with the other rate, as a patch"
+               : fmt::format("to change the folder so: patch -p1 -d {} <{}", folder, arguments.patch);
+}
+
+/// What one answer is made of.
+struct Wanted {
+    const ReconcileArguments& arguments;
+    const Reconciliation& found;
+    const Statement& statement;
+    const std::vector<Proposal>& proposals;
+};
+
+/// A table has no section that would be empty, and tells what it proposes below.
+Sections sectionsOf(const Wanted& wanted, Format format) {
+    const Section orders = sectionOf("", orderFields());
+    const Section figures = sectionOf("What differs", figureFields());
+    if (format != Format::kTable) {
+        return {orders, figures, sectionOf("", proposalFields())};
+    }
+    if (wanted.found.count(Outcome::kDiffers) > 0) {
+        return {orders, figures};
+    }
+    return wanted.arguments.differing && wanted.found.agrees() ? Sections() : Sections{orders};
+}
+
+void giveRows(const Wanted& wanted, const Sections& sections, RowSink& sink) {
+    const auto orders = orderFields();
+    const auto figures = figureFields();
+    const auto proposals = proposalFields();
+    for (const ReconciledOrder& each : wanted.found.orders) {
+        if (each.outcome != Outcome::kAgrees || !wanted.arguments.differing) {
+            Row row = rowOf(orders, OrderRow{each, wanted.statement});
+            row.marked = each.outcome != Outcome::kAgrees;
+            sink.row(row);
+        }
+    }
+    for (const ReconciledOrder& each : wanted.found.orders) {
+        const OrderRow order{each, wanted.statement};
+        for (const Figure& figure : each.figures) {
+            if (!figure.agrees()) {
+                Row row = rowOf(figures, FigureRow{order, figure});
+                row.section = 1;
+                sink.row(row);
+            }
+        }
+    }
+    for (const Proposal& proposal : sections.size() > 2 ? wanted.proposals : std::vector<Proposal>()) {
+        Row row = rowOf(proposals, proposal);
+        row.section = 2;
+        sink.row(row);
+    }
+}
+
+ExitStatus reconcileStatement(Program& program, const ReconcileArguments& arguments) {
+    if (program.session.date) {
+        throw Failure(kBadInput, "--date does not go with reconcile, as each line of a statement has its date");
+    }
+    Session session(program.session);
+    const standalone::Account& account = session.account(arguments.account);
+    const Statement statement = statementFor(arguments, program.session.folder);
+    const Reconciliation found = Reconciler(session, arguments.account).reconcile(statement);
+    const Proposals proposals = proposalsFor(found, program.session.folder);
+    if (!arguments.patch.empty() && !proposals.patch.empty()) {
+        writePatch(arguments.patch, proposals.patch);
+    }
+    const Wanted wanted{arguments, found, statement, proposals.lines};
+    const Sections sections = sectionsOf(wanted, program.format);
+    program.answer(session, sections, [&](RowSink& sink) {
+        giveRows(wanted, sections, sink);
+        Remarks remarks;
+        remarks.heading = accountHeading(account) + ", " + statement.layout.title;
+        remarks.footing = causeSentences(found, statement);
+        remarks.footing.insert(remarks.footing.begin(), sumText(found));
+        for (const std::string& note :
+             {passedOverNote(statement), patchNote(arguments, proposals, program.session.folder)}) {
+            if (!note.empty()) {
+                remarks.notes.push_back(note);
+            }
+        }
+        return remarks;
+    });
+    return found.agrees() ? kAnswered : kNoAnswer;
+}
+
+std::string encodingProblem(const std::string& text) {
+    return encodingFrom(text) ? "" : fmt::format("{} is neither utf-8 nor gb18030", echoed(text));
+}
+
+}  // namespace
+
+void addReconcile(CLI::App& app, Program& program) {
+    CLI::App* command = app.add_subcommand("reconcile", "Compare a broker's statement with the folder");
+    ReconcileArguments& arguments = argumentsOf(*command, program, reconcileStatement);
+    command->add_option("ACCOUNT", arguments.account, "Number of the account")->required()->type_name("");
+    command
+        ->add_option("STATEMENT", arguments.statement,
+                     "The broker's statement, commas or tabs between\ncells; - is standard input")
+        ->required()
+        ->type_name("");
+    command
+        ->add_option("--layout", arguments.layout,
+                     "How the statement is laid out: a name of the\nfolder's layouts/, or a file (else by header)")
+        ->type_name("LAYOUT");
+    command->add_option("--encoding", arguments.encoding, "utf-8 or gb18030 (else what the bytes are)")
+        ->check(CLI::Validator(encodingProblem, ""))
+        ->type_name("E");
+    command->add_flag("--differing", arguments.differing, "Only the trades that do not agree");
+    command->add_option("--patch", arguments.patch, "Write the proposed change of the folder here")->type_name("FILE");
+    addFormatOptions(*command, program);
+}
+
+}  // namespace feedesk

@@ -1,0 +1,241 @@
+#include "feedesk/commands/reconcile_rows.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "feedesk/numbers.h"
+#include "standalone/text/wording.h"
+
+namespace feedesk {
+namespace {
+
+using Outcome = ReconciledOrder::Outcome;
+
+constexpr int kMoneyDecimals = 2;
+constexpr std::size_t kMostSentences = 100;
+
+const StatementLine& firstLine(const OrderRow& row) { return row.statement.lines[row.reconciled.order.lines.front()]; }
+
+std::vector<std::string> lineNumbers(const ReconciledOrder& reconciled, const Statement& statement) {
+    std::vector<std::string> numbers;
+    for (const std::size_t index : reconciled.order.lines) {
+        numbers.push_back(std::to_string(statement.lines[index].line));
+    }
+    return numbers;
+}
+
+std::string marketOf(const OrderRow& row) {
+    return row.reconciled.tariff ? row.reconciled.tariff->place().market : firstLine(row).market;
+}
+
+std::string instrumentOf(const OrderRow& row) {
+    const std::string market = marketOf(row);
+    return market.empty() ? firstLine(row).code : market + ':' + firstLine(row).code;
+}
+
+std::string quantityOf(const OrderRow& row) {
+    cost::Decimal sum;
+    for (const cost::Trade& trade : row.reconciled.order.trades) {
+        sum += trade.quantity;
+    }
+    return sum.text();
+}
+
+Value money(const cost::Decimal& amount) { return Money{amount.text(kMoneyDecimals)}; }
+
+/// With its sign, so that a reader sees who says more.
+std::string differenceText(const cost::Decimal& stated, const Span& expected) {
+    const cost::Decimal difference =
+        expected.contains(stated) ? cost::Decimal() : stated - (stated < expected.low ? expected.low : expected.high);
+    return (difference > cost::Decimal() ? "+" : "") + difference.text(kMoneyDecimals);
+}
+
+std::string plainDifference(const std::string& text) { return text.front() == '+' ? text.substr(1) : text; }
+
+Value resultOf(const OrderRow& row) {
+    switch (row.reconciled.outcome) {
+        case Outcome::kAgrees:
+            return Label{"agrees", {"agrees"}};
+        case Outcome::kNotCharged:
+            return Label{"not_charged", {"not charged"}};
+        case Outcome::kDiffers:
+            break;
+    }
+    const std::string difference = differenceText(row.reconciled.statedCosts, Span(row.reconciled.costs));
+    return Label{"differs", {difference == "0.00" ? "differs" : difference}};
+}
+
+/// The value of an order that has an answer.
+template <class Find>
+auto ofCharged(const Find& find) {
+    return [find](const OrderRow& row) {
+        return row.reconciled.outcome == Outcome::kNotCharged ? Value(Nothing()) : Value(find(row));
+    };
+}
+
+/// The value of what is solved for.
+template <class Find>
+auto ofSolved(const Find& find) {
+    return [find](const OrderRow& row) {
+        return row.reconciled.solved ? Value(find(*row.reconciled.solved)) : Value(Nothing());
+    };
+}
+
+Value causeOf(const OrderRow& row) {
+    return row.reconciled.outcome == Outcome::kDiffers ? Value(std::string(cost::wordFor(row.reconciled.cause)))
+                                                       : Value(Nothing());
+}
+
+std::string sentencesOf(const Explanations& explanations, const char* between) {
+    std::vector<std::string> sentences;
+    for (const Explanation& each : explanations) {
+        sentences.push_back(each.sentence);
+    }
+    return fmt::format("{}", fmt::join(sentences, between));
+}
+
+Names causesIn(const Explanations& explanations) {
+    Names names;
+    for (const Explanation& each : explanations) {
+        const std::string name(cost::wordFor(each.cause));
+        if (std::find(names.begin(), names.end(), name) == names.end()) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+std::string solvedSentence(const SolvedRate& solved) {
+    const std::string which = solved.range.low == solved.range.high || solved.rate.text() == solved.range.text()
+                                  ? ""
+                                  : fmt::format(" (any from {})", solved.range.text());
+    const std::string reach =
+        solved.from ? fmt::format("fits {} from {} on",
+                                  solved.lines == 1 ? "the line" : fmt::format("all {} lines", solved.lines),
+                                  solved.from->text())
+                    : "fits this trade, and not all those after it";
+    const std::string line = solved.source.empty() ? "built in, by no line" : solved.source;
+    return fmt::format("the {} {}{} {}; the folder has {}, {}", solved.sought.charge, solved.rate.text(), which, reach,
+                       solved.folderRate.text(), line);
+}
+
+std::string explanationOf(const ReconciledOrder& reconciled) {
+    if (reconciled.outcome == Outcome::kNotCharged) {
+        return reconciled.problem;
+    }
+    if (reconciled.solved) {
+        return solvedSentence(*reconciled.solved);
+    }
+    if (!reconciled.causes.empty()) {
+        return sentencesOf(reconciled.causes, ", or ");
+    }
+    return "nothing that is known explains it" + (reconciled.remark.empty() ? "" : "; " + reconciled.remark);
+}
+
+std::string sentenceOf(const ReconciledOrder& reconciled) {
+    return explanationOf(reconciled) +
+           (reconciled.alsoFit.empty() ? "" : "; also fits: " + sentencesOf(reconciled.alsoFit, ", "));
+}
+
+}  // namespace
+
+FieldsOf<OrderRow> orderFields() {
+    return {
+        {forPrograms("row"), [](const OrderRow&) { return std::string("order"); }},
+        {{"line", "Line", Unit::kCount}, [](const OrderRow& row) { return firstLine(row).line; }},
+        {forPrograms("lines"), [](const OrderRow& row) { return lineNumbers(row.reconciled, row.statement); }},
+        {{"date", "Date"}, [](const OrderRow& row) { return firstLine(row).trade.date.text(); }},
+        {forPrograms("market"), [](const OrderRow& row) { return textOrNothing(marketOf(row)); }},
+        {forPrograms("code"), [](const OrderRow& row) { return firstLine(row).code; }},
+        {forPeople("Instrument"), instrumentOf},
+        {forPrograms("name"), [](const OrderRow& row) { return textOrNothing(firstLine(row).name); }},
+        {{"side", "Side"}, [](const OrderRow& row) { return std::string(cost::wordFor(firstLine(row).trade.side)); }},
+        {{"quantity", "Quantity", Unit::kNumber}, [](const OrderRow& row) { return Money{quantityOf(row)}; }},
+        {forPrograms("order"), [](const OrderRow& row) { return textOrNothing(firstLine(row).trade.order); }},
+        {{"stated", "Statement", Unit::kNumber},
+         ofCharged([](const OrderRow& row) { return money(row.reconciled.statedCosts); })},
+        {{"charged", "Folder", Unit::kNumber},
+         ofCharged([](const OrderRow& row) { return money(row.reconciled.costs); })},
+        {forPrograms("difference"),
+         ofCharged([](const OrderRow& row) { return money(row.reconciled.statedCosts - row.reconciled.costs); })},
+        {forPrograms("currency"), [](const OrderRow& row) { return textOrNothing(row.reconciled.currency); }},
+        {{"result", "Result", Unit::kNumber}, resultOf},
+        {forPrograms("cause"), causeOf},
+        {forPrograms("explanation"),
+         [](const OrderRow& row) {
+             return textOrNothing(row.reconciled.outcome == Outcome::kAgrees ? "" : explanationOf(row.reconciled));
+         }},
+        {forPrograms("also_fits"), [](const OrderRow& row) { return causesIn(row.reconciled.alsoFit); }},
+        {forPrograms("charge"), ofSolved([](const SolvedRate& solved) { return solved.sought.charge; })},
+        {forPrograms("rate"), ofSolved([](const SolvedRate& solved) { return Money{solved.rate.text()}; })},
+        {forPrograms("rate_low"), ofSolved([](const SolvedRate& solved) { return Money{solved.range.low.text()}; })},
+        {forPrograms("rate_high"), ofSolved([](const SolvedRate& solved) { return Money{solved.range.high.text()}; })},
+        {forPrograms("rate_from"),
+         ofSolved([](const SolvedRate& solved) { return textOrNothing(solved.from ? solved.from->text() : ""); })},
+        {forPrograms("folder_rate"),
+         ofSolved([](const SolvedRate& solved) { return Money{solved.folderRate.text()}; })},
+        {forPrograms("source"), ofSolved([](const SolvedRate& solved) {
+             return solved.source.empty() ? Value(Nothing()) : Value(Source{solved.source});
+         })},
+    };
+}
+
+FieldsOf<FigureRow> figureFields() {
+    return {
+        {forPrograms("row"), [](const FigureRow&) { return std::string("figure"); }},
+        {{"line", "Line", Unit::kCount}, [](const FigureRow& row) { return firstLine(row.order).line; }},
+        {{"figure", "Figure"}, [](const FigureRow& row) { return row.figure.name; }},
+        {{"stated", "Statement", Unit::kNumber}, [](const FigureRow& row) { return money(row.figure.stated); }},
+        {{"charged", "Folder", Unit::kNumber}, [](const FigureRow& row) { return money(row.figure.expected.low); }},
+        {forPrograms("difference"),
+         [](const FigureRow& row) {
+             return Money{plainDifference(differenceText(row.figure.stated, row.figure.expected))};
+         }},
+        {Field{"", "Difference", Unit::kNumber},
+         [](const FigureRow& row) { return differenceText(row.figure.stated, row.figure.expected); }},
+    };
+}
+
+FieldsOf<Proposal> proposalFields() {
+    return {
+        {forPrograms("row"), [](const Proposal&) { return std::string("proposal"); }},
+        {forPrograms("source"), [](const Proposal& proposal) { return Source{proposal.where}; }},
+        {forPrograms("old"), [](const Proposal& proposal) { return proposal.before; }},
+        {forPrograms("new"), [](const Proposal& proposal) { return proposal.after; }},
+    };
+}
+
+std::vector<std::string> causeSentences(const Reconciliation& found, const Statement& statement) {
+    std::vector<std::pair<std::string, std::vector<std::string>>> groups;  // sentence, lines
+    for (const ReconciledOrder& each : found.orders) {
+        if (each.outcome == Outcome::kAgrees) {
+            continue;
+        }
+        const std::string sentence = sentenceOf(each);
+        auto group = std::find_if(groups.begin(), groups.end(), [&](const auto& one) { return one.first == sentence; });
+        if (group == groups.end()) {
+            group = groups.insert(groups.end(), {sentence, {}});
+        }
+        const std::vector<std::string> numbers = lineNumbers(each, statement);
+        std::copy(numbers.begin(), numbers.end(), std::back_inserter(group->second));
+    }
+    std::vector<std::string> sentences;
+    for (const auto& [sentence, lines] : groups) {
+        if (sentences.size() == kMostSentences) {
+            sentences.push_back(fmt::format("{} more; --json and --csv tell them all",
+                                            counted(groups.size() - kMostSentences, "cause")));
+            break;
+        }
+        const std::size_t shown = std::min<std::size_t>(lines.size(), 12);
+        const std::vector<std::string> first(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(shown));
+        sentences.push_back(fmt::format("{} {}{}: {}", lines.size() == 1 ? "Line" : "Lines", fmt::join(first, ", "),
+                                        shown < lines.size() ? fmt::format(" and {} more", lines.size() - shown) : "",
+                                        sentence));
+    }
+    return sentences;
+}
+
+}  // namespace feedesk

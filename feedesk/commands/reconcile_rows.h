@@ -1,0 +1,34 @@
+#ifndef FEEDESK_COMMANDS_RECONCILE_ROWS_H
+#define FEEDESK_COMMANDS_RECONCILE_ROWS_H
+
+#include <string>
+#include <vector>
+
+#include "feedesk/reconciling/proposal.h"
+#include "feedesk/reconciling/reconciliation.h"
+#include "feedesk/rows/rows.h"
+
+namespace feedesk {
+
+/// An order with the statement that it stands in.
+struct OrderRow {
+    const ReconciledOrder& reconciled;
+    const Statement& statement;
+};
+
+/// A figure of an order that differs.
+struct FigureRow {
+    const OrderRow& order;
+    const Figure& figure;
+};
+
+FieldsOf<OrderRow> orderFields();
+FieldsOf<FigureRow> figureFields();
+FieldsOf<Proposal> proposalFields();
+
+/// Why the orders differ, a sentence for each cause with the lines that it explains; those beyond a screen are counted.
+std::vector<std::string> causeSentences(const Reconciliation& found, const Statement& statement);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_COMMANDS_RECONCILE_ROWS_H

@@ -1,0 +1,51 @@
+#ifndef FEEDESK_RECONCILING_CAUSE_H
+#define FEEDESK_RECONCILING_CAUSE_H
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cost/words.h"
+
+namespace feedesk {
+
+/// Why a statement says something else than the folder, in the order in which causes are tried.
+enum class Cause {
+    kOtherDate,        ///< charged by the schedule of another date
+    kMinimumPer,       ///< the minimum of each fill, or of the order
+    kRoundingPerFill,  ///< each fill was rounded
+    kRoundingMode,
+    kOtherLevel,  ///< rates of an input that another one overrides
+    kLeftOut,
+    kChargedTwice,
+    kOtherAccount,
+    kOtherSide,
+    kOtherCategory,  ///< charged as instruments of another kind are
+    kOtherMinimum,   ///< without the minimum, or with another one
+    kOtherRate,      ///< solved for
+    kNotExplained
+};
+
+}  // namespace feedesk
+
+template <>
+inline constexpr std::array<std::string_view, 13> cost::kWords<feedesk::Cause> = {
+    "other_date",    "minimum_per",   "rounding_per_fill", "rounding_mode", "other_level",
+    "left_out",      "charged_twice", "other_account",     "other_side",    "other_category",
+    "other_minimum", "other_rate",    "not_explained"};
+
+namespace feedesk {
+
+/// A single change with which the folder says what the statement says.
+struct Explanation {
+    Cause cause = Cause::kNotExplained;
+    std::string key;       ///< the same for the same change on another order
+    std::string sentence;  ///< "the schedule of 2022-04-29 until 2023-08-27"
+};
+
+using Explanations = std::vector<Explanation>;
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_RECONCILING_CAUSE_H

@@ -1,0 +1,21 @@
+#ifndef FEEDESK_RECONCILING_CHANGED_TERMS_H
+#define FEEDESK_RECONCILING_CHANGED_TERMS_H
+
+#include <functional>
+#include <string>
+
+#include "cost/tariff.h"
+
+namespace feedesk {
+
+/// The tariff as of the day with each of its terms changed. Throws cost::Refused when the changed terms contradict each
+/// other.
+cost::Tariff withTerms(const cost::Tariff& tariff, cost::Date day, const std::function<void(cost::Term&)>& change);
+
+/// The tariff as of the day with another rate of a charge: the fee center's, or the term's own. Throws cost::Refused.
+cost::Tariff withRate(const cost::Tariff& tariff, cost::Date day, const std::string& charge, const std::string& item,
+                      const cost::Decimal& rate);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_RECONCILING_CHANGED_TERMS_H

@@ -1,0 +1,84 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "feedesk/reconciling/trial.h"
+
+namespace feedesk {
+namespace {
+
+using cost::Side;
+
+std::string nameOf(const Part& part) { return fmt::format("the {} ({})", part.charge, part.term->where); }
+
+/// The side that is mistaken for this one; the same where none is.
+Side opposite(Side side) {
+    switch (side) {
+        case Side::kBuy:
+            return Side::kSell;
+        case Side::kSell:
+            return Side::kBuy;
+        case Side::kOpenLong:
+            return Side::kOpenShort;
+        case Side::kOpenShort:
+            return Side::kOpenLong;
+        case Side::kCloseLong:
+            return Side::kCloseShort;
+        case Side::kCloseShort:
+            return Side::kCloseLong;
+        default:
+            return side;
+    }
+}
+
+}  // namespace
+
+void tryLeftOut(Trial& trial) {
+    for (const Part& part : trial.parts()) {
+        std::optional<Amounts> changed = trial.copy();
+        // What is inside a charge goes with it.
+        const auto goes = [&](const Part& each) {
+            return (each.charge == part.charge && each.item == part.item) || each.inside == part.charge;
+        };
+        changed->parts.erase(std::remove_if(changed->parts.begin(), changed->parts.end(), goes), changed->parts.end());
+        trial.note(Cause::kLeftOut, part.charge, nameOf(part) + " left out", changed);
+    }
+}
+
+void tryChargedTwice(Trial& trial) {
+    for (const Part& part : trial.parts()) {
+        if (part.isPaid()) {
+            trial.note(Cause::kChargedTwice, part.charge, nameOf(part) + " charged twice",
+                       trial.withAmount(part, part.amount + part.amount));
+            continue;
+        }
+        std::optional<Amounts> changed = trial.copy();
+        changed->parts.push_back(part);
+        changed->parts.back().inside.clear();
+        changed->parts.back().again = true;
+        trial.note(Cause::kChargedTwice, part.charge,
+                   fmt::format("{} charged twice, inside the {} and on top of it", nameOf(part), part.inside), changed);
+    }
+}
+
+void tryOtherSide(Trial& trial) {
+    std::vector<cost::Trade> trades = trial.order().trades;
+    const Side was = trial.order().side();
+    const Side other = opposite(was);
+    if (other == was) {
+        return;
+    }
+    for (cost::Trade& trade : trades) {
+        trade.side = other;
+    }
+    std::optional<Amounts> changed = amountsIfAny(trades, trial.asked().charged.tariff);
+    const std::string key(cost::wordFor(other));
+    const std::string sentence = fmt::format("charged as {} and not as {}", key, cost::wordFor(was));
+    trial.note(Cause::kOtherSide, key + " booked", sentence + ", and booked so", changed);
+    if (changed) {
+        changed->sign = trial.asked().charged.sign;
+    }
+    trial.note(Cause::kOtherSide, key, sentence, changed);
+}
+
+}  // namespace feedesk

@@ -1,0 +1,273 @@
+#include "feedesk/reconciling/folder_tariffs.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "cost/pattern.h"
+#include "cost/refused.h"
+#include "feedesk/instrument_text.h"
+#include "feedesk/trades/tariffs.h"
+#include "standalone/charged_families.h"
+
+namespace feedesk {
+namespace {
+
+Question questionOf(const Disputed& disputed) {
+    const cost::Place& place = disputed.charged.tariff.place();
+    return {place.market, place.code};
+}
+
+bool sameRates(const cost::Rates& one, const cost::Rates& other) {
+    return std::equal(one.charges.begin(), one.charges.end(), other.charges.begin(), other.charges.end(),
+                      [](const cost::Rate& a, const cost::Rate& b) {
+                          return a.charge == b.charge && a.item == b.item && a.value == b.value;
+                      });
+}
+
+/// Whether two tariffs of one schedule charge alike.
+bool chargeAlike(const cost::Tariff& one, const cost::Tariff& other) {
+    for (std::size_t side = 0; side < cost::kSideCount; ++side) {
+        if (one.terms().termsOf(cost::sideAt(side)) != other.terms().termsOf(cost::sideAt(side))) {
+            return false;
+        }
+    }
+    return sameRates(one.rates(), other.rates());
+}
+
+/// The days that are in both.
+cost::DateRange within(const cost::DateRange& one, const cost::DateRange& other) {
+    cost::DateRange both = one;
+    if (other.from && (!both.from || *both.from < *other.from)) {
+        both.from = other.from;
+    }
+    if (other.until && (!both.until || *other.until < *both.until)) {
+        both.until = other.until;
+    }
+    return both;
+}
+
+/// "custom fee, custom/stock.csv:18".
+std::string inputOf(const cost::Tariff& tariff) {
+    const auto& charges = tariff.rates().charges;
+    if (charges.empty()) {
+        return "";
+    }
+    const cost::Rate& rate = charges.front();
+    return rate.source.empty() ? rate.level : rate.level + ", " + rate.source;
+}
+
+}  // namespace
+
+FolderTariffs::FolderTariffs(Session& openedSession, std::string accountOfStatement)
+    : session(openedSession), account(std::move(accountOfStatement)) {
+    for (const standalone::ListedInstrument& one : session.market().instruments) {
+        instrumentPlaces.emplace(instrumentText(one.record->market, one.record->code), instrumentPlaces.size());
+    }
+}
+
+const OtherTariffList& FolderTariffs::ofOtherDates(const Disputed& disputed) {
+    return kept(Cause::kOtherDate, disputed, &FolderTariffs::otherDates);
+}
+
+const OtherTariffList& FolderTariffs::ofOtherLevels(const Disputed& disputed) {
+    return kept(Cause::kOtherLevel, disputed, &FolderTariffs::otherLevels);
+}
+
+const OtherTariffList& FolderTariffs::ofOtherAccounts(const Disputed& disputed) {
+    return kept(Cause::kOtherAccount, disputed, &FolderTariffs::otherAccounts);
+}
+
+const OtherTariffList& FolderTariffs::ofOtherCategories(const Disputed& disputed) {
+    return kept(Cause::kOtherCategory, disputed, &FolderTariffs::otherCategories);
+}
+
+const OtherTariffList& FolderTariffs::kept(Cause cause, const Disputed& disputed, Make make) {
+    const cost::Place& place = disputed.charged.tariff.place();
+    const Key key(cause, place.instrument(), session.folder().intervalOf(disputed.order.date()));
+    const auto known = lists.find(key);
+    return known != lists.end() ? known->second : lists.emplace(key, (this->*make)(disputed)).first->second;
+}
+
+std::vector<cost::DateRange> FolderTariffs::intervals(const cost::Place& place) const {
+    const standalone::Coverage& coverage = session.folder().coverage();
+    const auto market = coverage.marketDays.find(place.market);
+    cost::DateRange covered = coverage.of(place.family);
+    if (market != coverage.marketDays.end()) {
+        covered = within(covered, market->second);
+    }
+    std::vector<cost::DateRange> found{covered};
+    for (const cost::Date change : session.folder().changeDates()) {
+        const auto before = change.previous();
+        if (before && covered.contains(change) && covered.contains(*before)) {
+            found.push_back({change, found.back().until});
+            found[found.size() - 2].until = before;
+        }
+    }
+    return found;
+}
+
+OtherTariffList FolderTariffs::otherDates(const Disputed& disputed) {
+    OtherTariffList list;
+    std::optional<cost::DateRange> days;  // of the last one in the list
+    for (const cost::DateRange& interval : intervals(disputed.charged.tariff.place())) {
+        const cost::Date date = interval.from.value_or(interval.until.value_or(disputed.order.date()));
+        const auto tariff = tariffOn(date, account, questionOf(disputed));
+        if (!tariff || chargeAlike(*tariff, disputed.charged.tariff)) {
+            days.reset();
+            continue;
+        }
+        const bool goesOn = days && chargeAlike(*tariff, list.back().tariff);
+        days = cost::DateRange{goesOn ? days->from : interval.from, interval.until};
+        if (goesOn) {
+            list.pop_back();
+        }
+        list.push_back({days->text(), "the schedule " + days->text(), *tariff, date});
+    }
+    return list;
+}
+
+OtherTariffList FolderTariffs::otherLevels(const Disputed& disputed) {
+    const cost::Date date = disputed.order.date();
+    const Question question = questionOf(disputed);
+    const standalone::FolderExcerpt excerpt = excerptOf(account, {question});
+    std::vector<bool> keptLines;
+    for (const standalone::InputLine& line : excerpt.lines()) {
+        keptLines.push_back(line.days.contains(date));
+    }
+    OtherTariffList list;
+    std::string above = inputOf(disputed.charged.tariff);
+    for (std::size_t step = 0; step < keptLines.size(); ++step) {
+        // What the answer names is taken away, and the fee center says which input is next.
+        const auto current = tariffsFrom(excerpt.market(keptLines), date, {question}).front();
+        const standalone::Market& market = session.market();
+        bool taken = false;
+        for (std::size_t i = 0; current && i < keptLines.size(); ++i) {
+            const std::string place = market.where(excerpt.lines()[i].position);
+            const auto& charges = current->rates().charges;
+            if (keptLines[i] && std::any_of(charges.begin(), charges.end(),
+                                            [&](const cost::Rate& rate) { return rate.source == place; })) {
+                keptLines[i] = false;
+                taken = true;
+            }
+        }
+        if (!taken) {
+            break;
+        }
+        if (auto next = tariffsFrom(excerpt.market(keptLines), date, {question}).front()) {
+            const std::string input = inputOf(*next);
+            list.push_back(
+                {input, fmt::format("the rates of the {}, which {} goes before", input, above), *next, date});
+            above = input;
+        }
+    }
+    return list;
+}
+
+OtherTariffList FolderTariffs::otherAccounts(const Disputed& disputed) {
+    const cost::Date date = disputed.order.date();
+    const cost::Tariff& own = disputed.charged.tariff;
+    const std::int32_t kind = session.account(account).record->accountType;
+    OtherTariffList list;
+    for (const standalone::Account& other : session.market().accounts) {
+        const std::string& number = other.record->accountId;
+        if (number == account || other.record->accountType != kind) {
+            continue;
+        }
+        if (const auto tariff = tariffOn(date, number, questionOf(disputed))) {
+            list.push_back({number, fmt::format("the rates and terms of account {}", number), *tariff, date});
+            list.push_back({number, fmt::format("the rates of account {}", number),
+                            cost::Tariff(own.place(), own.contract(), tariff->rates(), own.terms()), date});
+        }
+    }
+    return list;
+}
+
+OtherTariffList FolderTariffs::otherCategories(const Disputed& disputed) {
+    const cost::Date date = disputed.order.date();
+    const cost::Tariff& own = disputed.charged.tariff;
+    const std::vector<Question> questions = representatives(own.place().family);
+    const auto tariffs = tariffsFrom(excerptOf(account, questions).marketOn(date), date, questions);
+    OtherTariffList list;
+    for (const auto& tariff : tariffs) {
+        if (!tariff || chargeAlike(*tariff, own)) {
+            continue;
+        }
+        const cost::Place& place = tariff->place();
+        list.push_back({place.market + ' ' + place.product,
+                        fmt::format("charged as {} ({}) is", place.instrument(), place.product),
+                        cost::Tariff(place, own.contract(), tariff->rates(), tariff->terms()), date});
+    }
+    return list;
+}
+
+std::vector<Question> FolderTariffs::representatives(cost::Family family) const {
+    const standalone::Lists& traded = standalone::ratesOf(family).lists;
+    const standalone::Market& market = session.market();
+    std::vector<Question> chosen;
+    std::set<std::string> kinds;
+    std::set<std::size_t> categories;
+    for (const standalone::ListedInstrument& one : market.instruments) {
+        if (!traded.hold(one)) {
+            continue;
+        }
+        const qmservice::CInstrument& record = *one.record;
+        bool isNew = kinds.insert(record.market + ' ' + record.productId).second;
+        for (std::size_t i = 0; i < market.categories.size(); ++i) {
+            const standalone::CategoryRule& rule = market.categories[i];
+            const bool matches = (rule.market.empty() || rule.market == record.market) &&
+                                 (rule.product.empty() || rule.product == record.productId) &&
+                                 (rule.code.empty() || cost::matchesPattern(record.code, rule.code));
+            isNew = (matches && categories.insert(i).second) || isNew;
+        }
+        if (isNew) {
+            chosen.push_back({record.market, record.code});
+        }
+    }
+    return chosen;
+}
+
+standalone::FolderExcerpt FolderTariffs::excerptOf(const std::string& accountId,
+                                                   const std::vector<Question>& questions) const {
+    const standalone::Market& market = session.market();
+    const auto place = std::find_if(market.accounts.begin(), market.accounts.end(),
+                                    [&](const auto& each) { return each.record->accountId == accountId; });
+    std::vector<std::size_t> instruments;
+    for (const Question& question : questions) {
+        instruments.push_back(instrumentPlaces.at(instrumentText(question.market, question.code)));
+    }
+    std::sort(instruments.begin(), instruments.end());
+    return {session.folder(), static_cast<std::size_t>(place - market.accounts.begin()), instruments};
+}
+
+std::vector<std::optional<cost::Tariff>> FolderTariffs::tariffsFrom(standalone::Market market, cost::Date date,
+                                                                    const std::vector<Question>& questions) const {
+    IntervalCenter center(std::move(market));
+    center.install();
+    const standalone::Account& asked = center.market().accounts.front();
+    center.feedOnce(asked);
+    const IntervalCenter::Fees fees = center.ask(asked, questions);
+    std::vector<std::optional<Answer>> answers = center.traced(asked, questions, fees);
+    std::vector<std::optional<cost::Tariff>> tariffs(questions.size());
+    for (std::size_t i = 0; i < questions.size(); ++i) {
+        try {
+            if (answers[i]) {
+                tariffs[i] = chargedBy(session, {fees[i], std::move(*answers[i]), &center.market()},
+                                       asked.record->accountId, date)
+                                 .tariff;
+            }
+        } catch (const cost::Refused&) {
+            tariffs[i].reset();  // what cannot be charged explains nothing
+        }
+    }
+    return tariffs;
+}
+
+std::optional<cost::Tariff> FolderTariffs::tariffOn(cost::Date date, const std::string& accountId,
+                                                    const Question& question) const {
+    return tariffsFrom(excerptOf(accountId, {question}).marketOn(date), date, {question}).front();
+}
+
+}  // namespace feedesk

@@ -1,0 +1,26 @@
+#include "feedesk/reconciling/hypotheses.h"
+
+#include <utility>
+
+#include "feedesk/reconciling/trial.h"
+
+namespace feedesk {
+
+Explanations explanationsOf(const Disputed& disputed, const Layout& layout, OtherTariffs& others) {
+    Trial trial(disputed, layout);
+    trial.noteEach(Cause::kOtherDate, others.ofOtherDates(disputed));
+    tryMinimumPer(trial);
+    tryRoundingPerFill(trial);
+    tryRoundingModes(trial);
+    trial.noteEach(Cause::kOtherLevel, others.ofOtherLevels(disputed));
+    tryLeftOut(trial);
+    tryChargedTwice(trial);
+    trial.noteEach(Cause::kOtherAccount, others.ofOtherAccounts(disputed));
+    tryOtherSide(trial);
+    trial.noteEach(Cause::kOtherCategory, others.ofOtherCategories(disputed));
+    tryOtherMinimum(trial);
+    tryMinimumPerAsRange(trial);  // last: it explains almost anything between its ends
+    return std::move(trial.found);
+}
+
+}  // namespace feedesk

@@ -1,0 +1,112 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "feedesk/reconciling/trial.h"
+
+namespace feedesk {
+namespace {
+
+using cost::Decimal;
+using cost::Per;
+
+/// Of fills whose number alone is known: least when they are alike, most when all but one are small.
+Span minimumOfEachFill(const Part& part, std::size_t fills) {
+    const Decimal& minimum = *part.term->minimum;
+    const Decimal count(static_cast<std::int64_t>(fills));
+    const Decimal least = std::max(count * minimum, part.exact);
+    const Decimal most = (count - Decimal(1)) * minimum + std::max(minimum, part.exact);
+    const auto& rounding = part.term->rounding;
+    return rounding ? Span(rounding->rounded(least), rounding->rounded(most)) : Span(least, most);
+}
+
+std::string rangeText(const Span& amount, std::size_t fills) {
+    return amount.isExact()
+               ? ""
+               : fmt::format(", a range: {} fills cost from {} to {}", fills, amount.low.text(2), amount.high.text(2));
+}
+
+/// Whether a fill by itself costs the minimum.
+bool bindsAFill(const Trial& trial, const Part& part) {
+    const auto& fills = trial.order().trades;
+    return std::any_of(fills.begin(), fills.end(), [&](const cost::Trade& fill) {
+        const auto amounts = amountsIfAny({fill}, trial.asked().charged.tariff);
+        return amounts && std::any_of(amounts->parts.begin(), amounts->parts.end(), [&](const Part& each) {
+                   return each.term == part.term && each.exact < *part.term->minimum;
+               });
+    });
+}
+
+/// `wide`: whether what is known of the fills leaves a range, which says little.
+void tryPart(Trial& trial, const Part& part, bool wide) {
+    const cost::Term& term = *part.term;
+    const bool toFill = term.per == Per::kOrder;
+    const std::string what = toFill ? "fill" : "order";
+    const std::string key = term.charge + " per " + what;
+    const std::string sentence =
+        fmt::format("the least {} of {} charged for each {} and not for each {} ({})", term.charge,
+                    term.minimum->text(), what, toFill ? "order" : "fill", term.where);
+    const std::size_t fills = trial.order().fills;
+    if (trial.knowsFills()) {
+        if (wide || !bindsAFill(trial, part)) {
+            return;
+        }
+        trial.note(Cause::kMinimumPer, key, sentence, trial.withTermsChanged([&](cost::Term& each) {
+            const bool isMeant = each.where == term.where && each.charge == term.charge;
+            each.per = isMeant ? (toFill ? Per::kFill : Per::kOrder) : each.per;
+        }));
+    } else if (toFill && fills > 1) {
+        const Span amount = minimumOfEachFill(part, fills);
+        if (amount.isExact() != wide) {
+            trial.note(Cause::kMinimumPer, key, sentence + rangeText(amount, fills), trial.withAmount(part, amount));
+        }
+    }
+}
+
+/// The least amount that would be what the statement has: a broker's minimum is whole money. Only where the folder's
+/// minimum is charged: any amount above a rate's could be a minimum.
+std::optional<Decimal> minimumStated(const Trial& trial, const Part& part) {
+    if (!part.isPaid() || part.exact > *part.term->minimum) {
+        return std::nullopt;
+    }
+    const Decimal amount = part.amount.low + (trial.statedCosts() - trial.asked().charged.costs().low);
+    return amount.isWhole() && amount > part.exact ? std::optional(amount) : std::nullopt;
+}
+
+void tryMinimum(Trial& trial, const Part& part, const std::optional<Decimal>& minimum) {
+    const cost::Term& term = *part.term;
+    const std::string other = minimum ? "a least " + term.charge + " of " + minimum->text() : "no least " + term.charge;
+    trial.note(Cause::kOtherMinimum, other, fmt::format("{} and not {} ({})", other, term.minimum->text(), term.where),
+               trial.withTermsChanged([&](cost::Term& each) {
+                   const bool isMeant = each.where == term.where && each.charge == term.charge;
+                   each.minimum = isMeant ? minimum : each.minimum;
+               }));
+}
+
+void tryParts(Trial& trial, bool wide) {
+    for (const Part& part : trial.parts()) {
+        if (part.term->minimum && part.term->basis != cost::Basis::kOrder && part.term->per != Per::kDay) {
+            tryPart(trial, part, wide);
+        }
+    }
+}
+
+}  // namespace
+
+void tryOtherMinimum(Trial& trial) {
+    for (const Part& part : trial.parts()) {
+        if (!part.term->minimum) {
+            continue;
+        }
+        tryMinimum(trial, part, std::nullopt);
+        if (const auto minimum = minimumStated(trial, part)) {
+            tryMinimum(trial, part, minimum);
+        }
+    }
+}
+
+void tryMinimumPer(Trial& trial) { tryParts(trial, false); }
+
+void tryMinimumPerAsRange(Trial& trial) { tryParts(trial, true); }
+
+}  // namespace feedesk

@@ -1,0 +1,45 @@
+#ifndef FEEDESK_RECONCILING_TABLE_EDIT_H
+#define FEEDESK_RECONCILING_TABLE_EDIT_H
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "cost/date.h"
+#include "feedesk/reconciling/text_patch.h"
+
+namespace feedesk {
+
+/// A table of a market folder whose lines are given successors. Every line that is not changed stays as it is written.
+class TableEdit {
+public:
+    /// `text` is that of the table.
+    explicit TableEdit(const std::string& text);
+
+    /// Ends the line, counted from 1, on the day before and lets it go on with another value in a column; a line that
+    /// begins on that day or later is changed in its place. What stands there before and behind the change, or nothing
+    /// when the table has no such line or column, or the line is changed already.
+    std::optional<std::pair<std::string, std::string>> succeed(std::size_t line, const std::string& column,
+                                                               const std::string& value, cost::Date from);
+
+    /// The changes as a patch of the file.
+    [[nodiscard]] std::string patch(const std::string& file) const;
+
+private:
+    using Cells = std::vector<std::string>;
+
+    [[nodiscard]] std::optional<std::size_t> columnNamed(const std::string& name) const;
+    /// Adds the columns of days to every line.
+    void addDays();
+
+    TextOfLines table;
+    Cells header;
+    Replacements replacements;
+    bool daysAreAdded = false;
+};
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_RECONCILING_TABLE_EDIT_H

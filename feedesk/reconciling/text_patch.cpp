@@ -1,0 +1,91 @@
+#include "feedesk/reconciling/text_patch.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace feedesk {
+namespace {
+
+constexpr std::size_t kContext = 3;
+
+/// Writes the hunks of one file, from the first to the last.
+class Hunks {
+public:
+    Hunks(const TextOfLines& oldText, const Replacements& newLines) : text(oldText), replacements(newLines) {}
+
+    std::string all() {
+        std::string written;
+        for (auto first = replacements.begin(); first != replacements.end();) {
+            const auto behind = endOfHunk(first);
+            written += hunk(first->first, std::prev(behind)->first);
+            first = behind;
+        }
+        return written;
+    }
+
+private:
+    using Place = Replacements::const_iterator;
+
+    /// Changes whose surroundings touch are one hunk.
+    [[nodiscard]] Place endOfHunk(Place first) const {
+        auto last = first;
+        for (auto next = std::next(first); next != replacements.end() && next->first <= last->first + 2 * kContext + 1;
+             ++next) {
+            last = next;
+        }
+        return std::next(last);
+    }
+
+    std::string hunk(std::size_t first, std::size_t last) {
+        const std::size_t begin = first - std::min(first, kContext);
+        const std::size_t end = std::min(last + kContext + 1, text.lines.size());
+        std::string body;
+        std::size_t newCount = 0;
+        for (std::size_t i = begin; i < end; ++i) {
+            const auto replaced = replacements.find(i);
+            if (replaced == replacements.end()) {
+                body += line(' ', text.lines[i], i);
+                ++newCount;
+                continue;
+            }
+            body += line('-', text.lines[i], i);
+            for (std::size_t made = 0; made < replaced->second.size(); ++made) {
+                const bool isLast = made + 1 == replaced->second.size();
+                body += isLast ? line('+', replaced->second[made], i) : '+' + replaced->second[made] + '\n';
+                ++newCount;
+            }
+        }
+        const std::string head =
+            fmt::format("@@ -{},{} +{},{} @@\n", begin + 1, end - begin, begin + 1 + grown, newCount);
+        grown += newCount - (end - begin);
+        return head + body;
+    }
+
+    [[nodiscard]] std::string line(char sign, const std::string& content, std::size_t index) const {
+        const bool isUnended = !text.endsWithLine && index + 1 == text.lines.size();
+        return sign + content + (isUnended ? "\n\\ No newline at end of file\n" : "\n");
+    }
+
+    const TextOfLines& text;
+    const Replacements& replacements;
+    std::size_t grown = 0;  // by how many lines the text above is longer now; no change takes lines away
+};
+
+}  // namespace
+
+TextOfLines::TextOfLines(const std::string& text) {
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = text.find('\n', start);
+        endsWithLine = end != std::string::npos;
+        lines.push_back(text.substr(start, endsWithLine ? end - start : end));
+        start = endsWithLine ? end + 1 : text.size();
+    }
+}
+
+std::string unifiedPatch(const std::string& file, const TextOfLines& text, const Replacements& replacements) {
+    return replacements.empty() ? "" : fmt::format("--- a/{0}\n+++ b/{0}\n", file) + Hunks(text, replacements).all();
+}
+
+}  // namespace feedesk

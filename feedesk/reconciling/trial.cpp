@@ -1,0 +1,48 @@
+#include "feedesk/reconciling/trial.h"
+
+#include "cost/refused.h"
+#include "feedesk/reconciling/changed_terms.h"
+
+namespace feedesk {
+namespace {
+
+std::vector<cost::Trade> tradesOn(cost::Date date, const Order& order) {
+    std::vector<cost::Trade> trades = order.trades;
+    for (cost::Trade& trade : trades) {
+        trade.date = date;
+    }
+    return trades;
+}
+
+}  // namespace
+
+void Trial::note(Cause cause, const std::string& key, const std::string& sentence,
+                 const std::optional<Amounts>& amounts) {
+    if (amounts && agree(figuresOf(order().stated, *amounts, layout))) {
+        found.push_back({cause, key, sentence});
+    }
+}
+
+void Trial::noteEach(Cause cause, const OtherTariffList& list) {
+    for (const OtherTariff& other : list) {
+        note(cause, other.key, other.sentence, amountsIfAny(tradesOn(other.date, order()), other.tariff));
+    }
+}
+
+std::optional<Amounts> Trial::withTermsChanged(const std::function<void(cost::Term&)>& change) const {
+    try {
+        return amountsIfAny(order().trades, withTerms(disputed.charged.tariff, order().date(), change));
+    } catch (const cost::Refused&) {
+        return std::nullopt;
+    }
+}
+
+std::optional<Amounts> Trial::withAmount(const Part& part, const Span& amount) const {
+    std::optional<Amounts> changed = copy();
+    changed->parts[indexOf(part)].amount = amount;
+    return changed;
+}
+
+std::size_t Trial::indexOf(const Part& part) const { return static_cast<std::size_t>(&part - parts().data()); }
+
+}  // namespace feedesk

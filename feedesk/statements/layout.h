@@ -1,0 +1,96 @@
+#ifndef FEEDESK_STATEMENTS_LAYOUT_H
+#define FEEDESK_STATEMENTS_LAYOUT_H
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cost/side.h"
+#include "cost/words.h"
+
+namespace feedesk {
+
+/// What a column of a statement tells of a trade, besides what was charged.
+enum class TradeFact { kDate, kCode, kMarket, kName, kOperation, kQuantity, kPrice, kAmount, kFills, kOrder, kNet };
+
+/// What the amounts of a column are.
+enum class Stated {
+    kPaid,  ///< what is paid for these charges; such columns together are the costs
+    kOwn,   ///< said once more: the charge without what is inside it
+    kWhole  ///< said once more: the charge, whether it is paid by itself or inside another one
+};
+
+}  // namespace feedesk
+
+template <>
+inline constexpr std::array<std::string_view, 11> cost::kWords<feedesk::TradeFact> = {
+    "date", "code", "market", "name", "operation", "quantity", "price", "amount", "fills", "order", "net"};
+
+template <>
+inline constexpr std::array<std::string_view, 3> cost::kWords<feedesk::Stated> = {"paid", "own", "whole"};
+
+namespace feedesk {
+
+constexpr std::size_t kTradeFacts = cost::kWords<TradeFact>.size();
+constexpr std::size_t indexOf(TradeFact fact) { return static_cast<std::size_t>(fact); }
+
+/// Without these a line is no trade.
+constexpr std::array<TradeFact, 5> kNeededFacts = {TradeFact::kDate, TradeFact::kCode, TradeFact::kOperation,
+                                                   TradeFact::kQuantity, TradeFact::kPrice};
+
+/// The titles that brokers give a column; a statement has one of them.
+using Titles = std::vector<std::string>;
+
+/// A column with amounts that were charged.
+struct ChargeColumn {
+    std::string name;  ///< in answers
+    Titles titles;
+    std::vector<std::string> charges;  ///< of charges.csv, whose amounts it adds up; empty: those that no other has
+    /// Charges that it may hold besides, as an all-in commission holds the exchange's fees.
+    std::vector<std::string> allIn;
+    Stated stated = Stated::kPaid;
+};
+
+/// How a broker lays its statements out. A plain value.
+struct Layout {
+    std::string name;   ///< of its file
+    std::string title;  ///< what a person reads
+    std::array<Titles, kTradeFacts> facts;
+    std::vector<ChargeColumn> charges;
+    std::map<std::string, std::optional<cost::Side>> operations;  ///< by the broker's word; empty: no trade
+    std::map<std::string, std::string> markets;                   ///< the folder's by the broker's word
+    std::vector<std::string> footers;                             ///< a line that begins so is no trade
+    std::size_t codeDigits = 0;                                   ///< shorter codes of digits get zeros in front
+
+    [[nodiscard]] const Titles& of(TradeFact fact) const { return facts[indexOf(fact)]; }
+};
+
+/// Where a header has the columns of a layout.
+struct Header {
+    std::array<std::optional<std::size_t>, kTradeFacts> facts;
+    std::vector<std::optional<std::size_t>> charges;  ///< as Layout::charges
+    std::vector<std::string> missing;                 ///< titles that are needed and not there
+    std::size_t found = 0;                            ///< columns that the layout knows
+
+    [[nodiscard]] bool isWhole() const { return missing.empty(); }
+    [[nodiscard]] std::optional<std::size_t> of(TradeFact fact) const { return facts[indexOf(fact)]; }
+};
+
+Header headerIn(const std::vector<std::string>& cells, const Layout& layout);
+
+/// Reads a layout. Throws Failure with the first thing that is wrong in it, with file and line.
+Layout readLayout(const std::string& path);
+
+/// The layouts of a market folder, by name.
+std::vector<Layout> layoutsOf(const std::string& marketFolder);
+
+/// The layout that a person names: one of the market folder, or a file. Throws Failure when there is none.
+Layout namedLayout(const std::string& marketFolder, const std::string& name);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_STATEMENTS_LAYOUT_H

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include "feedesk/reconciling/table_edit.h"
+
+namespace feedesk::test {
+namespace {
+
+const cost::Date kDay = *cost::Date::of(2021, 3, 4);
+
+TEST(TableEdit, EndsALineAndLetsItGoOnWithAnotherValue) {
+    TableEdit edit("account,rate,from,until\nA,1,,\nB,2,2020-01-01,2022-01-01\nC,3,,\n");
+    const auto lines = edit.succeed(3, "rate", "2.5", kDay);
+    ASSERT_TRUE(lines);
+    EXPECT_EQ(lines->first, "B,2,2020-01-01,2022-01-01");
+    EXPECT_EQ(lines->second, "B,2,2020-01-01,2021-03-03\nB,2.5,2021-03-04,2022-01-01");
+    EXPECT_EQ(
+        edit.patch("f.csv"),
+        "--- a/f.csv\n+++ b/f.csv\n@@ -1,4 +1,5 @@\n account,rate,from,until\n A,1,,\n-B,2,2020-01-01,2022-01-01\n"
+        "+B,2,2020-01-01,2021-03-03\n+B,2.5,2021-03-04,2022-01-01\n C,3,,\n");
+}
+
+TEST(TableEdit, ChangesALineInItsPlaceThatBeginsOnTheDay) {
+    TableEdit edit("account,rate,from,until\nA,1,2021-03-04,\n");
+    EXPECT_EQ(edit.succeed(2, "rate", "2", kDay)->second, "A,2,2021-03-04,");
+}
+
+TEST(TableEdit, AddsTheColumnsOfDaysWhereTheTableHasNone) {
+    TableEdit edit("account,rate\nA,1\nB,\"2\"\n");
+    EXPECT_EQ(edit.succeed(3, "rate", "3", kDay)->second, "B,2,,2021-03-03\nB,3,2021-03-04,");
+    EXPECT_EQ(
+        edit.patch("f.csv"),
+        "--- a/f.csv\n+++ b/f.csv\n@@ -1,3 +1,4 @@\n-account,rate\n+account,rate,from,until\n-A,1\n+A,1,,\n-B,\"2\"\n"
+        "+B,2,,2021-03-03\n+B,3,2021-03-04,\n");
+}
+
+TEST(TableEdit, KeepsLineEndsQuotesAndAMissingLastOne) {
+    TableEdit edit("account,rate,from,until\r\n\"A,B\",1,,\r\nC,1,,");
+    ASSERT_TRUE(edit.succeed(2, "rate", "2", kDay));
+    EXPECT_EQ(edit.patch("f.csv"),
+              "--- a/f.csv\n+++ b/f.csv\n@@ -1,3 +1,4 @@\n "
+              "account,rate,from,until\r\n-\"A,B\",1,,\r\n+\"A,B\",1,,2021-03-03\r\n"
+              "+\"A,B\",2,2021-03-04,\r\n C,1,,\n\\ No newline at end of file\n");
+}
+
+TEST(TableEdit, WritesChangesFarFromEachOtherAsTwoHunks) {
+    std::string text = "rate,from,until\n";
+    for (int i = 0; i < 20; ++i) {
+        text += std::to_string(i) + ",,\n";
+    }
+    TableEdit edit(text);
+    edit.succeed(2, "rate", "50", kDay);
+    edit.succeed(20, "rate", "51", kDay);
+    const std::string patch = edit.patch("f.csv");
+    EXPECT_NE(patch.find("@@ -1,5 +1,6 @@"), std::string::npos) << patch;
+    EXPECT_NE(patch.find("@@ -17,5 +18,6 @@"), std::string::npos) << patch;
+}
+
+TEST(TableEdit, ChangesNothingThatItDoesNotUnderstand) {
+    TableEdit edit("account,rate,from,until\nA,1,,\n");
+    EXPECT_FALSE(edit.succeed(2, "other", "2", kDay));
+    EXPECT_FALSE(edit.succeed(3, "rate", "2", kDay));
+    EXPECT_FALSE(edit.succeed(1, "rate", "2", kDay));
+    EXPECT_TRUE(edit.succeed(2, "rate", "2", kDay));
+    EXPECT_FALSE(edit.succeed(2, "rate", "3", kDay));
+    EXPECT_FALSE(TableEdit("rate,from\n1,\n").succeed(2, "rate", "2", kDay));
+}
+
+}  // namespace
+}  // namespace feedesk::test

@@ -1,0 +1,62 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "feedesk/statements/cells.h"
+
+namespace feedesk::test {
+namespace {
+
+using Cells = std::vector<std::string>;
+
+TEST(StatementCells, AreWhatASpreadsheetWouldShow) {
+    EXPECT_EQ(cellsOf(R"(a,"b,c",="000001", d ,"say ""no""",'000002,)", ','),
+              (Cells{"a", "b,c", "000001", "d", "say \"no\"", "000002", ""}));
+    EXPECT_EQ(cellsOf("=\"000001\"\t 买入 \t\t1,5", '\t'), (Cells{"000001", "买入", "", "1,5"}));
+    EXPECT_EQ(cellsOf("\xC2\xA0x\xE3\x80\x80,\"=\"\"007\"\"\"", ','), (Cells{"x", "007"}));
+    EXPECT_EQ(cellsOf("", ','), Cells());
+}
+
+TEST(StatementCells, AreNoneWhereAQuoteIsNotClosed) { EXPECT_FALSE(cellsOf("a,\"b", ',')); }
+
+struct Number {
+    const char* text;
+    const char* value;  ///< empty: no number
+};
+
+TEST(StatementNumber, IsReadAsBrokersWriteIt) {
+    for (const Number& each : std::vector<Number>{{".5", "0.5"},
+                                                  {"-.5", "-0.5"},
+                                                  {"5.", "5"},
+                                                  {"5.000", "5"},
+                                                  {"1,234.50", "1234.5"},
+                                                  {"-1,234,567", "-1234567"},
+                                                  {"", "0"},
+                                                  {"--", "0"},
+                                                  {"+3", "3"},
+                                                  {"12,34", ""},
+                                                  {"1234,567", ""},
+                                                  {",123", ""},
+                                                  {"1.234,5", ""},
+                                                  {"1E+05", ""},
+                                                  {"100股", ""},
+                                                  {".", ""}}) {
+        const auto number = statedNumber(each.text);
+        EXPECT_EQ(number ? number->text() : "", each.value) << each.text;
+    }
+}
+
+TEST(StatementDay, IsReadAsBrokersWriteIt) {
+    for (const char* text :
+         {"20210304", "2021-03-04", "2021/3/4", "2021.03.04", "2021-03-04 09:31:00", "20210304T093100"}) {
+        const auto day = statedDay(text);
+        EXPECT_EQ(day ? day->text() : "", "2021-03-04") << text;
+    }
+    for (const char* text : {"", "2021", "2021-13-04", "2021-03/04", "3/4/2021 x", "合计"}) {
+        EXPECT_FALSE(statedDay(text)) << text;
+    }
+}
+
+}  // namespace
+}  // namespace feedesk::test

@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "feedesk/failure.h"
+#include "feedesk/statements/statement.h"
+
+// The bundled layouts, and what their statements hold.
+
+namespace feedesk::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const char* const kHeader =
+    "成交日期\t证券代码\t证券名称\t操作\t成交数量\t成交均价\t成交金额\t手续费\t印花税\t过户费\t其他费\t发生金额\t合同编"
+    "号";
+const char* const kTrade =
+    "20210304\t=\"000001\"\t平安银行\t证券买入\t100\t5.020\t502.00\t5.00\t0\t.01\t0\t-507.01\t77";
+
+struct Read {
+    Statement statement;
+    std::vector<WrongLine> wrong;
+};
+
+Read read(const Lines& lines) {
+    Read result;
+    result.statement = statementIn(lines, "S", layoutsOf(BUNDLED_MARKET), result.wrong);
+    return result;
+}
+
+std::string refusal(const Lines& lines) {
+    try {
+        read(lines);
+    } catch (const Failure& failure) {
+        return failure.what();
+    }
+    return "";
+}
+
+TEST(Statement, IsReadByTheLayoutOfItsHeader) {
+    const Read found = read({"客户对账单", "客户姓名:\t某人", "", kHeader, kTrade});
+    ASSERT_EQ(found.statement.lines.size(), 1U);
+    EXPECT_EQ(found.statement.layout.name, "chinese");
+    const StatementLine& line = found.statement.lines.front();
+    EXPECT_EQ(line.line, 5U);
+    EXPECT_EQ(line.code, "000001");
+    EXPECT_EQ(line.market, "");
+    EXPECT_EQ(line.name, "平安银行");
+    EXPECT_EQ(line.trade.side, cost::Side::kBuy);
+    EXPECT_EQ(line.trade.date.text(), "2021-03-04");
+    EXPECT_EQ(line.trade.quantity.text(), "100");
+    EXPECT_EQ(line.trade.order, "77");
+    EXPECT_EQ(line.amount->text(), "502");
+    EXPECT_EQ(line.net->text(), "-507.01");
+    ASSERT_EQ(line.charges.size(), 4U);
+    EXPECT_EQ(line.charges[2]->text(), "0.01");
+}
+
+TEST(Statement, PassesOverWhatIsNoTrade) {
+    const Read found = read({kHeader, kTrade, "合计\t\t\t\t100\t\t502.00\t5.00\t0\t.01\t0\t-507.01\t",
+                             "-----\t----\t\t\t\t\t\t\t\t\t\t\t", "注：本对账单仅供参考",
+                             "20210305\t\t\t利息归本\t0\t0\t0\t0\t0\t0\t0\t1.25\t", ""});
+    EXPECT_EQ(found.statement.lines.size(), 1U);
+    EXPECT_EQ(found.statement.passedOver, (std::vector<std::size_t>{3, 4, 5, 6}));
+    EXPECT_TRUE(found.wrong.empty());
+}
+
+TEST(Statement, GivesCodesBackTheirZeros) {
+    const Read found = read({kHeader, "20210304\t1\t平安银行\t证券买入\t100\t5.02\t502\t5\t0\t0\t0\t-507\t"});
+    ASSERT_EQ(found.statement.lines.size(), 1U);
+    EXPECT_EQ(found.statement.lines.front().code, "000001");
+}
+
+TEST(Statement, TakesLinesWithoutTheirEmptyEnd) {
+    const Read found = read({std::string(kHeader) + "\t", kTrade, std::string(kTrade) + "\t\t"});
+    EXPECT_EQ(found.statement.lines.size(), 2U);
+    EXPECT_TRUE(found.wrong.empty());
+}
+
+struct WrongTrade {
+    const char* line;
+    const char* column;
+    const char* sentence;  ///< part of it
+};
+
+TEST(Statement, NamesTheLineAndColumnOfWhatIsWrong) {
+    for (const WrongTrade& each : std::vector<WrongTrade>{
+             {"2021-02-30\t1\tA\t证券买入\t1\t1\t1\t5\t0\t0\t0\t-6\t", "成交日期",
+              "holds 2021-02-30, and a day such as"},
+             {"20210304\t\tA\t证券买入\t1\t1\t1\t5\t0\t0\t0\t-6\t", "证券代码", "is empty"},
+             {"20210304\t1\tA\t申购\t1\t1\t1\t5\t0\t0\t0\t-6\t", "操作",
+              "holds 申购, which the layout chinese does not know"},
+             {"20210304\t1\tA\t证券买入\t1百\t1\t1\t5\t0\t0\t0\t-6\t", "成交数量", "holds 1百, and a plain number"},
+             {"20210304\t1\tA\t证券买入\t1\t0\t1\t5\t0\t0\t0\t-6\t", "成交均价",
+              "holds 0, and a trade has more than 0"},
+             {"20210304\t1\tA\t证券买入\t1\t1\t1\t五\t0\t0\t0\t-6\t", "手续费", "holds 五, and a plain number"},
+             {"20210304\t1\tA\t证券买入\t1\t1\t1\t5\t0\t0", "", "the line has 10 cells, and the header has 13 columns"},
+             {"20210304\t1\t\"A\t证券买入", "", "a quote is not closed"}}) {
+        const Read found = read({kHeader, each.line});
+        ASSERT_EQ(found.wrong.size(), 1U) << each.line;
+        EXPECT_EQ(found.wrong.front().line, 2U);
+        EXPECT_EQ(found.wrong.front().column, each.column);
+        EXPECT_NE(found.wrong.front().sentence.find(each.sentence), std::string::npos) << found.wrong.front().sentence;
+    }
+}
+
+TEST(Statement, WithoutHeaderIsRefused) {
+    EXPECT_EQ(refusal({"a,b", "c,d"}),
+              "S: no line is a header that one of the layouts knows; --layout FILE.toml describes another one");
+    EXPECT_EQ(refusal({"成交日期,证券代码,操作,成交均价,手续费"}),
+              "S:1: the header is most like that of the layout chinese, but has no column 成交数量 or 数量; add it, or "
+              "describe this header with --layout FILE.toml");
+    EXPECT_EQ(refusal({"成交日期,证券代码,操作,成交数量,成交均价"}),
+              "S:1: the header is most like that of the layout chinese, but has no column of what was charged; add "
+              "it, or describe this header with --layout FILE.toml");
+}
+
+TEST(Statement, ThatFitsTwoLayoutsAlikeIsRefused) {
+    const std::vector<Layout> bundled = layoutsOf(BUNDLED_MARKET);
+    std::vector<Layout> twice{bundled.front(), bundled.front()};
+    twice.back().name = "other";
+    std::vector<WrongLine> wrong;
+    try {
+        statementIn({kHeader}, "S", twice, wrong);
+        ADD_FAILURE();
+    } catch (const Failure& failure) {
+        EXPECT_EQ(std::string(failure.what()),
+                  "S:1: the header fits the layouts chinese and other alike; name one with --layout");
+    }
+}
+
+}  // namespace
+}  // namespace feedesk::test
