@@ -116,7 +116,7 @@ void TomlSection::readTexts(std::string_view key, KeyNeed need, std::vector<std:
     } else if (list == nullptr && isText(*node)) {
         values.push_back(node->as_string()->get());
     } else {
-        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a text in quotes or a list of such texts" + kMend);
+        refuse(ErrorKind::kKeyValue, key, found(*node) + ", but a text in quotes or a list of such texts" + kCorrectIt);
     }
 }
 
