@@ -98,11 +98,8 @@ public:
         if (open.size() > 1 && (tookCommon() || tookRate(open))) {
             return;
         }
-        Kind unexplained;
-        std::copy_if(open.begin(), open.end(), std::back_inserter(unexplained),
-                     [](const ReconciledOrder* each) { return each->alsoFit.empty(); });
-        if (!unexplained.empty()) {
-            tookRate(unexplained);
+        for (const auto& [charge, orders] : solvedByCharge()) {
+            tookRate(withOneRateAtLast(orders));
         }
         for (ReconciledOrder* each : open) {
             takeOwn(*each);
@@ -110,6 +107,29 @@ public:
     }
 
 private:
+    /// What no cause explains, each solved by itself, by the charge whose rate does it.
+    std::map<std::string, Kind> solvedByCharge() {
+        std::map<std::string, Kind> solved;
+        for (ReconciledOrder* each : open) {
+            each->solved = each->alsoFit.empty() ? rateFor(*each, layout) : nullptr;
+            if (each->solved) {
+                solved[each->solved->sought.charge + ' ' + each->solved->sought.item].push_back(each);
+            }
+        }
+        return solved;
+    }
+
+    /// The last of the orders that have a rate in common; those before them had others.
+    static Kind withOneRateAtLast(const Kind& orders) {
+        auto first = std::prev(orders.end());
+        RateRange range = (*first)->solved->range;
+        while (first != orders.begin() && !(range & (*std::prev(first))->solved->range).isEmpty()) {
+            --first;
+            range = range & (*first)->solved->range;
+        }
+        return {first, orders.end()};
+    }
+
     bool tookCommon() {
         const Explanation* common = commonOf(open);
         if (common == nullptr) {
@@ -151,7 +171,6 @@ private:
             choose(charged, first);
             return;
         }
-        charged.solved = rateFor(charged, layout);
         charged.cause = charged.solved ? Cause::kOtherRate : Cause::kNotExplained;
         charged.remark = charged.solved ? "" : columnsRemark(charged, layout);
     }

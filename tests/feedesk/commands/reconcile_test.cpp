@@ -228,6 +228,23 @@ TEST_F(Reconcile, ProposesNoRateThatLaterTradesDoNotPay) {
     EXPECT_FALSE(std::filesystem::exists(patch));
 }
 
+// 0.031 % on the first day and 0.022 % from then on; the sale of the second day is charged by nothing that is known.
+TEST_F(Reconcile, FindsTheRateOfTheLastDaysBesideOtherDifferences) {
+    const Outcome outcome = folder.reconcileLines(
+        "20240102,600519,买,100,1000,31.00,0,0,,1,-100031.00\n"
+        "20240103,600519,买,100,1000,22.00,0,0,,1,-100022.00\n"
+        "20240103,600519,卖,100,1000,29.17,61.23,0,,1,99909.60\n"
+        "20240104,600519,卖,100,1000,22.00,50.00,0,,1,99928.00\n");
+    const std::string told = unfolded(outcome.out);
+    EXPECT_NE(told.find("Line 2: the commission 0.00031 (any from"), std::string::npos) << told;
+    EXPECT_NE(told.find("Line 4: nothing that is known explains it"), std::string::npos) << told;
+    EXPECT_NE(
+        told.find("Lines 3, 5: the commission 0.00022 (any from 0.00021995 to 0.000220049999) fits all 2 lines from "
+                  "2024-01-03 on"),
+        std::string::npos)
+        << told;
+}
+
 // Without its least amount of 5 the commission of 1000 is 0.25.
 TEST_F(Reconcile, FindsAMinimumThatIsNotCharged) {
     const Outcome none = folder.reconcileLines("20240102,600519,买,100,10,.25,0,0,,1,-1000.25\n", "--json");
