@@ -204,7 +204,7 @@ OtherTariffList FolderTariffs::otherCategories(const Disputed& disputed) {
 }
 
 std::vector<Question> FolderTariffs::representatives(cost::Family family) const {
-    const standalone::Lists& traded = standalone::ratesOf(family).lists;
+    const standalone::Lists& traded = standalone::rateFamilyOf(family).lists;
     const standalone::Market& market = session.market();
     std::vector<Question> chosen;
     std::set<std::string> kinds;
@@ -235,6 +235,7 @@ standalone::FolderExcerpt FolderTariffs::excerptOf(const std::string& accountId,
     const auto place = std::find_if(market.accounts.begin(), market.accounts.end(),
                                     [&](const auto& each) { return each.record->accountId == accountId; });
     std::vector<std::size_t> instruments;
+    instruments.reserve(questions.size());
     for (const Question& question : questions) {
         instruments.push_back(instrumentPlaces.at(instrumentText(question.market, question.code)));
     }

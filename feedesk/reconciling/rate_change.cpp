@@ -29,9 +29,8 @@ SolvedRate solvedFrom(const Part& part, const RateRange& range) {
     solved.range = range;
     solved.rate = range.simplest();
     solved.isTermsOwn = part.rate == nullptr;
-    solved.folderRate = solved.isTermsOwn ? *part.term->rate : part.rate->value;
-    solved.source = solved.isTermsOwn ? part.term->where : part.rate->source;
-    solved.term = part.term->where;
+    solved.folderRate = part.rate == nullptr ? *part.term->rate : part.rate->value;
+    solved.source = part.rate == nullptr ? part.term->where : part.rate->source;
     return solved;
 }
 

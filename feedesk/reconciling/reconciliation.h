@@ -23,7 +23,6 @@ struct SolvedRate {
     cost::Decimal rate;        ///< the simplest of them
     cost::Decimal folderRate;  ///< what the folder has
     std::string source;        ///< its line; empty where no line gives it
-    std::string term;          ///< the line that charges it
     bool isTermsOwn = false;   ///< the rate is the term's and not the fee center's
     std::size_t lines = 0;     ///< how many lines of the statement it fits
     /// From this day on it fits every line that is charged by the same line of the folder; empty: it fits one order.

@@ -26,6 +26,7 @@ FoundHeader foundIn(const std::string& line, std::size_t index, const Layout& la
 
 std::string namesOf(const std::vector<FoundHeader>& found) {
     std::vector<std::string> names;
+    names.reserve(found.size());
     for (const FoundHeader& each : found) {
         names.push_back(each.layout->name);
     }

@@ -63,7 +63,7 @@ Header headerIn(const std::vector<std::string>& cells, const Layout& layout) {
         tellsCosts = tellsCosts || header.charges.back();
     }
     if (!tellsCosts) {
-        header.missing.push_back("of what was charged");
+        header.missing.emplace_back("of what was charged");
     }
     return header;
 }
@@ -71,7 +71,7 @@ Header headerIn(const std::vector<std::string>& cells, const Layout& layout) {
 std::vector<Layout> layoutsOf(const std::string& marketFolder) {
     std::vector<Layout> layouts;
     for (const fs::path& file : layoutFiles(marketFolder)) {
-        layouts.emplace_back(readLayout(file.string()));
+        layouts.push_back(readLayout(file.string()));
     }
     return layouts;
 }
