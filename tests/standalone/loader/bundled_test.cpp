@@ -25,7 +25,7 @@ TEST(LoaderBundledMarket, LoadsWithoutErrors) {
 void askTerms(const cost::Schedule& schedule, const Market& market, cost::Family family, const std::string& account,
               cost::Date day) {
     for (const ListedInstrument& listed : market.instruments) {
-        if (!ratesOf(family).lists.hold(listed)) {
+        if (!rateFamilyOf(family).lists.hold(listed)) {
             continue;
         }
         const CInstrument& record = *listed.record;
