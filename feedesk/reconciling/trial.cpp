@@ -1,5 +1,7 @@
 #include "feedesk/reconciling/trial.h"
 
+#include <algorithm>
+
 #include "cost/refused.h"
 #include "feedesk/reconciling/changed_terms.h"
 
@@ -18,7 +20,10 @@ std::vector<cost::Trade> tradesOn(cost::Date date, const Order& order) {
 
 void Trial::note(Cause cause, const std::string& key, const std::string& sentence,
                  const std::optional<Amounts>& amounts) {
-    if (amounts && agree(figuresOf(order().stated, *amounts, layout))) {
+    // Of alike changes, such as charging as one of two funds is charged, the first is told.
+    const bool isKnown = std::any_of(found.begin(), found.end(),
+                                     [&](const Explanation& each) { return each.cause == cause && each.key == key; });
+    if (!isKnown && amounts && agree(figuresOf(order().stated, *amounts, layout))) {
         found.push_back({cause, key, sentence});
     }
 }
