@@ -158,7 +158,8 @@ void addDiff(CLI::App& app, Program& program) {
     command
         ->add_option("--expect-only", arguments.expectOnly,
                      "Exit status 1 when anything changes but\nthese accounts; * is any text")
-        ->type_name("ACCOUNT...")
+        ->type_name("ACCOUNT")
+        ->option_text("ACCOUNT...")
         ->excludes(none);
     addFormatOptions(*command, program);
 }
