@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "feedesk/commands/commands.h"
+#include "feedesk/commands/options.h"
 #include "feedesk/messages.h"
 #include "feedesk/pager.h"
 #include "feedesk/program.h"
@@ -36,7 +37,6 @@ constexpr const char* kExamples = R"(Examples:
 
 Exit status: 0 answered, 1 the question has no answer, 2 bad usage or bad input.)";
 
-constexpr const char* kUsualFolder = "market";
 constexpr int kMostThreads = 64;
 
 /// Why the text is no number of threads; empty when it is one.
@@ -44,11 +44,6 @@ std::string threadsProblem(const std::string& text) {
     const std::optional<int> number = standalone::numberIn<int>(text);
     const bool good = number && *number >= 1 && *number <= kMostThreads;
     return good ? "" : fmt::format("{} is not a whole number from 1 to {}", echoed(text), kMostThreads);
-}
-
-/// Why the text is no day; empty when it is one.
-std::string dayProblem(const std::string& text) {
-    return cost::Date::parse(text) ? "" : fmt::format("{} is not a day such as 2023-08-28", echoed(text));
 }
 
 void describe(CLI::App& app, Program& program) {
@@ -63,11 +58,8 @@ void describe(CLI::App& app, Program& program) {
         ->envname("FEEDESK_MARKET")
         ->type_name("DIR")
         ->option_text("DIR");
-    app.add_option_function<std::string>(
-           "--date", [&program](const std::string& day) { program.session.date = cost::Date::parse(day); },
-           "Ask as of this day, such as 2023-08-28\n(else the folder's as_of; else today)")
-        ->check(CLI::Validator(dayProblem, ""))
-        ->type_name("DAY");
+    addDayOption(app, "--date", program.session.date,
+                 "Ask as of this day, such as 2023-08-28\n(else the folder's as_of; else today)");
     app.add_option("--threads", program.session.threads, "Threads of the engine, 1 to 64")
         ->check(CLI::Validator(threadsProblem, ""))
         ->type_name("N");

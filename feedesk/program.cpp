@@ -81,6 +81,11 @@ Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink, c
 
 void Program::answer(const Session& opened, const Sections& sections,
                      const std::function<Remarks(RowSink&)>& giveRows) {
+    answer([&opened] { return opened.summary(); }, sections, giveRows);
+}
+
+void Program::answer(const std::function<std::string()>& sessionSummary, const Sections& sections,
+                     const std::function<Remarks(RowSink&)>& giveRows) {
     hasAnswered = true;
     std::string tables;
     const std::unique_ptr<RowSink> sink = sinkFor(format, file, tables);
@@ -88,11 +93,11 @@ void Program::answer(const Session& opened, const Sections& sections,
     const Remarks remarks = given(giveRows, *sink, tables);
     sink->end();
     if (format == Format::kTable) {
-        showText(headingText(remarks.heading) + tables + below(remarks) + (summary ? opened.summary() + "\n" : ""));
+        showText(headingText(remarks.heading) + tables + below(remarks) + (summary ? sessionSummary() + "\n" : ""));
         return;
     }
     if (summary) {
-        tellSummary(opened.summary());
+        tellSummary(sessionSummary());
     }
     tellRemarks(remarks);
 }

@@ -13,6 +13,9 @@ namespace feedesk {
 
 enum class Format { kTable, kJson, kJsonLines, kCsv, kCsvWithMark, kXlsx };
 
+/// The market folder where nobody names one.
+constexpr const char* kUsualFolder = "market";
+
 /// What people read with an answer's rows.
 struct Remarks {
     std::string heading;                 ///< above the tables; not with JSON and CSV
@@ -36,6 +39,9 @@ struct Program {
     /// one after another; when it throws, what it has given is answered. The session's summary, when it is asked for,
     /// comes last below a table and on standard error with JSON and CSV, so that programs can read the answer.
     void answer(const Session& opened, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
+    /// The same without a session: `sessionSummary` is the line that is told.
+    void answer(const std::function<std::string()>& sessionSummary, const Sections& sections,
+                const std::function<Remarks(RowSink&)>& giveRows);
 };
 
 /// Reads the command line, answers and tells what went wrong; the program's exit status.

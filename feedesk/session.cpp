@@ -9,13 +9,12 @@
 
 #include "cost/rates.h"
 #include "feedesk/failure.h"
-#include "feedesk/messages.h"
+#include "feedesk/folder_loading.h"
 #include "feedesk/numbers.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
 #include "standalone/charged_families.h"
 #include "standalone/host.h"
-#include "standalone/loader.h"
 #include "standalone/text/nearness.h"
 
 namespace feedesk {
@@ -42,21 +41,7 @@ private:
 
 standalone::MarketFolder load(const std::string& folder, Tally& tally) {
     const Stopwatch watch(tally.loading);
-    const Progress progress("loading " + echoed(folder));
-    standalone::FolderResult result = standalone::loadFolder(folder);
-    if (result.ok()) {
-        return std::move(result.folder);
-    }
-    for (standalone::LoadError& error : result.errors) {
-        if (error.kind == standalone::ErrorKind::kFolder) {
-            error.message += kWaysToName;
-        }
-        tellLoadError(error, folder);
-    }
-    for (const standalone::FurtherErrors& further : result.further) {
-        tellFurtherErrors(further, folder);
-    }
-    throw Failure(kBadInput, fmt::format("{}; nothing was loaded", counted(result.errorCount, "error")));
+    return loadedFolder(folder, kWaysToName);
 }
 
 /// Throws the sentence that refuses a day, if there is one.
@@ -79,11 +64,6 @@ void sortByInstrument(std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>&
 }
 
 }  // namespace
-
-Session::RunningEngine::RunningEngine(int threads) { standalone::startEngine(threads); }
-
-// NOLINTNEXTLINE(bugprone-exception-escape): the reason is at the declaration
-Session::RunningEngine::~RunningEngine() { standalone::stopEngine(); }
 
 Session::Session(const SessionOptions& options)
     : days(load(options.folder, tally)),
@@ -221,6 +201,14 @@ void Session::keepOnly(cost::Date date) {
         const bool stays = each->second.get() == asked || each->second.get() == &wanted;
         each = stays ? std::next(each) : centers.erase(each);
     }
+}
+
+standalone::FolderExcerpt Session::excerpt(const Account& account, const Question& question) const {
+    const auto& instruments = market().instruments;
+    const auto found = std::find_if(instruments.begin(), instruments.end(), [&](const auto& listed) {
+        return listed.record->market == question.market && listed.record->code == question.code;
+    });
+    return {days, places.at(account.record->accountId), {static_cast<std::size_t>(found - instruments.begin())}};
 }
 
 std::string Session::summary() const {

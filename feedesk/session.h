@@ -13,6 +13,8 @@
 #include "feedesk/answer.h"
 #include "feedesk/instrument_names.h"
 #include "feedesk/interval_center.h"
+#include "feedesk/running_engine.h"
+#include "standalone/folder_excerpt.h"
 #include "standalone/market_folder.h"
 
 namespace feedesk {
@@ -91,21 +93,13 @@ public:
     /// again when they are needed.
     void keepOnly(cost::Date date);
 
+    /// The folder's part for the account and this instrument, which the folder has.
+    [[nodiscard]] standalone::FolderExcerpt excerpt(const standalone::Account& account, const Question& question) const;
+
     /// What was loaded and asked and how long it took, one line.
     [[nodiscard]] std::string summary() const;
 
 private:
-    /// Runs the engine as long as it lives: destroyed first, so that no job outlives a fee center.
-    class RunningEngine {
-    public:
-        explicit RunningEngine(int threads);
-        RunningEngine(const RunningEngine&) = delete;
-        RunningEngine& operator=(const RunningEngine&) = delete;
-        // Stopping is refused on a thread of the engine alone, and none of them owns a session.
-        // NOLINTNEXTLINE(bugprone-exception-escape)
-        ~RunningEngine();
-    };
-
     IntervalCenter& centerOf(cost::Date date);
     /// The same, with its market in the services.
     IntervalCenter& installed(cost::Date date);
@@ -120,7 +114,7 @@ private:
     IntervalCenter* asked;                                           // of the day
     InstrumentNames names;
     std::unordered_map<std::string, std::size_t> places;  // of the accounts, the same in each market
-    RunningEngine engine;
+    RunningEngine engine;                                 // destroyed first, so that no job outlives a fee center
 };
 
 /// The numbers of the market's accounts, in the folder's order.

@@ -82,12 +82,12 @@ std::shared_ptr<const CheckedFolder> cutOut(const CheckedFolder& whole, std::siz
 
 bool hasExchangeFee(const ListedInstrument& instrument) { return instrument.record->feeType != 0; }
 
-InputLine inputOf(InputKind kind, const KeptLine& line) {
+RateInput inputOf(InputKind kind, const KeptLine& line) {
     return {kind, line.family, line.position, line.line.days, line.line.update, line.line.category};
 }
 
-std::vector<InputLine> inputsOf(const CheckedFolder& cut) {
-    std::vector<InputLine> inputs;
+std::vector<RateInput> inputsOf(const CheckedFolder& cut) {
+    std::vector<RateInput> inputs;
     for (const ConfiguredLine& line : cut.configuredLines) {
         inputs.push_back(inputOf(InputKind::kConfiguredLimit, line));
     }

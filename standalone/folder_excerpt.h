@@ -15,7 +15,7 @@ namespace standalone {
 enum class InputKind { kFeeLine, kCustomFee, kConfiguredLimit, kExchangeFee };
 
 /// A line that can have a say in an account's rates.
-struct InputLine {
+struct RateInput {
     InputKind kind = InputKind::kFeeLine;
     const RateFamily* family = nullptr;  ///< of its table; null for an instrument's own fee
     Position position;
@@ -37,7 +37,7 @@ public:
 
     /// Every line that names the account or one of the instruments, whatever its days: those of configured/, of fees/
     /// and of custom/, each in the order of the market, then the instruments that carry a fee of the exchange.
-    [[nodiscard]] const std::vector<InputLine>& lines() const { return inputs; }
+    [[nodiscard]] const std::vector<RateInput>& lines() const { return inputs; }
 
     /// The market of the account and the instruments, made of those of lines() for which `kept` is true; their days do
     /// not count. `kept` has one entry for each of lines().
@@ -47,7 +47,7 @@ public:
 
 private:
     std::shared_ptr<const loader::CheckedFolder> cut;
-    std::vector<InputLine> inputs;
+    std::vector<RateInput> inputs;
 };
 
 }  // namespace standalone

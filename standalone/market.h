@@ -16,6 +16,8 @@ namespace standalone {
 struct Position {
     std::uint32_t file = 0;
     std::uint32_t line = 0;
+
+    friend bool operator==(Position a, Position b) { return a.file == b.file && a.line == b.line; }
 };
 
 struct MarketPlace {

@@ -44,6 +44,8 @@ std::size_t MarketFolder::intervalOf(cost::Date day) const {
     return static_cast<std::size_t>(std::upper_bound(changes.begin(), changes.end(), day) - changes.begin());
 }
 
+const Market& MarketFolder::everyDay() const { return checked->market; }
+
 Market MarketFolder::marketOn(cost::Date day) const { return loader::expand(*checked, day); }
 
 }  // namespace standalone

@@ -45,6 +45,9 @@ public:
     /// limits are made anew by each call. Throws nothing but std::bad_alloc.
     [[nodiscard]] Market marketOn(cost::Date day) const;
 
+    /// What is the same on every day: the market without fees, custom fees and configured limits.
+    [[nodiscard]] const Market& everyDay() const;
+
     /// What was read, for the parts of the standalone host.
     [[nodiscard]] const loader::CheckedFolder& content() const { return *checked; }
 

@@ -79,8 +79,10 @@ WhenZero whenZero(const TitledRates& titled) {
     return first.unit == Unit::kCount || first.column == titled.title ? WhenZero::kLeftOut : WhenZero::kNamed;
 }
 
-/// The rates of a part: those of a line that has them.
-void addRateFields(FeeFields& fields, const FeeLine& line) {
+}  // namespace
+
+FieldsOf<FeeRow> rateFields(const FeeLine& line) {
+    FeeFields fields;
     for (std::size_t i = 0; i < line.rates.size(); ++i) {
         const TitledRates& titled = line.rates[i];
         for (std::size_t j = 0; j < titled.rates.size(); ++j) {
@@ -92,9 +94,8 @@ void addRateFields(FeeFields& fields, const FeeLine& line) {
                               }});
         }
     }
+    return fields;
 }
-
-}  // namespace
 
 FeeRows::FeeRows(const std::vector<Answer>& newAnswers, const standalone::Market& newMarket)
     : answers(newAnswers), market(newMarket) {
@@ -105,7 +106,8 @@ FeeRows::FeeRows(const std::vector<Answer>& newAnswers, const standalone::Market
         }
         FeeFields& fields = fieldsOfSection[section.first->second];
         if (fields.back().field.name.empty()) {  // no rates yet
-            addRateFields(fields, row.line);
+            const FeeFields rates = rateFields(row.line);
+            fields.insert(fields.end(), rates.begin(), rates.end());
         }
     });
     parts.resize(fieldsOfSection.size());

@@ -19,6 +19,9 @@ struct FeeRow {
     const standalone::Market& market;  ///< the one that the answer comes from
 };
 
+/// The fields of the rates that the lines of a part have, in the group "rates"; `line` is one that has them.
+FieldsOf<FeeRow> rateFields(const FeeLine& line);
+
 /// Answers as rows: one for each line, a section for each part in the order in which they appear. docs/feedesk.md
 /// describes the fields. Refers to what it is made from.
 class FeeRows {

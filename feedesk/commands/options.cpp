@@ -1,8 +1,29 @@
 #include "feedesk/commands/options.h"
 
+#include <fmt/format.h>
+
 #include <vector>
 
+#include "feedesk/text.h"
+
 namespace feedesk {
+namespace {
+
+/// Why the text is no day; empty when it is one.
+std::string dayProblem(const std::string& text) {
+    return cost::Date::parse(text) ? "" : fmt::format("{} is not a day such as 2023-08-28", echoed(text));
+}
+
+}  // namespace
+
+void addDayOption(CLI::App& command, const std::string& name, std::optional<cost::Date>& day,
+                  const std::string& description) {
+    command
+        .add_option_function<std::string>(
+            name, [&day](const std::string& text) { day = cost::Date::parse(text); }, description)
+        ->check(CLI::Validator(dayProblem, ""))
+        ->type_name("DAY");
+}
 
 void addFormatOptions(CLI::App& command, Program& program) {
     const auto addForm = [&](const char* name, Format format, const char* description) {

@@ -3,13 +3,20 @@
 
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
+#include <string>
 
+#include "cost/date.h"
 #include "feedesk/program.h"
 
 namespace feedesk {
 
 /// Adds the forms of an answer to a command: --json, --csv, --csv-bom, --xlsx.
 void addFormatOptions(CLI::App& command, Program& program);
+
+/// Adds an option that names a day.
+void addDayOption(CLI::App& command, const std::string& name, std::optional<cost::Date>& day,
+                  const std::string& description);
 
 /// What a command's options and arguments are read into; `answer` is called with them when the command is named. They
 /// live as long as the command.

@@ -134,7 +134,7 @@ OtherTariffList FolderTariffs::otherLevels(const Disputed& disputed) {
     const Question question = questionOf(disputed);
     const standalone::FolderExcerpt excerpt = excerptOf(account, {question});
     std::vector<bool> keptLines;
-    for (const standalone::InputLine& line : excerpt.lines()) {
+    for (const standalone::RateInput& line : excerpt.lines()) {
         keptLines.push_back(line.days.contains(date));
     }
     OtherTariffList list;

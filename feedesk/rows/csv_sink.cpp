@@ -61,7 +61,9 @@ void CsvSink::begin(const Sections& sections) {
             }
         }
     }
-    chunks.add(csvLine(header));
+    if (!header.empty()) {
+        chunks.add(csvLine(header));
+    }
     cells.resize(header.size());
 }
 

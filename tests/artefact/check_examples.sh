@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The examples of a document are what feedesk prints. In each ```console block a line "$ feedesk ..." is run where the
-# bundled market is the usual one and `broken` is a copy of it with faults; what follows must be its output. A block
-# ```csv NAME is a file of that name.
+# bundled market is the usual one, `market` too, `broken` is a copy of it with faults and `proposed` one to which every
+# ```diff block is applied; what follows must be its output. A block ```csv NAME is a file of that name.
 #   check_examples.sh FEEDESK MARKET DOCUMENT
 set -uo pipefail
 feedesk=$(realpath "$1")
@@ -16,6 +16,9 @@ cd "$place" || exit 1
 # A rate in percent, an account and a market that are misspelt.
 cp -r "$market" broken || exit 1
 sed -i -e '2s/,0\.00025,/,0.025%,/' -e '5s/^1000001,/100001,/' -e '10s/,SH,/,SX,/' broken/fees/stock.csv || exit 1
+
+ln -s "$market" market || exit 1
+cp -r "$market" proposed || exit 1
 
 checked=0
 wrong=0
@@ -44,8 +47,12 @@ while IFS= read -r line; do
   elif [[ $line == '```csv '* ]]; then
     file=${line#'```csv '}
     : >"$file"
+  elif [[ $line == '```diff' ]]; then
+    file=change.diff
+    : >"$file"
   elif [[ $line == '```' ]]; then
     check
+    [[ $file != change.diff ]] || patch -s -p0 <change.diff || exit 1
     inside=
     file=
   elif [[ -n $file ]]; then

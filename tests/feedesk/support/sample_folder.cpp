@@ -110,6 +110,11 @@ SampleFolder::~SampleFolder() {
     std::filesystem::remove_all(directory, ignored);
 }
 
+void SampleFolder::clear() const {
+    std::filesystem::remove_all(directory);
+    std::filesystem::create_directory(directory);
+}
+
 void SampleFolder::write(const std::string& file, const std::string& content) const {
     std::filesystem::create_directories((directory / file).parent_path());
     std::ofstream(directory / file, std::ios::binary) << content;

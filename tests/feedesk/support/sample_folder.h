@@ -15,6 +15,8 @@ public:
     SampleFolder& operator=(const SampleFolder&) = delete;
     ~SampleFolder();
 
+    /// Removes every file.
+    void clear() const;
     /// Replaces one file.
     void write(const std::string& file, const std::string& content) const;
 

@@ -1,0 +1,167 @@
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <cstdlib>
+
+#include "feedesk/commands/commands.h"
+#include "feedesk/commands/differences.h"
+#include "feedesk/commands/options.h"
+#include "feedesk/comparing/compared_days.h"
+#include "feedesk/comparing/instrument_groups.h"
+#include "feedesk/folder_loading.h"
+#include "feedesk/messages.h"
+#include "feedesk/numbers.h"
+#include "feedesk/program.h"
+#include "feedesk/running_engine.h"
+#include "feedesk/terminal.h"
+#include "feedesk/text.h"
+
+namespace feedesk {
+namespace {
+
+struct DiffArguments {
+    std::string before;
+    std::string after;
+    cost::DateRange days;
+    std::string trades;  ///< empty: none
+    bool expectNone = false;
+    std::vector<std::string> expectOnly;
+};
+
+constexpr const char* kHowToName = "; `feedesk diff A B` compares two of them";
+
+/// The environment may name a folder for the other commands; the command line may not.
+bool namesAnotherFolder(const Program& program) {
+    const char* const usual = std::getenv("FEEDESK_MARKET");
+    return program.session.folder != (usual == nullptr ? kUsualFolder : usual);
+}
+
+void refuseContradictions(const Program& program, const DiffArguments& arguments) {
+    if (namesAnotherFolder(program)) {
+        throw Failure(kBadInput, "diff compares the two folders that it names; leave --market out");
+    }
+    if (program.session.date && (arguments.days.from || arguments.days.until)) {
+        throw Failure(kBadInput, "--date compares one day, and --from and --until several; use one or the other");
+    }
+}
+
+std::vector<std::string> allAccounts(const ComparedFolder& before, const ComparedFolder& after) {
+    std::vector<std::string> ids;
+    for (const ComparedFolder* folder : {&before, &after}) {
+        for (const standalone::Account& account : folder->accounts()) {
+            ids.push_back(account.record->accountId);
+        }
+    }
+    return ids;
+}
+
+/// A name that is misspelt would expect nothing.
+Expectation expectationOf(const DiffArguments& arguments, const ComparedFolder& before, const ComparedFolder& after) {
+    Expectation expectation(arguments.expectNone, arguments.expectOnly);
+    const std::vector<std::string> unknown = expectation.unknown(allAccounts(before, after));
+    if (!unknown.empty()) {
+        throw Failure(kBadInput,
+                      fmt::format("--expect-only: neither folder has an account {}", echoed(unknown.front())));
+    }
+    return expectation;
+}
+
+/// One folder after the other: each has the engine and the services to itself.
+std::vector<AccountCosts> costsOf(const Program& program, const DiffArguments& arguments) {
+    SessionOptions before = program.session;
+    SessionOptions after = program.session;
+    before.folder = arguments.before;
+    after.folder = arguments.after;
+    return compareCosts(before, after, arguments.trades);
+}
+
+std::vector<Change> changesOf(const Program& program, const ComparedFolder& before, Comparison& comparison,
+                              const cost::DateRange& days) {
+    const int threads = program.session.threads;
+    const RunningEngine engine(threads == 0 ? before.folder().everyDay().engineThreads : threads);
+    const Progress progress("comparing answers");
+    return comparison.changesOn(days);
+}
+
+std::string headingOf(const Differences& differences, const DiffArguments& arguments, const cost::DateRange& days) {
+    return fmt::format("{} {}: {} and {}", differences.areNone() ? "The same answers" : "Differences",
+                       days.from == days.until ? "on " + days.from->text() : days.text(), arguments.before,
+                       arguments.after);
+}
+
+/// Tells what was not expected; the exit status that follows.
+ExitStatus statusOf(const Expectation& expectation) {
+    const std::string problem = expectation.problem();
+    if (!problem.empty()) {
+        tellProblem(problem);
+    }
+    return problem.empty() ? kAnswered : kNoAnswer;
+}
+
+ExitStatus diff(Program& program, const DiffArguments& arguments) {
+    refuseContradictions(program, arguments);
+    standalone::ContentNumbers numbers;
+    ComparedFolder before(loadedFolder(arguments.before, kHowToName), numbers);
+    ComparedFolder after(loadedFolder(arguments.after, kHowToName), numbers);
+    const std::optional<cost::Date>& day = program.session.date;
+    const cost::DateRange days = comparedDays(day ? cost::DateRange{day, day} : arguments.days, before, after);
+    Expectation expectation = expectationOf(arguments, before, after);
+    Comparison comparison(before, after);
+    const std::vector<Change> changes = changesOf(program, before, comparison, days);
+
+    Differences differences;
+    differences.forPeople = program.format == Format::kTable;
+    differences.withCosts = !arguments.trades.empty();
+    for (const Change& change : changes) {
+        differences.changes.push_back(changeRow(change, before, comparison, days));
+    }
+    const cost::Schedule& termsBefore = before.folder().schedule();
+    const cost::Schedule& termsAfter = after.folder().schedule();
+    differences.apart = apartRows(comparison.namesApart());
+    for (ApartRow& row :
+         apartRows(termsOnlyIn(termsBefore, termsAfter, days), termsOnlyIn(termsAfter, termsBefore, days))) {
+        differences.apart.push_back(std::move(row));
+    }
+    differences.judge(expectation);
+    if (differences.withCosts) {
+        differences.costs = costsOf(program, arguments);
+    }
+
+    std::vector<std::string> notes = coverageNotes(before, after, days);
+    if (!expectation.unmet().empty()) {
+        notes.push_back(
+            fmt::format("--expect-only names {}, and nothing changes there", firstFew(expectation.unmet())));
+    }
+    const auto summary = [&] {
+        return fmt::format(
+            "compared {} and {}; fee centers were asked for {}", counted(before.accounts().size(), "account"),
+            counted(comparison.instruments().size(), "instrument"), counted(comparison.askedAccounts(), "account"));
+    };
+    program.answer(summary, differences.sections(), [&](RowSink& sink) {
+        differences.giveTo(sink);
+        return Remarks{headingOf(differences, arguments, days), notes, "", differences.sums()};
+    });
+    return statusOf(expectation);
+}
+
+}  // namespace
+
+void addDiff(CLI::App& app, Program& program) {
+    CLI::App* command = app.add_subcommand("diff", "What changes between two market folders");
+    DiffArguments& arguments = argumentsOf(*command, program, diff);
+    command->add_option("A", arguments.before, "The market folder before")->required()->type_name("");
+    command->add_option("B", arguments.after, "The market folder after")->required()->type_name("");
+    addDayOption(*command, "--from", arguments.days.from, "Compare from this day on (else from the\nearlier as_of on)");
+    addDayOption(*command, "--until", arguments.days.until, "Compare up to this day (else all that\nboth cover)");
+    command->add_option("--trades", arguments.trades, "What these trades cost by both folders")->type_name("FILE");
+    CLI::Option* none = command->add_flag("--expect-none", arguments.expectNone, "Exit status 1 when anything changes");
+    command
+        ->add_option("--expect-only", arguments.expectOnly,
+                     "Exit status 1 when anything changes but\nthese accounts; * is any text")
+        ->type_name("ACCOUNT")
+        ->option_text("ACCOUNT...")
+        ->excludes(none);
+    addFormatOptions(*command, program);
+}
+
+}  // namespace feedesk

@@ -1,0 +1,50 @@
+#ifndef FEEDESK_COMMANDS_DIFF_ROWS_H
+#define FEEDESK_COMMANDS_DIFF_ROWS_H
+
+#include <string>
+#include <vector>
+
+#include "feedesk/comparing/charging_terms.h"
+#include "feedesk/comparing/comparison.h"
+#include "feedesk/comparing/expectation.h"
+#include "feedesk/comparing/trade_costs.h"
+#include "feedesk/rows/rows.h"
+
+namespace feedesk {
+
+/// A rate that differs.
+struct ChangeRow {
+    const Change& change;
+    std::vector<std::string> accounts;     ///< numbers
+    std::vector<std::string> instruments;  ///< "SH:600519"
+    std::string heading;                   ///< accounts, instruments and days, for people
+    Judgement judgement = Judgement::kNone;
+};
+
+FieldsOf<ChangeRow> changeFields();
+
+/// The row of a change. `compared` are the days that are compared: a change of all of them tells no days.
+ChangeRow changeRow(const Change& change, const ComparedFolder& before, const Comparison& comparison,
+                    const cost::DateRange& compared);
+
+/// Accounts, instruments or charging terms that only one folder has.
+struct ApartRow {
+    std::string change;  ///< "accounts_added" and so on
+    std::string noun;    ///< "account"
+    std::string words;   ///< what people read behind the number of them
+    std::vector<std::string> names;
+    std::vector<std::string> accounts;  ///< whose they are; empty: nobody's or everybody's
+    Judgement judgement = Judgement::kNone;
+};
+
+FieldsOf<ApartRow> apartFields();
+/// Without those of which there are none.
+std::vector<ApartRow> apartRows(const NamesApart& apart);
+std::vector<ApartRow> apartRows(const std::vector<TermApart>& before, const std::vector<TermApart>& after);
+
+/// What the trades of an account cost.
+FieldsOf<AccountCosts> costsFields();
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_COMMANDS_DIFF_ROWS_H

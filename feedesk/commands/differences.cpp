@@ -1,0 +1,78 @@
+#include "feedesk/commands/differences.h"
+
+#include <fmt/format.h>
+
+#include <map>
+
+#include "feedesk/numbers.h"
+
+namespace feedesk {
+namespace {
+
+/// Gives the items to the section that is next, where it is shown.
+template <class Item, class IsMarked>
+void giveSection(const std::vector<Item>& items, const FieldsOf<Item>& fields, const IsMarked& isMarked, bool isShown,
+                 std::size_t& section, RowSink& sink) {
+    for (const Item& item : items) {
+        Row row = rowOf(fields, item);
+        row.section = section;
+        row.marked = isMarked(item);
+        sink.row(row);
+    }
+    section += isShown ? 1 : 0;
+}
+
+}  // namespace
+
+void Differences::judge(Expectation& expectation) {
+    for (ChangeRow& row : changes) {
+        row.judgement = expectation.judge(row.accounts);
+    }
+    for (ApartRow& row : apart) {
+        row.judgement = row.accounts.empty()
+                            ? expectation.judgeOther(counted(row.names.size(), row.noun) + " " + row.words)
+                            : expectation.judge(row.accounts);
+    }
+}
+
+Sections Differences::sections() const {
+    Sections all;
+    if (shows(changes.size())) {
+        all.push_back(sectionOf("Rates", changeFields()));
+    }
+    if (shows(apart.size())) {
+        all.push_back(sectionOf("In one folder only", apartFields()));
+    }
+    if (withCosts) {
+        all.push_back(sectionOf("Costs of the trades", costsFields()));
+    }
+    return all;
+}
+
+void Differences::giveTo(RowSink& sink) const {
+    const auto isUnexpected = [](const auto& row) { return row.judgement == Judgement::kUnexpected; };
+    const auto never = [](const AccountCosts& /*costs*/) { return false; };
+    std::size_t section = 0;
+    giveSection(changes, changeFields(), isUnexpected, shows(changes.size()), section, sink);
+    giveSection(apart, apartFields(), isUnexpected, shows(apart.size()), section, sink);
+    giveSection(costs, costsFields(), never, withCosts, section, sink);
+}
+
+std::vector<std::string> Differences::sums() const {
+    std::map<std::string, AccountCosts> all;  // by currency
+    for (const AccountCosts& each : costs) {
+        AccountCosts& sum = all[each.currency];
+        sum.trades += each.trades;
+        sum.before += each.before;
+        sum.after += each.after;
+    }
+    std::vector<std::string> sentences;
+    for (const auto& [currency, sum] : all) {
+        sentences.push_back(fmt::format("{}: {} {} by the old folder, {} by the new, a difference of {}",
+                                        counted(sum.trades, "trade"), sum.before.text(2), currency, sum.after.text(2),
+                                        sum.difference().text(2)));
+    }
+    return sentences;
+}
+
+}  // namespace feedesk

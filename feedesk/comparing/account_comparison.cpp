@@ -1,0 +1,117 @@
+#include "feedesk/comparing/account_comparison.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "feedesk/interval_center.h"
+
+namespace feedesk {
+namespace {
+
+using standalone::FolderExcerpt;
+
+/// What a folder's fee center answers for the account and these instruments, which ascend.
+std::vector<Answer> answersOf(const ComparedFolder& folder, cost::Date day, std::size_t account,
+                              const std::vector<std::size_t>& places) {
+    IntervalCenter center(FolderExcerpt(folder.folder(), account, places).marketOn(day));
+    center.install();
+    const standalone::Account& asked = center.market().accounts.front();
+    center.feedOnce(asked);
+    std::vector<Question> questions;
+    for (const standalone::ListedInstrument& listed : center.market().instruments) {
+        questions.push_back({listed.record->market, listed.record->code});
+    }
+    std::vector<Answer> answers;
+    for (std::optional<Answer>& answer : center.traced(asked, questions, center.ask(asked, questions))) {
+        answers.push_back(std::move(answer).value_or(Answer()));
+    }
+    return answers;
+}
+
+/// The answers for the first of each group, in the groups' order.
+std::vector<Answer> answersOf(const ComparedFolder& folder, cost::Date day, std::size_t account, const Alike& alike,
+                              const std::vector<InstrumentPlaces>& instruments,
+                              std::size_t InstrumentPlaces::*ofFolder) {
+    std::vector<std::pair<std::size_t, std::size_t>> asked;  // place and group
+    for (std::size_t group = 0; group < alike.size(); ++group) {
+        asked.emplace_back(instruments[alike[group].front()].*ofFolder, group);
+    }
+    std::sort(asked.begin(), asked.end());
+    std::vector<std::size_t> places(asked.size());
+    std::transform(asked.begin(), asked.end(), places.begin(), [](const auto& each) { return each.first; });
+    std::vector<Answer> inOrder = answersOf(folder, day, account, places);
+    std::vector<Answer> answers(alike.size());
+    for (std::size_t i = 0; i < asked.size(); ++i) {
+        answers[asked[i].second] = std::move(inOrder[i]);
+    }
+    return answers;
+}
+
+const FeeLine* lineLike(const Answer& answer, const FeeLine& wanted) {
+    const auto found = std::find_if(answer.lines.begin(), answer.lines.end(), [&](const FeeLine& line) {
+        return line.part == wanted.part && line.item == wanted.item;
+    });
+    return found == answer.lines.end() ? nullptr : &*found;
+}
+
+/// The lines of two answers: those of the first, then those that the other one has alone.
+std::vector<LinePair> pairsOf(const Answer& before, const Answer& after) {
+    std::vector<LinePair> pairs;
+    for (const FeeLine& line : before.lines) {
+        pairs.push_back({&line, lineLike(after, line)});
+    }
+    for (const FeeLine& line : after.lines) {
+        if (lineLike(before, line) == nullptr) {
+            pairs.push_back({nullptr, &line});
+        }
+    }
+    return pairs;
+}
+
+/// One difference for all instruments for which it is the same.
+std::vector<RateDifference> joined(std::vector<RateDifference> differences) {
+    std::vector<RateDifference> all;
+    for (RateDifference& difference : differences) {
+        const auto same = std::find_if(all.begin(), all.end(),
+                                       [&](const RateDifference& each) { return sameDifference(each, difference); });
+        if (same == all.end()) {
+            all.push_back(std::move(difference));
+        } else {
+            same->instruments.insert(same->instruments.end(), difference.instruments.begin(),
+                                     difference.instruments.end());
+        }
+    }
+    for (RateDifference& difference : all) {
+        std::sort(difference.instruments.begin(), difference.instruments.end());
+    }
+    return all;
+}
+
+}  // namespace
+
+std::vector<RateDifference> compareAccount(ComparedFolder& before, ComparedFolder& after, cost::Date day,
+                                           const AccountSides& account,
+                                           const std::vector<InstrumentPlaces>& instruments) {
+    const Alike alike = groupAlike(before, after, day, account, instruments);
+    if (alike.empty()) {
+        return {};
+    }
+    const auto answersBefore = answersOf(before, day, account.before, alike, instruments, &InstrumentPlaces::before);
+    const auto answersAfter = answersOf(after, day, account.after, alike, instruments, &InstrumentPlaces::after);
+    std::vector<RateDifference> differences;
+    for (std::size_t group = 0; group < alike.size(); ++group) {
+        for (const LinePair& lines : pairsOf(answersBefore[group], answersAfter[group])) {
+            const std::string& part = (lines.before == nullptr ? lines.after : lines.before)->part;
+            if (!before.covers(day, part) || !after.covers(day, part)) {
+                continue;
+            }
+            for (RateDifference& difference : differencesOf(lines, account.linesBefore, account.linesAfter)) {
+                difference.instruments = alike[group];
+                differences.push_back(std::move(difference));
+            }
+        }
+    }
+    return joined(std::move(differences));
+}
+
+}  // namespace feedesk

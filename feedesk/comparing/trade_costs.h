@@ -1,0 +1,33 @@
+#ifndef FEEDESK_COMPARING_TRADE_COSTS_H
+#define FEEDESK_COMPARING_TRADE_COSTS_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "cost/decimal.h"
+#include "feedesk/session.h"
+
+namespace feedesk {
+
+/// What an account's trades cost by two folders. Amounts of different currencies are never added up.
+struct AccountCosts {
+    std::string account;
+    std::string currency;
+    std::size_t trades = 0;
+    cost::Decimal before;
+    cost::Decimal after;
+
+    [[nodiscard]] cost::Decimal difference() const { return after - before; }
+};
+
+/// Charges the trades of a file ("-": standard input), which name their accounts, by both folders: by account in the
+/// order of their first trades. The trades may come in any order; where the options name a day, all are charged as of
+/// it, orders of different days apart. Throws Failure when one of them cannot be charged by
+/// one of the folders, after all such lines have been told. No session may be open: each folder has one in turn.
+std::vector<AccountCosts> compareCosts(const SessionOptions& before, const SessionOptions& after,
+                                       const std::string& file);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_COMPARING_TRADE_COSTS_H
