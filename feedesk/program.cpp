@@ -81,18 +81,28 @@ Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink, c
 
 void Program::answer(const Session& opened, const Sections& sections,
                      const std::function<Remarks(RowSink&)>& giveRows) {
+    answerWith([&] { return summary ? opened.summary() : ""; }, sections, giveRows);
+}
+
+void Program::answer(const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows) {
+    answerWith([] { return ""; }, sections, giveRows);
+}
+
+void Program::answerWith(const std::function<std::string()>& summaryOf, const Sections& sections,
+                         const std::function<Remarks(RowSink&)>& giveRows) {
     hasAnswered = true;
     std::string tables;
     const std::unique_ptr<RowSink> sink = sinkFor(format, file, tables);
     sink->begin(sections);
     const Remarks remarks = given(giveRows, *sink, tables);
     sink->end();
+    const std::string summed = summaryOf();
     if (format == Format::kTable) {
-        showText(headingText(remarks.heading) + tables + below(remarks) + (summary ? opened.summary() + "\n" : ""));
+        showText(headingText(remarks.heading) + tables + below(remarks) + (summed.empty() ? "" : summed + "\n"));
         return;
     }
-    if (summary) {
-        tellSummary(opened.summary());
+    if (!summed.empty()) {
+        tellSummary(summed);
     }
     tellRemarks(remarks);
 }

@@ -36,6 +36,12 @@ struct Program {
     /// one after another; when it throws, what it has given is answered. The session's summary, when it is asked for,
     /// comes last below a table and on standard error with JSON and CSV, so that programs can read the answer.
     void answer(const Session& opened, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
+    /// The same for an answer that needs no market folder and has no summary.
+    void answer(const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
+
+private:
+    void answerWith(const std::function<std::string()>& summaryOf, const Sections& sections,
+                    const std::function<Remarks(RowSink&)>& giveRows);
 };
 
 /// Reads the command line, answers and tells what went wrong; the program's exit status.

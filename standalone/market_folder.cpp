@@ -46,4 +46,6 @@ std::size_t MarketFolder::intervalOf(cost::Date day) const {
 
 Market MarketFolder::marketOn(cost::Date day) const { return loader::expand(*checked, day); }
 
+const loader::CheckedFolder& MarketFolder::lines() const { return *checked; }
+
 }  // namespace standalone

@@ -45,6 +45,10 @@ public:
     /// limits are made anew by each call. Throws nothing but std::bad_alloc.
     [[nodiscard]] Market marketOn(cost::Date day) const;
 
+    /// The lines of all days, for who judges the lines themselves: standalone/loader/checked_folder.h. Lives as long as
+    /// one of the copies.
+    [[nodiscard]] const loader::CheckedFolder& lines() const;
+
 private:
     std::shared_ptr<const loader::CheckedFolder> checked;
 };
