@@ -1,6 +1,7 @@
 #ifndef FEEDESK_CHECKING_CHECK_H
 #define FEEDESK_CHECKING_CHECK_H
 
+#include <set>
 #include <string>
 #include <variant>
 #include <vector>
@@ -37,9 +38,11 @@ struct CheckResult {
     std::vector<std::string> notes;    ///< which accounts could not be asked, and why
 };
 
-/// Runs the checks on the session's folder as of its day. `oldestCheck`: a schedule that was last looked at before this
-/// day has not been looked at for too long.
-CheckResult runChecks(Session& session, const std::vector<const Check*>& wanted, cost::Date oldestCheck);
+/// Runs the checks on the session's folder as of its day. `accounts`: only these are asked, and what is not theirs is
+/// left out; none: all are, and nothing is. `oldestCheck`: a schedule that was last looked at before this day has not
+/// been looked at for too long.
+CheckResult runChecks(Session& session, const std::vector<const Check*>& wanted, const std::set<std::string>& accounts,
+                      cost::Date oldestCheck);
 
 }  // namespace feedesk::checking
 

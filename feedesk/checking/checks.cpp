@@ -1,5 +1,7 @@
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "feedesk/checking/check.h"
 #include "feedesk/checking/topics.h"
 #include "standalone/charged_families.h"
@@ -19,11 +21,27 @@ bool isWorthAsking(const standalone::Account& account) {
     return standalone::tradedFamily(account.record->accountType) != nullptr || !account.customFees.empty();
 }
 
-void findInAccounts(Session& session, const FolderFacts& facts, CheckResult& result) {
+bool isWanted(const std::set<std::string>& accounts, const std::string& account) {
+    return accounts.empty() || accounts.count(account) != 0;
+}
+
+/// Leaves the findings that are about one of the accounts; where none is named, all.
+void keepWanted(std::vector<Finding>& findings, const std::set<std::string>& accounts) {
+    findings.erase(std::remove_if(findings.begin(), findings.end(),
+                                  [&](const Finding& finding) {
+                                      return !accounts.empty() &&
+                                             std::none_of(finding.accounts.begin(), finding.accounts.end(),
+                                                          [&](const auto& each) { return isWanted(accounts, each); });
+                                  }),
+                   findings.end());
+}
+
+void findInAccounts(Session& session, const FolderFacts& facts, const std::set<std::string>& accounts,
+                    CheckResult& result) {
     Probe probe;
     std::vector<Findings> findings(result.reports.size());
     for (const standalone::Account& account : facts.market.accounts) {
-        if (!isWorthAsking(account)) {
+        if (!isWorthAsking(account) || !isWanted(accounts, account.record->accountId)) {
             continue;
         }
         const std::string refusal = facts.folder.coverage().refusal(facts.day, askedFamily(account));
@@ -86,7 +104,8 @@ const std::vector<Check>& checks() {
     return all;
 }
 
-CheckResult runChecks(Session& session, const std::vector<const Check*>& wanted, cost::Date oldestCheck) {
+CheckResult runChecks(Session& session, const std::vector<const Check*>& wanted, const std::set<std::string>& accounts,
+                      cost::Date oldestCheck) {
     const FolderFacts facts{session.folder(), session.market(), session.day(), oldestCheck};
     CheckResult result;
     bool asks = false;
@@ -101,7 +120,10 @@ CheckResult runChecks(Session& session, const std::vector<const Check*>& wanted,
         }
     }
     if (asks) {
-        findInAccounts(session, facts, result);
+        findInAccounts(session, facts, accounts, result);
+    }
+    for (CheckReport& report : result.reports) {
+        keepWanted(report.findings, accounts);
     }
     return result;
 }

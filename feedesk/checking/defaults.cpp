@@ -137,12 +137,12 @@ void findUnsetCommissions(AccountFacts& facts, Findings& findings) {
         }
     }
     if (groups.total() != 0) {
-        findings.add(
-            {{facts.number()},
-             groups.total(),
-             {facts.place()},
-             fmt::format("{} have margins and no commission: {}", counted(groups.total(), "instrument"), groups.text()),
-             "add their commission to fees/commission.csv or custom/commission.csv"});
+        findings.add({{facts.number()},
+                      groups.total(),
+                      {facts.place()},
+                      fmt::format("{} with margins and without a commission: {}", counted(groups.total(), "instrument"),
+                                  groups.text()),
+                      "add their commission to fees/commission.csv or custom/commission.csv"});
     }
 }
 

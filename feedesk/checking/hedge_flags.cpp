@@ -105,7 +105,7 @@ void findMissingHedgeFlags(AccountFacts& facts, Findings& findings) {
         findings.add({{facts.number()},
                       group.count,
                       {group.places.begin(), group.places.end()},
-                      fmt::format("{} have a margin for {} and none for {}", counted(group.count, "instrument"),
+                      fmt::format("{} with a margin for {} and none for {}", counted(group.count, "instrument"),
                                   flagNames(flags), flagNames(flagsBeside(flags))),
                       "give every hedge flag its margin"});
     }

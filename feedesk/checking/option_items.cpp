@@ -70,7 +70,7 @@ void findMissingItems(AccountFacts& facts, Findings& findings) {
         findings.add({{facts.number()},
                       group.first,
                       {group.second.begin(), group.second.end()},
-                      fmt::format("{} have items of the account and lack the charged {}",
+                      fmt::format("{} with items of the account and without the charged {}",
                                   counted(group.first, "instrument"), fmt::join(missing, ", ")),
                       "add a custom fee for each of them, with an update of its own"});
     }

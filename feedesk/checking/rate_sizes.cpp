@@ -9,6 +9,7 @@
 #include "feedesk/checking/line_faults.h"
 #include "feedesk/checking/topics.h"
 #include "feedesk/numbers.h"
+#include "standalone/text/numbers.h"
 
 namespace feedesk::checking {
 namespace {
@@ -161,7 +162,7 @@ void findPercents(const FolderFacts& facts, Findings& findings) {
         }
     });
     for (const cost::Term& term : facts.folder.schedule().terms()) {
-        const double rate = term.rate ? std::stod(term.rate->text()) : 0;
+        const double rate = term.rate ? standalone::numberIn<double>(term.rate->text()).value_or(0) : 0;
         if (term.basis == cost::Basis::kTurnover && rate >= kLooksLikePercent) {
             faults.add(Place::of(term.where), {},
                        fmt::format("{} {} is {} of the turnover", term.charge, plainNumber(rate), percent(rate)),

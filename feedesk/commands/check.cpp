@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 #include <optional>
+#include <set>
 
 #include "feedesk/checking/check.h"
 #include "feedesk/commands/commands.h"
@@ -33,6 +34,7 @@ constexpr const char* kNever = "never";
 struct CheckArguments {
     std::vector<std::string> only;
     std::vector<std::string> off;
+    std::vector<std::string> accounts;  // none: all, and what is no account's
     std::string failOn = "error";
     int maxAge = kUsualMaxAge;
     bool list = false;
@@ -120,10 +122,22 @@ std::string placesText(const Finding& finding) {
     return finding.places.front().text() + (others == 0 ? "" : fmt::format(" +{}", others));
 }
 
+/// "account 1000001: ", "accounts 1000001, 1000002, 1000003 and 12 others: ".
+std::string ownersText(const std::vector<std::string>& accounts) {
+    constexpr std::size_t kShown = 3;
+    if (accounts.empty()) {
+        return "";
+    }
+    const std::size_t shown = std::min(accounts.size(), kShown);
+    const std::string names =
+        fmt::format("{}", fmt::join(accounts.begin(), accounts.begin() + static_cast<std::ptrdiff_t>(shown), ", "));
+    return fmt::format(
+        "account{} {}{}: ", accounts.size() == 1 ? "" : "s", names,
+        accounts.size() == shown ? "" : fmt::format(" and {}", counted(accounts.size() - shown, "other")));
+}
+
 std::string sentenceOf(const Finding& finding) {
-    const std::string whose =
-        finding.accounts.empty() ? "" : fmt::format("account {}: ", fmt::join(finding.accounts, ", "));
-    return fmt::format("{}{}; {}", whose, finding.found, finding.mend);
+    return fmt::format("{}{}; {}", ownersText(finding.accounts), finding.found, finding.mend);
 }
 
 Value placesOf(const FindingRow& row) {
@@ -206,14 +220,22 @@ void giveFindings(const std::vector<CheckReport>& reports, const FindingFields& 
     }
 }
 
+/// Refuses an account that the folder does not have.
+std::set<std::string> wantedAccounts(const Session& session, const std::vector<std::string>& accounts) {
+    for (const std::string& account : accounts) {
+        static_cast<void>(session.account(account));
+    }
+    return {accounts.begin(), accounts.end()};
+}
+
 ExitStatus check(Program& program, const CheckArguments& arguments) {
     const Chosen chosen = chosenChecks(arguments);
     if (arguments.list) {
         return listChecks(program, chosen);
     }
     Session session(program.session);
-    const checking::CheckResult result =
-        checking::runChecks(session, chosen, daysBefore(session.day(), arguments.maxAge));
+    const checking::CheckResult result = checking::runChecks(
+        session, chosen, wantedAccounts(session, arguments.accounts), daysBefore(session.day(), arguments.maxAge));
     const FindingFields fields = findingFields();
     program.answer(session, {sectionOf("", fields)}, [&](RowSink& sink) {
         giveFindings(result.reports, fields, sink);
@@ -257,6 +279,10 @@ void addCheck(CLI::App& app, Program& program) {
     CheckArguments& arguments = argumentsOf(*command, program, check);
     addNames(*command, "--only", arguments.only, "Only these checks");
     addNames(*command, "--off", arguments.off, "Without these checks");
+    command->add_option("--account", arguments.accounts, "Only what this account is charged; may be\ngiven again")
+        ->type_name("ACCOUNT")
+        ->option_text("ACCOUNT")
+        ->allow_extra_args(false);
     command
         ->add_option("--fail-on", arguments.failOn,
                      "Exit status 1 from this severity on: error,\nwarning, note or never (else error)")

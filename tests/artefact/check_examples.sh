@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The examples of a document are what feedesk prints. In each ```console block a line "$ feedesk ..." is run where the
 # bundled market is the usual one and `broken` is a copy of it with faults; what follows must be its output. A block
-# ```csv NAME is a file of that name.
+# ```csv NAME is a file of that name; a block ```csv >>FOLDER/TABLE adds lines to a table of a copy of the bundled market.
 #   check_examples.sh FEEDESK MARKET DOCUMENT
 set -uo pipefail
 feedesk=$(realpath "$1")
@@ -43,7 +43,12 @@ while IFS= read -r line; do
     inside=yes
   elif [[ $line == '```csv '* ]]; then
     file=${line#'```csv '}
-    : >"$file"
+    if [[ $file == '>>'* ]]; then
+      file=${file#'>>'}
+      [[ -d ${file%%/*} ]] || cp -r "$market" "${file%%/*}"
+    else
+      : >"$file"
+    fi
   elif [[ $line == '```' ]]; then
     check
     inside=

@@ -127,6 +127,24 @@ TEST(Check, RunsOnlyTheChecksThatAreNamed) {
     EXPECT_THAT(found(folder, "--off shadowed-line"), ElementsAre("percent-rate", "empty-category-line"));
 }
 
+TEST(Check, TellsWhatAnAccountIsCharged) {
+    const FaultyFolder folder;
+    EXPECT_TRUE(folder.replace("fees/stock.csv", "S200,SZ,*,", "S200,SZ,0*,"));
+    EXPECT_THAT(found(folder, "--account S200"), ElementsAre("built-in-default"));
+    EXPECT_THAT(found(folder, "--account S100"), ElementsAre("percent-rate", "shadowed-line"));
+    EXPECT_THAT(found(folder, "--account S100 --account S200"),
+                ElementsAre("percent-rate", "built-in-default", "shadowed-line"));
+    EXPECT_THAT(found(folder, "--account O100"), ElementsAre());
+}
+
+TEST(Check, OfAnUnknownAccountHasNoAnswer) {
+    const CheckFolder folder;
+    const Outcome outcome = folder.check("--account S101");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "feedesk: the market folder has no account S101; did you mean S100?\n");
+}
+
 TEST(Check, WrongQuestionsAreBadInput) {
     const std::vector<std::pair<std::string, std::string>> rows = {
         {"--off percent", "--off: there is no check percent; `feedesk check --list` lists them"},
