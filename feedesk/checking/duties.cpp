@@ -31,6 +31,16 @@ bool outlives(const cost::DateRange& days, cost::Date asked, cost::Date cut) {
     return days.overlaps({std::max(asked, cut), std::nullopt});
 }
 
+/// A line that began before the cut was right until then.
+std::string dutyMend(const cost::DateRange& days, const DutyCut& cut) {
+    const std::string now = plainNumber(cut.after);
+    if (days.from && *days.from >= cut.from) {
+        return "write " + now;
+    }
+    const std::string last = cut.from.previous().value_or(cut.from).text();
+    return fmt::format("end the line with until {} and add one with {} from {}", last, now, cut.from.text());
+}
+
 }  // namespace
 
 std::string DutyCut::text() const {
@@ -55,10 +65,8 @@ void findOldDuties(const FolderFacts& facts, Findings& findings) {
         for (const RateCell& cell : rateCells(facts, *line.kept)) {
             const DutyCut* cut = dutyCutOf(*line.kept->family, cell.column, cell.value);
             if (cut != nullptr && outlives(line.kept->line.days, facts.day, cut->from)) {
-                const std::string last = cut->from.previous().value_or(cut->from).text();
                 faults.add(line, fmt::format("{} {} is {}", cell.column, plainNumber(cell.value), cut->text()),
-                           fmt::format("end the line with until {} and add one with {} from {}", last,
-                                       plainNumber(cut->after), cut->from.text()));
+                           dutyMend(line.kept->line.days, *cut));
             }
         }
     });

@@ -146,12 +146,12 @@ bool isAskedFor(const standalone::RateFamily& family, const standalone::ListedIn
 void findUnreachedCustomFees(AccountFacts& facts, Findings& findings) {
     for (const Input& input : facts.inputs()) {
         if (isCustom(input) && !facts.answersFrom(input) && facts.reachOf(input).empty()) {
-            findings.add({{facts.number()},
-                          1,
-                          {input.place},
-                          fmt::format("the category {} holds no instrument that account {} trades",
-                                      input.kept->line.category, facts.number()),
-                          "correct the category, or remove the line"});
+            findings.add(
+                {{facts.number()},
+                 1,
+                 {input.place},
+                 fmt::format("the category {} holds no instrument of the account's list", input.kept->line.category),
+                 "correct the category, or remove the line"});
         }
     }
 }

@@ -170,7 +170,7 @@ const std::vector<Fault>& faults() {
          "unreached-custom-fee",
          "warning",
          "custom/stock.csv,3",
-         "the category 3 holds no instrument that account S100 trades"},
+         "the category 3 holds no instrument of the account's list"},
         {"CustomMarginThatReachesNothing",
          {{"custom/margin.csv", "F100,1,4,", "F100,1,1,"}},
          "unreached-custom-fee",

@@ -203,6 +203,15 @@ TEST(Check, LooksAtTheDayAskedFor) {
     EXPECT_THAT(found(folder, "--only expired-contract --date 2026-11-01"), ElementsAre("expired-contract"));
 }
 
+TEST(Check, OldDutyIsMendedByASuccessorOnlyWhereItWasRightBefore) {
+    const CheckFolder folder;
+    EXPECT_TRUE(folder.replace("fees/stock.csv", "S200,SZ,*,,0.0003,0.0005,,", "S200,SZ,*,,0.0003,0.001,2023-08-28,"));
+    EXPECT_THAT(folder.check("--csv").out, HasSubstr(",write 0.0005,fees/stock.csv:5"));
+    EXPECT_TRUE(folder.replace("fees/stock.csv", "2023-08-28", "2023-08-27"));
+    EXPECT_THAT(folder.check("--csv").out,
+                HasSubstr(",end the line with until 2023-08-27 and add one with 0.0005 from 2023-08-28,"));
+}
+
 TEST(Check, OldDutyOfALineThatEndedInTimeIsNone) {
     const CheckFolder folder;
     folder.append("fees/stock.csv", "S200,SZ,*,,0.0003,0.001,,2023-08-27\n");
