@@ -33,6 +33,7 @@ constexpr const char* kExamples = R"(Examples:
   feedesk cost 1000001 SH:600519 buy 300@1488.50
   feedesk cost --trades trades.csv --totals account,day
   feedesk reconcile 1000005 statement.csv  why a broker charges another fee
+  feedesk check --fail-on warning          faults that load but cost money
   feedesk fees 1000001 --strict            status 1 when a rate is only built in
 
 Exit status: 0 answered, 1 the question has no answer, 2 bad usage or bad input.)";

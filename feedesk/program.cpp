@@ -84,6 +84,10 @@ void Program::answer(const Session& opened, const Sections& sections,
     answer([&opened] { return opened.summary(); }, sections, giveRows);
 }
 
+void Program::answer(const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows) {
+    answer([] { return std::string(); }, sections, giveRows);
+}
+
 void Program::answer(const std::function<std::string()>& sessionSummary, const Sections& sections,
                      const std::function<Remarks(RowSink&)>& giveRows) {
     hasAnswered = true;
@@ -92,12 +96,13 @@ void Program::answer(const std::function<std::string()>& sessionSummary, const S
     sink->begin(sections);
     const Remarks remarks = given(giveRows, *sink, tables);
     sink->end();
+    const std::string summed = summary ? sessionSummary() : "";
     if (format == Format::kTable) {
-        showText(headingText(remarks.heading) + tables + below(remarks) + (summary ? sessionSummary() + "\n" : ""));
+        showText(headingText(remarks.heading) + tables + below(remarks) + (summed.empty() ? "" : summed + "\n"));
         return;
     }
-    if (summary) {
-        tellSummary(sessionSummary());
+    if (!summed.empty()) {
+        tellSummary(summed);
     }
     tellRemarks(remarks);
 }

@@ -42,6 +42,8 @@ struct Program {
     /// The same without a session: `sessionSummary` is the line that is told.
     void answer(const std::function<std::string()>& sessionSummary, const Sections& sections,
                 const std::function<Remarks(RowSink&)>& giveRows);
+    /// The same for an answer that needs no market folder and has no summary.
+    void answer(const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
 };
 
 /// Reads the command line, answers and tells what went wrong; the program's exit status.

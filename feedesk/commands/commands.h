@@ -16,12 +16,12 @@ struct Program;
 using AddCommand = void(CLI::App& app, Program& program);
 
 // One file each, named like the command.
-AddCommand addFee, addFees, addExplain, addCost, addReconcile, addDiff, addAccounts, addHelp, addCompletion,
+AddCommand addFee, addFees, addExplain, addCost, addReconcile, addDiff, addCheck, addAccounts, addHelp, addCompletion,
     addComplete;
 
 /// Every command, in the order in which help lists them.
-inline constexpr std::array kCommands = {addFee,  addFees,     addExplain, addCost,       addReconcile,
-                                         addDiff, addAccounts, addHelp,    addCompletion, addComplete};
+inline constexpr std::array kCommands = {addFee,   addFees,     addExplain, addCost,       addReconcile, addDiff,
+                                         addCheck, addAccounts, addHelp,    addCompletion, addComplete};
 
 /// Why there is no such command, and where the commands are listed: one sentence.
 std::string unknownCommand(const CLI::App& app, const std::string& name);

@@ -1,0 +1,131 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "feedesk/checking/check.h"
+#include "feedesk/checking/topics.h"
+#include "standalone/charged_families.h"
+
+namespace feedesk::checking {
+namespace {
+
+/// The family in which an account is asked; one that trades everything has lines of futures alone.
+cost::Family askedFamily(const standalone::Account& account) {
+    const standalone::AccountKindInfo* kind = standalone::findAccountKind(account.record->accountType);
+    const auto family = kind == nullptr ? std::nullopt : standalone::chargedAs(*kind);
+    return family.value_or(cost::Family::kFutures);
+}
+
+/// An account that trades everything has no list of its own: without lines there is nothing to check.
+bool isWorthAsking(const standalone::Account& account) {
+    return standalone::tradedFamily(account.record->accountType) != nullptr || !account.customFees.empty();
+}
+
+bool isWanted(const std::set<std::string>& accounts, const std::string& account) {
+    return accounts.empty() || accounts.count(account) != 0;
+}
+
+/// Leaves the findings that are about one of the accounts; where none is named, all.
+void keepWanted(std::vector<Finding>& findings, const std::set<std::string>& accounts) {
+    findings.erase(std::remove_if(findings.begin(), findings.end(),
+                                  [&](const Finding& finding) {
+                                      return !accounts.empty() &&
+                                             std::none_of(finding.accounts.begin(), finding.accounts.end(),
+                                                          [&](const auto& each) { return isWanted(accounts, each); });
+                                  }),
+                   findings.end());
+}
+
+void findInAccounts(Session& session, const FolderFacts& facts, const std::set<std::string>& accounts,
+                    CheckResult& result) {
+    Probe probe;
+    std::vector<Findings> findings(result.reports.size());
+    for (const standalone::Account& account : facts.market.accounts) {
+        if (!isWorthAsking(account) || !isWanted(accounts, account.record->accountId)) {
+            continue;
+        }
+        const std::string refusal = facts.folder.coverage().refusal(facts.day, askedFamily(account));
+        if (!refusal.empty()) {
+            result.notes.push_back(fmt::format("account {} was not asked: {}", account.record->accountId, refusal));
+            continue;
+        }
+        AccountFacts accountFacts(facts, session, account, probe);
+        for (std::size_t i = 0; i < result.reports.size(); ++i) {
+            if (const auto* find = std::get_if<FindInAccount>(&result.reports[i].check->find)) {
+                (*find)(accountFacts, findings[i]);
+            }
+        }
+    }
+    for (std::size_t i = 0; i < result.reports.size(); ++i) {
+        if (std::holds_alternative<FindInAccount>(result.reports[i].check->find)) {
+            result.reports[i].findings = findings[i].sorted();
+        }
+    }
+}
+
+}  // namespace
+
+const std::vector<Check>& checks() {
+    static const std::vector<Check> all{
+        {"percent-rate", Severity::kError, "a fraction that looks like percent or per mille", findPercents},
+        {"old-duty", Severity::kError, "a stamp duty that has been cut since is still charged", findOldDuties},
+        {"zero-margin", Severity::kError, "a margin of 0 or less", findZeroMargins},
+        {"margin-above-one", Severity::kError, "a margin of more than the value itself", findMarginsAboveOne},
+        {"lost-margin", Severity::kError, "a margin that loses its place to one of another hedge flag",
+         findLostMargins},
+        {"unset-commission", Severity::kError, "instruments with margins and without a commission",
+         findUnsetCommissions},
+        {"invisible-character", Severity::kError, "a character that nobody sees in an account or code",
+         findInvisibleCharacters},
+        {"far-rate", Severity::kWarning, "a rate far from all others of its column", findFarRates},
+        {"built-in-default", Severity::kWarning, "instruments of an account that fall to a rate built in",
+         findDefaults},
+        {"unreached-custom-fee", Severity::kWarning, "a custom fee that reaches no instrument",
+         findUnreachedCustomFees},
+        {"shadowed-line", Severity::kWarning, "a line of an account from which no answer comes", findShadowedLines},
+        {"missing-hedge-flag", Severity::kWarning, "margins of some hedge flags and not of all", findMissingHedgeFlags},
+        {"unlisted-limit", Severity::kWarning, "a configured limit of an instrument of another list",
+         findUnlistedLimits},
+        {"unasked-item", Severity::kWarning, "an option item that nobody asks for", findUnaskedItems},
+        {"missing-item", Severity::kWarning, "an option item that is charged and that an account lacks",
+         findMissingItems},
+        {"spreadsheet-number", Severity::kWarning, "an account or code that a spreadsheet made a number of",
+         findSpreadsheetNumbers},
+        {"look-alike", Severity::kWarning, "accounts or codes that are easily taken for each other", findLookAlikes},
+        {"unchecked-schedule", Severity::kWarning, "charging terms not looked up for too long", findUncheckedSchedules},
+        {"overridden-record", Severity::kNote, "a line of fees/ that custom fees or limits replace",
+         findOverriddenRecords},
+        {"empty-category-line", Severity::kNote, "a line of a category that holds no instrument",
+         findEmptyCategoryLines},
+        {"repeated-category-line", Severity::kNote, "a line of a category that adds nothing",
+         findRepeatedCategoryLines},
+        {"expired-contract", Severity::kNote, "contracts whose delivery month has passed", findExpiredContracts},
+    };
+    return all;
+}
+
+CheckResult runChecks(Session& session, const std::vector<const Check*>& wanted, const std::set<std::string>& accounts,
+                      cost::Date oldestCheck) {
+    const FolderFacts facts{session.folder(), session.market(), session.day(), oldestCheck};
+    CheckResult result;
+    bool asks = false;
+    for (const Check* check : wanted) {
+        CheckReport& report = result.reports.emplace_back(CheckReport{check, {}});
+        if (const auto* find = std::get_if<FindInFolder>(&check->find)) {
+            Findings findings;
+            (*find)(facts, findings);
+            report.findings = findings.sorted();
+        } else {
+            asks = true;
+        }
+    }
+    if (asks) {
+        findInAccounts(session, facts, accounts, result);
+    }
+    for (CheckReport& report : result.reports) {
+        keepWanted(report.findings, accounts);
+    }
+    return result;
+}
+
+}  // namespace feedesk::checking

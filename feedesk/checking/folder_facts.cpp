@@ -1,0 +1,77 @@
+#include "feedesk/checking/folder_facts.h"
+
+#include <string_view>
+
+#include "standalone/families.h"
+
+namespace feedesk::checking {
+namespace {
+
+using standalone::RateFamily;
+using standalone::RateRecords;
+using standalone::loader::KeptLine;
+
+bool endsWith(std::string_view text, std::string_view end) {
+    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+/// Of the families whose rates have fixed names, the name of the column tells.
+RateKind kindOfFixed(const RateFamily& family, std::string_view column) {
+    if (endsWith(column, "_by_money")) {
+        return family.records == RateRecords::kMargin ? RateKind::kMargin : RateKind::kFraction;
+    }
+    return endsWith(column, "_by_volume") ? RateKind::kYuan : RateKind::kUnknown;
+}
+
+RateCell cellOf(const standalone::Market& market, const KeptLine& kept, std::size_t field) {
+    const RateFamily& family = *kept.family;
+    const double value = kept.line.rates.at(field);
+    if (!family.isNamed) {
+        const char* column = family.rates[field].column;
+        return {field, column, kindOfFixed(family, column), value};
+    }
+    const standalone::NamedRate& named = market.rateNames.at(family.name)[field];
+    return {field, named.column, named.unit == standalone::RateUnit::kYuan ? RateKind::kYuan : RateKind::kFraction,
+            value};
+}
+
+}  // namespace
+
+Place FolderFacts::placeOf(standalone::Position position) const {
+    return {market.files.at(position.file), position.line};
+}
+
+std::vector<std::string> FolderLine::accounts() const {
+    return account == nullptr ? std::vector<std::string>() : std::vector<std::string>{account->accountId};
+}
+
+void forEachLine(const FolderFacts& facts, const std::function<void(const FolderLine& line)>& visit) {
+    const standalone::loader::CheckedFolder& lines = facts.folder.content();
+    const auto visitOne = [&](const KeptLine& kept, const qmservice::CAccountInfo* account) {
+        visit({&kept, account, facts.placeOf(kept.position)});
+    };
+    for (std::size_t i = 0; i < lines.accountLines.size(); ++i) {
+        const qmservice::CAccountInfo* account = facts.market.accounts[i].record.get();
+        for (const KeptLine& kept : lines.accountLines[i].fees) {
+            visitOne(kept, account);
+        }
+        for (const KeptLine& kept : lines.accountLines[i].customFees) {
+            visitOne(kept, account);
+        }
+    }
+    for (const KeptLine& kept : lines.configuredLines) {
+        visitOne(kept, nullptr);
+    }
+}
+
+std::vector<RateCell> rateCells(const FolderFacts& facts, const KeptLine& kept) {
+    std::vector<RateCell> cells;
+    for (std::size_t field = 0; field < kept.family->rates.size(); ++field) {
+        if (kept.line.rates.at(field) != 0) {
+            cells.push_back(cellOf(facts.market, kept, field));
+        }
+    }
+    return cells;
+}
+
+}  // namespace feedesk::checking

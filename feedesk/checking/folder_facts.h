@@ -1,0 +1,59 @@
+#ifndef FEEDESK_CHECKING_FOLDER_FACTS_H
+#define FEEDESK_CHECKING_FOLDER_FACTS_H
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "cost/date.h"
+#include "feedesk/checking/finding.h"
+#include "standalone/loader/checked_folder.h"
+#include "standalone/market_folder.h"
+
+namespace feedesk::checking {
+
+/// What checks look at that ask the fee center nothing. It refers to a session's folder and market, which outlive it.
+struct FolderFacts {
+    const standalone::MarketFolder& folder;
+    const standalone::Market& market;  ///< of the day
+    cost::Date day;
+    cost::Date oldestCheck;  ///< schedules that were looked at before it have not been for too long
+
+    [[nodiscard]] Place placeOf(standalone::Position position) const;
+};
+
+/// A line of a table of rates, whatever its days.
+struct FolderLine {
+    const standalone::loader::KeptLine* kept;
+    const qmservice::CAccountInfo* account;  ///< null: a configured limit, which is every account's
+    Place place;
+
+    /// The account's number, or nothing.
+    [[nodiscard]] std::vector<std::string> accounts() const;
+};
+
+/// Calls `visit` with every line of fees/, custom/ and configured/.
+void forEachLine(const FolderFacts& facts, const std::function<void(const FolderLine& line)>& visit);
+
+/// What a rate is measured by.
+enum class RateKind {
+    kFraction,  ///< of turnover
+    kYuan,      ///< per lot or contract
+    kMargin,    ///< of value
+    kUnknown
+};
+
+/// One rate of a line.
+struct RateCell {
+    std::size_t field;   ///< its place in the family's rates
+    std::string column;  ///< of the tables
+    RateKind kind;
+    double value;
+};
+
+/// The rates of a line that are not 0.
+std::vector<RateCell> rateCells(const FolderFacts& facts, const standalone::loader::KeptLine& kept);
+
+}  // namespace feedesk::checking
+
+#endif  // FEEDESK_CHECKING_FOLDER_FACTS_H

@@ -1,0 +1,227 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "feedesk/checking/margin_answers.h"
+#include "feedesk/checking/topics.h"
+#include "feedesk/instrument_text.h"
+#include "feedesk/numbers.h"
+#include "standalone/services/category_book.h"
+
+// Lines that change no answer: what they say is not what anybody is charged.
+
+namespace feedesk::checking {
+namespace {
+
+// --- lines of accounts
+
+bool isCustom(const Input& input) { return input.feeLine == nullptr; }
+
+/// Whether the rate of the answer is one that the line could have given.
+bool isOfSameKind(const FeeLine& line, const Input& input) {
+    if (line.part != input.kept->family->name) {
+        return false;
+    }
+    return !isMarginLine(input) || line.item == std::string(1, flagOf(input));
+}
+
+/// The lines that answer for the instruments in the place of this one, those of most instruments first.
+std::vector<Place> winnersOver(const Input& input, const InstrumentSet& reach, const AccountFacts& facts) {
+    std::map<Place, std::size_t> counts;
+    for (const Answer& answer : facts.answers()) {
+        if (reach.count(answer.instrument.get()) == 0) {
+            continue;
+        }
+        for (const FeeLine& line : answer.lines) {
+            if (line.origin.position && isOfSameKind(line, input)) {
+                ++counts[facts.folder().placeOf(*line.origin.position)];
+            }
+        }
+    }
+    std::vector<Place> winners;
+    for (const auto& [place, count] : counts) {
+        winners.push_back(place);
+    }
+    std::stable_sort(winners.begin(), winners.end(),
+                     [&](const Place& one, const Place& other) { return counts[one] > counts[other]; });
+    return winners;
+}
+
+/// "fees/stock.csv:4 answers", "custom/stock.csv:6, custom/stock.csv:5 and 2 other lines answer".
+std::string winnersText(const std::vector<Place>& winners) {
+    constexpr std::size_t kShown = 2;
+    std::vector<std::string> shown;
+    for (std::size_t i = 0; i < std::min(winners.size(), kShown); ++i) {
+        shown.push_back(winners[i].text());
+    }
+    const std::size_t others = winners.size() - shown.size();
+    return fmt::format("{}{} {}", fmt::join(shown, others == 0 ? " and " : ", "),
+                       others == 0 ? "" : fmt::format(" and {}", counted(others, "other line")),
+                       winners.size() == 1 ? "answers" : "answer");
+}
+
+/// What other lines than this one answer for the instruments that it is meant for.
+struct Shadow {
+    std::size_t instruments;
+    std::vector<Place> winners;
+
+    /// Whether all of them are custom fees and configured limits, which go before fee records by design.
+    [[nodiscard]] bool isByDesign(const Input& input) const {
+        return !isCustom(input) && std::none_of(winners.begin(), winners.end(),
+                                                [&](const Place& winner) { return winner.file == input.place.file; });
+    }
+};
+
+/// Calls `visit` with each line of the account from which no answer comes, though others answer in its place.
+template <class Visit>
+void forEachShadow(AccountFacts& facts, const Visit& visit) {
+    const MarginAnswers margins(facts);
+    for (const Input& input : facts.inputs()) {
+        if (facts.answersFrom(input)) {
+            continue;
+        }
+        const InstrumentSet reach = facts.reachOf(input);
+        if (isMarginLine(input) && !margins.lostBy(input, reach).empty()) {
+            continue;  // another check tells more
+        }
+        const Shadow shadow{reach.size(), winnersOver(input, reach, facts)};
+        if (!shadow.winners.empty()) {
+            visit(input, shadow);
+        }
+    }
+}
+
+// --- lines of categories
+
+/// Whether a line of a category takes an instrument in, as the host's category service answers.
+class RuleTest {
+public:
+    RuleTest(const standalone::CategoryRule& rule, standalone::Market& scratch)
+        : category(rule.category), book((scratch.categories = {rule}, scratch)) {}
+
+    [[nodiscard]] bool holds(const qmservice::CInstrument& instrument) const {
+        return book.holds(category, instrument.market, instrument.code, instrument.productId);
+    }
+
+private:
+    int category;
+    standalone::CategoryBook book;
+};
+
+/// Calls `visit` with each line of the categories, the instruments that it holds, and those of them that the lines of
+/// the category before it do not hold.
+template <class Visit>
+void forEachCategoryLine(const FolderFacts& facts, const Visit& visit) {
+    standalone::Market scratch;
+    std::map<int, InstrumentSet> before;
+    for (const standalone::CategoryRule& rule : facts.market.categories) {
+        const RuleTest test(rule, scratch);
+        InstrumentSet& category = before[rule.category];
+        std::size_t held = 0;
+        std::size_t added = 0;
+        for (const standalone::ListedInstrument& listed : facts.market.instruments) {
+            if (test.holds(*listed.record)) {
+                ++held;
+                added += category.insert(listed.record.get()).second ? 1 : 0;
+            }
+        }
+        visit(rule, held, added);
+    }
+}
+
+// --- configured limits
+
+/// The families whose accounts ask for the configured limits of this one: those that have its class of records.
+bool isAskedFor(const standalone::RateFamily& family, const standalone::ListedInstrument& instrument) {
+    const std::vector<standalone::RateFamily>& families = standalone::rateFamilies();
+    return std::any_of(families.begin(), families.end(), [&](const standalone::RateFamily& each) {
+        return each.records == family.records && each.lists.hold(instrument);
+    });
+}
+
+}  // namespace
+
+void findUnreachedCustomFees(AccountFacts& facts, Findings& findings) {
+    for (const Input& input : facts.inputs()) {
+        if (isCustom(input) && !facts.answersFrom(input) && facts.reachOf(input).empty()) {
+            findings.add(
+                {{facts.number()},
+                 1,
+                 {input.place},
+                 fmt::format("the category {} holds no instrument of the account's list", input.kept->line.category),
+                 "correct the category, or remove the line"});
+        }
+    }
+}
+
+void findShadowedLines(AccountFacts& facts, Findings& findings) {
+    forEachShadow(facts, [&](const Input& input, const Shadow& shadow) {
+        if (!shadow.isByDesign(input)) {
+            findings.add({{facts.number()},
+                          shadow.instruments,
+                          {input.place},
+                          fmt::format("no answer comes from this line: {} for its {}", winnersText(shadow.winners),
+                                      counted(shadow.instruments, "instrument")),
+                          isCustom(input) ? "remove the line, or give it a later update or an earlier place"
+                                          : "remove the line, or move it behind the others"});
+        }
+    });
+}
+
+void findOverriddenRecords(AccountFacts& facts, Findings& findings) {
+    forEachShadow(facts, [&](const Input& input, const Shadow& shadow) {
+        if (shadow.isByDesign(input)) {
+            findings.add(
+                {{facts.number()},
+                 shadow.instruments,
+                 {input.place},
+                 "no answer comes from this line: custom fees or configured limits go before it for all of its "
+                 "instruments",
+                 "see that this is meant"});
+        }
+    });
+}
+
+void findEmptyCategoryLines(const FolderFacts& facts, Findings& findings) {
+    forEachCategoryLine(facts, [&](const standalone::CategoryRule& rule, std::size_t held, std::size_t /*added*/) {
+        if (held == 0) {
+            findings.add({{},
+                          1,
+                          {facts.placeOf(rule.position)},
+                          fmt::format("the line holds no instrument for the category {} {}", rule.category, rule.name),
+                          "correct market, code and product, or remove the line"});
+        }
+    });
+}
+
+void findRepeatedCategoryLines(const FolderFacts& facts, Findings& findings) {
+    forEachCategoryLine(facts, [&](const standalone::CategoryRule& rule, std::size_t held, std::size_t added) {
+        if (held != 0 && added == 0) {
+            findings.add({{},
+                          held,
+                          {facts.placeOf(rule.position)},
+                          fmt::format("{} of this line {} in the category {} {} by the lines before it",
+                                      counted(held, "instrument"), held == 1 ? "is" : "are", rule.category, rule.name),
+                          "remove the line, or correct what it was meant to add"});
+        }
+    });
+}
+
+void findUnlistedLimits(const FolderFacts& facts, Findings& findings) {
+    for (const standalone::loader::ConfiguredLine& kept : facts.folder.content().configuredLines) {
+        const standalone::ListedInstrument& listed = facts.market.instruments[kept.place];
+        if (!isAskedFor(*kept.family, listed)) {
+            findings.add(
+                {{},
+                 1,
+                 {facts.placeOf(kept.position)},
+                 fmt::format("a {} limit is configured for {} {}, which is none of the list", kept.family->name,
+                             instrumentText(listed.record->market, listed.record->code), listed.record->name),
+                 "remove the line, or correct the instrument or its lists"});
+        }
+    }
+}
+
+}  // namespace feedesk::checking

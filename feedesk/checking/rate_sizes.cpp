@@ -1,0 +1,198 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <optional>
+
+#include "feedesk/checking/line_faults.h"
+#include "feedesk/checking/topics.h"
+#include "feedesk/numbers.h"
+#include "standalone/text/numbers.h"
+
+namespace feedesk::checking {
+namespace {
+
+// No charge on these markets takes 1 % of a turnover; the highest, the old stamp duty on stocks, took 0.3 %.
+constexpr double kLooksLikePercent = 0.01;
+
+// How a rate of a hundred-thousandth comes to be written too large: in percent, per mille, per ten thousand.
+struct Notation {
+    double divisor;
+    const char* name;
+};
+constexpr std::array<Notation, 3> kNotations = {
+    {{100, "in percent"}, {1000, "per mille"}, {10000, "per ten thousand"}}};
+
+bool looksLikePercent(const RateCell& cell) {
+    return cell.kind == RateKind::kFraction && std::abs(cell.value) >= kLooksLikePercent;
+}
+
+/// A column of a family in all of its tables.
+using Column = std::pair<const standalone::RateFamily*, std::size_t>;
+
+/// What the other rates of the column are like: the middle one of those that can be fractions.
+using UsualRates = std::map<Column, std::vector<double>>;
+
+UsualRates usualRates(const FolderFacts& facts) {
+    UsualRates rates;
+    forEachLine(facts, [&](const FolderLine& line) {
+        for (const RateCell& cell : rateCells(facts, *line.kept)) {
+            if (cell.kind == RateKind::kFraction && !looksLikePercent(cell)) {
+                rates[{line.kept->family, cell.field}].push_back(std::abs(cell.value));
+            }
+        }
+    });
+    for (auto& [column, values] : rates) {
+        std::sort(values.begin(), values.end());
+    }
+    return rates;
+}
+
+std::optional<double> usualRate(const UsualRates& rates, const Column& column) {
+    const auto found = rates.find(column);
+    return found == rates.end() ? std::nullopt : std::optional<double>(found->second[found->second.size() / 2]);
+}
+
+/// How the number is most likely written: so that it comes nearest to what is usual.
+const Notation& likelyNotation(double value, double usual) {
+    const auto distance = [&](const Notation& notation) {
+        return std::abs(std::log(std::abs(value) / notation.divisor / usual));
+    };
+    return *std::min_element(kNotations.begin(), kNotations.end(), [&](const Notation& one, const Notation& other) {
+        return distance(one) < distance(other);
+    });
+}
+
+std::string percentMend(double value, const std::optional<double>& usual) {
+    if (!usual) {
+        return fmt::format("write a plain fraction: {} where it is in percent, {} where it is per mille",
+                           plainNumber(value / kNotations[0].divisor), plainNumber(value / kNotations[1].divisor));
+    }
+    const Notation& notation = likelyNotation(value, *usual);
+    return fmt::format("write a plain fraction: {} if {} is {}; the column usually has {}",
+                       plainNumber(value / notation.divisor), plainNumber(value), notation.name, plainNumber(*usual));
+}
+
+// --- rates far from all others
+
+// Rates of one column are a few times one another: the steps between neighbours that published and agreed rates
+// have stay below these, and a slip of one place goes beyond them.
+constexpr double kFarFraction = 4.99;
+constexpr double kFarYuan = 9.99;  // per lot, from contract to contract, there is more between them
+
+// Of fewer lines nobody can say which one is the exception.
+constexpr std::size_t kFewestLines = 4;
+constexpr std::size_t kMostOfLines = 4;  // so many-th part of a column's lines are exceptions at most
+
+struct SizedRate {
+    double size;
+    double value;
+    std::string column;
+    FolderLine line;
+};
+
+bool isSized(const RateCell& cell) {
+    const bool isReportedElsewhere =
+        looksLikePercent(cell) || (cell.kind == RateKind::kMargin && (cell.value > 1 || cell.value < 0));
+    return cell.kind != RateKind::kUnknown && !isReportedElsewhere;
+}
+
+double farFactor(RateKind kind) { return kind == RateKind::kYuan ? kFarYuan : kFarFraction; }
+
+using Sized = std::vector<SizedRate>;
+
+/// Where each run of rates begins that is far from the one before; the rates are in order of their size.
+std::vector<std::size_t> runsOf(const Sized& rates, double factor) {
+    std::vector<std::size_t> begins = {0};
+    for (std::size_t i = 1; i < rates.size(); ++i) {
+        if (rates[i].size / rates[i - 1].size >= factor) {
+            begins.push_back(i);
+        }
+    }
+    begins.push_back(rates.size());
+    return begins;
+}
+
+std::string times(double factor) { return plainNumber(std::round(factor * 10) / 10); }
+
+/// How the rate stands to the nearest one outside of its run.
+std::string distanceText(const SizedRate& rate, const Sized& rates, std::size_t begin, std::size_t end) {
+    const bool hasLower = begin != 0;
+    const bool hasHigher = end != rates.size();
+    const double lower = hasLower ? rate.size / rates[begin - 1].size : 0;
+    const double higher = hasHigher ? rates[end].size / rate.size : 0;
+    return hasLower && (!hasHigher || lower <= higher)
+               ? fmt::format("{} times the next lower one, {}", times(lower), plainNumber(rates[begin - 1].value))
+               : fmt::format("a {}th of the next higher one, {}", times(higher), plainNumber(rates[end].value));
+}
+
+void findFarIn(const Sized& rates, double factor, LineFaults& faults) {
+    const std::vector<std::size_t> begins = runsOf(rates, factor);
+    for (std::size_t run = 0; run + 1 < begins.size(); ++run) {
+        const std::size_t begin = begins[run];
+        const std::size_t end = begins[run + 1];
+        if ((end - begin) * kMostOfLines > rates.size()) {
+            continue;
+        }
+        for (std::size_t i = begin; i < end; ++i) {
+            const SizedRate& rate = rates[i];
+            faults.add(rate.line,
+                       fmt::format("{} {} is far from all other rates of its column: {}", rate.column,
+                                   plainNumber(rate.value), distanceText(rate, rates, begin, end)),
+                       "look it up and correct it");
+        }
+    }
+}
+
+}  // namespace
+
+void findPercents(const FolderFacts& facts, Findings& findings) {
+    const UsualRates usual = usualRates(facts);
+    LineFaults faults;
+    forEachLine(facts, [&](const FolderLine& line) {
+        for (const RateCell& cell : rateCells(facts, *line.kept)) {
+            if (looksLikePercent(cell)) {
+                faults.add(line,
+                           fmt::format("{} {} is {} of the turnover", cell.column, plainNumber(cell.value),
+                                       percent(cell.value)),
+                           percentMend(cell.value, usualRate(usual, {line.kept->family, cell.field})));
+            }
+        }
+    });
+    for (const cost::Term& term : facts.folder.schedule().terms()) {
+        const double rate = term.rate ? standalone::numberIn<double>(term.rate->text()).value_or(0) : 0;
+        if (term.basis == cost::Basis::kTurnover && rate >= kLooksLikePercent) {
+            faults.add(Place::of(term.where), {},
+                       fmt::format("{} {} is {} of the turnover", term.charge, plainNumber(rate), percent(rate)),
+                       percentMend(rate, std::nullopt));
+        }
+    }
+    faults.addTo(findings);
+}
+
+void findFarRates(const FolderFacts& facts, Findings& findings) {
+    std::map<Column, Sized> columns;
+    std::map<Column, double> factors;
+    forEachLine(facts, [&](const FolderLine& line) {
+        for (const RateCell& cell : rateCells(facts, *line.kept)) {
+            if (isSized(cell)) {
+                const Column column{line.kept->family, cell.field};
+                columns[column].push_back({std::abs(cell.value), cell.value, cell.column, line});
+                factors[column] = farFactor(cell.kind);
+            }
+        }
+    });
+    LineFaults faults;
+    for (auto& [column, rates] : columns) {
+        std::stable_sort(rates.begin(), rates.end(),
+                         [](const SizedRate& one, const SizedRate& other) { return one.size < other.size; });
+        if (rates.size() >= kFewestLines) {
+            findFarIn(rates, factors[column], faults);
+        }
+    }
+    faults.addTo(findings);
+}
+
+}  // namespace feedesk::checking

@@ -1,0 +1,52 @@
+#ifndef FEEDESK_CHECKING_TOPICS_H
+#define FEEDESK_CHECKING_TOPICS_H
+
+#include "feedesk/checking/check.h"
+
+// The checks, each defined in the file of its topic; checks.cpp says what each one finds.
+
+namespace feedesk::checking {
+
+// rate_sizes.cpp
+void findPercents(const FolderFacts& facts, Findings& findings);
+void findFarRates(const FolderFacts& facts, Findings& findings);
+
+// duties.cpp
+void findOldDuties(const FolderFacts& facts, Findings& findings);
+
+// margins.cpp
+void findZeroMargins(const FolderFacts& facts, Findings& findings);
+void findMarginsAboveOne(const FolderFacts& facts, Findings& findings);
+
+// hedge_flags.cpp
+void findLostMargins(AccountFacts& facts, Findings& findings);
+void findMissingHedgeFlags(AccountFacts& facts, Findings& findings);
+
+// idle_lines.cpp
+void findUnreachedCustomFees(AccountFacts& facts, Findings& findings);
+void findShadowedLines(AccountFacts& facts, Findings& findings);
+void findOverriddenRecords(AccountFacts& facts, Findings& findings);
+void findEmptyCategoryLines(const FolderFacts& facts, Findings& findings);
+void findRepeatedCategoryLines(const FolderFacts& facts, Findings& findings);
+void findUnlistedLimits(const FolderFacts& facts, Findings& findings);
+
+// option_items.cpp
+void findUnaskedItems(AccountFacts& facts, Findings& findings);
+void findMissingItems(AccountFacts& facts, Findings& findings);
+
+// defaults.cpp
+void findDefaults(AccountFacts& facts, Findings& findings);
+void findUnsetCommissions(AccountFacts& facts, Findings& findings);
+
+// schedules.cpp
+void findExpiredContracts(const FolderFacts& facts, Findings& findings);
+void findUncheckedSchedules(const FolderFacts& facts, Findings& findings);
+
+// look_alikes.cpp
+void findInvisibleCharacters(const FolderFacts& facts, Findings& findings);
+void findSpreadsheetNumbers(const FolderFacts& facts, Findings& findings);
+void findLookAlikes(const FolderFacts& facts, Findings& findings);
+
+}  // namespace feedesk::checking
+
+#endif  // FEEDESK_CHECKING_TOPICS_H

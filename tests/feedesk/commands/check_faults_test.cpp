@@ -1,0 +1,375 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "tests/feedesk/support/check_folder.h"
+
+// Every kind of fault, put one at a time into a folder without one: exactly that one is found, at its line.
+
+namespace feedesk::test {
+namespace {
+
+using testing::HasSubstr;
+
+/// A text of a file, and what takes its place. A file of "*" is every file; nothing to replace means lines to add.
+struct Edit {
+    std::string file;
+    std::string from;
+    std::string to;
+};
+
+struct Fault {
+    std::string name;  ///< of the test
+    std::vector<Edit> edits;
+    std::string check;
+    std::string severity;
+    std::string place;
+    std::string found;  ///< a part of what is said
+};
+
+std::ostream& operator<<(std::ostream& out, const Fault& fault) { return out << fault.name; }
+
+bool put(const CheckFolder& folder, const Edit& edit) {
+    if (edit.file == "*") {
+        folder.replaceEverywhere(edit.from, edit.to);
+        return true;
+    }
+    if (edit.from.empty()) {
+        folder.append(edit.file, edit.to);
+        return true;
+    }
+    return folder.replace(edit.file, edit.from, edit.to);
+}
+
+const std::vector<Fault>& faults() {
+    static const std::vector<Fault> all = {
+        {"PercentInAFeeTable",
+         {{"fees/stock.csv", "SH,*,MAIN,0.00025", "SH,*,MAIN,0.025"}},
+         "percent-rate",
+         "error",
+         "fees/stock.csv,2",
+         "commission 0.025 is 2.5% of the turnover"},
+        {"PercentOfTwoColumnsIsOneFinding",
+         {{"fees/stock.csv", "SH,*,MAIN,0.00025,0.0005", "SH,*,MAIN,0.025,0.05"}},
+         "percent-rate",
+         "error",
+         "fees/stock.csv,2",
+         "stamp_duty 0.05 is 5% of the turnover"},
+        {"PerMilleInACustomFee",
+         {{"custom/stock.csv", "S100,1,1,0.0002", "S100,1,1,0.2"}},
+         "percent-rate",
+         "error",
+         "custom/stock.csv,2",
+         "write a plain fraction: 0.0002 if 0.2 is per mille"},
+        {"PercentInAConfiguredLimit",
+         {{"configured/stock.csv", "0.0001", "0.01"}},
+         "percent-rate",
+         "error",
+         "configured/stock.csv,2",
+         "commission 0.01 is 1%"},
+        {"PercentInAFuturesCommission",
+         {{"fees/commission.csv", "au*,0.00005,", "au*,0.05,"}},
+         "percent-rate",
+         "error",
+         "fees/commission.csv,3",
+         "open_by_money 0.05"},
+        {"PercentInAChargingTerm",
+         {{"charges.csv", "0.00002", "0.02"}},
+         "percent-rate",
+         "error",
+         "charges.csv,3",
+         "levy 0.02 is 2%"},
+        {"RateTenTimesTheOthers",
+         {{"fees/stock.csv", "S200,SH,*,,0.0003", "S200,SH,*,,0.003"}},
+         "far-rate",
+         "warning",
+         "fees/stock.csv,4",
+         "commission 0.003 is far from all other rates of its column: 10 times the next lower one, 0.0003"},
+        {"RateATenthOfTheOthers",
+         {{"fees/stock.csv", "S200,SZ,*,,0.0003", "S200,SZ,*,,0.00001"}},
+         "far-rate",
+         "warning",
+         "fees/stock.csv,5",
+         "a 10th of the next higher one"},
+        {"MarginFarFromTheOthers",
+         {{"fees/margin.csv", "rb27*,2,0.08,0.08", "rb27*,2,0.008,0.08"}},
+         "far-rate",
+         "warning",
+         "fees/margin.csv,6",
+         "long_by_money 0.008"},
+        {"OldDuty",
+         {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005", "S200,SZ,*,,0.0003,0.001"}},
+         "old-duty",
+         "error",
+         "fees/stock.csv,5",
+         "a stamp duty of 0.1%, which is out of date: 0.05% since 2023-08-28"},
+        {"OldDutyInHongKong",
+         {{"fees/hgt.csv", "0.001,0.001", "0.0013,0.0013"}},
+         "old-duty",
+         "error",
+         "fees/hgt.csv,2",
+         "a stamp duty of 0.13%, which is out of date: 0.1% since 2023-11-17"},
+        {"ZeroMargin",
+         {{"fees/margin.csv", "rb2610,2,0.07,0.07", "rb2610,2,0,0.07"}},
+         "zero-margin",
+         "error",
+         "fees/margin.csv,3",
+         "the long margin is 0 by money and 0 by volume"},
+        {"NegativeMargin",
+         {{"fees/margin.csv", "rb2610,2,0.07,0.07", "rb2610,2,0.07,-0.07"}},
+         "zero-margin",
+         "error",
+         "fees/margin.csv,3",
+         "the short margin is -0.07"},
+        {"MarginInPercent",
+         {{"fees/margin.csv", "au*,1,0.12,0.12", "au*,1,12,12"}},
+         "margin-above-one",
+         "error",
+         "fees/margin.csv,8",
+         "long_by_money 12 is 1200% of the value, short_by_money 12"},
+        {"CustomMarginOfAFlagWithoutASlot",
+         {{"fees/margin.csv", "F100,SHFE,rb2610,2,0.07,0.07\n", ""},
+          {"categories.csv", "", "5,近月,SHFE,rb2610,\n"},
+          {"custom/margin.csv", "", "F100,1,5,3,0.15,0.15\n"}},
+         "lost-margin",
+         "error",
+         "custom/margin.csv,3",
+         "the hedging margin is not the one that answers for 1 instrument, such as SHFE:rb2610"},
+        {"MarginReplacedByOneOfAnotherFlag",
+         {{"fees/margin.csv", "F100,SHFE,rb2610,2,0.07,0.07\n", ""},
+          {"categories.csv", "", "5,近月,SHFE,rb2610,\n"},
+          {"custom/margin.csv", "", "F100,1,5,2,0.15,0.15\n"}},
+         "lost-margin",
+         "error",
+         "fees/margin.csv,3",
+         "the hedging margin"},
+        {"SecondFlagOfOneCustomFee",
+         {{"custom/margin.csv", "", "F100,1,4,2,0.14,0.14\n"}},
+         "lost-margin",
+         "error",
+         "custom/margin.csv,3",
+         "the arbitrage margin"},
+        {"MarginsWithoutACommission",
+         {{"fees/commission.csv", "F100,SHFE,au*,0.00005,0.00005\n", ""}},
+         "unset-commission",
+         "error",
+         "accounts.csv,5",
+         "1 instrument with margins and without a commission: SHFE au 1"},
+        {"HedgeFlagsInPart",
+         {{"fees/margin.csv", "F100,SHFE,au*,2,0.1,0.1\n", ""}},
+         "missing-hedge-flag",
+         "warning",
+         "fees/margin.csv,8",
+         "a margin for speculation and hedging and none for arbitrage"},
+        {"CustomFeeThatReachesNothing",
+         {{"custom/stock.csv", "S100,1,2,", "S100,1,3,"}},
+         "unreached-custom-fee",
+         "warning",
+         "custom/stock.csv,3",
+         "the category 3 holds no instrument of the account's list"},
+        {"CustomMarginThatReachesNothing",
+         {{"custom/margin.csv", "F100,1,4,", "F100,1,1,"}},
+         "unreached-custom-fee",
+         "warning",
+         "custom/margin.csv,2",
+         "the category 1"},
+        {"CustomFeeBehindAnEarlierOne",
+         {{"custom/stock.csv", "", "S100,1,1,0.00015,0.0005\n"}},
+         "shadowed-line",
+         "warning",
+         "custom/stock.csv,4",
+         "no answer comes from this line: custom/stock.csv:2 answers for its 1 instrument"},
+        {"CustomFeeBeforeALaterUpdate",
+         {{"custom/stock.csv", "", "S100,2,1,0.00015,0.0005\n"}},
+         "shadowed-line",
+         "warning",
+         "custom/stock.csv,2",
+         "custom/stock.csv:4 answers"},
+        {"RecordBeforeALaterOne",
+         {{"fees/stock.csv", "", "S200,SH,*,,0.00035,0.0005,,\n"}},
+         "shadowed-line",
+         "warning",
+         "fees/stock.csv,4",
+         "fees/stock.csv:6"},
+        {"RecordBehindAConfiguredLimit",
+         {{"fees/stock.csv", "", "S100,SH,510050,,0.0001,,,\n"}},
+         "overridden-record",
+         "note",
+         "fees/stock.csv,6",
+         "configured limits go before it"},
+        {"StockLimitOfAnOption",
+         {{"configured/stock.csv", "", "SHO,10001,0.0001,\n"}},
+         "unlisted-limit",
+         "warning",
+         "configured/stock.csv,3",
+         "SHO:10001"},
+        {"ConnectLimitOfAStock",
+         {{"configured/hgt.csv", "", "SH,600000,0.0003\n"}},
+         "unlisted-limit",
+         "warning",
+         "configured/hgt.csv,2",
+         "SH:600000"},
+        {"OptionItemThatNobodyAsksFor",
+         {{"custom/option.csv", "", "O100,3,3,0X0,1.3\n"}},
+         "unasked-item",
+         "warning",
+         "custom/option.csv,4",
+         "the item 0X0"},
+        {"OptionItemThatIsChargedAndMissing",
+         {{"charges.csv", "", "option,,0D,handling_fee,exercise,quantity,,order,CNY,2026-09-01\n"}},
+         "missing-item",
+         "warning",
+         "custom/option.csv,2",
+         "1 instrument with items of the account and without the charged 0D"},
+        {"BuiltInDefault",
+         {{"fees/stock.csv", "S200,SZ,*,", "S200,SZ,0*,"}},
+         "built-in-default",
+         "warning",
+         "accounts.csv,3",
+         "1 of 6 instruments fall to the built-in stock rates: SZ CHINEXT 1, with a stamp duty of 0.1%"},
+        {"BuiltInDefaultOfHongKong",
+         {{"instruments/all.csv", "", "HK,09988,阿里巴巴,hgt,\n"}, {"fees/hgt.csv", "HK,*", "HK,00*"}},
+         "built-in-default",
+         "warning",
+         "accounts.csv,4",
+         "HK 1, with a stamp duty of 0.13%, which is out of date"},
+        {"ExpiredFuture",
+         {{"*", "rb2610", "rb2608"}},
+         "expired-contract",
+         "note",
+         "instruments/all.csv,10",
+         "1 contract with a delivery month before 2026-09: rb2608"},
+        {"ExpiredFutureOfOneDigit",
+         {{"*", "rb2610", "rb608"}},
+         "expired-contract",
+         "note",
+         "instruments/all.csv,10",
+         "rb608"},
+        {"ExpiredOption",
+         {{"instruments/all.csv", "50ETF购12月2500", "510050C2608M002500"}},
+         "expired-contract",
+         "note",
+         "instruments/all.csv,9",
+         "10001"},
+        {"ScheduleThatNobodyLookedUp",
+         {{"charges.csv", "0.00002,order,CNY,2026-09-01", "0.00002,order,CNY,2025-09-29"}},
+         "unchecked-schedule",
+         "warning",
+         "charges.csv,3",
+         "the stock schedule was last checked on 2025-09-29"},
+        {"ScheduleWithoutADay",
+         {{"charges.csv", "0.00002,order,CNY,2026-09-01", "0.00002,order,CNY,"}},
+         "unchecked-schedule",
+         "warning",
+         "charges.csv,3",
+         "does not say when it was checked"},
+        {"ZeroWidthSpaceInAnAccount",
+         {{"*", "S200", "S200\xE2\x80\x8B"}},
+         "invisible-character",
+         "error",
+         "accounts.csv,3",
+         "the account that looks like S200 holds a zero-width space (U+200B)"},
+        {"NoBreakSpaceInACode",
+         {{"*", "600000", "600000\xC2\xA0"}},
+         "invisible-character",
+         "error",
+         "instruments/all.csv,3",
+         "the code that looks like 600000 holds a no-break space (U+00A0)"},
+        {"NoBreakSpaceInAProduct",
+         {{"instruments/all.csv", "贵州茅台,stock,MAIN", "贵州茅台,stock,MAIN\xC2\xA0"}},
+         "invisible-character",
+         "error",
+         "instruments/all.csv,2",
+         "the product that looks like MAIN"},
+        {"AccountWithoutItsZeros",
+         {{"*", "S100", "0012345"}, {"*", "S200", "12345"}},
+         "spreadsheet-number",
+         "warning",
+         "accounts.csv,3",
+         "the account 12345 seems to be 0012345 without its zeros"},
+        {"CodeWithoutItsZeros",
+         {{"instruments/all.csv", "SZ,000001", "SZ,1"}},
+         "spreadsheet-number",
+         "warning",
+         "instruments/all.csv,5",
+         "the code 1 seems to be 000001 without its zeros"},
+        {"AccountWithAnExponent",
+         {{"*", "H100", "1E+05"}},
+         "spreadsheet-number",
+         "warning",
+         "accounts.csv,4",
+         "a number as a spreadsheet writes it"},
+        {"AccountsThatLookAlike",
+         {{"*", "S200", "S1OO"}},
+         "look-alike",
+         "warning",
+         "accounts.csv,3",
+         "the account S1OO looks like S100 at accounts.csv:2"},
+        {"CodesThatDifferInCase",
+         {{"instruments/all.csv", "SZ,000001", "SZ,A1"}, {"instruments/all.csv", "SZ,000002", "SZ,a1"}},
+         "look-alike",
+         "warning",
+         "instruments/all.csv,6",
+         "the code a1 looks like A1"},
+        {"CategoryLineWithoutInstruments",
+         {{"categories.csv", "", "1,白酒,SH,60060*,\n"}},
+         "empty-category-line",
+         "note",
+         "categories.csv,6",
+         "the category 1"},
+        {"CategoryLineThatAddsNothing",
+         {{"categories.csv", "", "1,白酒,SH,600519,MAIN\n"}},
+         "repeated-category-line",
+         "note",
+         "categories.csv,6",
+         "1 instrument of this line is in the category 1"},
+    };
+    return all;
+}
+
+class CheckFaults : public testing::TestWithParam<Fault> {};
+
+TEST_P(CheckFaults, IsFoundAtItsLineAndNothingElse) {
+    const Fault& fault = GetParam();
+    const CheckFolder folder;
+    for (const Edit& edit : fault.edits) {
+        ASSERT_TRUE(put(folder, edit)) << edit.file << " does not hold once: " << edit.from;
+    }
+    const Outcome outcome = folder.check("--fail-on note --csv");
+    const std::vector<std::string> rows = lines(outcome.out);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "");
+    ASSERT_EQ(rows.size(), 2U) << outcome.out;
+    EXPECT_THAT(rows[1], testing::StartsWith(fault.severity + "," + fault.check + "," + fault.place + ","));
+    EXPECT_THAT(rows[1], HasSubstr(fault.found));
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, CheckFaults, testing::ValuesIn(faults()),
+                         [](const testing::TestParamInfo<Fault>& each) { return each.param.name; });
+
+TEST(CheckFolderWithoutFaults, HasNoFinding) {
+    const CheckFolder folder;
+    const Outcome outcome = folder.check("--fail-on note --csv");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.out, "severity,check,file,line,accounts,count,found,mend,places\n");
+}
+
+/// Every check that there is has a fault above, so that none can be silent unnoticed.
+TEST(CheckFolderWithoutFaults, LeavesNoCheckWithoutAFault) {
+    const CheckFolder folder;
+    const std::vector<std::string> listed = lines(folder.check("--list --csv").out);
+    for (std::size_t i = 1; i < listed.size(); ++i) {
+        const std::string name = listed[i].substr(0, listed[i].find(','));
+        EXPECT_TRUE(std::any_of(faults().begin(), faults().end(), [&](const Fault& fault) {
+            return fault.check == name;
+        })) << name;
+    }
+}
+
+}  // namespace
+}  // namespace feedesk::test
