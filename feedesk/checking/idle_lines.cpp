@@ -41,6 +41,7 @@ std::vector<Place> winnersOver(const Input& input, const InstrumentSet& reach, c
         }
     }
     std::vector<Place> winners;
+    winners.reserve(counts.size());
     for (const auto& [place, count] : counts) {
         winners.push_back(place);
     }

@@ -32,7 +32,7 @@ void takeLimit(const standalone::CustomFee& custom, std::size_t entry, SingleEnt
 
 /// A margin is tried as a commission of its category, because futures are listed by their commissions.
 boost::shared_ptr<CCustomCommissionRateDetail> asCommission(const CCustomMarginRateDetail& margin) {
-    const auto commission = boost::make_shared<CCustomCommissionRateDetail>();
+    auto commission = boost::make_shared<CCustomCommissionRateDetail>();
     commission->categoryId = margin.categoryId;
     commission->customCategories = margin.customCategories;
     commission->groupCategories = margin.groupCategories;
@@ -62,7 +62,7 @@ SingleEntry singleEntry(const standalone::CustomFee& custom, std::size_t entry) 
 int listedKind(int kind) { return kind == kPrimeBrokerageAccount ? kFuturesAccount : kind; }
 
 boost::shared_ptr<CAccountInfo> newAccount(int kind, const std::string& number) {
-    const auto account = boost::make_shared<CAccountInfo>();
+    auto account = boost::make_shared<CAccountInfo>();
     account->accountType = kind;
     account->accountId = number;
     return account;

@@ -142,6 +142,7 @@ std::string sentenceOf(const Finding& finding) {
 
 Value placesOf(const FindingRow& row) {
     Names names;
+    names.reserve(row.finding->places.size());
     for (const checking::Place& place : row.finding->places) {
         names.push_back(place.text());
     }
@@ -182,6 +183,7 @@ std::size_t countOf(const std::vector<CheckReport>& reports, Severity severity) 
 /// "2 errors, 0 warnings, 1 note".
 std::string sumOf(const std::vector<CheckReport>& reports) {
     std::vector<std::string> sums;
+    sums.reserve(checking::kSeverities.size());
     for (const Severity severity : checking::kSeverities) {
         sums.push_back(counted(countOf(reports, severity), std::string(wordFor(severity))));
     }
