@@ -79,8 +79,16 @@ Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink, c
 
 }  // namespace
 
-void Program::answer(const Session& opened, const Sections& sections,
-                     const std::function<Remarks(RowSink&)>& giveRows) {
+Session& Program::open() {
+    if (opened) {
+        opened->begin(session.date);
+    } else {
+        opened = std::make_shared<Session>(session);
+    }
+    return *opened;
+}
+
+void Program::answer(const Session& asked, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows) {
     hasAnswered = true;
     std::string tables;
     const std::unique_ptr<RowSink> sink = sinkFor(format, file, tables);
@@ -88,11 +96,11 @@ void Program::answer(const Session& opened, const Sections& sections,
     const Remarks remarks = given(giveRows, *sink, tables);
     sink->end();
     if (format == Format::kTable) {
-        showText(headingText(remarks.heading) + tables + below(remarks) + (summary ? opened.summary() + "\n" : ""));
+        showText(headingText(remarks.heading) + tables + below(remarks) + (summary ? asked.summary() + "\n" : ""));
         return;
     }
     if (summary) {
-        tellSummary(opened.summary());
+        tellSummary(asked.summary());
     }
     tellRemarks(remarks);
 }

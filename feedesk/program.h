@@ -2,6 +2,7 @@
 #define FEEDESK_PROGRAM_H
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,7 +22,7 @@ struct Remarks {
     std::vector<std::string> footing{};  ///< sums right below the tables; not with JSON and CSV
 };
 
-/// What the command line asks for, and what the commands share.
+/// What the command line asks for, and what the commands share. One command answers from it.
 struct Program {
     SessionOptions session;
     bool summary = false;
@@ -31,11 +32,16 @@ struct Program {
     std::function<ExitStatus()>
         command;  ///< what to do once the whole command line is read; set by the one that is named
     bool hasAnswered = false;
+    std::shared_ptr<Session> opened;  ///< by open(), or by the shell
+
+    /// The market folder that the command line names, asked as of the day that it names: loaded now or, in a shell, the
+    /// shell's. Throws what the session throws.
+    Session& open();
 
     /// Answers on standard output in the form that the command line asks for. `giveRows` gives every row to the sink,
     /// one after another; when it throws, what it has given is answered. The session's summary, when it is asked for,
     /// comes last below a table and on standard error with JSON and CSV, so that programs can read the answer.
-    void answer(const Session& opened, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
+    void answer(const Session& asked, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
 };
 
 /// Reads the command line, answers and tells what went wrong; the program's exit status.

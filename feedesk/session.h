@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -13,6 +14,7 @@
 #include "feedesk/answer.h"
 #include "feedesk/instrument_names.h"
 #include "feedesk/interval_center.h"
+#include "feedesk/running_engine.h"
 #include "standalone/market_folder.h"
 
 namespace feedesk {
@@ -26,8 +28,6 @@ struct SessionOptions {
 
 /// What a session has done so far.
 struct Tally {
-    std::size_t records = 0;
-    std::size_t customFees = 0;
     std::chrono::nanoseconds loading{0};  ///< reading the folder, and filling the fee center
     std::size_t queries = 0;
     std::chrono::nanoseconds querying{0};  ///< inside the fee center, tracing not counted
@@ -39,6 +39,9 @@ struct Replies {
     std::vector<Question> unanswered;  ///< those for which it has no fee
 };
 
+/// Picks some of the fees, in their order.
+using PickFees = std::function<IntervalCenter::Fees(const IntervalCenter::Fees&)>;
+
 /// What the fee center of a day said to a question.
 struct DatedFee {
     boost::shared_ptr<qmservice::CInstrumentFee> fee;  ///< empty: it has no fee
@@ -47,7 +50,7 @@ struct DatedFee {
 };
 
 /// A market folder that is loaded and asked, as of one day or of any: one fee center for each interval of days that is
-/// asked for. One at a time in a process; used by one thread.
+/// asked for. Used by one thread. Several in a process share an engine, whose threads are those of the first.
 class Session {
 public:
     /// Loads the folder and starts the engine. Throws Failure when the folder is broken, after all its errors have been
@@ -56,6 +59,10 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
     ~Session();
+
+    /// Asks as of this day from here on, or the folder's where none is named, and counts from 0 what is done. Throws
+    /// Failure when the schedules do not cover the day, which then stays as it was.
+    void begin(const std::optional<cost::Date>& date);
 
     /// The folder, with its coverage and charging terms.
     [[nodiscard]] const standalone::MarketFolder& folder() const { return days; }
@@ -78,8 +85,8 @@ public:
     Replies fees(const standalone::Account& account, const std::vector<Question>& questions);
 
     /// Every fee that the fee center lists for the account as of the day, by market and code; empty when it has no
-    /// list.
-    std::optional<Replies> listedFees(const standalone::Account& account);
+    /// list. With `wanted` those of them that it picks.
+    std::optional<Replies> listedFees(const standalone::Account& account, const PickFees& wanted = {});
 
     /// The fee of one instrument as of any day; the account is one that the folder has. Answers stay the same within
     /// folder().intervalOf(date), so that callers keep them by that. Whether the schedules cover the day is not looked
@@ -95,17 +102,6 @@ public:
     [[nodiscard]] std::string summary() const;
 
 private:
-    /// Runs the engine as long as it lives: destroyed first, so that no job outlives a fee center.
-    class RunningEngine {
-    public:
-        explicit RunningEngine(int threads);
-        RunningEngine(const RunningEngine&) = delete;
-        RunningEngine& operator=(const RunningEngine&) = delete;
-        // Stopping is refused on a thread of the engine alone, and none of them owns a session.
-        // NOLINTNEXTLINE(bugprone-exception-escape)
-        ~RunningEngine();
-    };
-
     IntervalCenter& centerOf(cost::Date date);
     /// The same, with its market in the services.
     IntervalCenter& installed(cost::Date date);
@@ -118,10 +114,9 @@ private:
     cost::Date askedDay;
     std::map<std::size_t, std::unique_ptr<IntervalCenter>> centers;  // by interval
     IntervalCenter* asked;                                           // of the day
-    IntervalCenter* inServices = nullptr;
     InstrumentNames names;
     std::unordered_map<std::string, std::size_t> places;  // of the accounts, the same in each market
-    RunningEngine engine;
+    RunningEngine engine;                                 // destroyed first, so that no job outlives a fee center
 };
 
 /// The numbers of the market's accounts, in the folder's order.

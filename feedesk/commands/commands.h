@@ -16,10 +16,12 @@ struct Program;
 using AddCommand = void(CLI::App& app, Program& program);
 
 // One file each, named like the command.
-AddCommand addFee, addFees, addCost, addAccounts, addHelp, addCompletion, addComplete;
+AddCommand addFee, addFees, addCost, addAccounts, addInstruments, addCategories, addStats, addHelp, addCompletion,
+    addComplete;
 
 /// Every command, in the order in which help lists them.
-inline constexpr std::array kCommands = {addFee, addFees, addCost, addAccounts, addHelp, addCompletion, addComplete};
+inline constexpr std::array kCommands = {addFee,        addFees,  addCost, addAccounts,   addInstruments,
+                                         addCategories, addStats, addHelp, addCompletion, addComplete};
 
 /// Why there is no such command, and where the commands are listed: one sentence.
 std::string unknownCommand(const CLI::App& app, const std::string& name);

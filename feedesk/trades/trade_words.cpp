@@ -7,6 +7,7 @@
 
 #include "cost/refused.h"
 #include "feedesk/text.h"
+#include "standalone/text/escape.h"
 #include "standalone/text/nearness.h"
 #include "standalone/text/wording.h"
 
