@@ -22,6 +22,8 @@ struct Remarks {
     std::vector<std::string> footing{};  ///< sums right below the tables; not with JSON and CSV
 };
 
+class Shell;
+
 /// What the command line asks for, and what the commands share. One command answers from it.
 struct Program {
     SessionOptions session;
@@ -33,6 +35,7 @@ struct Program {
         command;  ///< what to do once the whole command line is read; set by the one that is named
     bool hasAnswered = false;
     std::shared_ptr<Session> opened;  ///< by open(), or by the shell
+    Shell* shell = nullptr;           ///< of which this is a line; null outside
 
     /// The market folder that the command line names, asked as of the day that it names: loaded now or, in a shell, the
     /// shell's. Throws what the session throws.
