@@ -31,6 +31,8 @@ constexpr const char* kExamples = R"(Examples:
   feedesk fee 3000001 'SHFE:rb*' --json    a pattern needs quotes
   feedesk fee 1000001 - <instruments.txt   a list on standard input
   feedesk fees 1000001 --only-market SZ --match '30*' --csv
+  feedesk fees --accounts '1*' --match 600519
+  feedesk instruments 银行
   feedesk cost 1000001 SH:600519 buy 300@1488.50
   feedesk cost --trades trades.csv --totals account,day
   feedesk fees 1000001 --strict            status 1 when a rate is only built in

@@ -75,6 +75,11 @@ InstrumentFields instrumentFields() {
          [](const InstrumentRow& row) { return textOrNothing(record(row).productId); }},
         {{"trade_unit", "Trade unit", Unit::kCount},
          [](const InstrumentRow& row) { return static_cast<std::size_t>(row.listed.tradeUnit); }},
+        {unlessNothing("quantity_step", "Quantity step"),
+         [](const InstrumentRow& row) {
+             const int step = row.listed.quantityStep;
+             return step == 0 ? Value(Nothing()) : Value(static_cast<std::size_t>(step));
+         }},
         {unlessNothing("multiplier", "Multiplier"),
          [](const InstrumentRow& row) { return known(record(row).volumeMultiple); }},
         {unlessNothing("tick", "Tick"), [](const InstrumentRow& row) { return known(record(row).priceTick); }},

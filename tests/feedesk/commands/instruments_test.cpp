@@ -78,14 +78,19 @@ TEST_F(InstrumentsCommand, ShowsWhatTheFolderSaysOfAnInstrument) {
     EXPECT_EQ(
         instruments("rb2610 00700 --json").out,
         "[\n"
-        R"({"market":"HK","code":"00700","name":"腾讯控股","lists":["hgt","sgt"],"product":null,"trade_unit":200,)"
+        R"({"market":"HK","code":"00700","name":"腾讯控股","lists":["hgt","sgt"],"product":null,"trade_unit":200,"quantity_step":null,)"
         R"("multiplier":null,"tick":null,"fee_type":null,"open_fee":null,"close_fee":null,)"
         R"("close_today_fee":null,"source":"instruments/all.csv:7"})"
         ",\n"
-        R"({"market":"SHFE","code":"rb2610","name":"螺纹钢2610","lists":["futures"],"product":"rb","trade_unit":1,)"
+        R"({"market":"SHFE","code":"rb2610","name":"螺纹钢2610","lists":["futures"],"product":"rb","trade_unit":1,"quantity_step":null,)"
         R"("multiplier":null,"tick":null,"fee_type":"per_lot","open_fee":3,"close_fee":4,)"
         R"("close_today_fee":5,"source":"instruments/all.csv:9"})"
         "\n]\n");
+}
+
+TEST_F(InstrumentsCommand, ShowsAQuantityStepOfItsOwn) {
+    folder.write("instruments/more.csv", "market,code,name,lists,quantity_step\nSH,688981,中芯国际,stock,1\n");
+    EXPECT_THAT(instruments("688981 --json").out, HasSubstr(R"("trade_unit":100,"quantity_step":1,)"));
 }
 
 TEST_F(InstrumentsCommand, HasATableWithoutTheColumnsThatNobodyFills) {
