@@ -11,6 +11,7 @@
 namespace feedesk::test {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -80,7 +81,8 @@ TEST_F(TerminalSession, ClearsTheLineAtCtrlC) {
     terminal.press("C-c");
     terminal.type("accounts S100");
     terminal.press("Enter");
-    EXPECT_THAT(terminal.shownWith("Fee records"), Not(HasSubstr("there is no command")));
+    EXPECT_THAT(terminal.shownWith("Fee records"),
+                AllOf(HasSubstr("Fee records"), HasSubstr("no such line"), Not(HasSubstr("there is no command"))));
 }
 
 TEST_F(TerminalSession, KeepsItsLinesForTheNextOne) {
