@@ -14,6 +14,7 @@ if(FEECENTER_SANITIZE MATCHES undefined AND CMAKE_CXX_COMPILER_ID STREQUAL Clang
   target_compile_options(PkgConfig::rapidjson INTERFACE
     -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/cmake/sanitizer_ignorelist.txt)
 endif()
+pkg_check_modules(libedit REQUIRED IMPORTED_TARGET libedit)
 pkg_check_modules(xlsxwriter REQUIRED IMPORTED_TARGET xlsxwriter)
 pkg_check_modules(xxhash REQUIRED IMPORTED_TARGET libxxhash)
 pkg_check_modules(tomlplusplus REQUIRED IMPORTED_TARGET tomlplusplus)

@@ -69,6 +69,44 @@ std::vector<TitledRates> futuresRates(const char* family, const Values& values,
     return rates;
 }
 
+std::vector<TitledRates> namedRates(const standalone::Market& market, const std::string& family, const Values& rates) {
+    const std::vector<NamedRate>& names = market.rateNames.at(family);
+    std::vector<TitledRates> titled;
+    std::transform(names.begin(), names.end(), rates.begin(), std::back_inserter(titled),
+                   [](const NamedRate& name, double rate) {
+                       const bool isYuan = name.unit == standalone::RateUnit::kYuan;
+                       return single(name.title, name.column, isYuan ? Unit::kYuan : Unit::kFraction, rate);
+                   });
+    return titled;
+}
+
+template <class Limit>
+std::vector<TitledRates> limitRates(const standalone::Market& market, const std::string& part, const Limit& limit,
+                                    int tradeUnit) {
+    std::vector<TitledRates> rates = namedRates(market, part, values(limit));
+    rates.push_back(single("Trade unit", "trade_unit", Unit::kCount, tradeUnit));
+    return rates;
+}
+
+std::vector<TitledRates> optionRates(const standalone::Market& market, const CStockOptionFeeItem& item,
+                                     double baseRate) {
+    std::vector<TitledRates> rates = namedRates(market, kOptionPart, values(item));
+    rates.push_back(single("Base rate", "base_rate", Unit::kNumber, baseRate));
+    return rates;
+}
+
+std::vector<TitledRates> commissionRates(const CCommissionRateDetail& detail) {
+    return futuresRates(kCommissionPart, values(detail), {"Open", "Close", "Close today"});
+}
+
+std::vector<TitledRates> marginRates(const CMarginRateDetail& detail) {
+    const std::vector<const char*> titles = {"Long", "Short"};
+    std::vector<TitledRates> rates = futuresRates(kMarginPart, values(detail), titles);
+    rates.insert(rates.begin() + static_cast<std::ptrdiff_t>(titles.size()),
+                 single("Mode", "margin_mode", Unit::kCount, detail.marginMode));
+    return rates;
+}
+
 class AnswerMaker {
 public:
     AnswerMaker(const Tracer& usedTracer, const standalone::Market& loadedMarket)
@@ -78,8 +116,8 @@ public:
     void addLimit(const std::string& part, const boost::shared_ptr<Limit>& limit, const boost::shared_ptr<Limit>& dyed,
                   int tradeUnit) {
         FeeLine& line = add(part, tracer.origin(dyed));
-        line.rates = named(part, values(*limit));
-        line.rates.push_back(single("Trade unit", "trade_unit", Unit::kCount, tradeUnit));
+        line.rates = limitRates(market, part, *limit, tradeUnit);
+        line.read = {limit, sizeof(Limit)};
     }
 
     void addOption(const CStockOptionFeeRate& fee, const CStockOptionFeeRate& dyed) {
@@ -87,8 +125,8 @@ public:
             const auto dyedItem = dyed.items.find(key);
             FeeLine& line = add(kOptionPart, tracer.origin(dyedItem == dyed.items.end() ? nullptr : dyedItem->second));
             line.item = line.label = key;
-            line.rates = named(kOptionPart, values(*item));
-            line.rates.push_back(single("Base rate", "base_rate", Unit::kNumber, fee.baseRate));
+            line.rates = optionRates(market, *item, fee.baseRate);
+            line.read = {item, sizeof(*item)};
         }
     }
 
@@ -98,7 +136,8 @@ public:
         }
         FeeLine& line = add(kCommissionPart, tracer.origin(dyed.commissionDetail));
         if (fee.commissionDetail) {
-            line.rates = futuresRates(kCommissionPart, values(*fee.commissionDetail), {"Open", "Close", "Close today"});
+            line.rates = commissionRates(*fee.commissionDetail);
+            line.read = {fee.commissionDetail, sizeof(*fee.commissionDetail)};
         }
         for (std::size_t slot = 0; slot < fee.marginDetails.size(); ++slot) {
             addMargin(slot, fee.marginDetails[slot],
@@ -110,19 +149,8 @@ public:
 
 private:
     FeeLine& add(const std::string& part, const Origin& origin) {
-        lines.push_back({part, "", "", origin, {}});
+        lines.push_back({part, "", "", origin, {}, {}});
         return lines.back();
-    }
-
-    [[nodiscard]] std::vector<TitledRates> named(const std::string& family, const Values& rates) const {
-        const std::vector<NamedRate>& names = market.rateNames.at(family);
-        std::vector<TitledRates> titled;
-        std::transform(names.begin(), names.end(), rates.begin(), std::back_inserter(titled),
-                       [](const NamedRate& name, double rate) {
-                           const bool isYuan = name.unit == standalone::RateUnit::kYuan;
-                           return single(name.title, name.column, isYuan ? Unit::kYuan : Unit::kFraction, rate);
-                       });
-        return titled;
     }
 
     void addMargin(std::size_t slot, const boost::shared_ptr<CMarginRateDetail>& detail,
@@ -133,16 +161,9 @@ private:
         line.item = std::string(1, static_cast<char>(flag));
         line.label = hedgeName(line.item.front());
         if (detail) {
-            line.rates = margin(*detail);
+            line.rates = marginRates(*detail);
+            line.read = {detail, sizeof(*detail)};
         }
-    }
-
-    static std::vector<TitledRates> margin(const CMarginRateDetail& detail) {
-        const std::vector<const char*> titles = {"Long", "Short"};
-        std::vector<TitledRates> rates = futuresRates(kMarginPart, values(detail), titles);
-        rates.insert(rates.begin() + static_cast<std::ptrdiff_t>(titles.size()),
-                     single("Mode", "margin_mode", Unit::kCount, detail.marginMode));
-        return rates;
     }
 
     const Tracer& tracer;
@@ -153,6 +174,24 @@ private:
 
 bool isZero(const TitledRates& titled) {
     return std::all_of(titled.rates.begin(), titled.rates.end(), [](const ShownRate& rate) { return rate.value == 0; });
+}
+
+std::vector<TitledRates> zeroRates(const std::string& part, const standalone::Market& market) {
+    switch (standalone::rateFamily(part).records) {
+        case standalone::RateRecords::kStock:
+            return limitRates(market, part, CStkExchangeRateLimit(), 0);
+        case standalone::RateRecords::kHgt:
+            return limitRates(market, part, CCustomHGTExchangeRateLimit(), 0);
+        case standalone::RateRecords::kSgt:
+            return limitRates(market, part, CCustomSgtExchangeRateLimit(), 0);
+        case standalone::RateRecords::kOption:
+            return optionRates(market, CStockOptionFeeItem(), 0);
+        case standalone::RateRecords::kCommission:
+            return commissionRates(CCommissionRateDetail());
+        case standalone::RateRecords::kMargin:
+            break;
+    }
+    return marginRates(CMarginRateDetail());
 }
 
 Answer makeAnswer(const CInstrumentFee& fee, const CInstrumentFee& dyed, const Tracer& tracer,

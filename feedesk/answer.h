@@ -2,6 +2,7 @@
 #define FEEDESK_ANSWER_H
 
 #include <boost/shared_ptr.hpp>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,12 @@ bool isZero(const TitledRates& titled);
 /// FeeLine::part of a margin.
 constexpr const char* kMarginPart = "margin";
 
+/// The record that rates were read from. Answers share pooled records: who keeps it can tell it from any other.
+struct RecordRead {
+    boost::shared_ptr<const void> record{};  ///< empty where there is none
+    std::size_t bytes = 0;                   ///< of its class, without what it holds elsewhere
+};
+
 /// The rates that one record of an answer holds. The same shape for every family, so that whoever shows answers knows
 /// no family.
 struct FeeLine {
@@ -39,6 +46,7 @@ struct FeeLine {
     Origin origin;
     /// Empty when it is not set; otherwise the same rates in the same order for every line of the part.
     std::vector<TitledRates> rates;
+    RecordRead read{};
 };
 
 /// The fee of one instrument for one account, as a fee center answered it.
@@ -47,6 +55,9 @@ struct Answer {
     boost::shared_ptr<qmservice::CInstrument> instrument;
     std::vector<FeeLine> lines;
 };
+
+/// The rates that every line of a part has, all 0: what FeeLine::rates may hold, before there is an answer.
+std::vector<TitledRates> zeroRates(const std::string& part, const standalone::Market& market);
 
 /// The answer in that shape. `dyed` is the tracer's answer to the same question; neither may be empty.
 Answer makeAnswer(const qmservice::CInstrumentFee& fee, const qmservice::CInstrumentFee& dyed, const Tracer& tracer,

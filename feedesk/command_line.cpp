@@ -6,8 +6,10 @@
 #include <exception>
 #include <optional>
 #include <sstream>
-#include <string_view>
+#include <string>
+#include <vector>
 
+#include "feedesk/command_line.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/messages.h"
@@ -30,6 +32,8 @@ constexpr const char* kExamples = R"(Examples:
   feedesk fee 3000001 'SHFE:rb*' --json    a pattern needs quotes
   feedesk fee 1000001 - <instruments.txt   a list on standard input
   feedesk fees 1000001 --only-market SZ --match '30*' --csv
+  feedesk fees --accounts '1*' --match 600519
+  feedesk instruments 银行
   feedesk cost 1000001 SH:600519 buy 300@1488.50
   feedesk cost --trades trades.csv --totals account,day
   feedesk reconcile 1000005 statement.csv  why a broker charges another fee
@@ -47,6 +51,32 @@ std::string threadsProblem(const std::string& text) {
     return good ? "" : fmt::format("{} is not a whole number from 1 to {}", echoed(text), kMostThreads);
 }
 
+/// What is loaded, and how.
+void addLoadOptions(CLI::App& app, Program& program) {
+    program.session.folder = kUsualFolder;
+    app.add_option("--market", program.session.folder, "Market folder (FEEDESK_MARKET; else ./market)")
+        ->envname("FEEDESK_MARKET")
+        ->type_name("DIR")
+        ->option_text("DIR");
+    app.add_option("--threads", program.session.threads, "Threads of the engine, 1 to 64")
+        ->check(CLI::Validator(threadsProblem, ""))
+        ->type_name("N");
+}
+
+/// In a shell the folder is loaded already.
+void refuseLoadOptions(CLI::App& app) {
+    for (const std::string name : {"--market", "--threads"}) {
+        app.add_option_function<std::string>(
+               name,
+               [name](const std::string& /*value*/) {
+                   throw Failure(kBadInput, fmt::format("a shell keeps what it was started with; {} goes before "
+                                                        "`shell`: feedesk {} ... shell",
+                                                        name, name));
+               })
+            ->group("");
+    }
+}
+
 void describe(CLI::App& app, Program& program) {
     app.name("feedesk");
     app.set_version_flag("-V,--version", "feedesk " FEEDESK_VERSION, "Print the version and exit");
@@ -54,20 +84,19 @@ void describe(CLI::App& app, Program& program) {
     app.get_formatter()->column_width(26);
     app.require_subcommand(1);
     app.fallthrough();
-    program.session.folder = kUsualFolder;
-    app.add_option("--market", program.session.folder, "Market folder (FEEDESK_MARKET; else ./market)")
-        ->envname("FEEDESK_MARKET")
-        ->type_name("DIR")
-        ->option_text("DIR");
+    program.shell == nullptr ? addLoadOptions(app, program) : refuseLoadOptions(app);
     addDayOption(app, "--date", program.session.date,
                  "Ask as of this day, such as 2023-08-28\n(else the folder's as_of; else today)");
-    app.add_option("--threads", program.session.threads, "Threads of the engine, 1 to 64")
-        ->check(CLI::Validator(threadsProblem, ""))
-        ->type_name("N");
     app.add_flag("--summary", program.summary, "Tell what was loaded and how long it took");
-    app.add_flag_callback("--no-pager", usePagerNever, "Show long answers without a pager (PAGER; else less)");
+    app.add_flag_callback(
+        "--no-pager", [] { usePager(false); }, "Show long answers without a pager (PAGER; else less)");
     for (AddCommand* const add : kCommands) {
         add(app, program);
+    }
+    if (program.shell == nullptr) {
+        std::for_each(kCommandsOutside.begin(), kCommandsOutside.end(), [&](AddCommand* add) { add(app, program); });
+    } else {
+        std::for_each(kCommandsOfShell.begin(), kCommandsOfShell.end(), [&](AddCommand* add) { add(app, program); });
     }
     for (CLI::App* command : app.get_subcommands({})) {
         command->footer("feedesk --help tells more: the market folder, examples, exit status.");
@@ -101,21 +130,21 @@ ExitStatus usage(const CLI::App& app, const CLI::ParseError& error) {
                                               : usageProblem(app, error) + "; `feedesk --help` tells how to ask");
 }
 
-ExitStatus answerCommandLine(int argc, const char* const* argv, Program& program) {
+ExitStatus answerCommandLine(const std::vector<std::string>& words, Program& program) {
     CLI::App app(kAbout);
     describe(app, program);
     try {
-        app.parse(argc, argv);
+        app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
     } catch (const CLI::ParseError& error) {
         return usage(app, error);
     }
     return program.command();
 }
 
-/// Whether --json is among the arguments, even of a command line that is wrong.
-bool asksForJson(int argc, const char* const* argv) {
-    const char* const* const end = std::find(argv, argv + argc, std::string_view("--"));
-    return std::find(argv, end, std::string_view("--json")) != end;
+/// Whether --json is among the words, even of a command line that is wrong.
+bool asksForJson(const std::vector<std::string>& words) {
+    const auto end = std::find(words.begin(), words.end(), "--");
+    return std::find(words.begin(), end, "--json") != end;
 }
 
 /// Tells why there is no answer, or no more of it. A program that asked for JSON and has read nothing yet reads an
@@ -136,18 +165,29 @@ ExitStatus withoutAnswer(const std::string& sentence, ExitStatus status, bool re
 
 }  // namespace
 
-int run(int argc, const char* const* argv) {
-    const bool json = asksForJson(argc, argv);
+ExitStatus runCommand(const std::vector<std::string>& words, Program& program) {
+    const bool json = asksForJson(words);
     setMessageForm(json ? MessageForm::kObjects : MessageForm::kSentences);
-    Program program;
     const auto readsNothing = [&] { return json && !program.hasAnswered && program.format != Format::kJsonLines; };
     try {
-        return answerCommandLine(argc, argv, program);
+        return answerCommandLine(words, program);
     } catch (const Failure& failure) {
         return withoutAnswer(failure.what(), failure.status(), readsNothing());
     } catch (const std::exception& error) {
         return withoutAnswer(error.what(), kBadInput, readsNothing());
     }
+}
+
+std::vector<std::string> completionsFor(const std::vector<std::string>& words, Program& program,
+                                        const MarketOf& marketOf) {
+    CLI::App app(kAbout);
+    describe(app, program);
+    return completions(app, words, marketOf);
+}
+
+int run(int argc, const char* const* argv) {
+    Program program;
+    return runCommand(std::vector<std::string>(argv + std::min(argc, 1), argv + argc), program);
 }
 
 }  // namespace feedesk

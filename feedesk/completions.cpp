@@ -17,8 +17,7 @@ public:
     explicit Candidates(const std::string& begunWord) : begun(begunWord) {}
 
     void add(const std::string& word) {
-        const bool isOneWord = word.find_first_of(" \t\n") == std::string::npos;
-        if (beginsWith(word, begun) && isOneWord) {
+        if (beginsWith(word, begun)) {
             found.insert(word);
         }
     }
@@ -42,16 +41,10 @@ void addInstrument(Candidates& candidates, const qmservice::CInstrument& instrum
     }
 }
 
-/// The folder that the words name.
-std::string folderIn(const std::vector<std::string>& words, const std::string& otherwise) {
-    const auto option = std::find(words.begin(), words.end(), "--market");
-    return words.end() - option > 1 ? *(option + 1) : otherwise;
-}
-
 }  // namespace
 
 std::vector<std::string> completions(const CLI::App& app, const std::vector<std::string>& words,
-                                     const std::string& folder) {
+                                     const MarketOf& marketOf) {
     const std::string begun = words.empty() ? "" : words.back();
     const std::vector<std::string> before(words.begin(), words.empty() ? words.end() : words.end() - 1);
     const ExpectedWord expected = expectedWord(app, before, begun);
@@ -60,7 +53,7 @@ std::vector<std::string> completions(const CLI::App& app, const std::vector<std:
         candidates.add(word);
     }
     if (expected.kind == WordKind::kAccount || expected.kind == WordKind::kInstrument) {
-        const standalone::Market market = standalone::loadMarket(folderIn(before, folder)).market;
+        const standalone::Market market = marketOf(before);
         if (expected.kind == WordKind::kAccount) {
             for (const standalone::Account& account : market.accounts) {
                 candidates.add(account.record->accountId);
@@ -72,6 +65,11 @@ std::vector<std::string> completions(const CLI::App& app, const std::vector<std:
         }
     }
     return candidates.words();
+}
+
+standalone::Market namedMarket(const std::vector<std::string>& words, const std::string& folder) {
+    const auto option = std::find(words.begin(), words.end(), "--market");
+    return standalone::loadMarket(words.end() - option > 1 ? *(option + 1) : folder).market;
 }
 
 }  // namespace feedesk

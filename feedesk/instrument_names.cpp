@@ -160,6 +160,14 @@ std::vector<Question> InstrumentNames::find(const std::string& text, bool connec
     return isPattern(text) ? questionsLike(text, instruments, marketsAsked(connect)) : std::vector<Question>();
 }
 
+std::vector<Question> InstrumentNames::search(const std::string& text) const {
+    if (isPattern(text)) {
+        return find(text, false);
+    }
+    std::vector<Question> found = meant(text, false);
+    return found.empty() ? questionsWith(text, instruments, markets) : found;
+}
+
 std::string InstrumentNames::problem(const std::string& text, bool connect) const {
     if (isPattern(text)) {
         return patternProblem(text, instruments, marketsAsked(connect));

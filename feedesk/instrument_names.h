@@ -32,6 +32,9 @@ public:
     /// stands for none, or may stand for several.
     [[nodiscard]] std::vector<Question> find(const std::string& text, bool connect) const;
 
+    /// Everything that the text may mean or is like; where there is nothing, what has it inside its code or name.
+    [[nodiscard]] std::vector<Question> search(const std::string& text) const;
+
     /// Why find() finds nothing, and what may be meant, in one sentence. Compares the text with every instrument.
     [[nodiscard]] std::string problem(const std::string& text, bool connect) const;
 

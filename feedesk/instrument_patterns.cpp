@@ -76,6 +76,18 @@ Instruments wantedBy(const PlacedPattern& pattern, const Instruments& instrument
     return instrumentsLike(pattern.name, instrumentsIn(pattern.markets, instruments));
 }
 
+std::vector<Question> questionsFor(const PlacedPattern& wanted, const Instruments& instruments) {
+    std::vector<Question> questions;
+    for (const Instrument& instrument : wantedBy(wanted, instruments)) {
+        for (const AskedMarket& asked : wanted.markets) {
+            if (asked.market == instrument->market) {
+                questions.push_back({asked.name, instrument->code});
+            }
+        }
+    }
+    return questions;
+}
+
 std::vector<std::string> namesOf(const AskedMarkets& markets) {
     std::vector<std::string> names;
     for (const AskedMarket& asked : markets) {
@@ -100,16 +112,14 @@ Instruments instrumentsLike(const std::string& pattern, const Instruments& instr
 
 std::vector<Question> questionsLike(const std::string& pattern, const Instruments& instruments,
                                     const AskedMarkets& markets) {
-    const PlacedPattern wanted = placed(pattern, markets);
-    std::vector<Question> questions;
-    for (const Instrument& instrument : wantedBy(wanted, instruments)) {
-        for (const AskedMarket& asked : wanted.markets) {
-            if (asked.market == instrument->market) {
-                questions.push_back({asked.name, instrument->code});
-            }
-        }
-    }
-    return questions;
+    return questionsFor(placed(pattern, markets), instruments);
+}
+
+std::vector<Question> questionsWith(const std::string& text, const Instruments& instruments,
+                                    const AskedMarkets& markets) {
+    PlacedPattern wanted = placed(text, markets);
+    wanted.name = widened(wanted.name);
+    return questionsFor(wanted, instruments);
 }
 
 std::string patternProblem(const std::string& pattern, const Instruments& instruments, const AskedMarkets& markets) {

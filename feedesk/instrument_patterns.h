@@ -18,6 +18,10 @@ bool isPattern(const std::string& text);
 std::vector<Question> questionsLike(const std::string& pattern, const Instruments& instruments,
                                     const AskedMarkets& markets);
 
+/// The same for instruments whose code or name holds the text, which is no pattern.
+std::vector<Question> questionsWith(const std::string& text, const Instruments& instruments,
+                                    const AskedMarkets& markets);
+
 /// Why questionsLike() finds nothing, in one sentence.
 std::string patternProblem(const std::string& pattern, const Instruments& instruments, const AskedMarkets& markets);
 

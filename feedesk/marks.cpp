@@ -76,19 +76,29 @@ std::vector<std::string> levelPieces(const FeeLine& line) {
     return pieces;
 }
 
-std::string markedSentence(const std::vector<Answer>& answers) {
-    std::string sentence;
+void MarkCount::add(const std::vector<Answer>& answers) {
+    all += answers.size();
     for (const MarkWords& known : kMarkWords) {
-        const auto number = std::count_if(answers.begin(), answers.end(),
-                                          [&](const Answer& answer) { return isMarked(answer, known.mark); });
-        if (number == 0) {
-            continue;
+        marked[known.mark] += static_cast<std::size_t>(std::count_if(
+            answers.begin(), answers.end(), [&](const Answer& answer) { return isMarked(answer, known.mark); }));
+    }
+}
+
+std::string MarkCount::sentence(const std::string& noun) const {
+    std::string sentence;
+    for (const auto& [mark, number] : marked) {
+        if (number != 0) {
+            sentence += fmt::format("{}{} of {} {}", sentence.empty() ? "" : "; ", grouped(number),
+                                    sentence.empty() ? counted(all, noun) : grouped(all), wordsOf(mark).counted);
         }
-        sentence += fmt::format(
-            "{}{} of {} {}", sentence.empty() ? "" : "; ", grouped(static_cast<std::size_t>(number)),
-            sentence.empty() ? counted(answers.size(), "instrument") : grouped(answers.size()), known.counted);
     }
     return sentence;
+}
+
+std::string markedSentence(const std::vector<Answer>& answers) {
+    MarkCount count;
+    count.add(answers);
+    return count.sentence("instrument");
 }
 
 }  // namespace feedesk

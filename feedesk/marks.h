@@ -1,6 +1,8 @@
 #ifndef FEEDESK_MARKS_H
 #define FEEDESK_MARKS_H
 
+#include <cstddef>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -24,8 +26,20 @@ std::string markName(Mark mark);
 /// What a table says about the level of a line: marks are in capitals, each in a piece of its own.
 std::vector<std::string> levelPieces(const FeeLine& line);
 
-/// How many of the answers have marked lines, one sentence; empty when none has. An answer without lines counts as not
-/// set.
+/// Counts the answers that have marked lines. An answer without lines counts as not set.
+class MarkCount {
+public:
+    void add(const std::vector<Answer>& answers);
+
+    /// How many of them have which mark, one sentence; empty when none has. `noun` is what one answer is about.
+    [[nodiscard]] std::string sentence(const std::string& noun) const;
+
+private:
+    std::size_t all = 0;
+    std::map<Mark, std::size_t> marked;
+};
+
+/// The same of an account's answers.
 std::string markedSentence(const std::vector<Answer>& answers);
 
 }  // namespace feedesk

@@ -76,6 +76,8 @@ void showText(const std::string& text) {
     writeText(text);
 }
 
-void usePagerNever() { pagerIsWanted = false; }
+void usePager(bool wanted) { pagerIsWanted = wanted; }
+
+bool pagerIsUsed() { return pagerIsWanted; }
 
 }  // namespace feedesk

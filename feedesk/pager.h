@@ -11,8 +11,9 @@ namespace feedesk {
 /// Failure when the text cannot be written.
 void showText(const std::string& text);
 
-/// From here on no pager is used in this process.
-void usePagerNever();
+/// Whether a pager is used from here on in this process; it is where nothing is said.
+void usePager(bool wanted);
+bool pagerIsUsed();
 
 }  // namespace feedesk
 

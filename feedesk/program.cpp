@@ -79,9 +79,17 @@ Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink, c
 
 }  // namespace
 
-void Program::answer(const Session& opened, const Sections& sections,
-                     const std::function<Remarks(RowSink&)>& giveRows) {
-    answer([&opened] { return opened.summary(); }, sections, giveRows);
+Session& Program::open() {
+    if (opened) {
+        opened->begin(session.date);
+    } else {
+        opened = std::make_shared<Session>(session);
+    }
+    return *opened;
+}
+
+void Program::answer(const Session& asked, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows) {
+    answer([&asked] { return asked.summary(); }, sections, giveRows);
 }
 
 void Program::answer(const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows) {

@@ -2,6 +2,7 @@
 #define FEEDESK_PROGRAM_H
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,9 @@ struct Remarks {
     std::vector<std::string> footing{};  ///< sums right below the tables; not with JSON and CSV
 };
 
-/// What the command line asks for, and what the commands share.
+class Shell;
+
+/// What the command line asks for, and what the commands share. One command answers from it.
 struct Program {
     SessionOptions session;
     bool summary = false;
@@ -34,11 +37,17 @@ struct Program {
     std::function<ExitStatus()>
         command;  ///< what to do once the whole command line is read; set by the one that is named
     bool hasAnswered = false;
+    std::shared_ptr<Session> opened;  ///< by open(), or by the shell
+    Shell* shell = nullptr;           ///< of which this is a line; null outside
+
+    /// The market folder that the command line names, asked as of the day that it names: loaded now or, in a shell, the
+    /// shell's. Throws what the session throws.
+    Session& open();
 
     /// Answers on standard output in the form that the command line asks for. `giveRows` gives every row to the sink,
     /// one after another; when it throws, what it has given is answered. The session's summary, when it is asked for,
     /// comes last below a table and on standard error with JSON and CSV, so that programs can read the answer.
-    void answer(const Session& opened, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
+    void answer(const Session& asked, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
     /// The same without a session: `sessionSummary` is the line that is told.
     void answer(const std::function<std::string()>& sessionSummary, const Sections& sections,
                 const std::function<Remarks(RowSink&)>& giveRows);

@@ -3,10 +3,25 @@
 #include "standalone/host.h"
 
 namespace feedesk {
+namespace {
 
-RunningEngine::RunningEngine(int threads) { standalone::startEngine(threads); }
+int living = 0;
+
+}  // namespace
+
+RunningEngine::RunningEngine(int threads) {
+    if (living == 0) {
+        standalone::startEngine(threads);
+    }
+    ++living;
+}
 
 // NOLINTNEXTLINE(bugprone-exception-escape)
-RunningEngine::~RunningEngine() { standalone::stopEngine(); }
+RunningEngine::~RunningEngine() {
+    --living;
+    if (living == 0) {
+        standalone::stopEngine();
+    }
+}
 
 }  // namespace feedesk

@@ -3,8 +3,8 @@
 
 namespace feedesk {
 
-/// Runs the strands of fee centers as long as it lives; one at a time in a process. It is destroyed before the fee
-/// centers whose jobs it runs.
+/// Runs the strands of fee centers as long as it lives. Where several live, the engine is the one that the first of
+/// them started and ends with the last. It is destroyed before the fee centers whose jobs it runs. For one thread.
 class RunningEngine {
 public:
     explicit RunningEngine(int threads);

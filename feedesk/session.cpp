@@ -52,8 +52,8 @@ void throwUncovered(const std::string& refusal) {
 }
 
 /// The day that is meant; one that the folder does not cover is refused.
-cost::Date dayOf(const SessionOptions& options, const standalone::MarketFolder& folder) {
-    const cost::Date day = options.date ? *options.date : folder.defaultDay();
+cost::Date dayOf(const std::optional<cost::Date>& date, const standalone::MarketFolder& folder) {
+    const cost::Date day = date ? *date : folder.defaultDay();
     throwUncovered(folder.coverage().refusal(day));
     return day;
 }
@@ -67,15 +67,19 @@ void sortByInstrument(std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>&
 
 Session::Session(const SessionOptions& options)
     : days(load(options.folder, tally)),
-      askedDay(dayOf(options, days)),
+      askedDay(dayOf(options.date, days)),
       asked(&centerOf(askedDay)),
       names(asked->market()),
       engine(options.threads != 0 ? options.threads : asked->market().engineThreads) {
     for (const Account& account : market().accounts) {
         places.emplace(account.record->accountId, places.size());
-        tally.records += account.fees.size();
-        tally.customFees += account.customFees.size();
     }
+}
+
+void Session::begin(const std::optional<cost::Date>& date) {
+    askedDay = dayOf(date, days);
+    tally = Tally();
+    asked = &centerOf(askedDay);
 }
 
 Session::~Session() = default;
@@ -142,7 +146,7 @@ Replies Session::fees(const Account& account, const std::vector<Question>& quest
     return traced(account, questions, fees);
 }
 
-std::optional<Replies> Session::listedFees(const Account& account) {
+std::optional<Replies> Session::listedFees(const Account& account, const PickFees& wanted) {
     requireCovered(account);
     IntervalCenter& center = installed(askedDay);
     feedOnce(center, account);
@@ -156,6 +160,9 @@ std::optional<Replies> Session::listedFees(const Account& account) {
         return {};
     }
     sortByInstrument(*fees);
+    if (wanted) {
+        fees = wanted(*fees);
+    }
     std::vector<Question> questions;
     for (const auto& fee : *fees) {
         questions.push_back({fee->instrument->market, fee->instrument->code});
@@ -212,11 +219,17 @@ standalone::FolderExcerpt Session::excerpt(const Account& account, const Questio
 }
 
 std::string Session::summary() const {
+    std::size_t records = 0;
+    std::size_t customFees = 0;
+    for (const Account& account : market().accounts) {
+        records += account.fees.size();
+        customFees += account.customFees.size();
+    }
     const std::string queries = tally.queries == 1 ? "1 query" : grouped(tally.queries) + " queries";
     return fmt::format("loaded {}, {}, {}, {} in {}; answered {} in {}",
                        counted(market().instruments.size(), "instrument"), counted(market().accounts.size(), "account"),
-                       counted(tally.records, "fee record"), counted(tally.customFees, "custom fee"),
-                       durationText(tally.loading), queries, durationText(tally.querying));
+                       counted(records, "fee record"), counted(customFees, "custom fee"), durationText(tally.loading),
+                       queries, durationText(tally.querying));
 }
 
 }  // namespace feedesk

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -28,8 +29,6 @@ struct SessionOptions {
 
 /// What a session has done so far.
 struct Tally {
-    std::size_t records = 0;
-    std::size_t customFees = 0;
     std::chrono::nanoseconds loading{0};  ///< reading the folder, and filling the fee center
     std::size_t queries = 0;
     std::chrono::nanoseconds querying{0};  ///< inside the fee center, tracing not counted
@@ -41,6 +40,9 @@ struct Replies {
     std::vector<Question> unanswered;  ///< those for which it has no fee
 };
 
+/// Picks some of the fees, in their order.
+using PickFees = std::function<IntervalCenter::Fees(const IntervalCenter::Fees&)>;
+
 /// What the fee center of a day said to a question.
 struct DatedFee {
     boost::shared_ptr<qmservice::CInstrumentFee> fee;  ///< empty: it has no fee
@@ -49,7 +51,7 @@ struct DatedFee {
 };
 
 /// A market folder that is loaded and asked, as of one day or of any: one fee center for each interval of days that is
-/// asked for. One at a time in a process; used by one thread.
+/// asked for. Used by one thread. Several in a process share an engine, whose threads are those of the first.
 class Session {
 public:
     /// Loads the folder and starts the engine. Throws Failure when the folder is broken, after all its errors have been
@@ -58,6 +60,10 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
     ~Session();
+
+    /// Asks as of this day from here on, or the folder's where none is named, and counts from 0 what is done. Throws
+    /// Failure when the schedules do not cover the day, which then stays as it was.
+    void begin(const std::optional<cost::Date>& date);
 
     /// The folder, with its coverage and charging terms.
     [[nodiscard]] const standalone::MarketFolder& folder() const { return days; }
@@ -80,8 +86,8 @@ public:
     Replies fees(const standalone::Account& account, const std::vector<Question>& questions);
 
     /// Every fee that the fee center lists for the account as of the day, by market and code; empty when it has no
-    /// list.
-    std::optional<Replies> listedFees(const standalone::Account& account);
+    /// list. With `wanted` those of them that it picks.
+    std::optional<Replies> listedFees(const standalone::Account& account, const PickFees& wanted = {});
 
     /// The fee of one instrument as of any day; the account is one that the folder has. Answers stay the same within
     /// folder().intervalOf(date), so that callers keep them by that. Whether the schedules cover the day is not looked

@@ -4,13 +4,21 @@
 
 namespace feedesk {
 
-std::vector<Question> tradedInstruments(int accountType, const standalone::Market& market) {
+std::vector<const standalone::ListedInstrument*> tradedListings(int accountType, const standalone::Market& market) {
     const standalone::RateFamily* family = standalone::tradedFamily(accountType);
-    std::vector<Question> traded;
+    std::vector<const standalone::ListedInstrument*> traded;
     for (const standalone::ListedInstrument& listed : market.instruments) {
         if (family == nullptr || family->lists.hold(listed)) {
-            traded.push_back({listed.record->market, listed.record->code});
+            traded.push_back(&listed);
         }
+    }
+    return traded;
+}
+
+std::vector<Question> tradedInstruments(int accountType, const standalone::Market& market) {
+    std::vector<Question> traded;
+    for (const standalone::ListedInstrument* listed : tradedListings(accountType, market)) {
+        traded.push_back({listed->record->market, listed->record->code});
     }
     return traded;
 }

@@ -12,6 +12,9 @@ namespace feedesk {
 /// all of them.
 std::vector<Question> tradedInstruments(int accountType, const standalone::Market& market);
 
+/// What the market's list has of each, in the folder's order. Refers to the market.
+std::vector<const standalone::ListedInstrument*> tradedListings(int accountType, const standalone::Market& market);
+
 }  // namespace feedesk
 
 #endif  // FEEDESK_TRADED_INSTRUMENTS_H

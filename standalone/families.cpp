@@ -108,7 +108,26 @@ RateFamily optionFamily() {
             ownColumns(records::optionFees<CStockOptionFeeItem>)};
 }
 
+std::vector<NamedList> listsByBits() {
+    std::vector<NamedList> lists;
+    for (const RateFamily& family : rateFamilies()) {
+        if (family.lists.listMask != 0) {
+            lists.push_back({family.name, family.lists});
+        }
+    }
+    std::sort(lists.begin(), lists.end(),
+              [](const NamedList& one, const NamedList& other) { return one.bits.listMask < other.bits.listMask; });
+    lists.push_back({"futures", {0, kFuturesType}});
+    lists.push_back({"futures_extra", {0, kFuturesExtraType}});
+    return lists;
+}
+
 }  // namespace
+
+const std::vector<NamedList>& namedLists() {
+    static const std::vector<NamedList> lists = listsByBits();
+    return lists;
+}
 
 const std::vector<RateFamily>& rateFamilies() {
     static const std::vector<RateFamily> all{

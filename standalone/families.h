@@ -25,6 +25,15 @@ struct Lists {
     }
 };
 
+/// One list of the catalogue under the name that instruments/*.csv has for it.
+struct NamedList {
+    const char* name;
+    Lists bits;
+};
+
+/// Every list: those by bits of a list mask, then the types.
+const std::vector<NamedList>& namedLists();
+
 /// Which record classes carry the rates of a family.
 enum class RateRecords {
     kStock,       ///< CStkExchangeRateLimit; custom CCustomStkExchangeRateLimit

@@ -74,6 +74,25 @@ struct CategoryRule {
     std::string code;  ///< may hold '*'
     std::string product;
     Position position;
+
+    [[nodiscard]] bool takesIn(const std::string& itsMarket, const std::string& itsCode,
+                               const std::string& itsProduct) const;
+};
+
+/// One instrument of a custom category.
+struct CategoryMember {
+    int category = 0;
+    std::string market;
+    std::string code;
+    Position position;
+};
+
+/// One part of a group category.
+struct GroupPart {
+    int group = 0;
+    int category = 0;  ///< a custom category, else a system category
+    bool excluded = false;
+    Position position;
 };
 
 enum class RateUnit { kFraction, kYuan };
@@ -100,6 +119,8 @@ struct Market {
     std::vector<ConfiguredLimit<qmservice::CCustomHGTExchangeRateLimit>> hgtLimits;
     std::vector<ConfiguredLimit<qmservice::CCustomSgtExchangeRateLimit>> sgtLimits;
     std::vector<CategoryRule> categories;
+    std::vector<CategoryMember> customCategories;
+    std::vector<GroupPart> groupCategories;
     /// By family ("stock", "credit", "neeq", "hgt", "sgt", "option"): every rate field of the family in field order.
     std::map<std::string, std::vector<NamedRate>> rateNames;
 

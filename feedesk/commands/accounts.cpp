@@ -1,17 +1,13 @@
-#include <fmt/format.h>
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 
 #include "feedesk/account_levels.h"
+#include "feedesk/accounts_like.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/patterns.h"
 #include "feedesk/program.h"
-#include "feedesk/text.h"
 #include "standalone/families.h"
-#include "standalone/text/nearness.h"
 
 namespace feedesk {
 namespace {
@@ -77,34 +73,9 @@ struct AccountsArguments {
     bool levels = false;
 };
 
-using Accounts = std::vector<const standalone::Account*>;
-
-Accounts accountsLike(const std::string& pattern, const standalone::Market& market) {
-    Accounts all;
-    for (const standalone::Account& account : market.accounts) {
-        all.push_back(&account);
-    }
-    return itemsLike(all, pattern, [](const standalone::Account* account) {
-        return std::array<std::string_view, 2>{account->record->accountId, account->record->accountName};
-    });
-}
-
-std::string whyNone(const std::string& pattern, const standalone::Market& market) {
-    const std::string problem = "the market folder has no account like " + echoed(pattern);
-    const std::string wide = widened(pattern);
-    if (!accountsLike(wide, market).empty()) {
-        return problem + insideAdvice("'" + wide + "'", "numbers and names");
-    }
-    const std::vector<std::string> near = standalone::nearNames(pattern, accountIds(market));
-    return near.empty() ? problem : fmt::format("{}; did you mean {}?", problem, fmt::join(near, " or "));
-}
-
 ExitStatus accounts(Program& program, const AccountsArguments& arguments) {
-    Session session(program.session);
-    const Accounts wanted = accountsLike(arguments.pattern, session.market());
-    if (wanted.empty() && !session.market().accounts.empty()) {
-        throw Failure(kNoAnswer, whyNone(arguments.pattern, session.market()));
-    }
+    Session& session = program.open();
+    const Accounts wanted = accountsLike({arguments.pattern}, session.market());
     if (arguments.levels) {
         std::for_each(wanted.begin(), wanted.end(), [&](const auto* account) { session.requireCovered(*account); });
     }

@@ -235,7 +235,7 @@ ExitStatus check(Program& program, const CheckArguments& arguments) {
     if (arguments.list) {
         return listChecks(program, chosen);
     }
-    Session session(program.session);
+    Session& session = program.open();
     const checking::CheckResult result = checking::runChecks(
         session, chosen, wantedAccounts(session, arguments.accounts), daysBefore(session.day(), arguments.maxAge));
     const FindingFields fields = findingFields();

@@ -15,13 +15,17 @@ struct Program;
 /// Adds a command to the command line and says what it does.
 using AddCommand = void(CLI::App& app, Program& program);
 
-// One file each, named like the command.
-AddCommand addFee, addFees, addExplain, addCost, addReconcile, addDiff, addCheck, addAccounts, addHelp, addCompletion,
-    addComplete;
+// One file each, named like the command; those of a shell are with it.
+AddCommand addFee, addFees, addExplain, addCost, addReconcile, addDiff, addCheck, addAccounts, addInstruments,
+    addCategories, addStats, addHelp, addShell, addCompletion, addComplete, addReload, addExit;
 
 /// Every command, in the order in which help lists them.
-inline constexpr std::array kCommands = {addFee,   addFees,     addExplain, addCost,       addReconcile, addDiff,
-                                         addCheck, addAccounts, addHelp,    addCompletion, addComplete};
+inline constexpr std::array kCommands = {addFee,   addFees,     addExplain,     addCost,       addReconcile, addDiff,
+                                         addCheck, addAccounts, addInstruments, addCategories, addStats,     addHelp};
+
+/// Those that a line of a shell has not, and those that it alone has.
+inline constexpr std::array kCommandsOutside = {addShell, addCompletion, addComplete};
+inline constexpr std::array kCommandsOfShell = {addReload, addExit};
 
 /// Why there is no such command, and where the commands are listed: one sentence.
 std::string unknownCommand(const CLI::App& app, const std::string& name);

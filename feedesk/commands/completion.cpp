@@ -85,8 +85,10 @@ void addComplete(CLI::App& app, Program& program) {
     command->callback([&app, &program, words] {
         program.command = [&app, &program, words] {
             std::string text;
-            for (const std::string& each : completions(app, *words, program.session.folder)) {
-                text += each + "\n";
+            const auto marketOf = [&](const auto& before) { return namedMarket(before, program.session.folder); };
+            for (const std::string& each : completions(app, *words, marketOf)) {
+                // The shell's function cuts the line at blanks, whatever quotes there are.
+                text += each.find_first_of(" \t\n") == std::string::npos ? each + "\n" : "";
             }
             writeText(text);
             return kAnswered;

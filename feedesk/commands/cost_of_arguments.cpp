@@ -212,7 +212,7 @@ ExitStatus costOfArguments(Program& program, const CostArguments& arguments) {
     if (arguments.account.empty() || arguments.instrument.empty()) {
         throw Failure(kBadInput, std::string("an account, an instrument and a trade are needed") + kHowToAsk);
     }
-    Session session(program.session);
+    Session& session = program.open();
     const standalone::Account& account = session.account(arguments.account);
     AskedTrades asked{tradesFrom(arguments, session.day()), {}};
     const Question instrument = instrumentOf(session, account, arguments.instrument);

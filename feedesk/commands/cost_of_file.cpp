@@ -226,7 +226,7 @@ Format streamed(Format format, const CostArguments& arguments) {
 
 ExitStatus costOfFile(Program& program, const CostArguments& arguments) {
     program.format = streamed(program.format, arguments);
-    Session session(program.session);
+    Session& session = program.open();
     if (!arguments.account.empty()) {
         static_cast<void>(session.account(arguments.account));  // which must be there
     }

@@ -153,7 +153,7 @@ std::string heading(const Program& program, const Answer& answer, const standalo
 }
 
 ExitStatus explainAnswer(Program& program, const ExplainArguments& arguments) {
-    Session session(program.session);
+    Session& session = program.open();
     const standalone::Account& account = session.account(arguments.account);
     const Question question = askedInstrument(session, account, arguments.instrument);
     const Replies replies = session.fees(account, {question});

@@ -35,7 +35,7 @@ ExitStatus answerFees(Program& program, const Session& session, const standalone
     Remarks remarks{accountHeading(account, program.session.date), notes, markedSentence(answers), {}};
     const FeeRows rows(answers, session.market());
     program.answer(session, rows.sections(), [&](RowSink& sink) {
-        rows.giveTo(sink);
+        rows.giveTo(sink, answers);
         return remarks;
     });
     return program.strict && !remarks.warning.empty() ? kNoAnswer : kAnswered;

@@ -45,12 +45,12 @@ Names markNames(const FeeRow& row) {
 }
 
 /// The fields of every row. Where an instrument has several rows its name is their heading.
-FeeFields commonFields(const std::string& items) {
+FeeFields commonFields(const std::string& items, bool tellsAccount) {
     const bool hasItems = !items.empty();
     const Field shownInstrument = hasItems ? forPeople("Instrument").at(ShownAt::kHeading) : forPeople("Instrument");
     const Field name = Field{"name", hasItems ? "" : "Name"}.shortenedTo(kShortestName);
     return {
-        {forPrograms("account"), [](const FeeRow& row) { return row.answer.account->accountId; }},
+        {{"account", tellsAccount ? "Account" : ""}, [](const FeeRow& row) { return row.answer.account->accountId; }},
         {forPrograms("kind"),
          [](const FeeRow& row) { return standalone::accountKindName(row.answer.account->accountType); }},
         {shownInstrument,
@@ -97,42 +97,66 @@ FieldsOf<FeeRow> rateFields(const FeeLine& line) {
     return fields;
 }
 
-FeeRows::FeeRows(const std::vector<Answer>& newAnswers, const standalone::Market& newMarket)
-    : answers(newAnswers), market(newMarket) {
-    forEachRow([this](const FeeRow& row) {
-        const auto section = sectionOfPart.emplace(row.line.part, fieldsOfSection.size());
-        if (section.second) {
-            fieldsOfSection.push_back(commonFields(partTitle(row.line.part).items));
+namespace {
+
+template <class Visit>
+void forEachRow(const std::vector<Answer>& answers, const standalone::Market& market, const Visit& visit) {
+    for (const Answer& answer : answers) {
+        for (const FeeLine& line : answer.lines) {
+            visit(FeeRow{answer, line, market});
         }
-        FeeFields& fields = fieldsOfSection[section.first->second];
-        if (fields.back().field.name.empty()) {  // no rates yet
-            const FeeFields rates = rateFields(row.line);
-            fields.insert(fields.end(), rates.begin(), rates.end());
-        }
-    });
-    parts.resize(fieldsOfSection.size());
-    for (const auto& [part, number] : sectionOfPart) {
-        parts[number] = sectionOf(partTitle(part).title, fieldsOfSection[number]);
     }
 }
 
-void FeeRows::giveTo(RowSink& sink) const {
-    forEachRow([&](const FeeRow& feeRow) {
+/// The parts of which an account's answers may consist.
+std::vector<std::string> partsOf(int accountKind) {
+    const standalone::RateFamily* traded = standalone::tradedFamily(accountKind);
+    std::vector<std::string> parts;
+    for (const standalone::RateFamily& family : standalone::rateFamilies()) {
+        if (traded == nullptr || std::string_view(family.instruments) == traded->instruments) {
+            parts.emplace_back(family.name);
+        }
+    }
+    return parts;
+}
+
+}  // namespace
+
+FeeRows::FeeRows(const std::vector<Answer>& answers, const standalone::Market& newMarket) : market(newMarket) {
+    forEachRow(answers, market, [this](const FeeRow& row) { addSection(row.line, false); });
+}
+
+FeeRows::FeeRows(const std::vector<int>& accountKinds, const standalone::Market& newMarket) : market(newMarket) {
+    for (const int kind : accountKinds) {
+        for (const std::string& part : partsOf(kind)) {
+            addSection({part, "", "", {}, zeroRates(part, market), {}}, true);
+        }
+    }
+}
+
+void FeeRows::addSection(const FeeLine& line, bool tellsAccount) {
+    const auto [place, isNew] = sectionOfPart.emplace(line.part, parts.size());
+    const PartTitle title = partTitle(line.part);
+    if (isNew) {
+        fieldsOfSection.push_back(commonFields(title.items, tellsAccount));
+        parts.emplace_back();
+    }
+    FeeFields& fields = fieldsOfSection[place->second];
+    if (fields.back().field.name.empty()) {  // no rates yet
+        const FeeFields rates = rateFields(line);
+        fields.insert(fields.end(), rates.begin(), rates.end());
+        parts[place->second] = sectionOf(title.title, fields);
+    }
+}
+
+void FeeRows::giveTo(RowSink& sink, const std::vector<Answer>& answers) const {
+    forEachRow(answers, market, [&](const FeeRow& feeRow) {
         const std::size_t section = sectionOfPart.at(feeRow.line.part);
         Row row = rowOf(fieldsOfSection[section], feeRow);
         row.section = section;
         row.marked = !marksOf(feeRow.line).empty();
         sink.row(row);
     });
-}
-
-template <class Visit>
-void FeeRows::forEachRow(const Visit& visit) const {
-    for (const Answer& answer : answers) {
-        for (const FeeLine& line : answer.lines) {
-            visit(FeeRow{answer, line, market});
-        }
-    }
 }
 
 }  // namespace feedesk

@@ -22,20 +22,22 @@ struct FeeRow {
 /// The fields of the rates that the lines of a part have, in the group "rates"; `line` is one that has them.
 FieldsOf<FeeRow> rateFields(const FeeLine& line);
 
-/// Answers as rows: one for each line, a section for each part in the order in which they appear. docs/feedesk.md
-/// describes the fields. Refers to what it is made from.
+/// Answers as rows: one for each line, a section for each part. docs/feedesk.md describes the fields. Refers to the
+/// market that the answers come from.
 class FeeRows {
 public:
-    FeeRows(const std::vector<Answer>& newAnswers, const standalone::Market& newMarket);
+    /// For these answers, whose parts come in the order in which they appear.
+    FeeRows(const std::vector<Answer>& answers, const standalone::Market& newMarket);
+
+    /// For whatever accounts of these kinds are answered with. Tables tell the account of each row.
+    FeeRows(const std::vector<int>& accountKinds, const standalone::Market& newMarket);
 
     [[nodiscard]] const Sections& sections() const { return parts; }
-    void giveTo(RowSink& sink) const;
+    void giveTo(RowSink& sink, const std::vector<Answer>& answers) const;
 
 private:
-    template <class Visit>
-    void forEachRow(const Visit& visit) const;
+    void addSection(const FeeLine& line, bool tellsAccount);
 
-    const std::vector<Answer>& answers;
     const standalone::Market& market;
     std::map<std::string, std::size_t> sectionOfPart;
     std::vector<FieldsOf<FeeRow>> fieldsOfSection;

@@ -3,54 +3,33 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
-#include <boost/algorithm/string/case_conv.hpp>
-#include <iterator>
-#include <locale>
+#include <set>
 
+#include "feedesk/commands/account_choice.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
+#include "feedesk/commands/fees_of_accounts.h"
+#include "feedesk/commands/only_markets.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/numbers.h"
 #include "feedesk/patterns.h"
 #include "feedesk/program.h"
 #include "feedesk/text.h"
+#include "feedesk/traded_instruments.h"
 #include "standalone/families.h"
 
 namespace feedesk {
 namespace {
 
+using standalone::Account;
+using standalone::ListedInstrument;
+
 struct FeesArguments {
-    std::string account;
+    AccountChoice choice;
     std::vector<std::string> markets;  // none: every market
-    std::string pattern = "*";
+    std::vector<std::string> patterns{"*"};
+    bool all = false;
 };
-
-std::vector<std::string> marketNames(const standalone::Market& market) {
-    std::vector<std::string> names;
-    for (const standalone::MarketPlace& place : market.markets) {
-        names.push_back(place.market);
-    }
-    return names;
-}
-
-/// The market that a person names; it may be in small letters, as in the name of an instrument.
-std::string knownMarket(const std::string& text, const std::vector<std::string>& known) {
-    for (const std::string& name : {text, boost::to_upper_copy(text, std::locale::classic())}) {
-        if (std::find(known.begin(), known.end(), name) != known.end()) {
-            return name;
-        }
-    }
-    throw Failure(kNoAnswer,
-                  fmt::format("the market folder has no market {}; it has {}", echoed(text), fmt::join(known, ", ")));
-}
-
-FeesArguments withKnownMarkets(FeesArguments arguments, const standalone::Market& market) {
-    const std::vector<std::string> known = marketNames(market);
-    for (std::string& name : arguments.markets) {
-        name = knownMarket(name, known);
-    }
-    return arguments;
-}
 
 std::string whyNoList(const standalone::Account& account) {
     const std::string& id = account.record->accountId;
@@ -64,56 +43,153 @@ std::string whyNoList(const standalone::Account& account) {
                              standalone::accountKindName(kind), id);
 }
 
-std::vector<Answer> wanted(const FeesArguments& arguments, const std::vector<Answer>& answers) {
-    const auto& markets = arguments.markets;
-    std::vector<Answer> found;
-    std::copy_if(answers.begin(), answers.end(), std::back_inserter(found), [&](const Answer& answer) {
-        return markets.empty() || std::find(markets.begin(), markets.end(), answer.instrument->market) != markets.end();
-    });
-    return itemsLike(found, arguments.pattern, [](const Answer& answer) {
-        return std::array<std::string_view, 2>{answer.instrument->code, answer.instrument->name};
-    });
+/// The items that the filters want, in their order. `instrumentOf(item)` gives an item's instrument.
+template <class Item, class InstrumentOf>
+std::vector<Item> wanted(const FeesArguments& arguments, const std::vector<Item>& items,
+                         const InstrumentOf& instrumentOf) {
+    std::set<const qmservice::CInstrument*> like;
+    std::vector<Item> found;
+    std::copy_if(items.begin(), items.end(), std::back_inserter(found),
+                 [&](const Item& item) { return isAmong(arguments.markets, instrumentOf(item).market); });
+    for (const std::string& pattern : arguments.patterns) {
+        for (const Item& item : itemsLike(found, pattern, [&](const Item& each) {
+                 const qmservice::CInstrument& instrument = instrumentOf(each);
+                 return std::array<std::string_view, 2>{instrument.code, instrument.name};
+             })) {
+            like.insert(&instrumentOf(item));
+        }
+    }
+    const auto isUnlike = [&](const Item& item) { return like.count(&instrumentOf(item)) == 0; };
+    found.erase(std::remove_if(found.begin(), found.end(), isUnlike), found.end());
+    return found;
 }
 
-/// How to find what the pattern is only a part of; empty when that finds nothing either.
-std::string widerPattern(FeesArguments arguments, const std::vector<Answer>& answers) {
-    arguments.pattern = widened(arguments.pattern);
-    return wanted(arguments, answers).empty() ? "" : insideAdvice("--match '" + arguments.pattern + "'");
+using Fee = boost::shared_ptr<qmservice::CInstrumentFee>;
+
+IntervalCenter::Fees wantedFees(const FeesArguments& arguments, const IntervalCenter::Fees& fees) {
+    return wanted(arguments, fees, [](const Fee& fee) -> const qmservice::CInstrument& { return *fee->instrument; });
 }
 
-std::string whyNoneWanted(const FeesArguments& arguments, const std::vector<Answer>& answers) {
-    return fmt::format("none of the {} in the list of account {} is wanted by the filters{}",
-                       counted(answers.size(), "instrument"), arguments.account, widerPattern(arguments, answers));
+using Listings = std::vector<const ListedInstrument*>;
+
+/// By market and code.
+Listings wantedListings(const FeesArguments& arguments, const Account& account, const standalone::Market& market) {
+    Listings traded =
+        wanted(arguments, tradedListings(account.record->accountType, market),
+               [](const ListedInstrument* listed) -> const qmservice::CInstrument& { return *listed->record; });
+    std::sort(traded.begin(), traded.end(), [](const ListedInstrument* one, const ListedInstrument* other) {
+        return std::tie(one->record->market, one->record->code) < std::tie(other->record->market, other->record->code);
+    });
+    return traded;
+}
+
+/// The fees that the account is asked for; nothing where it has no list.
+std::optional<Replies> askedFees(const FeesArguments& arguments, Session& session, const Account& account) {
+    if (!arguments.all) {
+        return session.listedFees(account, [&](const auto& fees) { return wantedFees(arguments, fees); });
+    }
+    std::vector<Question> questions;
+    for (const ListedInstrument* listed : wantedListings(arguments, account, session.market())) {
+        questions.push_back({listed->record->market, listed->record->code});
+    }
+    return session.fees(account, questions);
+}
+
+bool isNothing(const std::optional<Replies>& replies) {
+    return !replies || (replies->answers.empty() && replies->unanswered.empty());
+}
+
+/// How to find what a pattern is only a part of; empty when that finds nothing either.
+std::string widerPattern(FeesArguments arguments, Session& session, const Account& account) {
+    for (const std::string& pattern : std::vector<std::string>(arguments.patterns)) {
+        arguments.patterns = {widened(pattern)};
+        if (!isNothing(askedFees(arguments, session, account))) {
+            return insideAdvice("--match '" + arguments.patterns.front() + "'");
+        }
+    }
+    return "";
+}
+
+std::string whyNoneWanted(const FeesArguments& arguments, Session& session, const Account& account) {
+    FeesArguments everything;
+    everything.all = arguments.all;
+    const std::optional<Replies> replies = askedFees(everything, session, account);
+    return fmt::format("none of the {} {} account {} is wanted by the filters{}",
+                       counted(replies->answers.size(), "instrument"), arguments.all ? "for" : "in the list of",
+                       account.record->accountId, widerPattern(arguments, session, account));
+}
+
+ExitStatus feesOfOne(Program& program, Session& session, const Account& account, const FeesArguments& arguments) {
+    const std::optional<Replies> replies = askedFees(arguments, session, account);
+    if (!replies) {
+        throw Failure(kNoAnswer, whyNoList(account));
+    }
+    tellUnanswered(*replies, account);
+    if (replies->answers.empty()) {
+        throw Failure(kNoAnswer, whyNoneWanted(arguments, session, account));
+    }
+    const ExitStatus status = answerFees(program, session, account, replies->answers);
+    return replies->unanswered.empty() ? status : kNoAnswer;
+}
+
+ExitStatus feesOfSeveral(Program& program, Session& session, const FeesArguments& arguments) {
+    const Accounts accounts = accountsLike(arguments.choice.patterns, session.market());
+    Accounts withoutList;
+    const auto ask = [&](const Account& account) {
+        std::optional<Replies> replies = askedFees(arguments, session, account);
+        if (!replies) {
+            withoutList.push_back(&account);
+        }
+        return std::move(replies).value_or(Replies());
+    };
+    const auto notes = [&] {
+        return withoutList.empty()
+                   ? std::vector<std::string>()
+                   : std::vector<std::string>{
+                         fmt::format("without a list of fees, and not shown: {} ({}); --all asks for every instrument "
+                                     "that an account trades",
+                                     counted(withoutList.size(), "account"), numbersText(withoutList))};
+    };
+    const auto whyNone = [&] {
+        return withoutList.size() == accounts.size()
+                   ? fmt::format(
+                         "none of the {} has a list of fees; --all asks for every instrument that an account "
+                         "trades",
+                         counted(accounts.size(), "account"))
+                   : fmt::format("the filters want no instrument of the {}", counted(accounts.size(), "account"));
+    };
+    return answerOfAccounts(program, session, accounts, {ask, notes, whyNone});
 }
 
 ExitStatus fees(Program& program, const FeesArguments& given) {
-    Session session(program.session);
-    const standalone::Account& account = session.account(given.account);
-    const FeesArguments arguments = withKnownMarkets(given, session.market());
-    const std::optional<Replies> listed = session.listedFees(account);
-    if (!listed) {
-        throw Failure(kNoAnswer, whyNoList(account));
+    if (given.choice.ofSeveral() && !given.choice.account.empty()) {
+        throw Failure(kBadInput, fmt::format("the account {} does not go with --accounts; name accounts in one of the "
+                                             "two ways",
+                                             echoed(given.choice.account)));
     }
-    const std::vector<Answer> answers = wanted(arguments, listed->answers);
-    tellUnanswered(*listed, account);
-    if (answers.empty()) {
-        throw Failure(kNoAnswer, whyNoneWanted(arguments, listed->answers));
+    Session& session = program.open();
+    FeesArguments arguments = given;
+    if (arguments.choice.ofSeveral()) {
+        arguments.markets = knownMarkets(arguments.markets, session.market());
+        return feesOfSeveral(program, session, arguments);
     }
-    const ExitStatus status = answerFees(program, session, account, answers);
-    return listed->unanswered.empty() ? status : kNoAnswer;
+    const Account& account = session.account(arguments.choice.account);
+    arguments.markets = knownMarkets(arguments.markets, session.market());
+    return feesOfOne(program, session, account, arguments);
 }
 
 }  // namespace
 
 void addFees(CLI::App& app, Program& program) {
-    CLI::App* command = app.add_subcommand("fees", "Every fee in an account's list");
+    CLI::App* command = app.add_subcommand("fees", "Every fee in the lists of accounts");
     FeesArguments& arguments = argumentsOf(*command, program, fees);
-    command->add_option("ACCOUNT", arguments.account, "Number of the account")->required()->type_name("");
-    command->add_option("--only-market", arguments.markets, "Only this market; may be given again")
-        ->type_name("M")
+    addAccountChoice(*command, arguments.choice);
+    addOnlyMarket(*command, arguments.markets);
+    command
+        ->add_option("--match", arguments.patterns, "Only codes or names like this; * is any text;\nmay be given again")
+        ->type_name("PATTERN")
         ->allow_extra_args(false);
-    command->add_option("--match", arguments.pattern, "Only codes or names like this; * is any text")
-        ->type_name("PATTERN");
+    command->add_flag("--all", arguments.all, "Every instrument that an account trades, and\nnot only its list");
     addFeeOptions(*command, program);
 }
 

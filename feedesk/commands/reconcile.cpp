@@ -164,7 +164,7 @@ ExitStatus reconcileStatement(Program& program, const ReconcileArguments& argume
     if (program.session.date) {
         throw Failure(kBadInput, "--date does not go with reconcile, as each line of a statement has its date");
     }
-    Session session(program.session);
+    Session& session = program.open();
     const standalone::Account& account = session.account(arguments.account);
     const Statement statement = statementFor(arguments, program.session.folder);
     const Reconciliation found = Reconciler(session, arguments.account).reconcile(statement);

@@ -15,9 +15,9 @@ namespace feedesk {
 /// Where a sink writes: what it is called with follows, as a whole, what it was called with before.
 using Write = std::function<void(const std::string&)>;
 
-/// A table for each section, an empty line between two, in `width` columns of the terminal: the section's title, the
-/// rows, and which fields are 0. Where room is short, sources become numbered notes below the table. It is as wide as
-/// its widest row: the rows are held until the end.
+/// A table for each section that has rows, or for each where none has, an empty line between two, in `width` columns of
+/// the terminal: the section's title, the rows, and which fields are 0. Where room is short, sources become numbered
+/// notes below the table. It is as wide as its widest row: the rows are held until the end.
 std::unique_ptr<RowSink> tableSink(Write write, std::size_t width);
 
 /// A header line with every field of the sections once, in the order in which they appear, then one line for each row;
@@ -35,10 +35,11 @@ std::unique_ptr<RowSink> jsonLinesSink(Write write);
 /// As many lines as a sheet of a spreadsheet has, its titles among them.
 constexpr std::size_t kLinesOfASheet = 1'048'576;
 
-/// An .xlsx workbook: a sheet for each section, and more where a sheet is full, with a column for each field that
-/// programs get; and a sheet with every source. Texts stay texts, fractions are shown as percent, amounts with all
-/// their places; an amount with more digits than a spreadsheet's number holds is a text. Rows are written to temporary
-/// files as they come, and the file when all of it is there. Throws Failure when it cannot be written.
+/// An .xlsx workbook: a sheet for each section that has rows, the first where none has, and more where a sheet is full,
+/// with a column for each field that programs get; and a sheet with every source. Texts stay texts, fractions are shown
+/// as percent, amounts with all their places; an amount with more digits than a spreadsheet's number holds is a text.
+/// Rows are written to temporary files as they come, and the file when all of it is there. Throws Failure when it
+/// cannot be written.
 std::unique_ptr<RowSink> xlsxSink(const std::string& file, std::size_t mostLinesOfASheet = kLinesOfASheet);
 
 }  // namespace feedesk

@@ -100,8 +100,13 @@ public:
     void row(const Row& row) override { rowsOf.at(row.section).push_back(row); }
 
     void end() override {
+        const bool anyRows = std::any_of(rowsOf.begin(), rowsOf.end(), [](const auto& rows) { return !rows.empty(); });
+        std::string gap;
         for (std::size_t i = 0; i < sections.size(); ++i) {
-            writeTable((i == 0 ? "" : "\n") + sectionTable(sections[i], rowsOf[i], width));
+            if (!anyRows || !rowsOf[i].empty()) {
+                writeTable(gap + sectionTable(sections[i], rowsOf[i], width));
+                gap = "\n";
+            }
         }
     }
 

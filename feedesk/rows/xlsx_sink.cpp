@@ -114,10 +114,12 @@ public:
         }
     }
 
+    [[nodiscard]] bool isOpen() const { return sheet != nullptr; }
+
     void open(Workbook& book) { sheet = &book.addSheet(name, titles); }
 
     void add(Workbook& book, const Row& row, SourceList& sources) {
-        if (sheet->lines() == most) {
+        if (!isOpen() || sheet->lines() == most) {
             open(book);
         }
         sheet->beginLine();
@@ -146,13 +148,18 @@ public:
 
     void begin(const Sections& newSections) override {
         for (const Section& section : newSections) {
-            sections.emplace_back(section, most).open(book);
+            sections.emplace_back(section, most);
         }
     }
 
     void row(const Row& row) override { sections.at(row.section).add(book, row, sources); }
 
     void end() override {
+        const bool anyRows = std::any_of(sections.begin(), sections.end(),
+                                         [](const SectionSheets& section) { return section.isOpen(); });
+        if (!anyRows && !sections.empty()) {
+            sections.front().open(book);
+        }
         sources.write(book);
         book.finish();
     }

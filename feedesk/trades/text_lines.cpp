@@ -24,7 +24,7 @@ constexpr std::size_t kLongestLine = 1'000'000;
     throw Failure(kBadInput, name + " " + why);
 }
 
-std::FILE* opened(const std::string& path) {
+std::FILE* openedForReading(const std::string& path) {
     if (path != "-") {
         return std::fopen(path.c_str(), "rb");
     }
@@ -37,7 +37,7 @@ std::FILE* opened(const std::string& path) {
 }  // namespace
 
 TextLines::TextLines(const std::string& path, bool again)
-    : title(path == "-" ? "standard input" : standalone::printable(path)), file(opened(path)) {
+    : title(path == "-" ? "standard input" : standalone::printable(path)), file(openedForReading(path)) {
     if (!file) {
         refuseFile(title, fmt::format("cannot be opened: {}", std::strerror(errno)));
     }

@@ -129,6 +129,7 @@ void addMember(Load& load, const std::string& file, const ReadRule& read, FirstL
         return;
     }
     members.push_back(utils::voStockKey(line.market, line.code));
+    load.market.customCategories.push_back({line.category, line.market, line.code, read.position});
 }
 
 void readCustomCategories(Load& load) {
@@ -163,6 +164,7 @@ void addPart(Load& load, const std::string& file, const ReadRule& read, FirstLin
     part.category = line.category;
     part.excluded = line.excluded;
     parts.push_back(part);
+    load.market.groupCategories.push_back({line.group, line.category, line.excluded != 0, read.position});
 }
 
 void readGroupCategories(Load& load) {

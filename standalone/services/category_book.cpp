@@ -11,12 +11,13 @@ namespace {
 
 bool isAnyOr(const std::string& wanted, const std::string& value) { return wanted.empty() || wanted == value; }
 
-bool takesIn(const CategoryRule& rule, const std::string& market, const std::string& code, const std::string& product) {
-    return isAnyOr(rule.market, market) && isAnyOr(rule.product, product) &&
-           (rule.code.empty() || cost::matchesPattern(code, rule.code));
-}
-
 }  // namespace
+
+bool CategoryRule::takesIn(const std::string& itsMarket, const std::string& itsCode,
+                           const std::string& itsProduct) const {
+    return isAnyOr(market, itsMarket) && isAnyOr(product, itsProduct) &&
+           (code.empty() || cost::matchesPattern(itsCode, code));
+}
 
 CategoryBook::CategoryBook(const Market& market) {
     for (const CategoryRule& rule : market.categories) {
@@ -30,7 +31,7 @@ bool CategoryBook::holds(int category, const std::string& market, const std::str
     const auto found = rules.find(category);
     return found != rules.end() &&
            std::any_of(found->second.begin(), found->second.end(),
-                       [&](const CategoryRule& rule) { return takesIn(rule, market, code, product); });
+                       [&](const CategoryRule& rule) { return rule.takesIn(market, code, product); });
 }
 
 int CategoryBook::numberOf(const std::string& name) const {
