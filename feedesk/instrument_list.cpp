@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char* kStandardInput = "standard input";
 constexpr const char* kListArgument = "-";
-constexpr std::string_view kBlanks = " \t\r\v\f";
+constexpr std::string_view kListBlanks = " \t\r\v\f";
 constexpr std::size_t kMostInstruments = 100'000;
 constexpr std::size_t kMostBytes = 16'000'000;
 
@@ -68,7 +68,7 @@ void checkEncoding(const std::string& text, const std::vector<AskedInstrument>& 
 
 void addWords(std::string_view line, std::size_t number, std::vector<AskedInstrument>& words) {
     while (!line.empty() && line.front() != '#') {
-        const std::size_t length = std::min(line.find_first_of(kBlanks), line.size());
+        const std::size_t length = std::min(line.find_first_of(kListBlanks), line.size());
         if (length > 0) {
             words.push_back({std::string(line.substr(0, length)), number});
         }

@@ -17,6 +17,9 @@ enum class MessageForm { kSentences, kObjects };
 /// For the whole process, which has one standard error; set before the first message. Sentences unless it is set.
 void setMessageForm(MessageForm form) noexcept;
 
+/// So many wrong lines of a file are named, and the others counted.
+constexpr std::size_t kMostWrongLines = 100;
+
 /// Where in an input a problem is.
 struct InputLine {
     std::string file;

@@ -7,6 +7,9 @@
 
 namespace feedesk {
 
+/// Amounts of money are shown with so many decimals at least.
+constexpr int kMoneyDecimals = 2;
+
 // Free of the locale; safe from any thread.
 
 /// `value` rounded to 15 significant digits, as short as that is, without an exponent: "0.0000341". So a decimal of up

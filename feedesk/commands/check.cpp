@@ -62,15 +62,15 @@ std::string checkProblem(const std::string& text) {
         near.empty() ? "`feedesk check --list` lists them" : fmt::format("did you mean {}?", fmt::join(near, " or ")));
 }
 
-bool isAmong(const std::vector<std::string>& names, const char* name) {
+bool isNamed(const std::vector<std::string>& names, const char* name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 Chosen chosenChecks(const CheckArguments& arguments) {
     Chosen chosen;
     for (const Check& check : checking::checks()) {
-        const bool isWanted = arguments.only.empty() || isAmong(arguments.only, check.name);
-        if (isWanted && !isAmong(arguments.off, check.name)) {
+        const bool isWanted = arguments.only.empty() || isNamed(arguments.only, check.name);
+        if (isWanted && !isNamed(arguments.off, check.name)) {
             chosen.push_back(&check);
         }
     }

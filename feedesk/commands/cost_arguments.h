@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cost/bill.h"
@@ -39,7 +40,7 @@ ExitStatus costOfFile(Program& program, const CostArguments& arguments);
 /// Puts bills into yuan by the exchange rate that is given; without one they stay as they are.
 class Exchange {
 public:
-    explicit Exchange(const std::optional<cost::Decimal>& exchangeRate) : rate(exchangeRate) {}
+    explicit Exchange(std::optional<cost::Decimal> exchangeRate) : rate(std::move(exchangeRate)) {}
 
     /// Throws cost::Refused for a bill in another foreign currency than one before it: the rate is of one.
     cost::Bill operator()(cost::Bill bill);

@@ -23,8 +23,6 @@
 namespace feedesk {
 namespace {
 
-constexpr std::size_t kMostWrongLines = 100;
-
 /// The trades of a file as often as they are wanted.
 class TradeFile {
 public:

@@ -1,4 +1,5 @@
 #include "feedesk/commands/cost_rows.h"
+#include "feedesk/numbers.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,7 +10,6 @@ namespace feedesk {
 namespace {
 
 /// Amounts are shown with the digits of a fen or a cent at least.
-constexpr int kMoneyDecimals = 2;
 /// The level of a rate that the charging term itself holds.
 constexpr const char* kTermLevel = "charging term";
 

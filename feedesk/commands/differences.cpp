@@ -67,6 +67,7 @@ std::vector<std::string> Differences::sums() const {
         sum.after += each.after;
     }
     std::vector<std::string> sentences;
+    sentences.reserve(all.size());
     for (const auto& [currency, sum] : all) {
         sentences.push_back(fmt::format("{}: {} {} by the old folder, {} by the new, a difference of {}",
                                         counted(sum.trades, "trade"), sum.before.text(2), currency, sum.after.text(2),

@@ -20,8 +20,6 @@ namespace {
 
 using Outcome = ReconciledOrder::Outcome;
 
-constexpr std::size_t kMostWrongLines = 100;
-
 struct ReconcileArguments {
     std::string account;
     std::string statement;
@@ -51,7 +49,7 @@ void refuseWrongLines(const std::vector<WrongLine>& wrong, const std::string& fi
     }
     if (!wrong.empty()) {
         const std::string told =
-            wrong.size() > kMostWrongLines ? fmt::format(", of which {} are told", kMostWrongLines) : "";
+            wrong.size() > kMostWrongLines ? fmt::format(", of which {} are named", kMostWrongLines) : "";
         throw Failure(kBadInput, counted(wrong.size(), "wrong line") + told + "; nothing was compared");
     }
 }

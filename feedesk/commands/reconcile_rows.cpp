@@ -14,7 +14,6 @@ namespace {
 
 using Outcome = ReconciledOrder::Outcome;
 
-constexpr int kMoneyDecimals = 2;
 constexpr std::size_t kMostSentences = 100;
 
 const StatementLine& firstLine(const OrderRow& row) { return row.statement.lines[row.reconciled.order.lines.front()]; }
@@ -31,7 +30,7 @@ std::string marketOf(const OrderRow& row) {
     return row.reconciled.tariff ? row.reconciled.tariff->place().market : firstLine(row).market;
 }
 
-std::string instrumentOf(const OrderRow& row) {
+std::string tradedInstrument(const OrderRow& row) {
     const std::string market = marketOf(row);
     return market.empty() ? firstLine(row).code : market + ':' + firstLine(row).code;
 }
@@ -150,7 +149,7 @@ FieldsOf<OrderRow> orderFields() {
         {{"date", "Date"}, [](const OrderRow& row) { return firstLine(row).trade.date.text(); }},
         {forPrograms("market"), [](const OrderRow& row) { return textOrNothing(marketOf(row)); }},
         {forPrograms("code"), [](const OrderRow& row) { return firstLine(row).code; }},
-        {forPeople("Instrument"), instrumentOf},
+        {forPeople("Instrument"), tradedInstrument},
         {forPrograms("name"), [](const OrderRow& row) { return textOrNothing(firstLine(row).name); }},
         {{"side", "Side"}, [](const OrderRow& row) { return std::string(cost::wordFor(firstLine(row).trade.side)); }},
         {{"quantity", "Quantity", Unit::kNumber}, [](const OrderRow& row) { return Money{quantityOf(row)}; }},

@@ -20,8 +20,6 @@
 namespace feedesk {
 namespace {
 
-constexpr std::size_t kMostWrongLines = 100;
-
 struct TradeFileLines {
     std::string name;
     std::vector<TradeLine> trades;  // by day

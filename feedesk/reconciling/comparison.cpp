@@ -18,9 +18,9 @@ bool holds(const std::vector<std::string>& names, const std::string& name) {
 }
 
 /// Which parts belong to which column.
-class Columns {
+class ComparedColumns {
 public:
-    Columns(const Layout& statementLayout, Spread way) : layout(statementLayout), spread(way) {}
+    ComparedColumns(const Layout& statementLayout, Spread way) : layout(statementLayout), spread(way) {}
 
     [[nodiscard]] Span expected(const ChargeColumn& column, const Amounts& amounts) const {
         Span sum;
@@ -96,7 +96,7 @@ cost::Decimal StatedAmounts::costs(const Layout& layout, const Amounts& traded) 
 Figures figuresOf(const StatedAmounts& stated, const Amounts& expected, const Layout& layout) {
     Figures best;
     for (const Spread spread : {Spread::kPaid, Spread::kApart, Spread::kAllIn}) {
-        const Columns columns(layout, spread);
+        const ComparedColumns columns(layout, spread);
         Figures figures;
         addSums(stated, expected, layout, figures);
         for (std::size_t i = 0; i < stated.charges.size(); ++i) {

@@ -18,12 +18,12 @@ std::string quotedCell(const std::string& text) {
     return target;
 }
 
-bool needsQuotes(const std::string& text) { return text.find_first_of(",\"\r\n") != std::string::npos; }
+bool needsCsvQuotes(const std::string& text) { return text.find_first_of(",\"\r\n") != std::string::npos; }
 
 std::string csvLine(const std::vector<std::string>& cells) {
     std::string text;
     for (const std::string& cell : cells) {
-        text += needsQuotes(cell) ? quotedCell(cell) : cell;
+        text += needsCsvQuotes(cell) ? quotedCell(cell) : cell;
         text += ',';
     }
     text.back() = '\n';

@@ -65,8 +65,8 @@ struct LineEditor::Handles {
     }
 };
 
-LineEditor::LineEditor(const std::string& usedPrompt, Complete usedComplete)
-    : prompt(usedPrompt), complete(std::move(usedComplete)), handles(std::make_unique<Handles>()) {
+LineEditor::LineEditor(std::string usedPrompt, Complete usedComplete)
+    : prompt(std::move(usedPrompt)), complete(std::move(usedComplete)), handles(std::make_unique<Handles>()) {
     // What is read and shown is UTF-8, whatever the environment says.
     std::setlocale(LC_CTYPE, "C.UTF-8");
     handles->line = el_init("feedesk", stdin, stdout, stderr);

@@ -23,7 +23,7 @@ public:
     /// Gives what completes the text in front of the cursor.
     using Complete = std::function<LineCompletion(const std::string&)>;
 
-    LineEditor(const std::string& usedPrompt, Complete usedComplete);
+    LineEditor(std::string usedPrompt, Complete usedComplete);
     LineEditor(const LineEditor&) = delete;
     LineEditor& operator=(const LineEditor&) = delete;
     ~LineEditor();

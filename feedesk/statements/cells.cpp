@@ -14,14 +14,14 @@ namespace feedesk {
 namespace {
 
 /// Besides the space and the tab: no-break space, ideographic space, zero-width space, byte order mark.
-constexpr std::array<std::string_view, 6> kBlanks = {
+constexpr std::array<std::string_view, 6> kCellBlanks = {
     " ", "\t", "\xC2\xA0", "\xE3\x80\x80", "\xE2\x80\x8B", standalone::kUtf8Mark};
 
 bool dropBlank(std::string_view& text, bool atEnd) {
-    const auto* const blank = std::find_if(kBlanks.begin(), kBlanks.end(), [&](std::string_view each) {
+    const auto* const blank = std::find_if(kCellBlanks.begin(), kCellBlanks.end(), [&](std::string_view each) {
         return text.size() >= each.size() && text.substr(atEnd ? text.size() - each.size() : 0, each.size()) == each;
     });
-    if (blank == kBlanks.end()) {
+    if (blank == kCellBlanks.end()) {
         return false;
     }
     atEnd ? text.remove_suffix(blank->size()) : text.remove_prefix(blank->size());

@@ -95,7 +95,7 @@ cost::Contract contractOf(const qmservice::CInstrumentFee& fee, const Instrument
 /// A fee center answers for instruments that none of the family's lists holds, and the charging terms are not for them.
 Instrument listedAt(const InstrumentNames& instruments, const cost::Place& place) {
     const standalone::RateFamily& rates = standalone::rateFamilyOf(place.family);
-    const Instrument listed = instruments.listed(rates.lists, place.market, place.code);
+    Instrument listed = instruments.listed(rates.lists, place.market, place.code);
     if (!listed) {
         throw Refused(
             fmt::format("{} is in no list of {} instruments, and {} is answered with their rates; ask with an "
