@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
+#include <system_error>
 
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
@@ -158,10 +160,42 @@ void giveRows(const Wanted& wanted, const Sections& sections, RowSink& sink) {
     }
 }
 
+bool isSameFile(const std::string& one, const std::string& other) {
+    std::error_code ignored;
+    return !one.empty() && !other.empty() &&
+           std::filesystem::weakly_canonical(one, ignored) == std::filesystem::weakly_canonical(other, ignored);
+}
+
+bool isInFolder(const std::string& folder, const std::string& file) {
+    std::error_code ignored;
+    const std::filesystem::path path = std::filesystem::weakly_canonical(file, ignored);
+    const std::filesystem::path root = std::filesystem::weakly_canonical(folder, ignored);
+    return !file.empty() && std::mismatch(root.begin(), root.end(), path.begin(), path.end()).first == root.end();
+}
+
+/// What is read is not written over.
+void refuseOverwriting(const ReconcileArguments& arguments, const Program& program) {
+    for (const std::string& target : {arguments.patch, program.file}) {
+        if (isSameFile(target, arguments.statement)) {
+            throw Failure(kBadInput, fmt::format("{} is the statement and would be written over; name another file",
+                                                 echoed(target)));
+        }
+        if (isInFolder(program.session.folder, target)) {
+            throw Failure(
+                kBadInput,
+                fmt::format("{} is in the market folder, which is not written to; name another file", echoed(target)));
+        }
+    }
+    if (isSameFile(arguments.patch, program.file)) {
+        throw Failure(kBadInput, "--patch and --xlsx name the same file; name two");
+    }
+}
+
 ExitStatus reconcileStatement(Program& program, const ReconcileArguments& arguments) {
     if (program.session.date) {
         throw Failure(kBadInput, "--date does not go with reconcile, as each line of a statement has its date");
     }
+    refuseOverwriting(arguments, program);
     Session& session = program.open();
     const standalone::Account& account = session.account(arguments.account);
     const Statement statement = statementFor(arguments, program.session.folder);

@@ -70,8 +70,11 @@ private:
                        [&](const RateInput& line) { return line.days.contains(day); });
         Kept before = left;
         std::vector<std::size_t> winners;
-        for (Answer now = answer;; now = trials.with(left)) {
-            takeTurn(now, before, winners);
+        Answer last;
+        std::size_t turn = 1;
+        for (Answer now = answer;; now = trials.with(left), ++turn) {
+            takeTurn(now, last, turn, before, winners);
+            last = now;
             winners = linesNamedBy(now);
             if (winners.empty()) {
                 return;
@@ -86,15 +89,19 @@ private:
 
     /// Takes what the answer has and the one before did not have. `winners` are the lines that were taken away from
     /// `before` in between.
-    void takeTurn(const Answer& answer, const Kept& before, const std::vector<std::size_t>& winners) {
+    void takeTurn(const Answer& answer, const Answer& previous, std::size_t turn, const Kept& before,
+                  const std::vector<std::size_t>& winners) {
         for (const FeeLine& line : answer.lines) {
+            // An option's item may be there only where another line is not: it answers in none of the turns before.
+            const bool wasThere = std::any_of(previous.lines.begin(), previous.lines.end(),
+                                              [&](const FeeLine& each) { return sameRate(each, line); });
             const auto last = std::find_if(considered.rbegin(), considered.rend(),
                                            [&](const Considered& each) { return sameRate(each.line, line); });
             const bool isFirst = last == considered.rend();
             if (!isFirst && sameOrigin(last->line.origin, line.origin)) {
                 continue;
             }
-            Considered next{line, isFirst ? 1 : last->turn + 1, Verdict::kAnswers, {}, {}, 0};
+            Considered next{line, isFirst || !wasThere ? turn : last->turn + 1, Verdict::kAnswers, {}, {}, 0};
             if (winners.empty()) {
                 describe(next);
             } else {

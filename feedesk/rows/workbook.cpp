@@ -21,6 +21,7 @@ namespace {
 constexpr std::size_t kNarrowest = 8;  // columns, in characters
 constexpr std::size_t kWidest = 60;
 constexpr std::size_t kLongestName = 31;  // of a sheet, in characters that are not Chinese; a spreadsheet takes no more
+constexpr std::size_t kLongestText = 32'767;  // of a cell, in characters
 constexpr const char* kForbiddenInNames = "[]:*?/\\'";
 
 [[noreturn]] void fail(const std::string& file, const std::string& why) {
@@ -40,7 +41,7 @@ std::string allowedName(const std::string& wanted) {
 }  // namespace
 
 void Sheet::add(std::size_t column, const std::string& text, const CellLook& look) {
-    const std::string shown = standalone::printable(text);
+    const std::string shown = shortened(standalone::printable(text), kLongestText);
     const auto row = static_cast<lxw_row_t>(next - 1);
     book->require(worksheet_write_string(sheet, row, columnNumber(column), shown.c_str(), book->formatOf(look)));
     note(column, displayWidth(shown));

@@ -34,7 +34,7 @@ public:
     /// The cells that follow are on the next line.
     void beginLine() { ++next; }
     /// A text stays a text: "000001" keeps its zeros, "=1" is no formula. What is not UTF-8 or does not print is
-    /// escaped.
+    /// escaped, and a text that is too long for a cell ends in an ellipsis.
     void add(std::size_t column, const std::string& text, const CellLook& look = {});
     void add(std::size_t column, double number, const CellLook& look);
 

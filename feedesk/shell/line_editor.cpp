@@ -81,8 +81,9 @@ LineEditor::LineEditor(std::string usedPrompt, Complete usedComplete)
     el_set(line, EL_PROMPT, Handles::promptOf);
     el_set(line, EL_EDITOR, "emacs");
     el_set(line, EL_HIST, history, handles->history);
-    el_set(line, EL_ADDFN, "feedesk-complete", "Completes the word", Handles::completeWord);
-    el_set(line, EL_ADDFN, "feedesk-clear", "Clears the line", Handles::clear);
+    // Of narrow texts the library keeps copies that it never frees.
+    el_wset(line, EL_ADDFN, L"feedesk-complete", L"Completes the word", Handles::completeWord);
+    el_wset(line, EL_ADDFN, L"feedesk-clear", L"Clears the line", Handles::clear);
     el_set(line, EL_BIND, "^I", "feedesk-complete", nullptr);
     el_set(line, EL_BIND, "^R", "em-inc-search-prev", nullptr);
     // While a line is written Ctrl-C is a key like any other, and no signal.

@@ -151,7 +151,7 @@ TEST_F(Explain, MarginInWhosePlaceAnotherFlagWasWrittenNamesThatOne) {
     EXPECT_THAT(found, testing::IsSupersetOf(
                            {StartsWith("margin,1,1,own record,fees/margin.csv:3,answers,"),
                             StartsWith("margin,2,1,custom fee,custom/margin.csv:2,answers,"),
-                            StartsWith("margin,3,1,own record,fees/margin.csv:4,outranked,custom/margin.csv:2")}));
+                            StartsWith("margin,3,2,own record,fees/margin.csv:4,outranked,custom/margin.csv:2")}));
 }
 
 TEST_F(Explain, IsATable) {

@@ -290,6 +290,21 @@ TEST_F(Reconcile, RefusesWrongQuestionsInOneSentence) {
     }
 }
 
+TEST_F(Reconcile, WritesOverNothingThatItReads) {
+    folder.writeStatement("日期,代码,买卖,数量,价格,佣金\n20240102,600519,买,100,1000,31\n");
+    const std::string file = folder.statementFile();
+    const std::string table = folder.path() + "/fees/stock.csv";
+    for (const auto& [options, told] : std::vector<std::pair<std::string, std::string>>{
+             {"--patch " + file, file + " is the statement and would be written over; name another file"},
+             {"--xlsx " + file, file + " is the statement and would be written over; name another file"},
+             {"--patch " + table, table + " is in the market folder, which is not written to; name another file"},
+             {"--patch /tmp/none --xlsx /tmp/../tmp/none", "--patch and --xlsx name the same file; name two"}}) {
+        const Outcome outcome = ask(folder.path(), "reconcile S100 " + file + " " + options);
+        EXPECT_EQ(outcome.status, 2) << options;
+        EXPECT_EQ(outcome.err, "feedesk: " + told + "\n") << options;
+    }
+}
+
 struct BrokenFile {
     const char* name;
     std::string content;

@@ -68,13 +68,14 @@ struct CellCase {
     const char* what;
     Unit unit;
     Value value;
-    const char* cell;  // type, value and format
+    std::string cell;  // type, value and format
 };
 
 const CellCase kCellCases[] = {
     {"Label", Unit::kText, Label{"own record", {"own record,", "ZERO MARGIN"}}, "s|own record, ZERO MARGIN|General"},
     {"Names", Unit::kText, Names{"not_set", "zero_margin"}, "s|not_set zero_margin|General"},
     {"TextThatIsNotUtf8", Unit::kText, std::string("a\x9B"), R"(s|a\x9b|General)"},
+    {"TextTooLongForACell", Unit::kText, std::string(32'768, 'x'), "s|" + std::string(32'766, 'x') + "…|General"},
     {"Yuan", Unit::kYuan, 1.3, R"(n|1.3|General" yuan")"},
     {"Number", Unit::kNumber, 9001.0, "n|9001|General"},
     {"NotANumber", Unit::kNumber, std::numeric_limits<double>::quiet_NaN(), "s|nan|General"},
