@@ -7,7 +7,7 @@
 
 namespace feedesk {
 
-/// Amounts of money are shown with so many decimals at least.
+/// Amounts of money are shown with so many decimals at least: to the fen or the cent.
 constexpr int kMoneyDecimals = 2;
 
 // Free of the locale; safe from any thread.

@@ -9,7 +9,6 @@
 namespace feedesk {
 namespace {
 
-/// Amounts are shown with the digits of a fen or a cent at least.
 /// The level of a rate that the charging term itself holds.
 constexpr const char* kTermLevel = "charging term";
 

@@ -49,16 +49,11 @@ std::string endOf(const std::string& line) { return !line.empty() && line.back()
 
 std::string withoutEnd(const std::string& line) { return line.substr(0, line.size() - endOf(line).size()); }
 
-std::string withoutMark(const std::string& line) {
-    const bool isMarked = line.compare(0, standalone::kUtf8Mark.size(), standalone::kUtf8Mark) == 0;
-    return isMarked ? line.substr(standalone::kUtf8Mark.size()) : line;
-}
-
 }  // namespace
 
 TableEdit::TableEdit(const std::string& text) : table(text) {
     if (!table.lines.empty()) {
-        header = cellsIn(withoutMark(table.lines.front()));
+        header = cellsIn(table.lines.front().substr(standalone::utf8MarkLength(table.lines.front())));
     }
 }
 
