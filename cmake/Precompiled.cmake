@@ -42,8 +42,20 @@ if(FEECENTER_TESTS)
   set(precompiled_libraries Boost::headers Boost::thread fmt::fmt)
   precompile(precompiled_for_libraries PIC LINK ${precompiled_libraries} HEADERS ${precompiled_headers})
   # Where the program is tested it is not optimised: that would take longer than it saves.
-  precompile(precompiled_for_program LINK ${precompiled_libraries} HEADERS ${precompiled_headers} OPTIONS -O0)
-  foreach(name precompiled_for_libraries precompiled_for_program)
+  precompile(precompiled_for_program
+    LINK ${precompiled_libraries} CLI11::CLI11
+    HEADERS ${precompiled_headers} <boost/multiprecision/cpp_int.hpp> <CLI/CLI.hpp>
+    OPTIONS -O0)
+  set(precompiled precompiled_for_libraries precompiled_for_program)
+  if(FEECENTER_CHECK_HEADERS)
+    # Without what would make code in each unit that has it.
+    precompile(precompiled_for_program_headers
+      LINK ${precompiled_libraries}
+      HEADERS ${precompiled_headers} <boost/multiprecision/cpp_int.hpp>
+      OPTIONS -O0 -g0 -fno-sanitize=all)
+    list(APPEND precompiled precompiled_for_program_headers)
+  endif()
+  foreach(name IN LISTS precompiled)
     target_compile_definitions(${name} PRIVATE $<TARGET_PROPERTY:feecenter_standalone,INTERFACE_COMPILE_DEFINITIONS>)
   endforeach()
 endif()
