@@ -29,10 +29,10 @@ struct FoundRate {
     std::string source;
 };
 
-using Rates = std::map<RateName, FoundRate>;
+using FoundRates = std::map<RateName, FoundRate>;
 
 void addRates(const Answer& answer, const std::string& day, const std::string& account, const std::string& instrument,
-              const standalone::Market& market, Rates& rates) {
+              const standalone::Market& market, FoundRates& rates) {
     for (const FeeLine& line : answer.lines) {
         const std::string source = line.origin.position ? market.where(*line.origin.position) : "";
         const auto add = [&](const std::string& column, const std::string& text) {
@@ -48,8 +48,8 @@ void addRates(const Answer& answer, const std::string& day, const std::string& a
 }
 
 /// Every rate that the accounts of the folder pay for what their kind trades.
-Rates ratesOf(const SampleFolder& folder) {
-    Rates rates;
+FoundRates ratesOf(const SampleFolder& folder) {
+    FoundRates rates;
     Session session(SessionOptions{folder.path()});
     for (const std::string& day : kDays) {
         for (const standalone::Account& account : session.market().accounts) {
@@ -63,7 +63,7 @@ Rates ratesOf(const SampleFolder& folder) {
     return rates;
 }
 
-FoundRate rateOf(const Rates& rates, const RateName& name) {
+FoundRate rateOf(const FoundRates& rates, const RateName& name) {
     const auto found = rates.find(name);
     return found == rates.end() ? FoundRate{std::get<5>(name).empty() ? "not set" : "-", ""} : found->second;
 }
@@ -78,9 +78,9 @@ struct FoundChange {
 using Changes = std::map<RateName, FoundChange>;
 
 /// What differs, found rate by rate. A level is told where no rate of its line differs.
-Changes expectedChanges(const Rates& before, const Rates& after) {
+Changes expectedChanges(const FoundRates& before, const FoundRates& after) {
     std::set<RateName> names;
-    for (const Rates* rates : {&before, &after}) {
+    for (const FoundRates* rates : {&before, &after}) {
         for (const auto& [name, rate] : *rates) {
             names.insert(name);
         }
@@ -210,7 +210,7 @@ TEST_P(ComparedFolders, OfAnotherTextHaveTheChangesOfTheirAnswers) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Random, ComparedFolders, testing::Range(1U, 3U));
+INSTANTIATE_TEST_SUITE_P(Random, ComparedFolders, testing::Range(1U, 1U + RANDOM_FOLDERS));
 
 }  // namespace
 }  // namespace feedesk::test

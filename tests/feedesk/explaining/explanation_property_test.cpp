@@ -143,7 +143,7 @@ TEST_P(ExplainedFolder, AnswersWithWhatIsNamedNextWhenTheNamedLineIsTakenAway) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Random, ExplainedFolder, testing::Range(1U, 3U));
+INSTANTIATE_TEST_SUITE_P(Random, ExplainedFolder, testing::Range(1U, 1U + RANDOM_FOLDERS));
 
 }  // namespace
 }  // namespace feedesk::test

@@ -26,7 +26,7 @@ using naive::Mode;
 using naive::Rates;
 using Random = std::mt19937;
 
-constexpr int kEach = 20;
+constexpr int kEach = FAULTS_OF_A_KIND;
 
 long among(Random& random, long low, long high) {
     return low + static_cast<long>(random() % static_cast<unsigned long>(high - low + 1));
