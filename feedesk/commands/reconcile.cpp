@@ -16,6 +16,7 @@
 #include "feedesk/numbers.h"
 #include "feedesk/statements/encoding.h"
 #include "feedesk/text.h"
+#include "standalone/market_files.h"
 
 namespace feedesk {
 namespace {
@@ -37,9 +38,9 @@ std::vector<Layout> layoutsFor(const ReconcileArguments& arguments, const std::s
     }
     std::vector<Layout> layouts = layoutsOf(folder);
     if (layouts.empty()) {
-        throw Failure(
-            kBadInput,
-            fmt::format("{}/layouts holds no layout of statements; name one with --layout FILE.toml", echoed(folder)));
+        throw Failure(kBadInput,
+                      fmt::format("{}/{} holds no layout of statements; name one with --layout FILE{}", echoed(folder),
+                                  standalone::files::kLayouts, standalone::files::kLayoutEnding));
     }
     return layouts;
 }
