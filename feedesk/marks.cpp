@@ -18,9 +18,10 @@ struct MarkWords {
 };
 
 constexpr std::array<MarkWords, 3> kMarkWords = {
-    {{Mark::kBuiltInDefault, "built_in_default", "BUILT-IN DEFAULT", "answered with the built-in default"},
+    {{Mark::kBuiltInDefault, wordsOf(Level::kBuiltInDefault).field, "BUILT-IN DEFAULT",
+      "answered with the built-in default"},
      {Mark::kZeroMargin, "zero_margin", "ZERO MARGIN", "with a margin of 0"},
-     {Mark::kNotSet, "not_set", "NOT SET", "with a rate that is not set"}}};
+     {Mark::kNotSet, wordsOf(Level::kNotSet).field, "NOT SET", "with a rate that is not set"}}};
 
 const MarkWords& wordsOf(Mark mark) {
     return *std::find_if(kMarkWords.begin(), kMarkWords.end(),
@@ -65,7 +66,7 @@ std::vector<std::string> levelPieces(const FeeLine& line) {
     const std::vector<Mark> marks = marksOf(line);
     std::vector<std::string> pieces;
     if (marks.empty() || marks.front() == Mark::kZeroMargin) {
-        pieces.push_back(levelName(line.origin.level));
+        pieces.emplace_back(levelName(line.origin.level));
     }
     for (const Mark mark : marks) {
         pieces.emplace_back(wordsOf(mark).shown);

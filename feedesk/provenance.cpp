@@ -130,24 +130,6 @@ private:
 
 }  // namespace
 
-std::string levelName(Level level) {
-    switch (level) {
-        case Level::kOwnRecord:
-            return "own record";
-        case Level::kCustomFee:
-            return "custom fee";
-        case Level::kConfiguredLimit:
-            return "configured limit";
-        case Level::kExchangeFee:
-            return "exchange fee";
-        case Level::kBuiltInDefault:
-            return "built-in default";
-        case Level::kNotSet:
-            break;
-    }
-    return "not set";
-}
-
 double Dyes::next(const Origin& origin) {
     origins.push_back(origin);
     return kFirstDye + static_cast<double>(origins.size() - 1);

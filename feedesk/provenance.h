@@ -1,7 +1,6 @@
 #ifndef FEEDESK_PROVENANCE_H
 #define FEEDESK_PROVENANCE_H
 
-#include <array>
 #include <boost/shared_ptr.hpp>
 #include <optional>
 #include <set>
@@ -9,27 +8,11 @@
 #include <vector>
 
 #include "CFeeCenter.h"
+#include "feedesk/level.h"
 #include "standalone/host.h"
 #include "standalone/market.h"
 
 namespace feedesk {
-
-/// Which kind of input a rate came from; the most certain first.
-enum class Level {
-    kOwnRecord,        ///< a fee record of the account
-    kCustomFee,        ///< a custom fee of the account
-    kConfiguredLimit,  ///< the client's own configuration
-    kExchangeFee,      ///< the fee that the instrument carries, which a simulation platform charges
-    kBuiltInDefault,   ///< no input at all
-    kNotSet            ///< there is no rate
-};
-
-/// In that order.
-constexpr std::array<Level, 6> kLevels = {Level::kOwnRecord,   Level::kCustomFee,      Level::kConfiguredLimit,
-                                          Level::kExchangeFee, Level::kBuiltInDefault, Level::kNotSet};
-
-/// "own record", "custom fee" and so on.
-std::string levelName(Level level);
 
 struct Origin {
     Level level = Level::kBuiltInDefault;
