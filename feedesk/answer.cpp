@@ -5,17 +5,14 @@
 #include "cost/rates.h"
 #include "feedesk/trades/trade_words.h"
 #include "host/record_fields.h"
-#include "standalone/families.h"
 
 namespace feedesk {
 namespace {
 
 using namespace qmservice;  // NOLINT(google-build-using-namespace): the record classes
+using cost::Family;
 using standalone::NamedRate;
 using Values = std::vector<double>;
-
-constexpr const char* kOptionPart = "option";
-constexpr const char* kCommissionPart = "commission";
 
 // The rates of a record, in the order of their fields.
 
@@ -113,8 +110,9 @@ public:
         : tracer(usedTracer), market(loadedMarket) {}
 
     template <class Limit>
-    void addLimit(const std::string& part, const boost::shared_ptr<Limit>& limit, const boost::shared_ptr<Limit>& dyed,
+    void addLimit(Family family, const boost::shared_ptr<Limit>& limit, const boost::shared_ptr<Limit>& dyed,
                   int tradeUnit) {
+        const std::string part = standalone::rateFamilyOf(family).name;
         FeeLine& line = add(part, tracer.origin(dyed));
         line.rates = limitRates(market, part, *limit, tradeUnit);
         line.read = {limit, sizeof(Limit)};
@@ -198,18 +196,17 @@ Answer makeAnswer(const CInstrumentFee& fee, const CInstrumentFee& dyed, const T
                   const standalone::Market& market) {
     AnswerMaker maker(tracer, market);
     if (fee.stkRateLimit) {
-        const std::string part(cost::wordFor(cost::stockFamilyOf(fee)));
-        maker.addLimit(part, fee.stkRateLimit, dyed.stkRateLimit, fee.stkRateLimit->unitVolume);
+        maker.addLimit(cost::stockFamilyOf(fee), fee.stkRateLimit, dyed.stkRateLimit, fee.stkRateLimit->unitVolume);
     }
     if (fee.stkOptionFeeRate && dyed.stkOptionFeeRate) {
         maker.addOption(*fee.stkOptionFeeRate, *dyed.stkOptionFeeRate);
     }
     maker.addFutures(fee, dyed);
     if (fee.hgtRateLimit) {
-        maker.addLimit("hgt", fee.hgtRateLimit, dyed.hgtRateLimit, fee.hgtRateLimit->tradeMinUnit);
+        maker.addLimit(Family::kHgt, fee.hgtRateLimit, dyed.hgtRateLimit, fee.hgtRateLimit->tradeMinUnit);
     }
     if (fee.sgtRateLimit) {
-        maker.addLimit("sgt", fee.sgtRateLimit, dyed.sgtRateLimit, fee.sgtRateLimit->tradeMinUnit);
+        maker.addLimit(Family::kSgt, fee.sgtRateLimit, dyed.sgtRateLimit, fee.sgtRateLimit->tradeMinUnit);
     }
     return {fee.account, fee.instrument, std::move(maker.lines)};
 }

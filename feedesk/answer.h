@@ -9,6 +9,7 @@
 #include "feedesk/provenance.h"
 #include "feedesk/rows/rows.h"
 #include "host/records.h"
+#include "standalone/families.h"
 #include "standalone/market.h"
 
 namespace feedesk {
@@ -28,8 +29,10 @@ struct TitledRates {
 /// Whether nothing is charged under this title.
 bool isZero(const TitledRates& titled);
 
-/// FeeLine::part of a margin.
-constexpr const char* kMarginPart = "margin";
+// FeeLine::part of those parts that are not like the rates of stocks.
+inline constexpr const char* kOptionPart = cost::wordFor(cost::Family::kOption).data();
+constexpr const char* kCommissionPart = standalone::kCommissionFamily;
+constexpr const char* kMarginPart = standalone::kMarginFamily;
 
 /// The record that rates were read from. Answers share pooled records: who keeps it can tell it from any other.
 struct RecordRead {
@@ -40,7 +43,7 @@ struct RecordRead {
 /// The rates that one record of an answer holds. The same shape for every family, so that whoever shows answers knows
 /// no family.
 struct FeeLine {
-    std::string part;   ///< "stock", "option", "commission", "margin", "hgt", "sgt"
+    std::string part;   ///< a standalone::RateFamily
     std::string item;   ///< key of the option's fee item, hedge flag of the margin; else empty
     std::string label;  ///< what a person calls the item
     Origin origin;

@@ -13,7 +13,7 @@
 #include "feedesk/numbers.h"
 #include "feedesk/terminal.h"
 #include "feedesk/text.h"
-#include "standalone/charged_families.h"
+#include "standalone/families.h"
 #include "standalone/host.h"
 #include "standalone/text/nearness.h"
 
@@ -105,7 +105,7 @@ const Account& Session::account(const std::string& accountId) const {
 
 void Session::requireCovered(const Account& account) const {
     const standalone::AccountKindInfo* kind = standalone::findAccountKind(account.record->accountType);
-    if (const auto family = kind == nullptr ? std::nullopt : standalone::chargedAs(*kind)) {
+    if (const auto family = kind == nullptr ? std::nullopt : kind->charged) {
         throwUncovered(days.coverage().refusal(askedDay, *family));
     }
 }

@@ -12,8 +12,6 @@ namespace {
 
 using Keys = std::set<std::string>;
 
-constexpr const char* kOptionPart = "option";
-
 /// The items that the charging terms of options ask for on the day.
 Keys chargedItems(const FolderFacts& facts) {
     Keys keys;

@@ -65,10 +65,10 @@ std::string_view digitsOfTradingCode(std::string_view name) {
 
 /// The month of delivery or expiry, where code or name tells it.
 std::optional<Month> monthOf(const standalone::ListedInstrument& listed, int today) {
-    if (standalone::rateFamily("commission").lists.hold(listed)) {
+    if (standalone::rateFamilyOf(cost::Family::kFutures).lists.hold(listed)) {
         return monthIn(digitsBehindLetters(listed.record->code), today);
     }
-    if (standalone::rateFamily("option").lists.hold(listed)) {
+    if (standalone::rateFamilyOf(cost::Family::kOption).lists.hold(listed)) {
         return monthIn(digitsOfTradingCode(listed.record->name), today);
     }
     return std::nullopt;

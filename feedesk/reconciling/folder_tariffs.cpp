@@ -10,7 +10,7 @@
 #include "cost/refused.h"
 #include "feedesk/instrument_text.h"
 #include "feedesk/trades/tariffs.h"
-#include "standalone/charged_families.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 namespace {

@@ -10,7 +10,7 @@
 #include "feedesk/instrument_text.h"
 #include "feedesk/text.h"
 #include "standalone/channels.h"
-#include "standalone/charged_families.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 namespace {

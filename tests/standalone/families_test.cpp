@@ -31,11 +31,11 @@ TEST(Families, KindWithoutANameIsNotFound) {
 TEST(Families, FeeTablesTakeTheKindsThatTradeTheFamily) {
     for (const AccountKindInfo& kind : accountKinds()) {
         for (const RateFamily& each : rateFamilies()) {
-            if (each.feeAccounts.empty() || *kind.family == '\0') {
+            if (each.feeAccounts.empty() || !kind.charged) {
                 continue;
             }
             const bool isTaken = std::set<int>(each.feeAccounts.begin(), each.feeAccounts.end()).count(kind.kind) != 0;
-            EXPECT_EQ(isTaken, std::string(rateFamily(kind.family).instruments) == each.instruments)
+            EXPECT_EQ(isTaken, std::string(rateFamilyOf(*kind.charged).instruments) == each.instruments)
                 << kind.name << " " << each.name;
         }
     }
@@ -44,7 +44,7 @@ TEST(Families, FeeTablesTakeTheKindsThatTradeTheFamily) {
 TEST(Families, SomeKindsTradeEverything) {
     std::set<int> everything;
     for (const AccountKindInfo& kind : accountKinds()) {
-        if (*kind.family == '\0') {
+        if (!kind.charged) {
             everything.insert(kind.kind);
         }
     }
