@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "feedesk/completions.h"
+#include "feedesk/completing/completions.h"
 #include "feedesk/failure.h"
 #include "feedesk/program.h"
 

@@ -8,7 +8,7 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/rows/rows.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 
 namespace feedesk {
 

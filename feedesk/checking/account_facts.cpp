@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-#include "feedesk/traded_instruments.h"
+#include "feedesk/instruments/traded_instruments.h"
 #include "standalone/families.h"
 
 namespace feedesk::checking {

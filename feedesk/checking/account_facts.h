@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "feedesk/answer.h"
+#include "feedesk/answers/answer.h"
 #include "feedesk/checking/folder_facts.h"
 #include "feedesk/checking/probe.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 
 namespace feedesk::checking {
 

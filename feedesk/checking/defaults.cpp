@@ -6,7 +6,7 @@
 
 #include "feedesk/checking/duty_cuts.h"
 #include "feedesk/checking/topics.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/families.h"
 
 namespace feedesk::checking {

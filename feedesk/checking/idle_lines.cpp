@@ -6,8 +6,8 @@
 
 #include "feedesk/checking/margin_answers.h"
 #include "feedesk/checking/topics.h"
-#include "feedesk/instrument_text.h"
-#include "feedesk/numbers.h"
+#include "feedesk/instruments/instrument_text.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/services/category_book.h"
 
 // Lines that change no answer: what they say is not what anybody is charged.

@@ -5,7 +5,7 @@
 #include <map>
 
 #include "feedesk/checking/topics.h"
-#include "feedesk/folding.h"
+#include "feedesk/text/folding.h"
 #include "standalone/loader/spreadsheet_code.h"
 #include "standalone/text/nearness.h"
 #include "standalone/text/numbers.h"

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "feedesk/checking/topics.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk::checking {
 namespace {

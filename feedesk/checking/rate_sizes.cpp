@@ -8,7 +8,7 @@
 
 #include "feedesk/checking/line_faults.h"
 #include "feedesk/checking/topics.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/text/numbers.h"
 
 namespace feedesk::checking {

@@ -7,7 +7,7 @@
 #include <tuple>
 
 #include "feedesk/checking/topics.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/families.h"
 #include "standalone/text/numbers.h"
 

@@ -1,11 +1,11 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "feedesk/account_levels.h"
-#include "feedesk/accounts_like.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/program.h"
+#include "feedesk/session/account_levels.h"
+#include "feedesk/session/accounts_like.h"
 #include "standalone/families.h"
 
 namespace feedesk {

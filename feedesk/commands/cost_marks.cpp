@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "feedesk/numbers.h"
-#include "feedesk/provenance.h"
+#include "feedesk/answers/provenance.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {

@@ -6,15 +6,15 @@
 
 #include "cost/day.h"
 #include "cost/refused.h"
+#include "feedesk/answers/marks.h"
+#include "feedesk/answers/unlisted.h"
 #include "feedesk/commands/cost_arguments.h"
 #include "feedesk/commands/cost_backwards.h"
 #include "feedesk/commands/cost_rows.h"
 #include "feedesk/commands/fee_answer.h"
-#include "feedesk/marks.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 #include "feedesk/trades/tariffs.h"
 #include "feedesk/trades/trade_words.h"
-#include "feedesk/unlisted.h"
 #include "standalone/channels.h"
 
 namespace feedesk {

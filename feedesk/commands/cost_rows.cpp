@@ -1,5 +1,5 @@
 #include "feedesk/commands/cost_rows.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 #include <algorithm>
 #include <utility>

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "feedesk/answers/unlisted.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/fee_rows.h"
@@ -11,8 +12,7 @@
 #include "feedesk/explaining/explanation.h"
 #include "feedesk/explaining/verdict_text.h"
 #include "feedesk/program.h"
-#include "feedesk/text.h"
-#include "feedesk/unlisted.h"
+#include "feedesk/text/text.h"
 #include "standalone/channels.h"
 #include "standalone/families.h"
 

@@ -4,10 +4,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include "feedesk/answers/marks.h"
 #include "feedesk/commands/fee_rows.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/marks.h"
-#include "feedesk/messages.h"
+#include "feedesk/terminal/messages.h"
 #include "standalone/families.h"
 
 namespace feedesk {

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "feedesk/instrument_text.h"
-#include "feedesk/marks.h"
+#include "feedesk/answers/marks.h"
+#include "feedesk/instruments/instrument_text.h"
 #include "standalone/families.h"
 
 namespace feedesk {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "feedesk/answer.h"
+#include "feedesk/answers/answer.h"
 #include "feedesk/rows/rows.h"
 #include "standalone/market.h"
 

@@ -7,9 +7,9 @@
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/only_markets.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/messages.h"
 #include "feedesk/program.h"
-#include "feedesk/text.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/text/text.h"
 #include "standalone/families.h"
 
 namespace feedesk {

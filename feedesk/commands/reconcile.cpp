@@ -12,10 +12,10 @@
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/commands/reconcile_rows.h"
-#include "feedesk/messages.h"
-#include "feedesk/numbers.h"
 #include "feedesk/statements/encoding.h"
-#include "feedesk/text.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
 #include "standalone/market_files.h"
 
 namespace feedesk {

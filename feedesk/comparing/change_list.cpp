@@ -6,7 +6,7 @@
 #include <tuple>
 #include <utility>
 
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "feedesk/instrument_text.h"
+#include "feedesk/instruments/instrument_text.h"
 
 namespace feedesk {
 namespace {

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "feedesk/comparing/change_list.h"
-#include "feedesk/instrument_text.h"
+#include "feedesk/instruments/instrument_text.h"
 
 namespace feedesk {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "cost/decimal.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 
 namespace feedesk {
 

@@ -7,8 +7,8 @@
 #include <unordered_map>
 
 #include "cost/refused.h"
-#include "feedesk/text.h"
-#include "feedesk/traded_instruments.h"
+#include "feedesk/instruments/traded_instruments.h"
+#include "feedesk/text/text.h"
 #include "feedesk/trades/tariffs.h"
 
 namespace feedesk {

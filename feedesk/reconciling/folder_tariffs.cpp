@@ -8,7 +8,7 @@
 
 #include "cost/pattern.h"
 #include "cost/refused.h"
-#include "feedesk/instrument_text.h"
+#include "feedesk/instruments/instrument_text.h"
 #include "feedesk/trades/tariffs.h"
 #include "standalone/families.h"
 

@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "feedesk/failure.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 #include "standalone/market_files.h"
 #include "standalone/text/wording.h"
 

@@ -7,8 +7,8 @@
 
 #include "cost/refused.h"
 #include "feedesk/failure.h"
-#include "feedesk/instrument_text.h"
-#include "feedesk/text.h"
+#include "feedesk/instruments/instrument_text.h"
+#include "feedesk/text/text.h"
 #include "standalone/channels.h"
 #include "standalone/families.h"
 

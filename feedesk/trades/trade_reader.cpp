@@ -6,8 +6,8 @@
 #include <string>
 
 #include "feedesk/failure.h"
-#include "feedesk/numbers.h"
-#include "feedesk/text.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
 #include "feedesk/trades/json_trade.h"
 #include "standalone/loader/csv_rows.h"
 #include "standalone/text/encoding.h"

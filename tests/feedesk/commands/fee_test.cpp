@@ -3,7 +3,7 @@
 #include <rapidjson/document.h>
 #include <rapidjson/pointer.h>
 
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 #include "tests/feedesk/support/program.h"
 #include "tests/feedesk/support/sample_folder.h"
 

@@ -6,10 +6,10 @@
 #include <tuple>
 
 #include "feedesk/comparing/comparison.h"
-#include "feedesk/numbers.h"
-#include "feedesk/running_engine.h"
-#include "feedesk/session.h"
-#include "feedesk/traded_instruments.h"
+#include "feedesk/instruments/traded_instruments.h"
+#include "feedesk/session/running_engine.h"
+#include "feedesk/session/session.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/loader.h"
 #include "tests/feedesk/support/random_folder.h"
 

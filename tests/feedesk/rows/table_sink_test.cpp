@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "feedesk/rows/sinks.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {
