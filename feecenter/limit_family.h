@@ -82,8 +82,8 @@ void loadLimits(CFeeCenter& center, const boost::shared_ptr<CAccountInfo>& accou
 
 /// Stores, for each instrument of the family's list, the first custom limit that matches it; the others stay as they
 /// are.
-template <class Family, class CustomFee>
-void overrideLimits(CFeeCenter& center, const boost::shared_ptr<CAccountInfo>& account, const CustomFee& fee) {
+template <class Family, class CustomRecord>
+void overrideLimits(CFeeCenter& center, const boost::shared_ptr<CAccountInfo>& account, const CustomRecord& fee) {
     if (fee.rateLimits.empty()) {
         return;
     }

@@ -22,10 +22,10 @@ namespace {
 
 boost::shared_ptr<CStockOptionFeeItem> makeItem(const CCustomStkExchangeRateLimit& limit) {
     auto item = boost::make_shared<CStockOptionFeeItem>();
-    using Item = CStockOptionFeeItem;
+    using FeeItem = CStockOptionFeeItem;
     using Limit = CCustomStkExchangeRateLimit;
-    records::copyFields(limit, records::optionFees<Limit>, *item, records::optionFees<Item>);
-    records::copyFields(limit, records::optionKeyCodes<Limit>, *item, records::optionKeyCodes<Item>);
+    records::copyFields(limit, records::optionFees<Limit>, *item, records::optionFees<FeeItem>);
+    records::copyFields(limit, records::optionKeyCodes<Limit>, *item, records::optionKeyCodes<FeeItem>);
     return item;
 }
 

@@ -37,7 +37,7 @@ struct ChargedTrade {
 /// An item of a trade; a trade without one has a row too, so that it is not overlooked.
 struct ItemRow {
     const ChargedTrade& charged;
-    const cost::Item* item;  ///< empty: nothing is charged on this trade
+    const cost::BillItem* item;  ///< empty: nothing is charged on this trade
 };
 
 using ItemFields = FieldsOf<ItemRow>;

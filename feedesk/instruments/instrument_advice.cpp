@@ -26,25 +26,25 @@ using Suggestions = std::vector<std::string>;
 /// A name and where to look for what is like it.
 struct Search {
     std::string name;
-    Instruments instruments;
+    NamedInstruments instruments;
 };
 
 template <class Wanted>
-Instruments only(const Instruments& instruments, const Wanted& isWanted) {
-    Instruments found;
+NamedInstruments only(const NamedInstruments& instruments, const Wanted& isWanted) {
+    NamedInstruments found;
     std::copy_if(instruments.begin(), instruments.end(), std::back_inserter(found), isWanted);
     return found;
 }
 
 /// The text in the markets that it names, in front or behind, even without a mark between; else in all.
-std::vector<Search> searches(const std::string& text, const Instruments& instruments) {
+std::vector<Search> searches(const std::string& text, const NamedInstruments& instruments) {
     std::vector<Search> found;
     const std::string wanted = folded(text);
     for (const AskedMarket& asked : askedMarketsOf(instruments)) {
         const std::string market = folded(asked.market);
         const auto add = [&](const std::string& name) {
             found.push_back(
-                {name, only(instruments, [&](const Instrument& each) { return each->market == asked.market; })});
+                {name, only(instruments, [&](const NamedInstrument& each) { return each->market == asked.market; })});
         };
         if (boost::starts_with(wanted, market)) {
             add(wanted.substr(market.size()));
@@ -57,26 +57,26 @@ std::vector<Search> searches(const std::string& text, const Instruments& instrum
     return found;
 }
 
-Suggestions codesOf(const Instruments& instruments) {
+Suggestions codesOf(const NamedInstruments& instruments) {
     Suggestions texts;
-    for (const Instrument& each : instruments) {
+    for (const NamedInstrument& each : instruments) {
         texts.push_back(instrumentText(each->market, each->code));
     }
     return texts;
 }
 
-Suggestions codesAndNamesOf(const Instruments& instruments) {
+Suggestions codesAndNamesOf(const NamedInstruments& instruments) {
     Suggestions texts;
-    for (const Instrument& each : instruments) {
+    for (const NamedInstrument& each : instruments) {
         texts.push_back(fmt::format("{} ({})", instrumentText(each->market, each->code), each->name));
     }
     return texts;
 }
 
 /// The instruments whose code or name, folded, is near to the search's, nearest first.
-Instruments near(Folded member, const Search& search) {
-    std::map<std::string, Instruments> byText;
-    for (const Instrument& each : search.instruments) {
+NamedInstruments near(Folded member, const Search& search) {
+    std::map<std::string, NamedInstruments> byText;
+    for (const NamedInstrument& each : search.instruments) {
         byText[(*each).*member].push_back(each);
     }
     std::vector<std::string> known;
@@ -84,7 +84,7 @@ Instruments near(Folded member, const Search& search) {
     for (const auto& [text, instruments] : byText) {
         known.push_back(text);
     }
-    Instruments found;
+    NamedInstruments found;
     for (const std::string& text : standalone::nearNames(search.name, known)) {
         found.insert(found.end(), byText[text].begin(), byText[text].end());
     }
@@ -97,7 +97,7 @@ std::string didYouMean(Suggestions suggestions) {
 }
 
 /// The instruments with the code that the text holds together with a market that does not have it.
-Instruments inOtherMarkets(const std::string& text, const Instruments& instruments) {
+NamedInstruments inOtherMarkets(const std::string& text, const NamedInstruments& instruments) {
     std::set<std::string> codes;
     for (const MarketAndName& reading : readings(narrowed(text))) {
         codes.insert(folded(reading.name));
@@ -105,29 +105,29 @@ Instruments inOtherMarkets(const std::string& text, const Instruments& instrumen
     for (const Search& search : searches(text, instruments)) {
         codes.insert(search.name);
     }
-    return only(instruments, [&](const Instrument& each) { return codes.count(each->foldedCode) != 0; });
+    return only(instruments, [&](const NamedInstrument& each) { return codes.count(each->foldedCode) != 0; });
 }
 
 std::string adviceOf(const Search& search) {
     if (search.name.empty()) {
         return "";
     }
-    if (const Instruments codes = near(&InstrumentName::foldedCode, search); !codes.empty()) {
+    if (const NamedInstruments codes = near(&InstrumentName::foldedCode, search); !codes.empty()) {
         return didYouMean(codesOf(codes));
     }
     const std::string inside = widened(search.name);
-    const Instruments holding = instrumentsLike(inside, search.instruments);
+    const NamedInstruments holding = instrumentsLike(inside, search.instruments);
     if (holding.size() > kMostSuggestions) {
         return insideAdvice("'" + inside + "'");
     }
-    const Instruments named = holding.empty() ? near(&InstrumentName::foldedName, search) : holding;
+    const NamedInstruments named = holding.empty() ? near(&InstrumentName::foldedName, search) : holding;
     return named.empty() ? "" : didYouMean(codesAndNamesOf(named));
 }
 
 }  // namespace
 
-std::string instrumentAdvice(const std::string& text, const Instruments& instruments) {
-    if (const Instruments elsewhere = inOtherMarkets(text, instruments); !elsewhere.empty()) {
+std::string instrumentAdvice(const std::string& text, const NamedInstruments& instruments) {
+    if (const NamedInstruments elsewhere = inOtherMarkets(text, instruments); !elsewhere.empty()) {
         return didYouMean(codesOf(elsewhere));
     }
     for (const Search& search : searches(text, instruments)) {

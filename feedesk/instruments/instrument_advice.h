@@ -9,7 +9,7 @@ namespace feedesk {
 
 /// What the text, which names none of the instruments, may be meant for: "; did you mean SH:600519?". Empty when
 /// nothing comes near.
-std::string instrumentAdvice(const std::string& text, const Instruments& instruments);
+std::string instrumentAdvice(const std::string& text, const NamedInstruments& instruments);
 
 }  // namespace feedesk
 

@@ -31,8 +31,8 @@ std::vector<std::string> withoutMarket(const std::string& text, const std::strin
 }
 
 /// Adds the instruments that are in the market, each once.
-void addFrom(const AskedMarket& asked, const Instruments& named, std::vector<Question>& candidates) {
-    for (const Instrument& instrument : named) {
+void addFrom(const AskedMarket& asked, const NamedInstruments& named, std::vector<Question>& candidates) {
+    for (const NamedInstrument& instrument : named) {
         const bool isThere = std::any_of(candidates.begin(), candidates.end(), [&](const Question& candidate) {
             return candidate.market == asked.name && candidate.code == instrument->code;
         });
@@ -63,27 +63,27 @@ InstrumentNames::InstrumentNames(const standalone::Market& market) {
         instruments.push_back(boost::make_shared<InstrumentName>(listed));
     }
     std::sort(instruments.begin(), instruments.end(),
-              [](const Instrument& one, const Instrument& other) { return placeOf(*one) < placeOf(*other); });
+              [](const NamedInstrument& one, const NamedInstrument& other) { return placeOf(*one) < placeOf(*other); });
     markets = askedMarketsOf(instruments);
-    for (const Instrument& instrument : instruments) {
+    for (const NamedInstrument& instrument : instruments) {
         byFoldedCode[instrument->foldedCode].push_back(instrument);
         byFoldedName[instrument->foldedName].push_back(instrument);
     }
 }
 
-Instrument InstrumentNames::listed(const standalone::Lists& lists, const std::string& market,
-                                   const std::string& code) const {
+NamedInstrument InstrumentNames::listed(const standalone::Lists& lists, const std::string& market,
+                                        const std::string& code) const {
     const auto wanted = std::tie(market, code);
     auto found = std::lower_bound(instruments.begin(), instruments.end(), wanted,
-                                  [](const Instrument& one, const auto& place) { return placeOf(*one) < place; });
+                                  [](const NamedInstrument& one, const auto& place) { return placeOf(*one) < place; });
     while (found != instruments.end() && placeOf(**found) == wanted && !lists.overlap((*found)->lists)) {
         ++found;
     }
-    return found != instruments.end() && placeOf(**found) == wanted ? *found : Instrument();
+    return found != instruments.end() && placeOf(**found) == wanted ? *found : NamedInstrument();
 }
 
-const Instruments& InstrumentNames::under(const Index& index, const std::string& key) {
-    static const Instruments none;
+const NamedInstruments& InstrumentNames::under(const Index& index, const std::string& key) {
+    static const NamedInstruments none;
     const auto found = index.find(key);
     return key.empty() || found == index.end() ? none : found->second;
 }

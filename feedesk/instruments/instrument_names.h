@@ -39,13 +39,13 @@ public:
     [[nodiscard]] std::string problem(const std::string& text, bool connect) const;
 
     /// The instrument of this market and code that one of the lists has; empty when none has it.
-    [[nodiscard]] Instrument listed(const standalone::Lists& lists, const std::string& market,
-                                    const std::string& code) const;
+    [[nodiscard]] NamedInstrument listed(const standalone::Lists& lists, const std::string& market,
+                                         const std::string& code) const;
 
 private:
-    using Index = boost::unordered_map<std::string, Instruments>;
+    using Index = boost::unordered_map<std::string, NamedInstruments>;
 
-    static const Instruments& under(const Index& index, const std::string& key);
+    static const NamedInstruments& under(const Index& index, const std::string& key);
 
     [[nodiscard]] AskedMarkets marketsAsked(bool connect) const;
     [[nodiscard]] std::vector<Question> meant(const std::string& text, bool connect) const;
@@ -53,7 +53,7 @@ private:
     [[nodiscard]] std::vector<Question> asWritten(const std::string& text, const AskedMarkets& askedMarkets) const;
     [[nodiscard]] std::vector<Question> asFolded(const std::string& text, const AskedMarkets& askedMarkets) const;
 
-    Instruments instruments;  // by market and code
+    NamedInstruments instruments;  // by market and code
     AskedMarkets markets;
     Index byFoldedCode;
     Index byFoldedName;

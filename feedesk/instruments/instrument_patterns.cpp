@@ -32,8 +32,8 @@ AskedMarkets marketsLike(const std::string& market, const AskedMarkets& markets)
 
 using Texts = std::array<std::string_view, 2>;
 
-Texts textsOf(const Instrument& each) { return {each->code, each->name}; }
-Texts foldedTextsOf(const Instrument& each) { return {each->foldedCode, each->foldedName}; }
+Texts textsOf(const NamedInstrument& each) { return {each->code, each->name}; }
+Texts foldedTextsOf(const NamedInstrument& each) { return {each->foldedCode, each->foldedName}; }
 
 /// The markets that a pattern names, and what it says of the instruments there.
 struct PlacedPattern {
@@ -57,16 +57,17 @@ PlacedPattern placed(const std::string& pattern, const AskedMarkets& markets) {
     return {marketsLike("*", markets), text, false};
 }
 
-Instruments instrumentsIn(const AskedMarkets& markets, const Instruments& instruments) {
-    Instruments found;
-    std::copy_if(instruments.begin(), instruments.end(), std::back_inserter(found), [&](const Instrument& instrument) {
-        return std::any_of(markets.begin(), markets.end(),
-                           [&](const AskedMarket& asked) { return asked.market == instrument->market; });
-    });
+NamedInstruments instrumentsIn(const AskedMarkets& markets, const NamedInstruments& instruments) {
+    NamedInstruments found;
+    std::copy_if(instruments.begin(), instruments.end(), std::back_inserter(found),
+                 [&](const NamedInstrument& instrument) {
+                     return std::any_of(markets.begin(), markets.end(),
+                                        [&](const AskedMarket& asked) { return asked.market == instrument->market; });
+                 });
     return found;
 }
 
-Instruments wantedBy(const PlacedPattern& pattern, const Instruments& instruments) {
+NamedInstruments wantedBy(const PlacedPattern& pattern, const NamedInstruments& instruments) {
     if (pattern.namesUnknownMarket()) {
         return itemsWrittenLike(instruments, pattern.name, textsOf);
     }
@@ -76,9 +77,9 @@ Instruments wantedBy(const PlacedPattern& pattern, const Instruments& instrument
     return instrumentsLike(pattern.name, instrumentsIn(pattern.markets, instruments));
 }
 
-std::vector<Question> questionsFor(const PlacedPattern& wanted, const Instruments& instruments) {
+std::vector<Question> questionsFor(const PlacedPattern& wanted, const NamedInstruments& instruments) {
     std::vector<Question> questions;
-    for (const Instrument& instrument : wantedBy(wanted, instruments)) {
+    for (const NamedInstrument& instrument : wantedBy(wanted, instruments)) {
         for (const AskedMarket& asked : wanted.markets) {
             if (asked.market == instrument->market) {
                 questions.push_back({asked.name, instrument->code});
@@ -97,7 +98,7 @@ std::vector<std::string> namesOf(const AskedMarkets& markets) {
 }
 
 /// How to find what the pattern is only a part of; empty when that finds nothing either.
-std::string widerPattern(const std::string& pattern, const Instruments& instruments) {
+std::string widerPattern(const std::string& pattern, const NamedInstruments& instruments) {
     const std::string wide = widened(pattern);
     return instrumentsLike(wide, instruments).empty() ? "" : insideAdvice("'" + wide + "'");
 }
@@ -106,23 +107,24 @@ std::string widerPattern(const std::string& pattern, const Instruments& instrume
 
 bool isPattern(const std::string& text) { return narrowed(text).find('*') != std::string::npos; }
 
-Instruments instrumentsLike(const std::string& pattern, const Instruments& instruments) {
+NamedInstruments instrumentsLike(const std::string& pattern, const NamedInstruments& instruments) {
     return itemsLike(instruments, pattern, textsOf, foldedTextsOf);
 }
 
-std::vector<Question> questionsLike(const std::string& pattern, const Instruments& instruments,
+std::vector<Question> questionsLike(const std::string& pattern, const NamedInstruments& instruments,
                                     const AskedMarkets& markets) {
     return questionsFor(placed(pattern, markets), instruments);
 }
 
-std::vector<Question> questionsWith(const std::string& text, const Instruments& instruments,
+std::vector<Question> questionsWith(const std::string& text, const NamedInstruments& instruments,
                                     const AskedMarkets& markets) {
     PlacedPattern wanted = placed(text, markets);
     wanted.name = widened(wanted.name);
     return questionsFor(wanted, instruments);
 }
 
-std::string patternProblem(const std::string& pattern, const Instruments& instruments, const AskedMarkets& markets) {
+std::string patternProblem(const std::string& pattern, const NamedInstruments& instruments,
+                           const AskedMarkets& markets) {
     const PlacedPattern wanted = placed(pattern, markets);
     if (wanted.namesUnknownMarket()) {
         return fmt::format("the market folder has no market {}; it has {}",

@@ -15,18 +15,19 @@ bool isPattern(const std::string& text);
 
 /// The instruments whose code or name is like the pattern, by market and code. A market that is written out may be any
 /// of the markets; one with '*' stands for markets under their own names.
-std::vector<Question> questionsLike(const std::string& pattern, const Instruments& instruments,
+std::vector<Question> questionsLike(const std::string& pattern, const NamedInstruments& instruments,
                                     const AskedMarkets& markets);
 
 /// The same for instruments whose code or name holds the text, which is no pattern.
-std::vector<Question> questionsWith(const std::string& text, const Instruments& instruments,
+std::vector<Question> questionsWith(const std::string& text, const NamedInstruments& instruments,
                                     const AskedMarkets& markets);
 
 /// Why questionsLike() finds nothing, in one sentence.
-std::string patternProblem(const std::string& pattern, const Instruments& instruments, const AskedMarkets& markets);
+std::string patternProblem(const std::string& pattern, const NamedInstruments& instruments,
+                           const AskedMarkets& markets);
 
 /// The instruments whose code or name is like the pattern, which names no market.
-Instruments instrumentsLike(const std::string& pattern, const Instruments& instruments);
+NamedInstruments instrumentsLike(const std::string& pattern, const NamedInstruments& instruments);
 
 }  // namespace feedesk
 

@@ -37,9 +37,9 @@ bool AskedMarket::isCalled(const std::string& text) const {
     return text == name || boost::to_upper_copy(text, std::locale::classic()) == name;
 }
 
-AskedMarkets askedMarketsOf(const Instruments& instruments) {
+AskedMarkets askedMarketsOf(const NamedInstruments& instruments) {
     std::set<std::string> markets;
-    for (const Instrument& instrument : instruments) {
+    for (const NamedInstrument& instrument : instruments) {
         markets.insert(instrument->market);
     }
     AskedMarkets asked;

@@ -22,8 +22,8 @@ struct InstrumentName {
     standalone::Lists lists;  ///< that it is in
 };
 
-using Instrument = boost::shared_ptr<const InstrumentName>;
-using Instruments = std::vector<Instrument>;
+using NamedInstrument = boost::shared_ptr<const InstrumentName>;
+using NamedInstruments = std::vector<NamedInstrument>;
 
 /// "SH:600519".
 std::string instrumentText(const std::string& market, const std::string& code);
@@ -49,7 +49,7 @@ struct AskedMarket {
 using AskedMarkets = std::vector<AskedMarket>;
 
 /// The markets of the instruments under their own names.
-AskedMarkets askedMarketsOf(const Instruments& instruments);
+AskedMarkets askedMarketsOf(const NamedInstruments& instruments);
 
 /// The market of the connect channels under their names.
 AskedMarkets channels();

@@ -93,9 +93,9 @@ cost::Contract contractOf(const qmservice::CInstrumentFee& fee, const Instrument
 }
 
 /// A fee center answers for instruments that none of the family's lists holds, and the charging terms are not for them.
-Instrument listedAt(const InstrumentNames& instruments, const cost::Place& place) {
+NamedInstrument listedAt(const InstrumentNames& instruments, const cost::Place& place) {
     const standalone::RateFamily& rates = standalone::rateFamilyOf(place.family);
-    Instrument listed = instruments.listed(rates.lists, place.market, place.code);
+    NamedInstrument listed = instruments.listed(rates.lists, place.market, place.code);
     if (!listed) {
         throw Refused(
             fmt::format("{} is in no list of {} instruments, and {} is answered with their rates; ask with an "
@@ -128,7 +128,7 @@ Charged chargedBy(const Session& session, DatedFee dated, const std::string& acc
     cost::Rates rates = sourcedRates(dated, family);
     const qmservice::CInstrument& instrument = *dated.fee->instrument;
     const cost::Place place{family, account, instrument.market, instrument.code, instrument.productId};
-    const Instrument listed = listedAt(session.instruments(), place);
+    const NamedInstrument listed = listedAt(session.instruments(), place);
     return {cost::Tariff(place, contractOf(*dated.fee, *listed), std::move(rates),
                          session.folder().schedule().termsFor(place, date)),
             std::move(dated.answer)};
