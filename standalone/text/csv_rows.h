@@ -1,5 +1,5 @@
-#ifndef STANDALONE_LOADER_CSV_ROWS_H
-#define STANDALONE_LOADER_CSV_ROWS_H
+#ifndef STANDALONE_TEXT_CSV_ROWS_H
+#define STANDALONE_TEXT_CSV_ROWS_H
 
 #include <csv.h>
 
@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace standalone::loader {
+namespace standalone {
 
 struct CsvCell {
     std::string text;
@@ -60,6 +60,6 @@ private:
     bool rowDone = false;
 };
 
-}  // namespace standalone::loader
+}  // namespace standalone
 
-#endif  // STANDALONE_LOADER_CSV_ROWS_H
+#endif  // STANDALONE_TEXT_CSV_ROWS_H

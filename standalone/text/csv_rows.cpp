@@ -1,4 +1,4 @@
-#include "standalone/loader/csv_rows.h"
+#include "standalone/text/csv_rows.h"
 
 #include <fmt/format.h>
 
@@ -7,7 +7,7 @@
 
 #include "standalone/text/escape.h"
 
-namespace standalone::loader {
+namespace standalone {
 namespace {
 
 bool isBlank(std::string_view line) { return line.find_first_not_of(" \t") == std::string_view::npos; }
@@ -148,4 +148,4 @@ bool CsvRows::next(CsvRow& row) {
     return fail(row, "the quoted cell that begins here is never closed; add the closing quote");
 }
 
-}  // namespace standalone::loader
+}  // namespace standalone

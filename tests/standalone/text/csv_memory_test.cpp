@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/loader/csv_rows.h"
+#include "standalone/text/csv_rows.h"
 
 // Memory runs out at every single allocation while a table is read. The parser in between is C: it is to hand on what a
 // callback throws.
@@ -49,8 +49,8 @@ std::pair<std::vector<Row>, bool> readRows(long allocations) {
     rows.reserve(kRows.size());
     untilFailure = allocations;
     try {
-        standalone::loader::CsvRows reader(kText);
-        for (standalone::loader::CsvRow row; reader.next(row);) {
+        standalone::CsvRows reader(kText);
+        for (standalone::CsvRow row; reader.next(row);) {
             const long left = std::exchange(untilFailure, kNever);
             Row& cells = rows.emplace_back();
             for (const auto& cell : row.cells) {
