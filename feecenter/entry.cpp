@@ -30,7 +30,7 @@ uint64 queriedInstrumentKey(const std::string& stockKey) {
 /// asked for by the key as given": connect keys are not folded for it.
 int queriedTradeUnit(int accountType, const std::string& stockKey) {
     if (accountType != kStockAccount && accountType != kCreditAccount) {
-        return kDefaultTradeUnit;
+        return kUsualTradeUnit;
     }
     std::string market;
     std::string code;
