@@ -49,7 +49,6 @@ struct Field {
     [[nodiscard]] Field in(const std::string& newGroup) const { return with(&Field::group, newGroup); }
     [[nodiscard]] Field at(ShownAt newPlace) const { return with(&Field::place, newPlace); }
     [[nodiscard]] Field when(WhenZero newWhenZero) const { return with(&Field::whenZero, newWhenZero); }
-    [[nodiscard]] Field addedToTheOneBefore() const { return with(&Field::added, true); }
     [[nodiscard]] Field shortenedTo(std::size_t width) const { return with(&Field::shortest, width); }
 
     template <class Member>
