@@ -66,11 +66,11 @@ std::vector<std::string> unlistedNotes(const standalone::Account& account, const
     }
     std::set<std::string> listed;
     for (const Question& question : tradedInstruments(type, market)) {
-        listed.insert(instrumentText(question.market, question.code));
+        listed.insert(instrumentText(question));
     }
     NamesByLevels unlisted;
     for (const Answer& answer : answers) {
-        const std::string name = instrumentText(answer.instrument->market, answer.instrument->code);
+        const std::string name = instrumentText(*answer.instrument);
         if (listed.count(name) == 0) {
             namesWith(unlisted, levels(answer)).push_back(name);
         }

@@ -54,7 +54,7 @@ private:
     Probe& probe;
     Replies replies;
     std::vector<Input> given;
-    std::set<std::pair<std::uint32_t, std::uint32_t>> origins;  // file and line of each rate of the answers
+    std::set<standalone::Position> origins;  // of each rate of the answers
 };
 
 }  // namespace feedesk::checking

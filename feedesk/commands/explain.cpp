@@ -148,8 +148,8 @@ Question askedInstrument(const Session& session, const standalone::Account& acco
 
 std::string heading(const Program& program, const Answer& answer, const standalone::Account& account) {
     const qmservice::CInstrument& instrument = *answer.instrument;
-    return fmt::format("{}: {} {}", accountHeading(account, program.session.date),
-                       instrumentText(instrument.market, instrument.code), instrument.name);
+    return fmt::format("{}: {} {}", accountHeading(account, program.session.date), instrumentText(instrument),
+                       instrument.name);
 }
 
 ExitStatus explainAnswer(Program& program, const ExplainArguments& arguments) {

@@ -30,7 +30,7 @@ PartTitle partTitle(const std::string& part) {
 
 const qmservice::CInstrument& instrument(const FeeRow& row) { return *row.answer.instrument; }
 
-std::string symbol(const FeeRow& row) { return instrumentText(instrument(row).market, instrument(row).code); }
+std::string symbol(const FeeRow& row) { return instrumentText(instrument(row)); }
 
 Value source(const FeeRow& row) {
     const auto& position = row.line.origin.position;

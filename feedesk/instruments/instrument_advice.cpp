@@ -60,7 +60,7 @@ std::vector<Search> searches(const std::string& text, const NamedInstruments& in
 Suggestions codesOf(const NamedInstruments& instruments) {
     Suggestions texts;
     for (const NamedInstrument& each : instruments) {
-        texts.push_back(instrumentText(each->market, each->code));
+        texts.push_back(instrumentText(*each));
     }
     return texts;
 }
@@ -68,7 +68,7 @@ Suggestions codesOf(const NamedInstruments& instruments) {
 Suggestions codesAndNamesOf(const NamedInstruments& instruments) {
     Suggestions texts;
     for (const NamedInstrument& each : instruments) {
-        texts.push_back(fmt::format("{} ({})", instrumentText(each->market, each->code), each->name));
+        texts.push_back(fmt::format("{} ({})", instrumentText(*each), each->name));
     }
     return texts;
 }

@@ -51,7 +51,7 @@ std::string candidatesText(const std::vector<Question>& candidates) {
     std::vector<std::string> texts;
     texts.reserve(candidates.size());
     for (const Question& candidate : candidates) {
-        texts.push_back(instrumentText(candidate.market, candidate.code));
+        texts.push_back(instrumentText(candidate));
     }
     return standalone::oneOf(texts, kMostCandidates);
 }

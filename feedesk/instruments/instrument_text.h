@@ -27,6 +27,10 @@ using NamedInstruments = std::vector<NamedInstrument>;
 
 /// "SH:600519".
 std::string instrumentText(const std::string& market, const std::string& code);
+template <class Instrument>
+std::string instrumentText(const Instrument& instrument) {
+    return instrumentText(instrument.market, instrument.code);
+}
 
 /// A market and what is named in it, a code, a name or a pattern.
 struct MarketAndName {
