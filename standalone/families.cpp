@@ -68,13 +68,13 @@ RateFamily stockFamily(cost::Family charged, const char* title, qmservice::Accou
 }
 
 RateFamily futuresFamily(const char* name, const char* title, const char* itemTitle, RateRecords details,
-                         std::optional<cost::Family> charged, RateFields rates) {
+                         RateFields rates) {
     return {name,
             title,
             itemTitle,
             "futures",
             details,
-            charged,
+            Family::kFutures,
             kFuturesLists,
             {kFuturesAccount, kFutures5Account},
             {kFuturesAccount, kFutures5Account, kPrimeBrokerageAccount},
@@ -129,10 +129,8 @@ const std::vector<RateFamily>& rateFamilies() {
         limitFamily(Family::kSgt, "Shenzhen-Hong Kong connect rates", RateRecords::kSgt, kSgtAccount, kSgtList,
                     ownColumns(records::connectRates<CCustomSgtExchangeRateLimit>)),
         optionFamily(),
-        futuresFamily(kCommissionFamily, "Futures commission", "", RateRecords::kCommission, Family::kFutures,
-                      commissionFields()),
-        futuresFamily(kMarginFamily, "Futures margin", "Hedge flag", RateRecords::kMargin, std::nullopt,
-                      marginFields()),
+        futuresFamily(kCommissionFamily, "Futures commission", "", RateRecords::kCommission, commissionFields()),
+        futuresFamily(kMarginFamily, "Futures margin", "Hedge flag", RateRecords::kMargin, marginFields()),
     };
     return all;
 }

@@ -61,13 +61,13 @@ struct RateFamily {
     const char* itemTitle;    ///< what a person calls the items that tell its rates apart; empty for one without
     const char* instruments;  ///< what a person calls the instruments that it is for
     RateRecords records;
-    std::optional<cost::Family> charged;  ///< whose trades pay these rates; empty for margins, which nobody pays
-    Lists lists;                          ///< that hold those instruments
-    std::vector<int> feeAccounts;         ///< kinds of account in fees/NAME.csv; none: there is no such table
-    std::vector<int> customAccounts;      ///< the same for custom/NAME.csv
-    bool isConfigured;                    ///< whether there is configured/NAME.csv
-    bool isNamed;                         ///< whether market.toml may name its rates; otherwise the names are fixed
-    std::vector<RateField> rates;         ///< in field order
+    cost::Family charged;             ///< of the trades that these rates are for
+    Lists lists;                      ///< that hold those instruments
+    std::vector<int> feeAccounts;     ///< kinds of account in fees/NAME.csv; none: there is no such table
+    std::vector<int> customAccounts;  ///< the same for custom/NAME.csv
+    bool isConfigured;                ///< whether there is configured/NAME.csv
+    bool isNamed;                     ///< whether market.toml may name its rates; otherwise the names are fixed
+    std::vector<RateField> rates;     ///< in field order
 
     // Its tables in a market folder.
     [[nodiscard]] std::string feeTable() const { return tableIn(files::kFees); }
@@ -88,7 +88,7 @@ constexpr const char* kMarginFamily = "margin";
 /// The family of that name. Throws std::out_of_range when there is none.
 const RateFamily& rateFamily(std::string_view name);
 
-/// The family whose rates trades of a cost::Family pay.
+/// The family whose rates trades of a cost::Family pay: of futures the commission.
 const RateFamily& rateFamilyOf(cost::Family charged);
 
 /// The columns of the family's rates in the tables of a market, in field order: as market.toml calls them where it may.

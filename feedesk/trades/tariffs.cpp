@@ -100,7 +100,7 @@ NamedInstrument listedAt(const InstrumentNames& instruments, const cost::Place& 
         throw Refused(
             fmt::format("{} is in no list of {} instruments, and {} is answered with their rates; ask with an "
                         "account that trades it",
-                        instrumentText(place.market, place.code), rates.instruments, place.account));
+                        instrumentText(place), rates.instruments, place.account));
     }
     return listed;
 }
@@ -109,8 +109,7 @@ NamedInstrument listedAt(const InstrumentNames& instruments, const cost::Place& 
 Charged answered(Session& session, cost::Date date, const std::string& account, const Question& question) {
     DatedFee dated = session.feeOn(date, account, question);
     if (!dated.fee) {
-        throw Refused(fmt::format("the fee center has no fee of {} for account {}",
-                                  instrumentText(question.market, question.code), account));
+        throw Refused(fmt::format("the fee center has no fee of {} for account {}", instrumentText(question), account));
     }
     return chargedBy(session, std::move(dated), account, date);
 }
@@ -124,7 +123,7 @@ void refuseUncovered(const Session& session, cost::Date date, const cost::Tariff
 }  // namespace
 
 Charged chargedBy(const Session& session, DatedFee dated, const std::string& account, cost::Date date) {
-    const cost::Family family = cost::familyOf(*dated.fee).value_or(cost::Family::kStock);
+    const cost::Family family = cost::chargedFamilyOf(*dated.fee);
     cost::Rates rates = sourcedRates(dated, family);
     const qmservice::CInstrument& instrument = *dated.fee->instrument;
     const cost::Place place{family, account, instrument.market, instrument.code, instrument.productId};
