@@ -315,7 +315,7 @@ private:
                             const Table<uint64>& /*table*/, const boost::shared_ptr<Record>& /*fallback*/) {}
 };
 
-TEST(ForeignHost, MembersStandInTheirOrder) {
+TEST(ForeignHost, MembersAreInTheirOrder) {
     const ForeignFeeCenter center;
     center.checkMemberTypes();
     EXPECT_TRUE(center.membersAreInOrder());

@@ -87,7 +87,7 @@ TEST_F(Levels, MarginOfOneHedgeFlagLeavesTheOthersUnset) {
     EXPECT_EQ(level("F300", "rb2610", "commission"), "not set ");
 }
 
-TEST_F(Levels, CustomCommissionAndMarginOfOneFeeAreToldApart) {
+TEST_F(Levels, CustomCommissionAndMarginOfOneFeeAreDistinguished) {
     EXPECT_EQ(level("F400", "rb2610", "commission"), "custom fee custom/commission.csv:2");
     EXPECT_EQ(level("F400", "rb2610", "margin", "3"), "custom fee custom/margin.csv:3");
 }
@@ -109,7 +109,7 @@ TEST_F(Levels, FuturesWithoutRecordHaveTheDefault) {
     EXPECT_EQ(level("W100", "au2612", "margin", "3"), "built-in default ");
 }
 
-TEST_F(Levels, EqualRatesOfTwoLinesAreToldApart) {
+TEST_F(Levels, EqualRatesOfTwoLinesAreDistinguished) {
     folder.write("fees/stock.csv",
                  "account,market,code,commission\n"
                  "S100,SH,600519,0.0002\n"

@@ -54,7 +54,7 @@ TEST(Marks, AreForAMarginThatIsZeroOnOneSide) {
     EXPECT_THAT(marksOf(line("commission", Level::kOwnRecord, {side("open", 0, 0)})), IsEmpty());
 }
 
-TEST(Marks, StandInCapitalsBesideTheLevel) {
+TEST(Marks, AreInCapitalsBehindTheLevel) {
     EXPECT_THAT(levelPieces(margin({side("long", 0.1, 0)})), ElementsAre("own record"));
     EXPECT_THAT(levelPieces(margin({side("long", 0, 0)})), ElementsAre("own record,", "ZERO MARGIN"));
     EXPECT_THAT(levelPieces(line("margin", Level::kBuiltInDefault, {side("long", 0, 0)})),
@@ -85,7 +85,7 @@ protected:
     test::SampleFolder folder;
 };
 
-TEST_F(MarkedAnswers, AreToldInTheTableAndCountedBelowIt) {
+TEST_F(MarkedAnswers, AreReportedInTheTableAndCountedBelowIt) {
     const Outcome outcome = ask("fee S100 SH:600519 SH:000001");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
@@ -99,7 +99,7 @@ TEST_F(MarkedAnswers, AreCountedBelowTheNotes) {
                 EndsWith("same, with built-in default\n1 of 1 instrument answered with the built-in default\n"));
 }
 
-TEST_F(MarkedAnswers, AreMarkedInJsonAndCountedBesideIt) {
+TEST_F(MarkedAnswers, AreMarkedInJsonAndCountedInAMessage) {
     const Outcome outcome = ask("fee S100 SH:600519 SH:000001 --json");
     EXPECT_EQ(outcome.status, 0);
     ASSERT_EQ(lines(outcome.out).size(), 4U);
@@ -108,7 +108,7 @@ TEST_F(MarkedAnswers, AreMarkedInJsonAndCountedBesideIt) {
     EXPECT_EQ(outcome.err, "{\"note\":\"1 of 2 instruments answered with the built-in default\"}\n");
 }
 
-TEST_F(MarkedAnswers, AreMarkedInCsvAndCountedBesideIt) {
+TEST_F(MarkedAnswers, AreMarkedInCsvAndCountedInAMessage) {
     const Outcome outcome = ask("fee F200 rb2610 --csv");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.out, HasSubstr(",level,source,marks,open_by_money,"));

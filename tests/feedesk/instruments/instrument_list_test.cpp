@@ -49,7 +49,7 @@ protected:
     SampleFolder folder;
 };
 
-TEST_F(InstrumentListOfFee, StandsInThePlaceOfTheArgument) {
+TEST_F(InstrumentListOfFee, ReplacesTheArgument) {
     const Outcome outcome = fee("S100 SH:600000 - SZ:000001 --csv", "# mine\nSH:600519  'x\nSZ:30*\n");
     const std::vector<std::string> csv = lines(outcome.out);
     ASSERT_EQ(csv.size(), 5U) << outcome.out;
@@ -123,14 +123,14 @@ TEST_F(InstrumentListOfFee, ThatIsTooLongIsRefused) {
               "feedesk: standard input names 100,001 instruments; no more than 100,000 may be asked for at once\n");
 }
 
-TEST_F(InstrumentListOfFee, OfPatternsThatStandForTooManyIsRefused) {
+TEST_F(InstrumentListOfFee, OfPatternsThatMatchTooManyIsRefused) {
     // Nine instruments each.
     const Outcome outcome = feeFrom("F100 -", "yes '*:*' | head -n 30000 |");
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.err, "feedesk: the patterns stand for more than 250,000 instruments; ask in parts\n");
 }
 
-TEST_F(InstrumentListOfFee, TellsAHundredProblemsAndCountsTheOthers) {
+TEST_F(InstrumentListOfFee, ReportsAHundredProblemsAndCountsTheOthers) {
     std::string list;
     for (int i = 0; i < 103; ++i) {
         list += "nothing\n";

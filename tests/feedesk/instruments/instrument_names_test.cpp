@@ -85,7 +85,7 @@ TEST(InstrumentNames, KnowNoChannelsOfOtherAccounts) {
     EXPECT_EQ(found("HGT:00700"), "the market folder has no instrument HGT:00700; did you mean HK:00700?");
 }
 
-TEST(InstrumentNames, TellWhatTheFolderDoesNotHave) {
+TEST(InstrumentNames, ReportWhatTheFolderDoesNotHave) {
     for (const std::string text : {"SH:", ":", "nothing", "XX:nothing"}) {
         EXPECT_EQ(found(text), "the market folder has no instrument " + text);
     }
@@ -170,7 +170,7 @@ TEST(InstrumentNames, KnowTheChannelsInPatternsOfConnectAccounts) {
     EXPECT_EQ(found("HGT:腾讯控股", true), "HGT 00700");
 }
 
-TEST(InstrumentNames, TellThatNothingIsLikeAPattern) {
+TEST(InstrumentNames, SayThatNothingIsLikeAPattern) {
     EXPECT_EQ(found("zz*"), "the market folder has no instrument like zz*");
     EXPECT_EQ(found("茅台*"),
               "the market folder has no instrument like 茅台*; '*茅台*' finds the text inside codes and names");
@@ -187,13 +187,13 @@ TEST(InstrumentNames, DoNotLookForAByteInsideACharacter) {
     EXPECT_EQ(found("*\xE5\x9B\xBD*"), "HK 02318, SH 688888, SZ 000004, SZ 000006");
 }
 
-TEST(InstrumentNames, TellTheMarketThatHasTheCode) {
+TEST(InstrumentNames, NameTheMarketThatHasTheCode) {
     for (const std::string text : {"SZ:600519", "600519.SZ", "XX:600519", "sz600519"}) {
         EXPECT_EQ(found(text), "the market folder has no instrument " + text + "; did you mean SH:600519?");
     }
 }
 
-TEST(InstrumentNames, TellWhatIsNear) {
+TEST(InstrumentNames, SuggestWhatIsNear) {
     EXPECT_EQ(found("600518"), "the market folder has no instrument 600518; did you mean SH:600519?");
     EXPECT_EQ(found("SH600518"), "the market folder has no instrument SH600518; did you mean SH:600519?");
     EXPECT_EQ(found("RB2690"), "the market folder has no instrument RB2690; did you mean SHFE:rb2610 or SHFE:rb2612?");
@@ -201,7 +201,7 @@ TEST(InstrumentNames, TellWhatIsNear) {
               "the market folder has no instrument SZ:000011; did you mean SZ:000001 or SZ:000002 or SZ:000004?");
 }
 
-TEST(InstrumentNames, TellTheNamesThatAreNearOrHoldTheText) {
+TEST(InstrumentNames, SuggestTheNamesThatAreNearOrHoldTheText) {
     EXPECT_EQ(found("贵州茅苔"), "the market folder has no instrument 贵州茅苔; did you mean SH:600519 (贵州茅台)?");
     EXPECT_EQ(found("茅台"), "the market folder has no instrument 茅台; did you mean SH:600519 (贵州茅台)?");
     EXPECT_EQ(found("6"), "the market folder has no instrument 6; '*6*' finds the text inside codes and names");

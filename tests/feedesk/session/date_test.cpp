@@ -65,7 +65,7 @@ TEST_F(Date, ChoosesTheConfiguredLimitsAndCustomFees) {
     EXPECT_THAT(answer("fee S100 SH:600000 --csv --date 2023-08-28"), HasSubstr("custom fee,custom/stock.csv:2"));
 }
 
-TEST_F(Date, StandsBeforeTheCommandToo) {
+TEST_F(Date, MayComeBeforeTheCommand) {
     EXPECT_THAT(answer("--date 2023-08-27 fees S100 --csv"), HasSubstr(",0.0003,"));
 }
 
@@ -76,7 +76,7 @@ TEST_F(Date, IsTheFoldersWhereNoneIsAskedFor) {
 
 TEST_F(Date, IsTodayWhereNobodySaysOne) { EXPECT_THAT(answer(kQuestion), HasSubstr(",0.0002,")); }
 
-TEST_F(Date, IsToldAboveATable) {
+TEST_F(Date, IsShownAboveATable) {
     EXPECT_EQ(lines(ask(folder.path(), "fee S100 SH:600519 --date 2023-08-27").out).front(),
               "Account S100 (stock) 股票户, as of 2023-08-27");
     EXPECT_EQ(lines(ask(folder.path(), "fee S100 SH:600519").out).front(), "Account S100 (stock) 股票户");
@@ -96,7 +96,7 @@ struct Refusal {
 
 class RefusedDate : public Date, public testing::WithParamInterface<Refusal> {};
 
-TEST_P(RefusedDate, IsToldWithTheDaysThatAreKnown) {
+TEST_P(RefusedDate, IsReportedWithTheDaysThatAreKnown) {
     say(GetParam().coverage);
     const Outcome outcome = ask(folder.path(), GetParam().arguments);
     EXPECT_EQ(outcome.status, 2);

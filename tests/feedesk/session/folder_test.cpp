@@ -28,7 +28,7 @@ TEST(Folder, ThatIsBrokenTellsEveryErrorAndAnswersNothing) {
     EXPECT_EQ(errors[3], "feedesk: 3 errors; nothing was loaded");
 }
 
-TEST(Folder, ThatIsMissingIsToldWithItsAbsolutePathAndTheWaysToNameOne) {
+TEST(Folder, ThatIsMissingIsReportedWithItsAbsolutePathAndTheWaysToNameOne) {
     const std::string sentence =
         ": there is no such folder; name the folder that holds market.toml: with --market DIR, with the environment's "
         "FEEDESK_MARKET, or put it at ./market\nfeedesk: 1 error; nothing was loaded\n";
@@ -42,14 +42,14 @@ TEST(Folder, ThatIsMissingIsToldWithItsAbsolutePathAndTheWaysToNameOne) {
     EXPECT_EQ(outcome.err, here + "/nonexistent" + sentence);
 }
 
-TEST(Folder, ThatIsAFileIsToldTheSameWay) {
+TEST(Folder, ThatIsAFileIsReportedTheSameWay) {
     const SampleFolder folder;
     const std::string file = folder.path() + "/market.toml";
     EXPECT_THAT(ask(file, "accounts").err,
                 StartsWith(file + ": this is not a folder; name the folder that holds market.toml: with --market DIR"));
 }
 
-TEST(Folder, OfManyErrorsIsToldAHundredAndTheOthersByKind) {
+TEST(Folder, OfManyErrorsReportsAHundredAndTheOthersByKind) {
     const SampleFolder folder;
     std::string table = "account,market,code,commission\n";
     for (int i = 0; i < 1234; ++i) {
@@ -88,7 +88,7 @@ TEST(Folder, IsTakenFromTheEnvironment) {
     EXPECT_EQ(lines(outcome.out).size(), 13U);
 }
 
-TEST(Folder, OfTheCommandLineWinsAndMayStandBehindTheCommand) {
+TEST(Folder, OfTheCommandLineWinsAndMayComeBehindTheCommand) {
     const SampleFolder folder;
     const Outcome outcome = runProgram("accounts --csv --market " + folder.path(), "FEEDESK_MARKET=/nonexistent");
     EXPECT_EQ(outcome.status, 0) << outcome.err;

@@ -19,7 +19,7 @@ protected:
     SampleFolder folder;
 };
 
-TEST_F(JsonMessages, TellWhyThereIsNoAnswerBesideAnEmptyArray) {
+TEST_F(JsonMessages, SayWhyThereIsNoAnswerWithAnEmptyArray) {
     const Outcome outcome = answered("fee S100 SH:600518 --json");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "[]\n");
@@ -27,13 +27,13 @@ TEST_F(JsonMessages, TellWhyThereIsNoAnswerBesideAnEmptyArray) {
               "{\"error\":\"the market folder has no instrument SH:600518; did you mean SH:600519?\",\"status\":1}\n");
 }
 
-TEST_F(JsonMessages, TellTheLineOfStandardInput) {
+TEST_F(JsonMessages, NameTheLineOfStandardInput) {
     EXPECT_EQ(answered("fee S100 - --json <<'END'\n\nnothing\nEND\n").err,
               "{\"file\":\"standard input\",\"line\":2,"
               "\"error\":\"the market folder has no instrument nothing\",\"status\":1}\n");
 }
 
-TEST_F(JsonMessages, StandBesideAnEmptyArrayWhereverACommandEnds) {
+TEST_F(JsonMessages, ComeWithAnEmptyArrayWhereverACommandEnds) {
     for (const std::string question :
          {"fee S999 SH:600519", "fees S999", "fees S200", "fees S100 --match 8*", "accounts nobody"}) {
         const Outcome outcome = answered(question + " --json");
@@ -43,7 +43,7 @@ TEST_F(JsonMessages, StandBesideAnEmptyArrayWhereverACommandEnds) {
     }
 }
 
-TEST_F(JsonMessages, TellBadUsage) {
+TEST_F(JsonMessages, ReportBadUsage) {
     for (const std::string question :
          {"--json", "fee --json", "nonsense --json", "fee S100 --json", "accounts --json --csv", "accounts --json --x",
           "help nonsense --json", "fee S100 - - --json"}) {
@@ -60,7 +60,7 @@ TEST_F(JsonMessages, AreNotAskedForBehindTwoDashes) {
     EXPECT_EQ(outcome.err, "feedesk: the market folder has no instrument --json\n");
 }
 
-TEST_F(JsonMessages, TellTheErrorsOfTheFolder) {
+TEST_F(JsonMessages, ReportTheErrorsOfTheFolder) {
     folder.write("fees/stock.csv", "account,market,code,commission\nS100,SH,600519,x\n");
     const Outcome outcome = answered("accounts --json");
     EXPECT_EQ(outcome.status, 2);
@@ -86,14 +86,14 @@ TEST_F(JsonMessages, CountTheErrorsPastAHundred) {
     EXPECT_THAT(messages[100], HasSubstr(",\"error\":\""));
 }
 
-TEST_F(JsonMessages, TellThatTheFolderIsMissing) {
+TEST_F(JsonMessages, SayThatTheFolderIsMissing) {
     const Outcome outcome = ask("/nonexistent", "accounts --json");
     EXPECT_EQ(outcome.out, "[]\n");
     EXPECT_THAT(outcome.err, StartsWith("{\"file\":null,\"line\":null,\"path\":\"/nonexistent\",\"column\":null,"
                                         "\"kind\":\"folder\",\"error\":\""));
 }
 
-TEST_F(JsonMessages, TellNotesAndTheSummary) {
+TEST_F(JsonMessages, ContainNotesAndTheSummary) {
     const std::vector<std::string> messages = lines(answered("fee S100 HK:00700 --json --summary").err);
     ASSERT_EQ(messages.size(), 3U);
     EXPECT_THAT(messages[0], StartsWith("{\"summary\":\"loaded 9 instruments, "));
@@ -101,7 +101,7 @@ TEST_F(JsonMessages, TellNotesAndTheSummary) {
     EXPECT_THAT(messages[2], StartsWith("{\"note\":\"1 of 1 instrument"));
 }
 
-TEST_F(JsonMessages, TellThatTheAnswerCannotBeWritten) {
+TEST_F(JsonMessages, SayThatTheAnswerCannotBeWritten) {
     const Outcome outcome = answered("fee S100 nothing --json >/dev/full");
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(lines(outcome.err).size(), 2U);

@@ -58,7 +58,7 @@ TEST(PlainNumber, HasNoSignAtZero) {
     EXPECT_EQ(plainNumber(-0.0), "0");
 }
 
-TEST(PlainNumber, TellsWhatIsNoNumber) {
+TEST(PlainNumber, ReportsWhatIsNoNumber) {
     EXPECT_EQ(plainNumber(std::numeric_limits<double>::quiet_NaN()), "nan");
     EXPECT_EQ(plainNumber(-std::numeric_limits<double>::infinity()), "-inf");
 }

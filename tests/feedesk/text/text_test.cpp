@@ -44,7 +44,7 @@ TEST(Echoed, IsQuotedWhereItCouldNotBeRead) {
     EXPECT_EQ(echoed(std::string(41, 'x')), "\"" + std::string(40, 'x') + "...\"");
 }
 
-TEST(Words, AreWhatStandsBetweenSpaces) {
+TEST(Words, AreWhatIsBetweenSpaces) {
     EXPECT_THAT(words("  Stamp duty  (sale) "), ElementsAre("Stamp", "duty", "(sale)"));
     EXPECT_THAT(words(""), IsEmpty());
 }
