@@ -10,7 +10,7 @@
 
 namespace feedesk {
 
-/// Runs the command that the words name, those of a command line without the program's name: answers and tells what
+/// Runs the command that the words name, those of a command line without the program's name: answers and reports what
 /// went wrong. `program` holds what is not said by a word.
 ExitStatus runCommand(const std::vector<std::string>& words, Program& program);
 

@@ -3,7 +3,7 @@
 
 namespace qmservice {
 
-// Market strings by which an account or an instrument is told apart.
+// Market strings on which an answer depends.
 
 constexpr const char* kHgtMarket = "HGT";      ///< Shanghai connect, in the key of an instrument of kHongKongMarket
 constexpr const char* kSgtMarket = "SGT";      ///< Shenzhen connect, the same

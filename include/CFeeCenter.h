@@ -54,7 +54,7 @@ using uint64 = std::uint64_t;
 /// utils::CSingletonT<net::RPCEngine>::instance()->getStrand(name)->post(marker). When the marker runs, every change
 /// called before it was posted has ended, queries see it, and its job holds account and records no longer; when no
 /// change was called since, the object may be destroyed. Fee centers of one name share the strand: the marker runs
-/// behind the changes of all of them. It tells neither that a record was taken nor that a change did not throw.
+/// behind the changes of all of them. It says neither that a record was taken nor that a change did not throw.
 /// host/engine.h says where not to wait for it.
 ///
 /// The protected members are for a class derived to look inside or to test; the family operations take no part in

@@ -58,7 +58,7 @@ struct RateField {
 struct RateFamily {
     const char* name;         ///< of its tables, of its rates in market.toml and of the parts of answers
     const char* title;        ///< what a person calls its rates
-    const char* itemTitle;    ///< what a person calls the items that tell its rates apart; empty for one without
+    const char* itemTitle;    ///< what a person calls the items that distinguish its rates; empty for one without
     const char* instruments;  ///< what a person calls the instruments that it is for
     RateRecords records;
     cost::Family charged;             ///< of the trades that these rates are for

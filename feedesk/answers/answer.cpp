@@ -44,11 +44,11 @@ TitledRates single(const std::string& title, const std::string& column, Unit uni
     return {title, {{column, unit, value}}};
 }
 
-/// A rate of which nobody says what it is: its column is its title.
+/// A rate without a title of its own: its column is its title.
 TitledRates unnamed(const std::string& column, double value) { return single(column, column, Unit::kNumber, value); }
 
 /// Rates of futures, whose names are fixed: under each title a fee or margin that is the sum of a fraction and of yuan
-/// per lot, then those of which nobody says what they are.
+/// per lot, then those without a title of their own.
 std::vector<TitledRates> futuresRates(const char* family, const Values& values,
                                       const std::vector<const char*>& titles) {
     const std::vector<standalone::RateField>& fields = standalone::rateFamily(family).rates;

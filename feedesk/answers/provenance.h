@@ -20,12 +20,12 @@ struct Origin {
     std::optional<standalone::Position> position;  ///< of the input; none for a default and for what is not set
 };
 
-/// Unique rates, and what each of them stands for.
+/// Unique rates, and the input that each of them marks.
 class Dyes {
 public:
     /// A rate that no other input has and that no real one is like.
     double next(const Origin& origin);
-    /// What the rate stands for; the built-in default when it is no dye.
+    /// The input that the rate marks; the built-in default when it is no dye.
     [[nodiscard]] Origin origin(double rate) const;
 
 private:
@@ -35,7 +35,7 @@ private:
 /// Finds out which input gave a rate, without a rule of its own about which input wins.
 ///
 /// A second fee center runs next to the one that answers. It is fed the same inputs, with one difference: in each copy
-/// the leading rate is a dye, a number that stands for this input alone. The second fee center decides as the first one
+/// the leading rate is a dye, a number that no other input has. The second fee center decides as the first one
 /// does, because it runs the same code on the same instruments, categories and accounts, and its answer's rate names
 /// the input. Configured limits and the instruments' own fees are dyed too: while the second fee center is fed and
 /// asked, the host's services hold a dyed market. A rate that comes back undyed was built in.

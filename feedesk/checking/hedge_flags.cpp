@@ -82,7 +82,7 @@ void findLostMargins(AccountFacts& facts, Findings& findings) {
 }
 
 void findMissingHedgeFlags(AccountFacts& facts, Findings& findings) {
-    InstrumentSet losers;  // of which another check tells more
+    InstrumentSet losers;  // of which another check says more
     forEachLostMargin(
         facts, [&](const Input& /*input*/, const InstrumentSet& lost) { losers.insert(lost.begin(), lost.end()); });
     struct Group {

@@ -85,7 +85,7 @@ void forEachShadow(AccountFacts& facts, const Visit& visit) {
         }
         const InstrumentSet reach = facts.reachOf(input);
         if (isMarginLine(input) && !margins.lostBy(input, reach).empty()) {
-            continue;  // another check tells more
+            continue;  // another check says more
         }
         const Shadow shadow{reach.size(), winnersOver(input, reach, facts)};
         if (!shadow.winners.empty()) {

@@ -63,7 +63,7 @@ std::string_view digitsOfTradingCode(std::string_view name) {
     return isCode ? name.substr(kUnderlying + 1, 4) : std::string_view();
 }
 
-/// The month of delivery or expiry, where code or name tells it.
+/// The month of delivery or expiry, where code or name has it.
 std::optional<Month> monthOf(const standalone::ListedInstrument& listed, int today) {
     if (standalone::rateFamilyOf(cost::Family::kFutures).lists.hold(listed)) {
         return monthIn(digitsBehindLetters(listed.record->code), today);

@@ -73,7 +73,7 @@ InputFields inputFields(const std::string& items) {
     };
 }
 
-/// Whether the line is for other instruments or accounts: people are told of it apart, without its rates.
+/// Whether the line is for other instruments or accounts: people read it in a table of its own, without its rates.
 bool doesNotApply(const Considered& input) {
     return input.verdict == Verdict::kOtherCategory || input.verdict == Verdict::kNoSimulation ||
            input.verdict == Verdict::kNotTaken;

@@ -73,7 +73,7 @@ FeeFields commonFields(const std::string& items, bool tellsAccount) {
     };
 }
 
-/// A trade unit or a mode is no rate, and of a rate that nobody has named nobody expects to read that it is 0.
+/// Of rates that are 0 the table says so below, but not of a trade unit or a mode, nor of a rate without a title.
 WhenZero whenZero(const TitledRates& titled) {
     const ShownRate& first = titled.rates.front();
     return first.unit == Unit::kCount || first.column == titled.title ? WhenZero::kLeftOut : WhenZero::kNamed;

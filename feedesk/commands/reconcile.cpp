@@ -51,9 +51,9 @@ void refuseWrongLines(const std::vector<WrongLine>& wrong, const std::string& fi
         tellProblem(InputLine{file, wrong[i].line}, column + wrong[i].sentence, kBadInput);
     }
     if (!wrong.empty()) {
-        const std::string told =
+        const std::string reported =
             wrong.size() > kMostWrongLines ? fmt::format(", of which {} are named", kMostWrongLines) : "";
-        throw Failure(kBadInput, counted(wrong.size(), "wrong line") + told + "; nothing was compared");
+        throw Failure(kBadInput, counted(wrong.size(), "wrong line") + reported + "; nothing was compared");
     }
 }
 
@@ -120,7 +120,7 @@ struct Wanted {
     const std::vector<Proposal>& proposals;
 };
 
-/// A table has no section that would be empty, and tells what it proposes below.
+/// A table has no section that would be empty, and says below what it proposes.
 Sections sectionsOf(const Wanted& wanted, Format format) {
     const Section orders = sectionOf("", orderFields());
     const Section figures = sectionOf("What differs", figureFields());

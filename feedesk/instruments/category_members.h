@@ -16,7 +16,7 @@ const char* categoryKindName(CategoryKind kind);
 /// Instruments of a market, as in it and in its order.
 using MarketInstruments = std::vector<const standalone::ListedInstrument*>;
 
-/// One line of a category's table, and the instruments that it speaks of.
+/// One line of a category's table, and the instruments that it names.
 struct CategoryLine {
     standalone::CategoryRule rule;                ///< what it says of market, code and product; custom: market and code
     const standalone::GroupPart* part = nullptr;  ///< of a group; null for the other kinds

@@ -19,7 +19,7 @@ namespace feedesk {
 ///   capital or small letters;
 /// - else folded (folding.h): its code or its name, alone or with the market in front or behind, as in "sh600519" or
 ///   "贵州茅台", when one instrument alone can be meant.
-/// A text with '*' that names none is a pattern: "SHFE:rb*" stands for the instruments of the market whose code or name
+/// A text with '*' that names none is a pattern: "SHFE:rb*" names the instruments of the market whose code or name
 /// is like "rb*", "S*:rb*" for those of all markets that are like "S*".
 ///
 /// `connect`: the account trades through a connect channel, and "HGT:00700" and "SGT:00700" are the channels' names for
@@ -28,8 +28,8 @@ class InstrumentNames {
 public:
     explicit InstrumentNames(const standalone::Market& market);
 
-    /// What the text stands for: one instrument, or those that are like a pattern, by market and code. Empty when it
-    /// stands for none, or may stand for several.
+    /// What the text names: one instrument, or those that are like a pattern, by market and code. Empty when it
+    /// names none, or may name several.
     [[nodiscard]] std::vector<Question> find(const std::string& text, bool connect) const;
 
     /// Everything that the text may mean or is like; where there is nothing, what has it inside its code or name.

@@ -14,7 +14,7 @@ namespace feedesk {
 bool isPattern(const std::string& text);
 
 /// The instruments whose code or name is like the pattern, by market and code. A market that is written out may be any
-/// of the markets; one with '*' stands for markets under their own names.
+/// of the markets; one with '*' names markets under their own names.
 std::vector<Question> questionsLike(const std::string& pattern, const NamedInstruments& instruments,
                                     const AskedMarkets& markets);
 

@@ -7,7 +7,7 @@
 
 namespace feedesk {
 
-/// Loads a market folder. Throws Failure when it is broken, after all its errors have been told on standard error;
+/// Loads a market folder. Throws Failure when it is broken, after all its errors have been written to standard error;
 /// `waysToName` goes on behind "name the folder that holds market.toml".
 standalone::MarketFolder loadedFolder(const std::string& folder, const std::string& waysToName);
 

@@ -91,7 +91,7 @@ public:
 
     /// The fee of one instrument as of any day; the account is one that the folder has. Answers stay the same within
     /// folder().intervalOf(date), so that callers keep them by that. Whether the schedules cover the day is not looked
-    /// at: folder().coverage() tells. Days in ascending order are answered quickest, as another interval's market has
+    /// at: see folder().coverage(). Days in ascending order are answered quickest, as another interval's market has
     /// to be installed.
     DatedFee feeOn(cost::Date date, const std::string& accountId, const Question& question);
 

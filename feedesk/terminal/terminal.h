@@ -40,7 +40,7 @@ void tell(const std::string& text) noexcept;
 /// What writeText writes.
 std::string painted(std::string_view text, bool coloured);
 
-/// While it lives and standard error is a terminal: after a moment, tells there what takes so long and for how long
+/// While it lives and standard error is a terminal: after a moment, says there what takes so long and for how long
 /// already; the line is wiped at the end.
 class Progress {
 public:

@@ -12,11 +12,11 @@
 
 namespace feedesk {
 
-// A pattern that a person writes is held against the texts that name a thing, such as its code and its name; '*' stands
-// for any text, the empty one included.
+// A person's pattern is compared with the texts that name a thing, such as its code and its name; '*' matches any text,
+// also the empty one.
 
 /// The items with a text that is like the pattern as it is written, in their order. `textsOf(item)` gives an item's
-/// texts, which are UTF-8; a pattern that is not is like none of them, although its bytes may stand inside characters.
+/// texts, which are UTF-8. A pattern that is not UTF-8 is like none of them: its bytes could match parts of characters.
 template <class Item, class TextsOf>
 std::vector<Item> itemsWrittenLike(const std::vector<Item>& items, const std::string& pattern, const TextsOf& textsOf) {
     std::vector<Item> found;

@@ -26,7 +26,7 @@ std::string_view firstCharacter(std::string_view text) {
 std::string marked(const std::string& text) { return kMarks.front() + text + kMarks.back(); }
 
 std::size_t displayWidth(std::string_view text) {
-    // fmt knows the width of every character and tells it by how much it pads; no character is wider than its bytes.
+    // fmt knows the width of every character and shows it by how much it pads; no character is wider than its bytes.
     const std::size_t field = text.size() + 1;
     const std::size_t padding = fmt::formatted_size("{:<{}}", text, field) - text.size();
     const auto isMark = [](char c) { return kMarks.find(c) != std::string_view::npos; };

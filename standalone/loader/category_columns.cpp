@@ -47,7 +47,7 @@ void readCategory(const Load& load, TableCell& cell, const CategoryChoice& choic
     }
 }
 
-/// A category that custom fees may name: `refuse` tells why a category of the folder that is not `tested` never
+/// A category that custom fees may name: `refuse` says why a category of the folder that is not `tested` never
 /// matches.
 RuleColumn feeCategoryColumn(const Load& load, const std::string& kinds, bool groups,
                              const std::function<bool(int)>& tested,

@@ -40,7 +40,7 @@ public:
     /// The keys in the order of the file, for a table whose keys are the file's own.
     [[nodiscard]] std::vector<std::string> keys() const;
 
-    /// Reports every key that nobody asked for.
+    /// Reports every key that was not asked for.
     void refuseOtherKeys();
 
     /// Reports something about one key, or about the table when it has no such key.
