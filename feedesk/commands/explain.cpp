@@ -13,7 +13,6 @@
 #include "feedesk/explaining/verdict_text.h"
 #include "feedesk/program.h"
 #include "feedesk/text/text.h"
-#include "standalone/channels.h"
 #include "standalone/families.h"
 
 namespace feedesk {
@@ -133,19 +132,6 @@ private:
     Sections parts;
 };
 
-Question askedInstrument(const Session& session, const standalone::Account& account, const std::string& text) {
-    const bool connect = standalone::tradesThroughConnect(account.record->accountType);
-    const std::vector<Question> found = session.instruments().find(text, connect);
-    if (found.empty()) {
-        throw Failure(kNoAnswer, session.instruments().problem(text, connect));
-    }
-    if (found.size() > 1) {
-        throw Failure(kNoAnswer, fmt::format("{} stands for {} instruments, and one is explained at a time",
-                                             echoed(text), found.size()));
-    }
-    return found.front();
-}
-
 std::string heading(const Program& program, const Answer& answer, const standalone::Account& account) {
     const qmservice::CInstrument& instrument = *answer.instrument;
     return fmt::format("{}: {} {}", accountHeading(account, program.session.date), instrumentText(instrument),
@@ -155,7 +141,7 @@ std::string heading(const Program& program, const Answer& answer, const standalo
 ExitStatus explainAnswer(Program& program, const ExplainArguments& arguments) {
     Session& session = program.open();
     const standalone::Account& account = session.account(arguments.account);
-    const Question question = askedInstrument(session, account, arguments.instrument);
+    const Question question = session.instrument(account, arguments.instrument, "one is explained at a time");
     const Replies replies = session.fees(account, {question});
     tellUnanswered(replies, account);
     if (replies.answers.empty()) {

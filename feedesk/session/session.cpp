@@ -13,6 +13,7 @@
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
 #include "feedesk/text/text.h"
+#include "standalone/channels.h"
 #include "standalone/families.h"
 #include "standalone/host.h"
 #include "standalone/text/nearness.h"
@@ -101,6 +102,19 @@ const Account& Session::account(const std::string& accountId) const {
     const std::string advice = near.empty() ? "; `feedesk accounts` lists the accounts"
                                             : fmt::format("; did you mean {}?", fmt::join(near, " or "));
     throw Failure(kNoAnswer, fmt::format("the market folder has no account {}{}", echoed(accountId), advice));
+}
+
+Question Session::instrument(const Account& account, const std::string& text, const std::string& whyOne) const {
+    const bool connect = standalone::tradesThroughConnect(account.record->accountType);
+    const std::vector<Question> found = names.find(text, connect);
+    if (found.empty()) {
+        throw Failure(kNoAnswer, names.problem(text, connect));
+    }
+    if (found.size() > 1) {
+        throw Failure(kNoAnswer,
+                      fmt::format("{} stands for {} instruments, and {}", echoed(text), found.size(), whyOne));
+    }
+    return found.front();
 }
 
 void Session::requireCovered(const Account& account) const {

@@ -78,6 +78,11 @@ public:
     /// Whether the folder has the account.
     [[nodiscard]] bool hasAccount(const std::string& accountId) const { return places.count(accountId) != 0; }
 
+    /// The instrument that the text names, as the account asks for it. Throws Failure, with the names that are near,
+    /// when it names none, and with `whyOne`, a clause such as "a trade is of one", when it names several.
+    [[nodiscard]] Question instrument(const standalone::Account& account, const std::string& text,
+                                      const std::string& whyOne) const;
+
     /// Throws Failure when the schedules that the account trades by do not cover the day. An account that trades
     /// everything is looked at with each answer.
     void requireCovered(const standalone::Account& account) const;
