@@ -22,6 +22,15 @@ TEST(Families, EachIsFoundByItsName) {
 
 TEST(Families, UnknownNameIsRefused) { EXPECT_THROW(static_cast<void>(rateFamily("bond")), std::out_of_range); }
 
+TEST(Families, TradesOfEachFamilyPayRates) {
+    for (std::size_t i = 0; i < cost::kWords<cost::Family>.size(); ++i) {
+        const auto charged = static_cast<cost::Family>(i);
+        const std::string name = charged == cost::Family::kFutures ? "commission" : std::string(cost::wordFor(charged));
+        EXPECT_EQ(rateFamilyOf(charged).name, name);
+    }
+    EXPECT_EQ(rateFamily("margin").charged, cost::Family::kFutures);
+}
+
 TEST(Families, KindWithoutANameIsNotFound) {
     EXPECT_EQ(findAccountKind(4), nullptr);
     EXPECT_EQ(findAccountKind(0), nullptr);
