@@ -78,8 +78,8 @@ Bill emptyBill(const Trade& trade, const Decimal& turnover, const Tariff& tariff
     return bill;
 }
 
-Item itemOf(const ChargeLine& line, const Sum& sum) {
-    Item item;
+BillItem itemOf(const ChargeLine& line, const Sum& sum) {
+    BillItem item;
     item.term = line.term;
     item.rate = line.rate;
     item.inside = line.inside;
@@ -91,7 +91,7 @@ Item itemOf(const ChargeLine& line, const Sum& sum) {
 }
 
 void total(Bill& bill, Side side) {
-    for (const Item& item : bill.items) {
+    for (const BillItem& item : bill.items) {
         if (item.inside == nullptr) {
             bill.costs += item.amount;
         }
@@ -114,9 +114,9 @@ Bill costOf(const Trade& trade, const Tariff& tariff) {
     });
 }
 
-Decimal ownAmount(const Bill& bill, const Item& item) {
+Decimal ownAmount(const Bill& bill, const BillItem& item) {
     Decimal own = item.amount;
-    for (const Item& other : bill.items) {
+    for (const BillItem& other : bill.items) {
         if (other.inside == item.term) {
             own -= other.amount;
         }
@@ -126,7 +126,7 @@ Decimal ownAmount(const Bill& bill, const Item& item) {
 
 Bill converted(Bill bill, const Decimal& exchangeRate, const std::string& currency) {
     return withinBounds([&] {
-        for (Item& item : bill.items) {
+        for (BillItem& item : bill.items) {
             item.amount *= exchangeRate;
         }
         bill.turnover *= exchangeRate;

@@ -12,7 +12,7 @@
 namespace cost {
 
 /// One charge of a trade with its amount. The pointers live as long as a copy of the tariff, which the bill has.
-struct Item {
+struct BillItem {
     const Term* term = nullptr;    ///< how it is charged; its `where` is the line that says so
     const Rate* rate = nullptr;    ///< the fee center's, with level and source; empty: the term's own
     const Term* inside = nullptr;  ///< the charge that already contains it; empty: it is paid by itself
@@ -37,7 +37,7 @@ struct Bill {
     explicit Bill(Tariff usedTariff) : tariff(std::move(usedTariff)) {}
 
     Tariff tariff;
-    std::vector<Item> items;
+    std::vector<BillItem> items;
     Decimal turnover;  ///< of options: the premium
     Decimal costs;     ///< the items that are not inside others
     /// What moves on the account, below 0 when it pays. Shares and premiums move with their turnover; futures and an
@@ -56,7 +56,7 @@ struct Bill {
 Bill costOf(const Trade& trade, const Tariff& tariff);
 
 /// The item's amount without what is directly inside it, such as a broker's own part of an all-in commission.
-Decimal ownAmount(const Bill& bill, const Item& item);
+Decimal ownAmount(const Bill& bill, const BillItem& item);
 
 /// The bill in another currency: every amount, turnover, costs, net and margin times `exchangeRate`, exactly. Basis and
 /// rate of the items stay in the currency in which they are charged.

@@ -23,7 +23,7 @@ void refuseMissingPrice(const Plan& plan, const Trade& trade);
 
 /// The bill without items: turnover, currency and margin.
 Bill emptyBill(const Trade& trade, const Decimal& turnover, const Tariff& tariff, const Plan& plan);
-Item itemOf(const ChargeLine& line, const Sum& sum);
+BillItem itemOf(const ChargeLine& line, const Sum& sum);
 /// Adds up costs and net when the items are there.
 void total(Bill& bill, Side side);
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "cost/refused.h"
+#include "host/markets.h"
 #include "host/record_fields.h"
 
 namespace cost {
@@ -109,7 +110,7 @@ Family stockFamilyOf(const CInstrumentFee& answer) {
     }
     const bool tradesEverything = kind == kPrimeBrokerageAccount;
     const bool isNeeq =
-        tradesEverything ? answer.instrument && answer.instrument->market == "NEEQ" : kind == kNeeqAccount;
+        tradesEverything ? answer.instrument && answer.instrument->market == kNeeqMarket : kind == kNeeqAccount;
     return isNeeq ? Family::kNeeq : Family::kStock;
 }
 
@@ -155,15 +156,20 @@ std::optional<Family> familyOf(const CInstrumentFee& answer) {
     return found.size() == 1 ? std::optional<Family>(found.front()) : std::nullopt;
 }
 
-Rates ratesOf(const CInstrumentFee& answer, const RateNames& names) {
-    const auto family = familyOf(answer);
-    if (!family) {
-        refuseFamilies(familiesOf(answer));
+Family chargedFamilyOf(const CInstrumentFee& answer) {
+    const std::vector<Family> found = familiesOf(answer);
+    if (found.size() != 1) {
+        refuseFamilies(found);
     }
+    return found.front();
+}
+
+Rates ratesOf(const CInstrumentFee& answer, const RateNames& names) {
+    const Family family = chargedFamilyOf(answer);
     static const std::vector<RateName> noNames;
-    const auto named = names.find(*family);
+    const auto named = names.find(family);
     const std::vector<RateName>& fieldNames = named == names.end() ? noNames : named->second;
-    switch (*family) {
+    switch (family) {
         case Family::kFutures:
             return futuresRates(answer);
         case Family::kOption:

@@ -64,8 +64,11 @@ Family stockFamilyOf(const qmservice::CInstrumentFee& answer);
 /// of a prime-brokerage account does.
 std::optional<Family> familyOf(const qmservice::CInstrumentFee& answer);
 
-/// The answer's rates in the order of the record's fields (options: by item key). Throws Refused when the answer has no
-/// family or a rate is no number that can be charged.
+/// The same of an answer that is to be charged. Throws Refused, with the families that it has, when it is not one.
+Family chargedFamilyOf(const qmservice::CInstrumentFee& answer);
+
+/// The answer's rates in the order of the record's fields (options: by item key). Throws Refused as
+/// chargedFamilyOf() does, and when a rate is no number that can be charged.
 Rates ratesOf(const qmservice::CInstrumentFee& answer, const RateNames& names);
 
 }  // namespace cost

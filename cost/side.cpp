@@ -3,8 +3,6 @@
 namespace cost {
 namespace {
 
-constexpr std::size_t kWideTermSides = kWords<TermSide>.size() - kSideCount;
-
 /// What is to be known of a side. The wide term side of one that has none is its own.
 struct SideFacts {
     TermSide wide;
@@ -26,7 +24,7 @@ const SideFacts& facts(Side side) {
     return all.at(indexOf(side));
 }
 
-TermSide itself(Side side) { return static_cast<TermSide>(indexOf(side) + kWideTermSides); }
+TermSide itself(Side side) { return static_cast<TermSide>(indexOf(side) + kWideTermSides.size()); }
 
 /// The words of the values that the family has.
 template <class Enum>
@@ -45,7 +43,7 @@ std::string wordsOf(Family family) {
 
 bool covers(TermSide term, Side trade) { return term == itself(trade) || term == facts(trade).wide; }
 
-bool namesOneSide(TermSide term) { return static_cast<std::size_t>(term) >= kWideTermSides; }
+bool namesOneSide(TermSide term) { return static_cast<std::size_t>(term) >= kWideTermSides.size(); }
 
 bool has(Family family, Side side) {
     const TermSide wide = facts(side).wide;

@@ -2,6 +2,7 @@
 #define COST_SIDE_H
 
 #include <array>
+#include <cstddef>
 #include <string>
 
 #include "cost/words.h"
@@ -51,20 +52,20 @@ enum class TermSide {
     kExercise
 };
 
+constexpr std::array<std::string_view, 4> kWideTermSides = {"both", "open", "close", "close_today"};
+
 template <>
-inline constexpr std::array<std::string_view, 13> kWords<TermSide> = {"both",
-                                                                      "open",
-                                                                      "close",
-                                                                      "close_today",
-                                                                      "buy",
-                                                                      "sell",
-                                                                      "open_long",
-                                                                      "open_short",
-                                                                      "close_long",
-                                                                      "close_short",
-                                                                      "close_today_long",
-                                                                      "close_today_short",
-                                                                      "exercise"};
+inline constexpr std::array<std::string_view, kWideTermSides.size() + kWords<Side>.size()> kWords<TermSide> = [] {
+    std::array<std::string_view, kWideTermSides.size() + kWords<Side>.size()> words{};
+    std::size_t count = 0;
+    for (const std::string_view wide : kWideTermSides) {
+        words[count++] = wide;
+    }
+    for (const std::string_view side : kWords<Side>) {
+        words[count++] = side;
+    }
+    return words;
+}();
 
 constexpr std::size_t kSideCount = kWords<Side>.size();
 constexpr std::size_t indexOf(Side side) { return static_cast<std::size_t>(side); }

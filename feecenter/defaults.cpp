@@ -6,6 +6,7 @@
 
 #include "CFeeCenter.h"
 #include "feecenter/item_key.h"
+#include "host/configuration.h"
 #include "host/records.h"
 
 namespace qmservice {
@@ -43,7 +44,7 @@ boost::shared_ptr<CStkExchangeRateLimit> makeStockLimit() {
     limit->rate4 = 0.0;
     limit->rate5 = 0.0;
     limit->rate6 = 0.001;
-    limit->unitVolume = 100;
+    limit->unitVolume = kUsualTradeUnit;
     return limit;
 }
 

@@ -30,7 +30,7 @@ uint64 queriedInstrumentKey(const std::string& stockKey) {
 /// asked for by the key as given": connect keys are not folded for it.
 int queriedTradeUnit(int accountType, const std::string& stockKey) {
     if (accountType != kStockAccount && accountType != kCreditAccount) {
-        return kDefaultTradeUnit;
+        return kUsualTradeUnit;
     }
     std::string market;
     std::string code;
@@ -39,11 +39,11 @@ int queriedTradeUnit(int accountType, const std::string& stockKey) {
 }
 
 using Records = std::vector<boost::shared_ptr<IData>>;
-using Load = void (CFeeCenter::*)(const boost::shared_ptr<CAccountInfo>&, const Records&);
+using LoadMember = void (CFeeCenter::*)(const boost::shared_ptr<CAccountInfo>&, const Records&);
 
 /// A posted load. The records come by pointer because boost::bind copies what it binds several times over: a list of
 /// thousands is copied once, for the job, and not again.
-void runLoad(Load member, CFeeCenter* center, const boost::shared_ptr<CAccountInfo>& account,
+void runLoad(LoadMember member, CFeeCenter* center, const boost::shared_ptr<CAccountInfo>& account,
              const boost::shared_ptr<const Records>& records) {
     (center->*member)(account, *records);
 }
@@ -69,7 +69,7 @@ void CFeeCenter::initFees(const boost::shared_ptr<CAccountInfo>& account,
     if (records.empty()) {
         return;
     }
-    const auto post = [&](Load member) {
+    const auto post = [&](LoadMember member) {
         strand->post(boost::bind(&runLoad, member, this, account, boost::make_shared<const Records>(records)));
     };
     switch (account->accountType) {

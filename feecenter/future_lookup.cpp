@@ -102,7 +102,7 @@ void setByVolume(CCommissionRateDetail& commission, const ExchangeFees& fees) {
     commission.closeTodayRatioByVolume = fees.closeToday;
 }
 
-/// A simulation charges what the exchange itself charges, where the instrument tells it.
+/// A simulation charges what the exchange itself charges, where the instrument has it.
 void applyExchangeFee(CCommissionRateDetail& commission, const CInstrument& instrument) {
     constexpr ExchangeFees kNone{0, 0, 0};
     const std::int32_t feeType = instrument.getFeeType();

@@ -46,14 +46,13 @@ public:
     /// The tables, not to be written, under the lock in shared mode.
     [[nodiscard]] Held<boost::shared_lock<boost::shared_mutex>, const Tables> read() const { return {mutex, tables}; }
 
-    /// The same without the lock, for one who holds the lock that all writers of the tables take before this one: no
-    /// table changes as long as `writersLock` is held.
-    [[nodiscard]] const Tables& readAmongWriters(const boost::unique_lock<boost::shared_mutex>& /*writersLock*/) const {
-        return tables;
-    }
-
     /// The tables under the lock in exclusive mode.
     [[nodiscard]] Held<boost::unique_lock<boost::shared_mutex>, Tables> write() const { return {mutex, tables}; }
+
+protected:
+    /// The tables, not to be written, without the lock: for a class that is reached under the lock that all writers of
+    /// the tables take before this one.
+    [[nodiscard]] const Tables& unguarded() const { return tables; }
 
 private:
     boost::shared_mutex& mutex;

@@ -9,9 +9,6 @@
 
 namespace qmservice {
 
-/// The trade unit of answers for which the instrument's own is not asked.
-constexpr int kDefaultTradeUnit = 100;
-
 /// The catalogue's instrument with this key; empty when unknown.
 inline boost::shared_ptr<CInstrument> findInstrument(uint64 instrumentKey) {
     return TraderCenter::instance()->getInstCenter()->findInstrument(instrumentKey);

@@ -82,8 +82,8 @@ void loadLimits(CFeeCenter& center, const boost::shared_ptr<CAccountInfo>& accou
 
 /// Stores, for each instrument of the family's list, the first custom limit that matches it; the others stay as they
 /// are.
-template <class Family, class CustomFee>
-void overrideLimits(CFeeCenter& center, const boost::shared_ptr<CAccountInfo>& account, const CustomFee& fee) {
+template <class Family, class CustomRecord>
+void overrideLimits(CFeeCenter& center, const boost::shared_ptr<CAccountInfo>& account, const CustomRecord& fee) {
     if (fee.rateLimits.empty()) {
         return;
     }
@@ -110,7 +110,7 @@ boost::shared_ptr<typename Family::Limit> configuredOrDefault(
 /// configured or default limit. The lock is held shared for the whole call: the fallback asks the host under it.
 template <class Family>
 boost::shared_ptr<CInstrumentFee> findLimitFee(CFeeCenter& center, uint64 accountKey, uint64 instrumentKey,
-                                               int tradeUnit = kDefaultTradeUnit) {
+                                               int tradeUnit = kUsualTradeUnit) {
     const auto family = Family::of(center);
     const auto tables = family.tables.read();
     auto fee = boost::make_shared<CInstrumentFee>();
@@ -133,7 +133,7 @@ bool listLimitFees(CFeeCenter& center, const boost::shared_ptr<CAccountInfo>& ac
         if constexpr (std::is_invocable_v<Answer, CFeeCenter&, uint64, uint64>) {
             return (center.*Family::kListAnswer)(accountKey, instrumentKey);
         } else {
-            return (center.*Family::kListAnswer)(accountKey, instrumentKey, kDefaultTradeUnit);
+            return (center.*Family::kListAnswer)(accountKey, instrumentKey, kUsualTradeUnit);
         }
     };
     return listFees(account, fees, readKeys, lookup);

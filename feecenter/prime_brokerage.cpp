@@ -28,25 +28,26 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string&
     if (isFutureMarket(market) || market == "IF" || market == "CFFEX" || market == "INE") {
         return getFutureFee(accountKey, instrumentKey);
     }
-    if (market == "HGT" || market == "SSEHKEX") {
+    if (isHgtMarket(market)) {
         return getHgtFee(accountKey, instrumentKey);
     }
-    if (market == "SGT" || market == "SZSEHKEX") {
+    if (isSgtMarket(market)) {
         return getSgtFee(accountKey, instrumentKey);
     }
-    if (market == "HK") {
+    if (market == kHongKongMarket) {
         // Rule "A Hong Kong instrument gets the full default": both channels are asked and their answers dropped.
         getHgtFee(accountKey, instrumentKey);
         getSgtFee(accountKey, instrumentKey);
         return {};
     }
-    if (market == "SHO" || market == "SZO") {
+    if (isOptionMarket(market)) {
         return getStkOptionFee(accountKey, instrumentKey);
     }
     if (isForeignMarket(market)) {
         return getIncomeSwapFutureFee(accountKey, instrumentKey);
     }
-    return market == "NEEQ" ? getNeeqFee(accountKey, instrumentKey, tradeUnit) : boost::shared_ptr<CInstrumentFee>();
+    return market == kNeeqMarket ? getNeeqFee(accountKey, instrumentKey, tradeUnit)
+                                 : boost::shared_ptr<CInstrumentFee>();
 }
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::makeFullDefaultFee(const boost::shared_ptr<CInstrument>& instrument,

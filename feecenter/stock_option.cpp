@@ -1,5 +1,4 @@
 #include <boost/smart_ptr/make_shared.hpp>
-#include <boost/thread/lock_types.hpp>
 #include <map>
 #include <optional>
 #include <string>
@@ -13,19 +12,15 @@
 #include "feecenter/option_tables.h"
 #include "host/record_fields.h"
 
-// Rule "Stock options are written under the stock lock": the update runs under stockMutex and the queries under
-// stkOptionMutex, so neither takes the other's lock. What keeps the tables whole between them is stkOptionTableMutex,
-// always the last lock to be taken: they wait for each other no longer than one read or write of the tables takes.
-
 namespace qmservice {
 namespace {
 
 boost::shared_ptr<CStockOptionFeeItem> makeItem(const CCustomStkExchangeRateLimit& limit) {
     auto item = boost::make_shared<CStockOptionFeeItem>();
-    using Item = CStockOptionFeeItem;
+    using FeeItem = CStockOptionFeeItem;
     using Limit = CCustomStkExchangeRateLimit;
-    records::copyFields(limit, records::optionFees<Limit>, *item, records::optionFees<Item>);
-    records::copyFields(limit, records::optionKeyCodes<Limit>, *item, records::optionKeyCodes<Item>);
+    records::copyFields(limit, records::optionFees<Limit>, *item, records::optionFees<FeeItem>);
+    records::copyFields(limit, records::optionKeyCodes<Limit>, *item, records::optionKeyCodes<FeeItem>);
     return item;
 }
 
@@ -86,8 +81,12 @@ struct CFeeCenter::StkOption {
                                utils::CSingletonT<CppCategory>::instance()->getCategorId(limit.category));
     }
 
-    /// The tables under the lock that keeps them whole, which is not the family's.
-    static Guarded<OptionTables> of(CFeeCenter& center) {
+    // Rule "Stock options are written under the stock lock".
+    static OptionQuery query(CFeeCenter& center) { return {center.stkOptionMutex, OptionReader(tables(center))}; }
+    static OptionUpdate update(CFeeCenter& center) { return {center.stockMutex, OptionWriter(tables(center))}; }
+
+private:
+    static Guarded<OptionTables> tables(CFeeCenter& center) {
         return {center.stkOptionTableMutex,
                 {center.stkOptionItemPool, center.stkOptionAccountTable, center.stkOptionBaseRateTable}};
     }
@@ -104,29 +103,28 @@ void CFeeCenter::doUpdateStkOptionCustomFee(const boost::shared_ptr<CAccountInfo
         return;
     }
     const uint64 accountKey = account->getHashKey(0);
-    const Guarded<OptionTables> options = StkOption::of(*this);
     forEachMatch(fee->rateLimits, StkOption::kList, StkOption::matches,
                  [&](const CInstrument& instrument, const auto& limit) {
                      const uint64 instrumentKey = instrumentKeyOf(instrument);
                      const uint64 limitKey = contentKey(limit, getTradeMinUnit(instrument.market, instrument.code));
 
-                     const boost::unique_lock<boost::shared_mutex> lock(stockMutex);
-                     auto item = findPooled(*options.readAmongWriters(lock).items, limitKey);
+                     const auto options = StkOption::update(*this);
+                     auto item = findPooled(*options->read().items, limitKey);
                      if (!item) {
                          item = makeItem(limit);
                      }
                      const std::string key = itemKey(*item);
 
-                     auto tables = options.write();
+                     auto tables = options->write();
                      (*tables->items).emplace(limitKey, item);
                      setItem(*tables->entries, accountKey, instrumentKey, key, limitKey);
                  });
 }
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::getStkOptionFee(uint64 accountKey, uint64 instrumentKey) {
-    const boost::shared_lock<boost::shared_mutex> lock(stkOptionMutex);
+    const auto options = StkOption::query(*this);
     auto fee = boost::make_shared<CInstrumentFee>();
-    auto stored = findItems(*StkOption::of(*this).read(), accountKey, instrumentKey);
+    auto stored = findItems(*options->read(), accountKey, instrumentKey);
     fee->stkOptionFeeRate = stored.found ? makeRate(std::move(stored)) : defaultStkOptionFeeRate;
     return fee;
 }
@@ -134,8 +132,7 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getStkOptionFee(uint64 accountKey,
 bool CFeeCenter::getStkOptionFees(const boost::shared_ptr<CAccountInfo>& account,
                                   std::vector<boost::shared_ptr<CInstrumentFee>>& fees) {
     const auto readKeys = [this](uint64 accountKey) {
-        const boost::shared_lock<boost::shared_mutex> lock(stkOptionMutex);
-        return instrumentKeysOf(*StkOption::of(*this).read()->entries, accountKey);
+        return instrumentKeysOf(*StkOption::query(*this)->read()->entries, accountKey);
     };
     return listFees(account, fees, readKeys, [this](uint64 accountKey, uint64 instrumentKey) {
         return getStkOptionFee(accountKey, instrumentKey);

@@ -2,12 +2,11 @@
 #define FEECENTER_TABLES_H
 
 #include <boost/shared_ptr.hpp>
-#include <boost/unordered_map.hpp>
-#include <map>
 #include <optional>
 #include <utility>
 #include <vector>
 
+#include "CFeeCenter.h"
 #include "feecenter/host_calls.h"
 #include "host/records.h"
 
@@ -15,12 +14,11 @@
 
 namespace qmservice {
 
-// The two of CFeeCenter, whose own are protected.
 template <class Record>
-using RecordPool = boost::unordered_map<uint64, boost::shared_ptr<Record>>;
+using RecordPool = CFeeCenter::RecordPool<Record>;
 
 template <class Entry>
-using EntryTable = std::map<uint64, boost::unordered_map<uint64, Entry>>;
+using EntryTable = CFeeCenter::EntryTable<Entry>;
 
 /// The pooled record with this key, made by `make` when there is none yet. A stored record is never replaced.
 template <class Record, class Make>

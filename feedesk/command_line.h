@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "feedesk/completions.h"
+#include "feedesk/completing/completions.h"
 #include "feedesk/failure.h"
 #include "feedesk/program.h"
 
 namespace feedesk {
 
-/// Runs the command that the words name, those of a command line without the program's name: answers and tells what
+/// Runs the command that the words name, those of a command line without the program's name: answers and reports what
 /// went wrong. `program` holds what is not said by a word.
 ExitStatus runCommand(const std::vector<std::string>& words, Program& program);
 

@@ -6,7 +6,7 @@
 
 namespace feedesk {
 
-/// What the program tells the shell that started it.
+/// The exit status of the program.
 enum ExitStatus : int {
     kAnswered = 0,
     kNoAnswer = 1,  ///< the question was understood and has no answer

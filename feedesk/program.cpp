@@ -4,11 +4,11 @@
 
 #include <memory>
 
-#include "feedesk/messages.h"
-#include "feedesk/pager.h"
 #include "feedesk/rows/sinks.h"
-#include "feedesk/terminal.h"
-#include "feedesk/text.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/terminal/pager.h"
+#include "feedesk/terminal/terminal.h"
+#include "feedesk/text/text.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/utf8.h"
 

@@ -8,7 +8,7 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/rows/rows.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 
 namespace feedesk {
 
@@ -48,14 +48,14 @@ struct Program {
     /// one after another; when it throws, what it has given is answered. The session's summary, when it is asked for,
     /// comes last below a table and on standard error with JSON and CSV, so that programs can read the answer.
     void answer(const Session& asked, const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
-    /// The same without a session: `sessionSummary` is the line that is told.
+    /// The same without a session: `sessionSummary` is the line that is written.
     void answer(const std::function<std::string()>& sessionSummary, const Sections& sections,
                 const std::function<Remarks(RowSink&)>& giveRows);
     /// The same for an answer that needs no market folder and has no summary.
     void answer(const Sections& sections, const std::function<Remarks(RowSink&)>& giveRows);
 };
 
-/// Reads the command line, answers and tells what went wrong; the program's exit status.
+/// Reads the command line, answers and reports what went wrong; the program's exit status.
 int run(int argc, const char* const* argv);
 
 }  // namespace feedesk

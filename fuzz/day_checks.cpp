@@ -5,6 +5,7 @@
 
 #include "fuzz/fail.h"
 #include "fuzz/market_checks.h"
+#include "standalone/market_files.h"
 
 namespace fuzz {
 namespace {
@@ -33,13 +34,13 @@ void checkIntervals(const Files& files, const MarketFolder& folder) {
 }
 
 void checkTerms(const Files& files, const MarketFolder& folder) {
-    const auto table = files.find("charges.csv");
+    const auto table = files.find(standalone::files::kCharges);
     const auto& terms = folder.schedule().terms();
     if (table == files.end() && !terms.empty()) {
         fail("terms come from a table");
     }
     for (const cost::Term& term : terms) {
-        const std::size_t line = std::stoul(term.where.substr(std::string("charges.csv:").size()));
+        const std::size_t line = std::stoul(term.where.substr(std::string(standalone::files::kCharges).size() + 1));
         const auto lines = static_cast<std::size_t>(std::count(table->second.begin(), table->second.end(), '\n')) + 1;
         if (line < 2 || line > lines) {
             fail("a term is below the header: " + term.where);

@@ -1,4 +1,4 @@
-// Any bytes as a market folder: the loader refuses it, telling each error where it lies, or loads all of it, and a fee
+// Any bytes as a market folder: the loader refuses it, reporting each error where it is, or loads all of it, and a fee
 // center then answers from what was loaded.
 
 #include <cstddef>

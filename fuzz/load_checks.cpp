@@ -8,6 +8,7 @@
 #include "fuzz/market_checks.h"
 #include "fuzz/market_text.h"
 #include "standalone/loader/reading_order.h"
+#include "standalone/market_files.h"
 
 namespace fuzz {
 namespace {
@@ -29,8 +30,9 @@ bool isFolder(const Files& files, const std::string& path) {
 
 /// Names that the format needs, or that other tables may need, so that an error can lie at a file that is not there.
 bool isNeeded(const std::string& path) {
-    return path == "market.toml" || path == "accounts.csv" || path == "instruments" || path == "categories.csv" ||
-           path == "group_categories.csv";
+    namespace files = standalone::files;
+    return path == files::kMarket || path == files::kAccounts || path == files::kInstruments ||
+           path == files::kSystemCategories || path == files::kGroupCategories;
 }
 
 /// Whether the folder has the place, or lacks it although it needs it.

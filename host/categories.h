@@ -26,7 +26,7 @@ constexpr CategoryRange kGroupCategories{70001, 80001};   ///< categories made o
 /// there is one, is the instrument's productId.
 class CppCategory {
 public:
-    /// Whether the instrument lies in the numbered system category.
+    /// Whether the instrument is in the numbered system category.
     bool isStockInCategoryForTS(const std::string& market, const std::string& code, const std::string& productId,
                                 int category);
 
@@ -34,7 +34,7 @@ public:
     bool isStockInCustomCategory(const std::string& market, const std::string& code,
                                  const std::vector<std::string>& members);
 
-    /// Whether the instrument lies in the group category made of `parts`.
+    /// Whether the instrument is in the group category made of `parts`.
     bool isStockInGroupCategory(const std::string& market, const std::string& code, const std::string& productId,
                                 const std::vector<boost::shared_ptr<CGroupCategorySubInfo>>& parts,
                                 std::map<int, std::vector<std::string>> customCategories);

@@ -7,7 +7,7 @@
 
 namespace qmservice {
 
-/// One part of a group category. An instrument lies in the group when at least one part takes it in and no part leaves
+/// One part of a group category. An instrument is in the group when at least one part takes it in and no part leaves
 /// it out.
 class CGroupCategorySubInfo : public RecordOf<CGroupCategorySubInfo> {
 public:

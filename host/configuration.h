@@ -11,6 +11,9 @@ namespace qmservice {
 
 // Every operation below may be called from any thread, also while the caller holds a lock of the fee center.
 
+/// The trade unit where an instrument's own is not known or not asked for.
+constexpr int kUsualTradeUnit = 100;
+
 /// Minimum trade unit of an instrument, in shares or contracts.
 int getTradeMinUnit(const std::string& market, const std::string& code);
 

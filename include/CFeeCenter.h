@@ -54,13 +54,20 @@ using uint64 = std::uint64_t;
 /// utils::CSingletonT<net::RPCEngine>::instance()->getStrand(name)->post(marker). When the marker runs, every change
 /// called before it was posted has ended, queries see it, and its job holds account and records no longer; when no
 /// change was called since, the object may be destroyed. Fee centers of one name share the strand: the marker runs
-/// behind the changes of all of them. It tells neither that a record was taken nor that a change did not throw.
+/// behind the changes of all of them. It says neither that a record was taken nor that a change did not throw.
 /// host/engine.h says where not to wait for it.
 ///
 /// The protected members are for a class derived to look inside or to test; the family operations take no part in
 /// routing and post nothing.
 class FEECENTER_EXPORT CFeeCenter : public IFeeCenter {
 public:
+    /// Key of the contents -> record.
+    template <class Record>
+    using RecordPool = boost::unordered_map<uint64, boost::shared_ptr<Record>>;
+    /// Account key -> (instrument key -> what the family keeps for the instrument: a pool key in most of them).
+    template <class Entry>
+    using EntryTable = std::map<uint64, boost::unordered_map<uint64, Entry>>;
+
     /// Takes the strand called `name` from the host's engine and builds the default records. Throws std::bad_alloc, and
     /// what the engine throws.
     explicit CFeeCenter(const std::string& name);
@@ -80,12 +87,6 @@ public:
                  std::vector<boost::shared_ptr<CInstrumentFee>>& out) override;
 
 protected:
-    template <class Record>
-    using RecordPool = boost::unordered_map<uint64, boost::shared_ptr<Record>>;
-    /// Account key -> (instrument key -> what the family keeps for the instrument: a pool key in most of them).
-    template <class Entry>
-    using EntryTable = std::map<uint64, boost::unordered_map<uint64, Entry>>;
-
     // Loads: store an account's fee records. Run on the strand.
     void doInitStockFee(const boost::shared_ptr<CAccountInfo>& account,
                         const std::vector<boost::shared_ptr<IData>>& records);

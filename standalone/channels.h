@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "host/account.h"
+#include "host/markets.h"
 
 // The connect channels, through which accounts of two kinds trade the instruments of kChannelMarket. Safe from any
 // number of threads at once.
@@ -13,8 +14,8 @@
 namespace standalone {
 
 /// What a key may hold in place of the market.
-constexpr std::array<const char*, 2> kChannels = {"HGT", "SGT"};
-constexpr const char* kChannelMarket = "HK";
+constexpr std::array<const char*, 2> kChannels = {qmservice::kHgtMarket, qmservice::kSgtMarket};
+constexpr const char* kChannelMarket = qmservice::kHongKongMarket;
 
 /// Whether the market or code holds the name of a channel, which the keys of instruments replace by the channels'
 /// market, so that such an instrument is never found.

@@ -15,6 +15,7 @@ namespace standalone {
 namespace {
 
 using namespace qmservice;  // NOLINT(google-build-using-namespace): records, kinds and lists
+using cost::Family;
 using RateFields = std::vector<RateField>;
 
 constexpr Lists kFuturesLists{0, kFuturesType | kFuturesExtraType};
@@ -48,35 +49,22 @@ RateFields marginFields() {
     return fields;
 }
 
-RateFamily stockFamily(const char* name, const char* title, qmservice::AccountKind account, InstrumentList list,
-                       bool isConfigured) {
-    return {name,
-            title,
-            "",
-            name,
-            RateRecords::kStock,
-            {list, 0},
-            {account},
-            {account},
-            isConfigured,
-            true,
-            ownColumns(records::stockRates<CStkExchangeRateLimit>)};
+/// The word of the family in which trades are charged; words of enumerations are literals.
+const char* nameOf(cost::Family charged) { return cost::wordFor(charged).data(); }
+
+/// Where an answer holds one limit for each instrument, which fee records and custom fees give to one kind of account.
+RateFamily limitFamily(cost::Family charged, const char* title, RateRecords records, qmservice::AccountKind account,
+                       InstrumentList list, RateFields rates) {
+    return {nameOf(charged), title, "",   nameOf(charged), records, charged, {list, 0}, {account},
+            {account},       true,  true, std::move(rates)};
 }
 
-template <class Limit>
-RateFamily connectFamily(const char* name, const char* title, RateRecords limits, qmservice::AccountKind account,
-                         InstrumentList list) {
-    return {name,
-            title,
-            "",
-            name,
-            limits,
-            {list, 0},
-            {account},
-            {account},
-            true,
-            true,
-            ownColumns(records::connectRates<Limit>)};
+RateFamily stockFamily(cost::Family charged, const char* title, qmservice::AccountKind account, InstrumentList list,
+                       bool isConfigured) {
+    RateFamily family = limitFamily(charged, title, RateRecords::kStock, account, list,
+                                    ownColumns(records::stockRates<CStkExchangeRateLimit>));
+    family.isConfigured = isConfigured;
+    return family;
 }
 
 RateFamily futuresFamily(const char* name, const char* title, const char* itemTitle, RateRecords details,
@@ -86,6 +74,7 @@ RateFamily futuresFamily(const char* name, const char* title, const char* itemTi
             itemTitle,
             "futures",
             details,
+            Family::kFutures,
             kFuturesLists,
             {kFuturesAccount, kFutures5Account},
             {kFuturesAccount, kFutures5Account, kPrimeBrokerageAccount},
@@ -95,11 +84,12 @@ RateFamily futuresFamily(const char* name, const char* title, const char* itemTi
 }
 
 RateFamily optionFamily() {
-    return {"option",
+    return {nameOf(Family::kOption),
             "Stock option fee items",
             "Item",
-            "option",
+            nameOf(Family::kOption),
             RateRecords::kOption,
+            Family::kOption,
             {kOptionList, 0},
             {},
             {kOptionAccount},
@@ -131,16 +121,16 @@ const std::vector<NamedList>& namedLists() {
 
 const std::vector<RateFamily>& rateFamilies() {
     static const std::vector<RateFamily> all{
-        stockFamily("stock", "Stock rates", kStockAccount, kStockList, true),
-        stockFamily("credit", "Credit rates", kCreditAccount, kCreditList, false),
-        stockFamily("neeq", "NEEQ rates", kNeeqAccount, kNeeqList, false),
-        connectFamily<CCustomHGTExchangeRateLimit>("hgt", "Shanghai-Hong Kong connect rates", RateRecords::kHgt,
-                                                   kHgtAccount, kHgtList),
-        connectFamily<CCustomSgtExchangeRateLimit>("sgt", "Shenzhen-Hong Kong connect rates", RateRecords::kSgt,
-                                                   kSgtAccount, kSgtList),
+        stockFamily(Family::kStock, "Stock rates", kStockAccount, kStockList, true),
+        stockFamily(Family::kCredit, "Credit rates", kCreditAccount, kCreditList, false),
+        stockFamily(Family::kNeeq, "NEEQ rates", kNeeqAccount, kNeeqList, false),
+        limitFamily(Family::kHgt, "Shanghai-Hong Kong connect rates", RateRecords::kHgt, kHgtAccount, kHgtList,
+                    ownColumns(records::connectRates<CCustomHGTExchangeRateLimit>)),
+        limitFamily(Family::kSgt, "Shenzhen-Hong Kong connect rates", RateRecords::kSgt, kSgtAccount, kSgtList,
+                    ownColumns(records::connectRates<CCustomSgtExchangeRateLimit>)),
         optionFamily(),
-        futuresFamily("commission", "Futures commission", "", RateRecords::kCommission, commissionFields()),
-        futuresFamily("margin", "Futures margin", "Hedge flag", RateRecords::kMargin, marginFields()),
+        futuresFamily(kCommissionFamily, "Futures commission", "", RateRecords::kCommission, commissionFields()),
+        futuresFamily(kMarginFamily, "Futures margin", "Hedge flag", RateRecords::kMargin, marginFields()),
     };
     return all;
 }
@@ -152,6 +142,11 @@ const RateFamily& rateFamily(std::string_view name) {
         throw std::out_of_range("there is no family " + std::string(name));
     }
     return *found;
+}
+
+const RateFamily& rateFamilyOf(cost::Family charged) {
+    return *std::find_if(rateFamilies().begin(), rateFamilies().end(),
+                         [&](const RateFamily& each) { return each.charged == charged; });
 }
 
 std::vector<std::string> rateColumnNames(const Market& market, const RateFamily& family) {
@@ -170,17 +165,19 @@ std::vector<std::string> rateColumnNames(const Market& market, const RateFamily&
 }
 
 const std::vector<AccountKindInfo>& accountKinds() {
-    static const std::vector<AccountKindInfo> all{{kFuturesAccount, "futures", "commission"},
-                                                  {kStockAccount, "stock", "stock"},
-                                                  {kCreditAccount, "credit", "credit"},
-                                                  {kFutures5Account, "futures_5", "commission"},
-                                                  {kOptionAccount, "option", "option"},
-                                                  {kHgtAccount, "hgt", "hgt"},
-                                                  {kIncomeSwapAccount, "income_swap", ""},
-                                                  {kNeeqAccount, "neeq", "neeq"},
-                                                  {kSgtAccount, "sgt", "sgt"},
-                                                  {kPrimeBrokerageAccount, "prime_brokerage", ""},
-                                                  {kIncomeSwapFuturesAccount, "income_swap_futures", ""}};
+    static const std::vector<AccountKindInfo> all{
+        {kFuturesAccount, "futures", Family::kFutures},
+        {kStockAccount, "stock", Family::kStock},
+        {kCreditAccount, "credit", Family::kCredit},
+        {kFutures5Account, "futures_5", Family::kFutures},
+        {kOptionAccount, "option", Family::kOption},
+        {kHgtAccount, "hgt", Family::kHgt},
+        {kIncomeSwapAccount, "income_swap", std::nullopt},
+        {kNeeqAccount, "neeq", Family::kNeeq},
+        {kSgtAccount, "sgt", Family::kSgt},
+        {kPrimeBrokerageAccount, "prime_brokerage", std::nullopt},
+        {kIncomeSwapFuturesAccount, "income_swap_futures", std::nullopt},
+    };
     return all;
 }
 
@@ -197,7 +194,7 @@ std::string accountKindName(int kind) {
 
 const RateFamily* tradedFamily(int kind) {
     const AccountKindInfo* known = findAccountKind(kind);
-    return known == nullptr || *known->family == '\0' ? nullptr : &rateFamily(known->family);
+    return known == nullptr || !known->charged ? nullptr : &rateFamilyOf(*known->charged);
 }
 
 }  // namespace standalone

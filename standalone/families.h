@@ -1,13 +1,17 @@
 #ifndef STANDALONE_FAMILIES_H
 #define STANDALONE_FAMILIES_H
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "cost/side.h"
 #include "standalone/market.h"
+#include "standalone/market_files.h"
 
-// The families of rates and the kinds of account, each in one table. Every name lives as long as the program. Safe from
+// The families of rates and the kinds of account, each in one table, and how they go with the families that trades are
+// charged in. Every name lives as long as the program. Safe from
 // any number of threads at once.
 
 namespace standalone {
@@ -54,9 +58,10 @@ struct RateField {
 struct RateFamily {
     const char* name;         ///< of its tables, of its rates in market.toml and of the parts of answers
     const char* title;        ///< what a person calls its rates
-    const char* itemTitle;    ///< what a person calls the items that tell its rates apart; empty for one without
+    const char* itemTitle;    ///< what a person calls the items that distinguish its rates; empty for one without
     const char* instruments;  ///< what a person calls the instruments that it is for
     RateRecords records;
+    cost::Family charged;             ///< of the trades that these rates are for
     Lists lists;                      ///< that hold those instruments
     std::vector<int> feeAccounts;     ///< kinds of account in fees/NAME.csv; none: there is no such table
     std::vector<int> customAccounts;  ///< the same for custom/NAME.csv
@@ -65,26 +70,39 @@ struct RateFamily {
     std::vector<RateField> rates;     ///< in field order
 
     // Its tables in a market folder.
-    [[nodiscard]] std::string feeTable() const { return std::string("fees/") + name + ".csv"; }
-    [[nodiscard]] std::string configuredTable() const { return std::string("configured/") + name + ".csv"; }
-    [[nodiscard]] std::string customTable() const { return std::string("custom/") + name + ".csv"; }
+    [[nodiscard]] std::string feeTable() const { return tableIn(files::kFees); }
+    [[nodiscard]] std::string configuredTable() const { return tableIn(files::kConfigured); }
+    [[nodiscard]] std::string customTable() const { return tableIn(files::kCustom); }
+    [[nodiscard]] std::string tableIn(const std::string& folder) const {
+        return folder + "/" + name + files::kTableEnding;
+    }
 };
 
 /// Every family, in the order in which their tables are read.
 const std::vector<RateFamily>& rateFamilies();
 
+/// The names of futures' families: cost::Family has one word for both. The others have the word of theirs.
+constexpr const char* kCommissionFamily = "commission";
+constexpr const char* kMarginFamily = "margin";
+
 /// The family of that name. Throws std::out_of_range when there is none.
 const RateFamily& rateFamily(std::string_view name);
+
+/// The family whose rates trades of a cost::Family pay: of futures the commission.
+const RateFamily& rateFamilyOf(cost::Family charged);
 
 /// The columns of the family's rates in the tables of a market, in field order: as market.toml calls them where it may.
 std::vector<std::string> rateColumnNames(const Market& market, const RateFamily& family);
 
 /// What the host and its programs know of a kind of account.
 struct AccountKindInfo {
-    int kind;            ///< a qmservice::AccountKind
-    const char* name;    ///< as accounts.csv has it
-    const char* family;  ///< whose instruments such an account trades; empty for one that trades everything and has no
-                         ///< list of fees
+    int kind;                             ///< a qmservice::AccountKind
+    const char* name;                     ///< as accounts.csv has it
+    std::optional<cost::Family> charged;  ///< in which such an account trades; empty for one that trades everything and
+                                          ///< has no list of fees
+
+    /// Whether an account of the kind may trade in the family.
+    [[nodiscard]] bool trades(cost::Family family) const { return charged.value_or(family) == family; }
 };
 
 /// Every kind that the boundary names, in ascending order.

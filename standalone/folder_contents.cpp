@@ -12,7 +12,7 @@
 namespace standalone {
 namespace {
 
-/// A content as bytes, each part told from the next.
+/// A content as bytes, each part separate from the next.
 class Bytes {
 public:
     template <class Number>

@@ -46,9 +46,9 @@ public:
     /// All that accounts share on a day: instruments, markets, categories, platforms, configured limits.
     int sharedOn(cost::Date day);
 
-    /// By place in the market: all that an answer for the instrument depends on beside the account's lines and the name
-    /// of the instrument. Instruments of one folder with the same number are answered alike where the same lines of the
-    /// account match them.
+    /// By place in the market: all that an answer for the instrument depends on besides the account's lines and the
+    /// name of the instrument. Instruments of one folder with the same number are answered alike where the same lines
+    /// of the account match them.
     const std::vector<int>& instrumentsOn(cost::Date day);
 
     /// The lines that say of these instruments, by their places in ascending order, what the line at the position says

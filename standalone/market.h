@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "host/catalogue.h"
@@ -18,6 +19,7 @@ struct Position {
     std::uint32_t line = 0;
 
     friend bool operator==(Position a, Position b) { return a.file == b.file && a.line == b.line; }
+    friend bool operator<(Position a, Position b) { return std::tie(a.file, a.line) < std::tie(b.file, b.line); }
 };
 
 struct MarketPlace {

@@ -28,7 +28,7 @@ public:
     explicit MarketFolder(std::shared_ptr<const loader::CheckedFolder> content);
 
     [[nodiscard]] const std::string& name() const;
-    /// The days that may be asked for. Nothing here refuses another one: whoever asks a person's question does.
+    /// The days that may be asked for. Nothing here refuses another one; programs that answer people do.
     [[nodiscard]] const Coverage& coverage() const;
     /// The day that is meant where none is named: `as_of` of market.toml, and without that the machine's today.
     [[nodiscard]] cost::Date defaultDay() const;

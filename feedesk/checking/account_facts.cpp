@@ -3,16 +3,13 @@
 #include <algorithm>
 #include <map>
 
-#include "feedesk/traded_instruments.h"
+#include "feedesk/instruments/traded_instruments.h"
 #include "standalone/families.h"
 
 namespace feedesk::checking {
 namespace {
 
 using standalone::Position;
-using PositionKey = std::pair<std::uint32_t, std::uint32_t>;
-
-PositionKey keyOf(Position position) { return {position.file, position.line}; }
 
 /// A kind that trades everything has lines of futures alone.
 int kindOfQuestions(int kind) { return standalone::tradedFamily(kind) == nullptr ? qmservice::kFuturesAccount : kind; }
@@ -41,7 +38,7 @@ AccountFacts::AccountFacts(const FolderFacts& folder, Session& session, const st
     for (const Answer& answer : replies.answers) {
         for (const FeeLine& line : answer.lines) {
             if (line.origin.position) {
-                origins.insert(keyOf(*line.origin.position));
+                origins.insert(*line.origin.position);
             }
         }
     }
@@ -54,19 +51,19 @@ void AccountFacts::addInputs() {
     standalone::loader::forEachInForce(lines.fees, facts.day, [&](const standalone::loader::KeptFeeLine& kept) {
         given.push_back({&kept, &kept, nullptr, 0, facts.placeOf(kept.position)});
     });
-    std::map<PositionKey, std::pair<const standalone::CustomFee*, std::size_t>> entries;
+    std::map<Position, std::pair<const standalone::CustomFee*, std::size_t>> entries;
     for (const standalone::CustomFee& fee : asked.customFees) {
         for (std::size_t entry = 0; entry < fee.entries.size(); ++entry) {
-            entries[keyOf(fee.entries[entry])] = {&fee, entry};
+            entries[fee.entries[entry]] = {&fee, entry};
         }
     }
     standalone::loader::forEachInForce(lines.customFees, facts.day, [&](const standalone::loader::KeptLine& kept) {
-        const auto [fee, entry] = entries.at(keyOf(kept.position));
+        const auto [fee, entry] = entries.at(kept.position);
         given.push_back({&kept, nullptr, fee, entry, facts.placeOf(kept.position)});
     });
 }
 
-bool AccountFacts::answersFrom(const Input& input) const { return origins.count(keyOf(input.kept->position)) != 0; }
+bool AccountFacts::answersFrom(const Input& input) const { return origins.count(input.kept->position) != 0; }
 
 InstrumentSet AccountFacts::reachOf(const Input& input) {
     if (input.feeLine == nullptr) {

@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "feedesk/answer.h"
+#include "feedesk/answers/answer.h"
 #include "feedesk/checking/folder_facts.h"
 #include "feedesk/checking/probe.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 
 namespace feedesk::checking {
 
@@ -54,7 +54,7 @@ private:
     Probe& probe;
     Replies replies;
     std::vector<Input> given;
-    std::set<std::pair<std::uint32_t, std::uint32_t>> origins;  // file and line of each rate of the answers
+    std::set<standalone::Position> origins;  // of each rate of the answers
 };
 
 }  // namespace feedesk::checking

@@ -4,7 +4,7 @@
 
 #include "feedesk/checking/check.h"
 #include "feedesk/checking/topics.h"
-#include "standalone/charged_families.h"
+#include "standalone/families.h"
 
 namespace feedesk::checking {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 /// The family in which an account is asked; one that trades everything has lines of futures alone.
 cost::Family askedFamily(const standalone::Account& account) {
     const standalone::AccountKindInfo* kind = standalone::findAccountKind(account.record->accountType);
-    const auto family = kind == nullptr ? std::nullopt : standalone::chargedAs(*kind);
+    const auto family = kind == nullptr ? std::nullopt : kind->charged;
     return family.value_or(cost::Family::kFutures);
 }
 

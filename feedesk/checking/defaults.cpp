@@ -6,7 +6,7 @@
 
 #include "feedesk/checking/duty_cuts.h"
 #include "feedesk/checking/topics.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/families.h"
 
 namespace feedesk::checking {
@@ -130,7 +130,7 @@ void findUnsetCommissions(AccountFacts& facts, Findings& findings) {
     GroupCounts groups;
     for (const Answer& answer : facts.answers()) {
         const auto unset = std::find_if(answer.lines.begin(), answer.lines.end(), [](const FeeLine& line) {
-            return line.part == "commission" && line.origin.level == Level::kNotSet;
+            return line.part == kCommissionPart && line.origin.level == Level::kNotSet;
         });
         if (unset != answer.lines.end()) {
             groups.add(*answer.instrument);

@@ -6,7 +6,7 @@
 #include "feedesk/checking/duty_cuts.h"
 #include "feedesk/checking/line_faults.h"
 #include "feedesk/checking/topics.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk::checking {
 namespace {

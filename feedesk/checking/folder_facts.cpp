@@ -15,7 +15,7 @@ bool endsWith(std::string_view text, std::string_view end) {
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
-/// Of the families whose rates have fixed names, the name of the column tells.
+/// For families whose rates have fixed names: from the name of the column.
 RateKind kindOfFixed(const RateFamily& family, std::string_view column) {
     if (endsWith(column, "_by_money")) {
         return family.records == RateRecords::kMargin ? RateKind::kMargin : RateKind::kFraction;

@@ -6,8 +6,8 @@
 
 #include "feedesk/checking/margin_answers.h"
 #include "feedesk/checking/topics.h"
-#include "feedesk/instrument_text.h"
-#include "feedesk/numbers.h"
+#include "feedesk/instruments/instrument_text.h"
+#include "feedesk/text/numbers.h"
 #include "feedesk/trades/trade_words.h"
 
 // Hedge flags as the fee center answers them. It keeps the margins of a fee record one behind the other and puts a
@@ -82,7 +82,7 @@ void findLostMargins(AccountFacts& facts, Findings& findings) {
 }
 
 void findMissingHedgeFlags(AccountFacts& facts, Findings& findings) {
-    InstrumentSet losers;  // of which another check tells more
+    InstrumentSet losers;  // of which another check says more
     forEachLostMargin(
         facts, [&](const Input& /*input*/, const InstrumentSet& lost) { losers.insert(lost.begin(), lost.end()); });
     struct Group {

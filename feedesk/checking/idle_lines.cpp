@@ -6,8 +6,8 @@
 
 #include "feedesk/checking/margin_answers.h"
 #include "feedesk/checking/topics.h"
-#include "feedesk/instrument_text.h"
-#include "feedesk/numbers.h"
+#include "feedesk/instruments/instrument_text.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/services/category_book.h"
 
 // Lines that change no answer: what they say is not what anybody is charged.
@@ -85,7 +85,7 @@ void forEachShadow(AccountFacts& facts, const Visit& visit) {
         }
         const InstrumentSet reach = facts.reachOf(input);
         if (isMarginLine(input) && !margins.lostBy(input, reach).empty()) {
-            continue;  // another check tells more
+            continue;  // another check says more
         }
         const Shadow shadow{reach.size(), winnersOver(input, reach, facts)};
         if (!shadow.winners.empty()) {

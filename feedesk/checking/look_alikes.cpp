@@ -5,7 +5,7 @@
 #include <map>
 
 #include "feedesk/checking/topics.h"
-#include "feedesk/folding.h"
+#include "feedesk/text/folding.h"
 #include "standalone/loader/spreadsheet_code.h"
 #include "standalone/text/nearness.h"
 #include "standalone/text/numbers.h"
@@ -58,7 +58,7 @@ std::vector<Name> accountsAndCodes(const FolderFacts& facts) {
     return names;
 }
 
-// --- characters that nobody sees
+// --- invisible characters
 
 struct Unseen {
     std::string_view utf8;
@@ -86,7 +86,7 @@ const Unseen* unseenAt(std::string_view text) {
     return found == kUnseen.end() ? nullptr : &*found;
 }
 
-/// The text without what nobody sees, and the first character of that.
+/// The text without its invisible characters, and the first of them.
 struct Seen {
     std::string text;
     const Unseen* first = nullptr;
@@ -179,7 +179,7 @@ Finding lostZeros(const std::vector<std::pair<Name, std::string>>& lost) {
 std::string atAGlance(const Name& name) {
     std::string text = standalone::lowerCase(narrowed(seenOf(name.text).text));
     if (name.market.empty()) {
-        // Codes of futures tell products apart by such letters.
+        // Codes of futures distinguish products by such letters.
         std::replace(text.begin(), text.end(), 'o', '0');
         std::replace(text.begin(), text.end(), 'l', '1');
         std::replace(text.begin(), text.end(), 'i', '1');

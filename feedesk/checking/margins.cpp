@@ -4,7 +4,7 @@
 
 #include "feedesk/checking/line_faults.h"
 #include "feedesk/checking/topics.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 // Margins as their lines have them.
 

@@ -5,14 +5,12 @@
 #include <set>
 
 #include "feedesk/checking/topics.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk::checking {
 namespace {
 
 using Keys = std::set<std::string>;
-
-constexpr const char* kOptionPart = "option";
 
 /// The items that the charging terms of options ask for on the day.
 Keys chargedItems(const FolderFacts& facts) {

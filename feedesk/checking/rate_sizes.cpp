@@ -8,7 +8,7 @@
 
 #include "feedesk/checking/line_faults.h"
 #include "feedesk/checking/topics.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/text/numbers.h"
 
 namespace feedesk::checking {
@@ -117,7 +117,7 @@ std::vector<std::size_t> runsOf(const Sized& rates, double factor) {
 
 std::string times(double factor) { return plainNumber(std::round(factor * 10) / 10); }
 
-/// How the rate stands to the nearest one outside of its run.
+/// How the rate compares with the nearest one outside of its run.
 std::string distanceText(const SizedRate& rate, const Sized& rates, std::size_t begin, std::size_t end) {
     const bool hasLower = begin != 0;
     const bool hasHigher = end != rates.size();

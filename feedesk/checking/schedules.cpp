@@ -7,7 +7,7 @@
 #include <tuple>
 
 #include "feedesk/checking/topics.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/families.h"
 #include "standalone/text/numbers.h"
 
@@ -63,12 +63,12 @@ std::string_view digitsOfTradingCode(std::string_view name) {
     return isCode ? name.substr(kUnderlying + 1, 4) : std::string_view();
 }
 
-/// The month of delivery or expiry, where code or name tells it.
+/// The month of delivery or expiry, where code or name has it.
 std::optional<Month> monthOf(const standalone::ListedInstrument& listed, int today) {
-    if (standalone::rateFamily("commission").lists.hold(listed)) {
+    if (standalone::rateFamilyOf(cost::Family::kFutures).lists.hold(listed)) {
         return monthIn(digitsBehindLetters(listed.record->code), today);
     }
-    if (standalone::rateFamily("option").lists.hold(listed)) {
+    if (standalone::rateFamilyOf(cost::Family::kOption).lists.hold(listed)) {
         return monthIn(digitsOfTradingCode(listed.record->name), today);
     }
     return std::nullopt;

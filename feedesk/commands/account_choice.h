@@ -12,7 +12,7 @@ namespace feedesk {
 
 /// Whose fees a command is asked for: one account's, or those of all that are like some patterns.
 struct AccountChoice {
-    std::string account;                ///< what stands in the place of ACCOUNT
+    std::string account;                ///< what is given as ACCOUNT
     std::vector<std::string> patterns;  ///< of --accounts; none: the account alone
 
     [[nodiscard]] bool ofSeveral() const { return !patterns.empty(); }

@@ -1,12 +1,11 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <array>
 
-#include "feedesk/account_levels.h"
-#include "feedesk/accounts_like.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/program.h"
+#include "feedesk/session/account_levels.h"
+#include "feedesk/session/accounts_like.h"
 #include "standalone/families.h"
 
 namespace feedesk {
@@ -20,25 +19,6 @@ struct AccountRow {
 using AccountFields = FieldsOf<AccountRow>;
 
 const qmservice::CAccountInfo& info(const AccountRow& row) { return *row.account->record; }
-
-/// "built_in_default" for "built-in default".
-std::string asName(std::string words) {
-    std::replace_if(
-        words.begin(), words.end(), [](char c) { return c == ' ' || c == '-'; }, '_');
-    return words;
-}
-
-struct LevelTitle {
-    Level level;
-    const char* title;
-};
-
-constexpr std::array<LevelTitle, kLevels.size()> kLevelTitles = {{{Level::kOwnRecord, "Own record"},
-                                                                  {Level::kCustomFee, "Custom fee"},
-                                                                  {Level::kConfiguredLimit, "Config. limit"},
-                                                                  {Level::kExchangeFee, "Exchange fee"},
-                                                                  {Level::kBuiltInDefault, "Built-in default"},
-                                                                  {Level::kNotSet, "Not set"}}};
 
 AccountFields accountFields() {
     return {
@@ -61,9 +41,9 @@ AccountFields accountFieldsWithLevels() {
     fields[1].field.shortest = 8;
     fields.push_back(
         {{"instruments", "Total", Unit::kCount}, [](const AccountRow& row) { return row.levels.instruments; }});
-    for (const LevelTitle& titled : kLevelTitles) {
-        fields.push_back({{asName(levelName(titled.level)), titled.title, Unit::kCount},
-                          [level = titled.level](const AccountRow& row) { return row.levels.of(level); }});
+    for (const LevelWords& words : kLevels) {
+        fields.push_back({{words.field, words.title, Unit::kCount},
+                          [level = words.level](const AccountRow& row) { return row.levels.of(level); }});
     }
     return fields;
 }

@@ -4,14 +4,14 @@
 #include <algorithm>
 #include <array>
 
-#include "feedesk/category_members.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/instrument_text.h"
-#include "feedesk/numbers.h"
-#include "feedesk/patterns.h"
+#include "feedesk/instruments/category_members.h"
+#include "feedesk/instruments/instrument_text.h"
 #include "feedesk/program.h"
-#include "feedesk/text.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/patterns.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

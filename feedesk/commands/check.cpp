@@ -9,9 +9,9 @@
 #include "feedesk/checking/check.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/numbers.h"
 #include "feedesk/program.h"
-#include "feedesk/text.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
 #include "standalone/text/nearness.h"
 #include "standalone/text/numbers.h"
 

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "feedesk/commands/commands.h"
-#include "feedesk/completions.h"
+#include "feedesk/completing/completions.h"
 #include "feedesk/program.h"
-#include "feedesk/terminal.h"
+#include "feedesk/terminal/terminal.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/wording.h"
 

@@ -9,7 +9,7 @@
 #include "feedesk/commands/cost_totals.h"
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "feedesk/numbers.h"
-#include "feedesk/provenance.h"
+#include "feedesk/answers/provenance.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {
@@ -18,7 +18,7 @@ bool isBuiltIn(const std::string& level) {
 /// By the rates of its items; without items by all, since rates of 0 may be the built-in ones.
 bool isChargedAtDefault(const cost::Bill& bill) {
     const std::vector<cost::Rate>& rates = bill.tariff.rates().charges;
-    const bool ofItems = std::any_of(bill.items.begin(), bill.items.end(), [](const cost::Item& item) {
+    const bool ofItems = std::any_of(bill.items.begin(), bill.items.end(), [](const cost::BillItem& item) {
         return item.rate != nullptr && isBuiltIn(item.rate->level);
     });
     const bool ofAll = bill.items.empty() && std::any_of(rates.begin(), rates.end(),

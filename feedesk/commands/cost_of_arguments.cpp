@@ -6,16 +6,15 @@
 
 #include "cost/day.h"
 #include "cost/refused.h"
+#include "feedesk/answers/marks.h"
+#include "feedesk/answers/unlisted.h"
 #include "feedesk/commands/cost_arguments.h"
 #include "feedesk/commands/cost_backwards.h"
 #include "feedesk/commands/cost_rows.h"
 #include "feedesk/commands/fee_answer.h"
-#include "feedesk/marks.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 #include "feedesk/trades/tariffs.h"
 #include "feedesk/trades/trade_words.h"
-#include "feedesk/unlisted.h"
-#include "standalone/channels.h"
 
 namespace feedesk {
 namespace {
@@ -58,19 +57,6 @@ std::vector<cost::Trade> tradesFrom(const CostArguments& arguments, cost::Date d
         }
         return trades;
     });
-}
-
-Question instrumentOf(const Session& session, const standalone::Account& account, const std::string& text) {
-    const bool connect = standalone::tradesThroughConnect(account.record->accountType);
-    const std::vector<Question> found = session.instruments().find(text, connect);
-    if (found.empty()) {
-        throw Failure(kNoAnswer, session.instruments().problem(text, connect));
-    }
-    if (found.size() > 1) {
-        throw Failure(kNoAnswer,
-                      fmt::format("{} stands for {} instruments, and a trade is of one", echoed(text), found.size()));
-    }
-    return found.front();
 }
 
 /// A hedge flag chooses a margin, and only futures have one.
@@ -215,7 +201,7 @@ ExitStatus costOfArguments(Program& program, const CostArguments& arguments) {
     Session& session = program.open();
     const standalone::Account& account = session.account(arguments.account);
     AskedTrades asked{tradesFrom(arguments, session.day()), {}};
-    const Question instrument = instrumentOf(session, account, arguments.instrument);
+    const Question instrument = session.instrument(account, arguments.instrument, "a trade is of one");
     const Charged charged = orFail([&] { return chargedOn(session, session.day(), arguments.account, instrument); });
     refuseForeignHedge(charged.tariff, arguments);
     const Trades trades = orFail([&] {

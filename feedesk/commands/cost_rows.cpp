@@ -1,5 +1,5 @@
 #include "feedesk/commands/cost_rows.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 #include <algorithm>
 #include <utility>
@@ -36,13 +36,13 @@ Value marginOf(const ItemRow& row) {
     return asked ? Value(Money{asked->amount.text(kMoneyDecimals)}) : Value(Nothing());
 }
 
-Value insideOf(const cost::Item& item) {
+Value insideOf(const cost::BillItem& item) {
     return item.inside == nullptr ? Value(Nothing()) : Value(item.inside->charge);
 }
 
-std::string levelOf(const cost::Item& item) { return item.rate == nullptr ? kTermLevel : item.rate->level; }
+std::string levelOf(const cost::BillItem& item) { return item.rate == nullptr ? kTermLevel : item.rate->level; }
 
-Value sourceOf(const cost::Item& item) {
+Value sourceOf(const cost::BillItem& item) {
     const std::string& place = item.rate == nullptr ? item.term->where : item.rate->source;
     return place.empty() ? Value(Nothing()) : Value(Source{place});
 }
@@ -67,7 +67,7 @@ std::string titleOf(const cost::Term& term, const standalone::Market& market) {
     return title;
 }
 
-std::string basisText(const cost::Item& item) {
+std::string basisText(const cost::BillItem& item) {
     return item.basis.text(item.term->basis == cost::Basis::kTurnover ? kMoneyDecimals : 0);
 }
 
@@ -77,7 +77,7 @@ std::string whyNothing(const ChargedTrade& charged) {
 }
 
 /// A fraction of turnover as percent, everything else as it is.
-std::string rateText(const cost::Item& item) {
+std::string rateText(const cost::BillItem& item) {
     return item.term->basis == cost::Basis::kTurnover ? (item.value * cost::Decimal(100)).text() + "%"
                                                       : item.value.text();
 }
@@ -118,18 +118,18 @@ ItemFields itemFields() {
         {forPrograms("quantity"), [](const ItemRow& row) { return money(row.charged.quantity); }},
         {forPrograms("price"), [](const ItemRow& row) { return money(row.charged.price); }},
         {forPrograms("order"), [](const ItemRow& row) { return textOrNothing(row.charged.trade.order); }},
-        {forPrograms("charge"), ofItem([](const cost::Item& item) { return item.term->charge; })},
-        {forPrograms("item"), ofItem([](const cost::Item& item) { return textOrNothing(item.term->item); })},
-        {forPrograms("basis_of"), ofItem([](const cost::Item& item) { return word(item.term->basis); })},
-        {forPrograms("fills"), ofItem([](const cost::Item& item) { return item.trades; })},
-        {{"basis", "Basis", Unit::kNumber}, ofItem([](const cost::Item& item) { return Money{basisText(item)}; })},
-        {forPrograms("rate"), ofItem([](const cost::Item& item) { return Money{item.value.text()}; })},
+        {forPrograms("charge"), ofItem([](const cost::BillItem& item) { return item.term->charge; })},
+        {forPrograms("item"), ofItem([](const cost::BillItem& item) { return textOrNothing(item.term->item); })},
+        {forPrograms("basis_of"), ofItem([](const cost::BillItem& item) { return word(item.term->basis); })},
+        {forPrograms("fills"), ofItem([](const cost::BillItem& item) { return item.trades; })},
+        {{"basis", "Basis", Unit::kNumber}, ofItem([](const cost::BillItem& item) { return Money{basisText(item)}; })},
+        {forPrograms("rate"), ofItem([](const cost::BillItem& item) { return Money{item.value.text()}; })},
         {{"amount", "Amount", Unit::kNumber}, amountOf},
         {forPrograms("inside"), ofItem(insideOf)},
         {forPrograms("currency"), [](const ItemRow& row) { return row.charged.bill.currency; }},
         {{"level", "Level"}, ofItem(levelOf)},
         {Field{"source", "Rate from"}.when(WhenZero::kLeftOut), ofItem(sourceOf)},
-        {{"term", "Term"}, ofItem([](const cost::Item& item) { return Source{item.term->where}; })},
+        {{"term", "Term"}, ofItem([](const cost::BillItem& item) { return Source{item.term->where}; })},
         {forPrograms("turnover"), [](const ItemRow& row) { return money(row.charged.turnover); }},
         {forPrograms("costs"), [](const ItemRow& row) { return money(row.charged.costs); }},
         {forPrograms("net"), [](const ItemRow& row) { return money(row.charged.net); }},
@@ -150,19 +150,19 @@ ItemFields titledItemFields(const standalone::Market& market) {
                                     }});
     fields.insert(before("amount"), {Field{"", "Rate", Unit::kNumber}, ofItem(rateText)});
     fields.insert(before("currency"),
-                  {forPeople("Inside").when(WhenZero::kLeftOut), ofItem([title](const cost::Item& item) {
+                  {forPeople("Inside").when(WhenZero::kLeftOut), ofItem([title](const cost::BillItem& item) {
                        return textOrNothing(item.inside == nullptr ? "" : title(*item.inside));
                    })});
     return fields;
 }
 
 void giveItems(const ChargedTrade& charged, const ItemFields& fields, std::size_t section, RowSink& sink) {
-    const auto give = [&](const cost::Item* item) {
+    const auto give = [&](const cost::BillItem* item) {
         Row row = rowOf(fields, ItemRow{charged, item});
         row.section = section;
         sink.row(row);
     };
-    for (const cost::Item& item : charged.bill.items) {
+    for (const cost::BillItem& item : charged.bill.items) {
         give(&item);
     }
     if (charged.bill.items.empty()) {

@@ -13,7 +13,7 @@ namespace feedesk {
 
 /// A trade and what it costs. The texts are those of its rows, made once for all of them.
 struct ChargedTrade {
-    /// `numbersOfDay`: the numbers of the trades that Bill::sharedWith speaks of.
+    /// `numbersOfDay`: the numbers of the trades in Bill::sharedWith.
     ChargedTrade(std::size_t tradeNumber, cost::Trade chargedTrade, cost::Bill tradeBill,
                  const std::vector<std::size_t>& numbersOfDay);
 
@@ -37,7 +37,7 @@ struct ChargedTrade {
 /// An item of a trade; a trade without one has a row too, so that it is not overlooked.
 struct ItemRow {
     const ChargedTrade& charged;
-    const cost::Item* item;  ///< empty: nothing is charged on this trade
+    const cost::BillItem* item;  ///< empty: nothing is charged on this trade
 };
 
 using ItemFields = FieldsOf<ItemRow>;

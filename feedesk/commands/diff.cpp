@@ -8,13 +8,13 @@
 #include "feedesk/commands/options.h"
 #include "feedesk/comparing/compared_days.h"
 #include "feedesk/comparing/instrument_groups.h"
-#include "feedesk/folder_loading.h"
-#include "feedesk/messages.h"
-#include "feedesk/numbers.h"
 #include "feedesk/program.h"
-#include "feedesk/running_engine.h"
-#include "feedesk/terminal.h"
-#include "feedesk/text.h"
+#include "feedesk/session/folder_loading.h"
+#include "feedesk/session/running_engine.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/terminal/terminal.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

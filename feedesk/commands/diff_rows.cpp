@@ -6,10 +6,10 @@
 #include <iterator>
 
 #include "feedesk/comparing/instrument_groups.h"
-#include "feedesk/instrument_text.h"
-#include "feedesk/numbers.h"
+#include "feedesk/instruments/instrument_text.h"
 #include "feedesk/rows/shown_text.h"
-#include "feedesk/text.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
 #include "standalone/families.h"
 
 namespace feedesk {

@@ -23,7 +23,7 @@ struct ChangeRow {
 
 FieldsOf<ChangeRow> changeFields();
 
-/// The row of a change. `compared` are the days that are compared: a change of all of them tells no days.
+/// The row of a change. `compared` are the days that are compared: a change of all of them shows no days.
 ChangeRow changeRow(const Change& change, const ComparedFolder& before, const Comparison& comparison,
                     const cost::DateRange& compared);
 

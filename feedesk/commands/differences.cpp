@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {

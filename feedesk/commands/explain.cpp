@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "feedesk/answers/unlisted.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/fee_rows.h"
@@ -11,9 +12,7 @@
 #include "feedesk/explaining/explanation.h"
 #include "feedesk/explaining/verdict_text.h"
 #include "feedesk/program.h"
-#include "feedesk/text.h"
-#include "feedesk/unlisted.h"
-#include "standalone/channels.h"
+#include "feedesk/text/text.h"
 #include "standalone/families.h"
 
 namespace feedesk {
@@ -73,7 +72,7 @@ InputFields inputFields(const std::string& items) {
     };
 }
 
-/// Whether the line is for other instruments or accounts: people are told of it apart, without its rates.
+/// Whether the line is for other instruments or accounts: people read it in a table of its own, without its rates.
 bool doesNotApply(const Considered& input) {
     return input.verdict == Verdict::kOtherCategory || input.verdict == Verdict::kNoSimulation ||
            input.verdict == Verdict::kNotTaken;
@@ -133,29 +132,16 @@ private:
     Sections parts;
 };
 
-Question askedInstrument(const Session& session, const standalone::Account& account, const std::string& text) {
-    const bool connect = standalone::tradesThroughConnect(account.record->accountType);
-    const std::vector<Question> found = session.instruments().find(text, connect);
-    if (found.empty()) {
-        throw Failure(kNoAnswer, session.instruments().problem(text, connect));
-    }
-    if (found.size() > 1) {
-        throw Failure(kNoAnswer, fmt::format("{} stands for {} instruments, and one is explained at a time",
-                                             echoed(text), found.size()));
-    }
-    return found.front();
-}
-
 std::string heading(const Program& program, const Answer& answer, const standalone::Account& account) {
     const qmservice::CInstrument& instrument = *answer.instrument;
-    return fmt::format("{}: {} {}", accountHeading(account, program.session.date),
-                       instrumentText(instrument.market, instrument.code), instrument.name);
+    return fmt::format("{}: {} {}", accountHeading(account, program.session.date), instrumentText(instrument),
+                       instrument.name);
 }
 
 ExitStatus explainAnswer(Program& program, const ExplainArguments& arguments) {
     Session& session = program.open();
     const standalone::Account& account = session.account(arguments.account);
-    const Question question = askedInstrument(session, account, arguments.instrument);
+    const Question question = session.instrument(account, arguments.instrument, "one is explained at a time");
     const Replies replies = session.fees(account, {question});
     tellUnanswered(replies, account);
     if (replies.answers.empty()) {

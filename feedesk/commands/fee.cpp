@@ -4,17 +4,17 @@
 #include <algorithm>
 #include <iterator>
 
+#include "feedesk/answers/unlisted.h"
 #include "feedesk/commands/account_choice.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/fees_of_accounts.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/instrument_list.h"
-#include "feedesk/messages.h"
-#include "feedesk/numbers.h"
+#include "feedesk/instruments/instrument_list.h"
 #include "feedesk/program.h"
-#include "feedesk/text.h"
-#include "feedesk/unlisted.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
 #include "standalone/channels.h"
 
 namespace feedesk {

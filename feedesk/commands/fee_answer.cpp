@@ -4,10 +4,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include "feedesk/answers/marks.h"
 #include "feedesk/commands/fee_rows.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/marks.h"
-#include "feedesk/messages.h"
+#include "feedesk/terminal/messages.h"
 #include "standalone/families.h"
 
 namespace feedesk {
@@ -25,8 +25,8 @@ void addFeeOptions(CLI::App& command, Program& program) {
 
 void tellUnanswered(const Replies& replies, const standalone::Account& account) {
     for (const Question& question : replies.unanswered) {
-        tellProblem(fmt::format("the fee center has no fee of {} for account {}",
-                                instrumentText(question.market, question.code), account.record->accountId));
+        tellProblem(fmt::format("the fee center has no fee of {} for account {}", instrumentText(question),
+                                account.record->accountId));
     }
 }
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "feedesk/instrument_text.h"
-#include "feedesk/marks.h"
+#include "feedesk/answers/marks.h"
+#include "feedesk/instruments/instrument_text.h"
 #include "standalone/families.h"
 
 namespace feedesk {
@@ -30,7 +30,7 @@ PartTitle partTitle(const std::string& part) {
 
 const qmservice::CInstrument& instrument(const FeeRow& row) { return *row.answer.instrument; }
 
-std::string symbol(const FeeRow& row) { return instrumentText(instrument(row).market, instrument(row).code); }
+std::string symbol(const FeeRow& row) { return instrumentText(instrument(row)); }
 
 Value source(const FeeRow& row) {
     const auto& position = row.line.origin.position;
@@ -73,7 +73,7 @@ FeeFields commonFields(const std::string& items, bool tellsAccount) {
     };
 }
 
-/// A trade unit or a mode is no rate, and of a rate that nobody has named nobody expects to read that it is 0.
+/// Of rates that are 0 the table says so below, but not of a trade unit or a mode, nor of a rate without a title.
 WhenZero whenZero(const TitledRates& titled) {
     const ShownRate& first = titled.rates.front();
     return first.unit == Unit::kCount || first.column == titled.title ? WhenZero::kLeftOut : WhenZero::kNamed;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "feedesk/answer.h"
+#include "feedesk/answers/answer.h"
 #include "feedesk/rows/rows.h"
 #include "standalone/market.h"
 
@@ -29,7 +29,7 @@ public:
     /// For these answers, whose parts come in the order in which they appear.
     FeeRows(const std::vector<Answer>& answers, const standalone::Market& newMarket);
 
-    /// For whatever accounts of these kinds are answered with. Tables tell the account of each row.
+    /// For whatever accounts of these kinds are answered with. Tables show the account of each row.
     FeeRows(const std::vector<int>& accountKinds, const standalone::Market& newMarket);
 
     [[nodiscard]] const Sections& sections() const { return parts; }

@@ -11,11 +11,11 @@
 #include "feedesk/commands/fees_of_accounts.h"
 #include "feedesk/commands/only_markets.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/numbers.h"
-#include "feedesk/patterns.h"
+#include "feedesk/instruments/traded_instruments.h"
 #include "feedesk/program.h"
-#include "feedesk/text.h"
-#include "feedesk/traded_instruments.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/patterns.h"
+#include "feedesk/text/text.h"
 #include "standalone/families.h"
 
 namespace feedesk {

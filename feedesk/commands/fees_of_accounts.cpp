@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
+#include "feedesk/answers/marks.h"
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/fee_rows.h"
-#include "feedesk/marks.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {

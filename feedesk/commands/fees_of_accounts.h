@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "feedesk/accounts_like.h"
 #include "feedesk/program.h"
+#include "feedesk/session/accounts_like.h"
 
 namespace feedesk {
 

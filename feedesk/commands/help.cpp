@@ -6,8 +6,8 @@
 
 #include "feedesk/commands/commands.h"
 #include "feedesk/program.h"
-#include "feedesk/terminal.h"
-#include "feedesk/text.h"
+#include "feedesk/terminal/terminal.h"
+#include "feedesk/text/text.h"
 #include "standalone/text/nearness.h"
 
 namespace feedesk {

@@ -7,9 +7,9 @@
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/only_markets.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/messages.h"
 #include "feedesk/program.h"
-#include "feedesk/text.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/text/text.h"
 #include "standalone/families.h"
 
 namespace feedesk {
@@ -102,7 +102,7 @@ std::pair<const std::string&, const std::string&> placeOf(const ListedInstrument
 
 using Places = std::set<std::pair<std::string, std::string>>;
 
-/// What the texts find, and how many of them find nothing, which is told.
+/// What the texts find, and how many of them find nothing, which is reported.
 std::pair<Places, std::size_t> searched(const std::vector<std::string>& texts, const InstrumentNames& names) {
     std::pair<Places, std::size_t> result;
     for (const std::string& text : texts) {

@@ -8,7 +8,7 @@
 #include <locale>
 
 #include "feedesk/failure.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

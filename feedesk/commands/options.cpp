@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

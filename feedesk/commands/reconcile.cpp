@@ -12,10 +12,11 @@
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/commands/reconcile_rows.h"
-#include "feedesk/messages.h"
-#include "feedesk/numbers.h"
 #include "feedesk/statements/encoding.h"
-#include "feedesk/text.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
+#include "standalone/market_files.h"
 
 namespace feedesk {
 namespace {
@@ -37,9 +38,9 @@ std::vector<Layout> layoutsFor(const ReconcileArguments& arguments, const std::s
     }
     std::vector<Layout> layouts = layoutsOf(folder);
     if (layouts.empty()) {
-        throw Failure(
-            kBadInput,
-            fmt::format("{}/layouts holds no layout of statements; name one with --layout FILE.toml", echoed(folder)));
+        throw Failure(kBadInput,
+                      fmt::format("{}/{} holds no layout of statements; name one with --layout FILE{}", echoed(folder),
+                                  standalone::files::kLayouts, standalone::files::kLayoutEnding));
     }
     return layouts;
 }
@@ -50,9 +51,9 @@ void refuseWrongLines(const std::vector<WrongLine>& wrong, const std::string& fi
         tellProblem(InputLine{file, wrong[i].line}, column + wrong[i].sentence, kBadInput);
     }
     if (!wrong.empty()) {
-        const std::string told =
+        const std::string reported =
             wrong.size() > kMostWrongLines ? fmt::format(", of which {} are named", kMostWrongLines) : "";
-        throw Failure(kBadInput, counted(wrong.size(), "wrong line") + told + "; nothing was compared");
+        throw Failure(kBadInput, counted(wrong.size(), "wrong line") + reported + "; nothing was compared");
     }
 }
 
@@ -119,7 +120,7 @@ struct Wanted {
     const std::vector<Proposal>& proposals;
 };
 
-/// A table has no section that would be empty, and tells what it proposes below.
+/// A table has no section that would be empty, and says below what it proposes.
 Sections sectionsOf(const Wanted& wanted, Format format) {
     const Section orders = sectionOf("", orderFields());
     const Section figures = sectionOf("What differs", figureFields());

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <utility>
 
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/text/wording.h"
 
 namespace feedesk {

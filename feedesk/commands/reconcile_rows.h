@@ -10,7 +10,7 @@
 
 namespace feedesk {
 
-/// An order with the statement that it stands in.
+/// An order with the statement that it is in.
 struct OrderRow {
     const ReconciledOrder& reconciled;
     const Statement& statement;

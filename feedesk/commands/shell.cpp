@@ -4,10 +4,10 @@
 #include <CLI/CLI.hpp>
 
 #include "feedesk/commands/commands.h"
-#include "feedesk/numbers.h"
 #include "feedesk/program.h"
 #include "feedesk/shell/shell.h"
-#include "feedesk/terminal.h"
+#include "feedesk/terminal/terminal.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {

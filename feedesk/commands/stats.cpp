@@ -3,13 +3,13 @@
 #include <CLI/CLI.hpp>
 #include <cmath>
 
-#include "feedesk/accounts_like.h"
+#include "feedesk/answers/pooled_entries.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fees_of_accounts.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/numbers.h"
-#include "feedesk/pooled_entries.h"
 #include "feedesk/program.h"
+#include "feedesk/session/accounts_like.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/families.h"
 
 namespace feedesk {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "feedesk/interval_center.h"
+#include "feedesk/answers/interval_center.h"
 
 namespace feedesk {
 namespace {

@@ -10,7 +10,7 @@
 namespace feedesk {
 
 /// Asks both folders' fee centers for the account's instruments as of the day, one for all of those for which both have
-/// the same inputs, and tells where the answers differ. Parts and markets that one of the folders does not cover are
+/// the same inputs, and reports where the answers differ. Parts and markets that one of the folders does not cover are
 /// left out. `instruments` are those of the folders; the account's are those that its kind trades in either. Puts
 /// markets into the host's services; the engine must run.
 std::vector<RateDifference> compareAccount(ComparedFolder& before, ComparedFolder& after, cost::Date day,

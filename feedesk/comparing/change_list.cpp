@@ -6,14 +6,14 @@
 #include <tuple>
 #include <utility>
 
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {
 
 std::string valueText(const std::optional<double>& value) { return value ? plainNumber(*value) : "-"; }
 
-std::string keyOf(const AnsweredRate& rate) {
+std::string textOf(const AnsweredRate& rate) {
     return fmt::format("{} {}", valueText(rate.value), static_cast<int>(rate.level));
 }
 
@@ -31,7 +31,7 @@ bool sameChange(const Change& one, const Change& other) {
     const auto what = [](const Change& change) {
         const RateDifference& difference = change.difference;
         return std::make_tuple(std::tie(difference.part, difference.item, difference.column, difference.instruments),
-                               keyOf(difference.before), keyOf(difference.after),
+                               textOf(difference.before), textOf(difference.after),
                                std::tie(change.accounts, change.sourcesBefore, change.sourcesAfter));
     };
     return what(one) == what(other);
@@ -42,7 +42,7 @@ bool sameChange(const Change& one, const Change& other) {
 std::string ChangeList::keyOf(const RateDifference& difference) {
     const auto set = instrumentSets.emplace(difference.instruments, instrumentSets.size());
     return fmt::format("{}|{}|{}|{}|{}|{}", difference.part, difference.item, difference.column, set.first->second,
-                       feedesk::keyOf(difference.before), feedesk::keyOf(difference.after));
+                       textOf(difference.before), textOf(difference.after));
 }
 
 void ChangeList::addSources(const AnsweredRate& rate, const Lines& lines, ComparedFolder& folder,

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "feedesk/failure.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

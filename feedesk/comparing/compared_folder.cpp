@@ -2,7 +2,8 @@
 
 #include <utility>
 
-#include "feedesk/instrument_text.h"
+#include "feedesk/instruments/instrument_text.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 namespace {
@@ -10,10 +11,6 @@ namespace {
 std::optional<std::size_t> placeIn(const std::unordered_map<std::string, std::size_t>& places, const std::string& key) {
     const auto found = places.find(key);
     return found == places.end() ? std::nullopt : std::make_optional(found->second);
-}
-
-std::string keyOf(const qmservice::CInstrument& instrument) {
-    return instrumentText(instrument.market, instrument.code);
 }
 
 }  // namespace
@@ -24,7 +21,7 @@ ComparedFolder::ComparedFolder(standalone::MarketFolder loaded, standalone::Cont
         accountPlaces.emplace(account.record->accountId, accountPlaces.size());
     }
     for (const standalone::ListedInstrument& listed : instruments()) {
-        instrumentPlaces.emplace(keyOf(*listed.record), instrumentPlaces.size());
+        instrumentPlaces.emplace(instrumentText(*listed.record), instrumentPlaces.size());
     }
 }
 
@@ -33,7 +30,7 @@ std::optional<std::size_t> ComparedFolder::account(const std::string& accountId)
 }
 
 std::optional<std::size_t> ComparedFolder::instrument(const qmservice::CInstrument& instrument) const {
-    return placeIn(instrumentPlaces, keyOf(instrument));
+    return placeIn(instrumentPlaces, instrumentText(instrument));
 }
 
 bool ComparedFolder::covers(cost::Date day, const std::string& part) const {
@@ -46,8 +43,6 @@ bool ComparedFolder::coversMarket(cost::Date day, const std::string& market) con
     return ofMarket == known.end() || ofMarket->second.contains(day);
 }
 
-cost::Family chargedFamily(const std::string& part) {
-    return cost::fromWord<cost::Family>(part).value_or(cost::Family::kFutures);
-}
+cost::Family chargedFamily(const std::string& part) { return standalone::rateFamily(part).charged; }
 
 }  // namespace feedesk

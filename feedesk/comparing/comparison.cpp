@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "feedesk/comparing/change_list.h"
-#include "feedesk/instrument_text.h"
+#include "feedesk/instruments/instrument_text.h"
 
 namespace feedesk {
 namespace {
@@ -22,7 +22,7 @@ bool sameContents(const Lines& one, const Lines& other) {
                       [](const auto& a, const auto& b) { return a.content == b.content && a.kind == b.kind; });
 }
 
-/// All that the answers of an account depend on beside what the accounts of a folder share: its number is no part.
+/// All that the answers of an account depend on besides what the accounts of a folder share: its number is no part.
 using AccountInputs = std::vector<int>;
 
 void addSide(const qmservice::CAccountInfo& account, const Lines& lines, AccountInputs& inputs) {

@@ -6,7 +6,7 @@
 
 #include "cost/pattern.h"
 #include "feedesk/comparing/instrument_groups.h"
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 

@@ -11,7 +11,7 @@ namespace feedesk {
 enum class Judgement { kNone, kExpected, kUnexpected };
 
 /// Which accounts somebody expects to change: nothing is said of it, none, or those like these numbers, in which '*'
-/// stands for any text.
+/// is any text.
 class Expectation {
 public:
     Expectation() = default;

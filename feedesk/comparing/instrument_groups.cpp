@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <tuple>
 
-#include "feedesk/instrument_text.h"
-#include "feedesk/numbers.h"
+#include "feedesk/instruments/instrument_text.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {

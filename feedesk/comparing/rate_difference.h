@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "feedesk/answer.h"
+#include "feedesk/answers/answer.h"
 #include "standalone/folder_contents.h"
 
 namespace feedesk {

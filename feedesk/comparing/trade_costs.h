@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "cost/decimal.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 
 namespace feedesk {
 
@@ -24,7 +24,7 @@ struct AccountCosts {
 /// Charges the trades of a file ("-": standard input), which name their accounts, by both folders: by account in the
 /// order of their first trades. The trades may come in any order; where the options name a day, all are charged as of
 /// it, orders of different days apart. Throws Failure when one of them cannot be charged by
-/// one of the folders, after all such lines have been told. No session may be open: each folder has one in turn.
+/// one of the folders, after all such lines have been reported. No session may be open: each folder has one in turn.
 std::vector<AccountCosts> compareCosts(const SessionOptions& before, const SessionOptions& after,
                                        const std::string& file);
 

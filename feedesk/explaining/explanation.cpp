@@ -171,7 +171,7 @@ private:
         input.days = line.days;
         input.category = line.category;
         input.verdict = line.days.contains(day) ? Verdict::kNotTaken : Verdict::kNotInForce;
-        input.line.part = line.family == nullptr ? "commission" : line.family->name;
+        input.line.part = line.family == nullptr ? kCommissionPart : line.family->name;
         input.line.origin = {levelOf(line.kind), line.position};
         if (takeRates(input, trials.withOnly(number), number)) {
             return input;

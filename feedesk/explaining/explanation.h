@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "cost/date.h"
-#include "feedesk/answer.h"
+#include "feedesk/answers/answer.h"
 #include "feedesk/explaining/trials.h"
 
 namespace feedesk {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "feedesk/answer.h"
+#include "feedesk/answers/answer.h"
 #include "standalone/folder_excerpt.h"
 
 namespace feedesk {

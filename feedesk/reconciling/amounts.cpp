@@ -8,7 +8,7 @@
 namespace feedesk {
 namespace {
 
-Part& partFor(std::vector<Part>& parts, const cost::Item& item) {
+Part& partFor(std::vector<Part>& parts, const cost::BillItem& item) {
     const auto known = std::find_if(parts.begin(), parts.end(), [&](const Part& part) {
         return part.charge == item.term->charge && part.item == item.term->item;
     });
@@ -57,7 +57,7 @@ Amounts amountsOf(const std::vector<cost::Trade>& fills, const cost::Tariff& tar
     }
     Amounts amounts(tariff);
     for (const cost::Bill& bill : day.bills()) {
-        for (const cost::Item& item : bill.items) {
+        for (const cost::BillItem& item : bill.items) {
             Part& part = partFor(amounts.parts, item);
             part.amount += Span(item.amount);
             part.exact += item.value * item.basis;

@@ -7,8 +7,8 @@
 #include <unordered_map>
 
 #include "cost/refused.h"
-#include "feedesk/text.h"
-#include "feedesk/traded_instruments.h"
+#include "feedesk/instruments/traded_instruments.h"
+#include "feedesk/text/text.h"
 #include "feedesk/trades/tariffs.h"
 
 namespace feedesk {
@@ -17,7 +17,7 @@ namespace {
 using cost::Refused;
 using Outcome = ReconciledOrder::Outcome;
 
-/// The market of a code that the statement does not tell: the one in which accounts of the kind trade it.
+/// The market of a code where the statement names none: the one in which accounts of the kind trade it.
 class MarketsOfCodes {
 public:
     MarketsOfCodes(int accountType, const standalone::Market& market) {
@@ -56,7 +56,7 @@ std::string positionKey(const ReconciledOrder& charged) {
                        cost::wordFor(charged.order.side()));
 }
 
-/// What is charged per day cannot be told apart: the orders of a day become one.
+/// What is charged per day cannot be divided: the orders of a day become one.
 std::vector<ReconciledOrder> joinedByDay(std::vector<ReconciledOrder> orders) {
     std::vector<ReconciledOrder> joined;
     std::unordered_map<std::string, std::size_t> places;

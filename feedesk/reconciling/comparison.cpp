@@ -8,9 +8,9 @@ namespace {
 
 /// How a statement spreads the same costs over its columns.
 enum class Spread {
-    kPaid,   ///< what is inside a charge stands with it
-    kApart,  ///< what is inside a charge stands in a column of its own
-    kAllIn   ///< what a column may hold besides stands in it
+    kPaid,   ///< what is inside a charge is in its column
+    kApart,  ///< what is inside a charge has a column of its own
+    kAllIn   ///< a column has all that it may hold
 };
 
 bool holds(const std::vector<std::string>& names, const std::string& name) {

@@ -32,7 +32,7 @@ struct Figure {
 using Figures = std::vector<Figure>;
 
 /// Every figure that the statement has. What a commission contains may stand in its column or in columns of its own,
-/// and what a broker calls a commission may contain fees that the folder charges beside it: of these ways to lay out
+/// and what a broker calls a commission may contain fees that the folder charges besides it: of these ways to lay out
 /// the same costs the one is taken in which most figures agree.
 Figures figuresOf(const StatedAmounts& stated, const Amounts& expected, const Layout& layout);
 

@@ -8,9 +8,9 @@
 
 #include "cost/pattern.h"
 #include "cost/refused.h"
-#include "feedesk/instrument_text.h"
+#include "feedesk/instruments/instrument_text.h"
 #include "feedesk/trades/tariffs.h"
-#include "standalone/charged_families.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 namespace {

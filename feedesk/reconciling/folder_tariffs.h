@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "feedesk/reconciling/hypotheses.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 #include "standalone/folder_excerpt.h"
 
 namespace feedesk {

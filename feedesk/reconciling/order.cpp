@@ -23,7 +23,7 @@ Order orderOf(const StatementLine& line, std::size_t index) {
     order.stated = {line.net, line.charges};
     cost::Trade trade = line.trade;
     trade.turnover = line.amount;
-    // With a number of its own it may have any quantity: a statement tells what was traded, not what may be.
+    // With a number of its own it may have any quantity: a statement reports what was traded, not what may be.
     trade.order = trade.order.empty() ? fmt::format("line {}", line.line) : trade.order;
     order.trades.push_back(std::move(trade));
     return order;

@@ -12,7 +12,7 @@ namespace feedesk {
 struct Proposal {
     std::string where;   ///< "fees/stock.csv:49": the line that it follows from
     std::string before;  ///< that line
-    std::string after;   ///< what stands in its place, one line or two
+    std::string after;   ///< what replaces it, one line or two
 };
 
 /// What to change in the folder, and the same as a patch.

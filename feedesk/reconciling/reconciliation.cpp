@@ -9,10 +9,10 @@
 #include <unordered_set>
 #include <utility>
 
-#include "feedesk/numbers.h"
 #include "feedesk/reconciling/charging.h"
 #include "feedesk/reconciling/rate_change.h"
-#include "feedesk/terminal.h"
+#include "feedesk/terminal/terminal.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {

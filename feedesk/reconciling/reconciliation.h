@@ -9,7 +9,7 @@
 #include "feedesk/reconciling/cause.h"
 #include "feedesk/reconciling/folder_tariffs.h"
 #include "feedesk/reconciling/rate_range.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 
 namespace feedesk {
 

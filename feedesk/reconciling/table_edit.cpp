@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "standalone/loader/csv_rows.h"
+#include "standalone/text/csv_rows.h"
 #include "standalone/text/utf8.h"
 
 namespace feedesk {
 namespace {
 
-using standalone::loader::CsvRow;
-using standalone::loader::CsvRows;
+using standalone::CsvRow;
+using standalone::CsvRows;
 
 constexpr const char* kFrom = "from";
 constexpr const char* kUntil = "until";

@@ -19,7 +19,7 @@ public:
     explicit TableEdit(const std::string& text);
 
     /// Ends the line, counted from 1, on the day before and lets it go on with another value in a column; a line that
-    /// begins on that day or later is changed in its place. What stands there before and behind the change, or nothing
+    /// begins on that day or later is changed in its place. What is there before and behind the change, or nothing
     /// when the table has no such line or column, or the line is changed already.
     std::optional<std::pair<std::string, std::string>> succeed(std::size_t line, const std::string& column,
                                                                const std::string& value, cost::Date from);

@@ -20,7 +20,7 @@ std::vector<cost::Trade> tradesOn(cost::Date date, const Order& order) {
 
 void Trial::note(Cause cause, const std::string& key, const std::string& sentence,
                  const std::optional<Amounts>& amounts) {
-    // Of alike changes, such as charging as one of two funds is charged, the first is told.
+    // Of alike changes, such as charging as one of two funds is charged, the first is named.
     const bool isKnown = std::any_of(found.begin(), found.end(),
                                      [&](const Explanation& each) { return each.cause == cause && each.key == key; });
     if (!isKnown && amounts && agree(figuresOf(order().stated, *amounts, layout))) {

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/text/escape.h"
 
 namespace feedesk {

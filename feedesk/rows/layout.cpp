@@ -6,7 +6,7 @@
 #include <iterator>
 #include <numeric>
 
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

@@ -17,7 +17,7 @@ enum class Unit {
     kText,
     kFraction,  ///< of turnover or value
     kYuan,      ///< per lot, contract or share
-    kNumber,    ///< of a unit that nobody tells
+    kNumber,    ///< of no unit that is known
     kCount      ///< no rate: how many, a trade unit, a mode
 };
 
@@ -49,7 +49,6 @@ struct Field {
     [[nodiscard]] Field in(const std::string& newGroup) const { return with(&Field::group, newGroup); }
     [[nodiscard]] Field at(ShownAt newPlace) const { return with(&Field::place, newPlace); }
     [[nodiscard]] Field when(WhenZero newWhenZero) const { return with(&Field::whenZero, newWhenZero); }
-    [[nodiscard]] Field addedToTheOneBefore() const { return with(&Field::added, true); }
     [[nodiscard]] Field shortenedTo(std::size_t width) const { return with(&Field::shortest, width); }
 
     template <class Member>
@@ -66,10 +65,11 @@ inline Field forPrograms(const std::string& name) { return {name, ""}; }
 /// A field that people get and programs do not.
 inline Field forPeople(const std::string& title) { return {"", title}; }
 
-/// Nobody's field: a group without fields is an empty JSON object in the place of this one.
+/// A field without a name and a title, which only opens its group: where no field of the group follows, JSON has an
+/// empty object in this place.
 inline Field beginOf(const std::string& group) { return Field{"", ""}.in(group); }
 
-/// Rows with the same fields; in a table they stand together.
+/// Rows with the same fields, which have a table of their own.
 struct Section {
     std::string title;  ///< above its table; empty: nothing is said
     std::vector<Field> fields;
@@ -95,7 +95,7 @@ public:
     virtual void begin(const Sections& sections) = 0;
     virtual void row(const Row& row) = 0;
     virtual void end() = 0;
-    /// By itself ends what was written, so that it is whole. A form that nobody has seen yet is not written.
+    /// Ends what was written, so that it is whole; a form of which nothing was written yet drops it instead.
     virtual void breakOff() { end(); }
 };
 

@@ -4,7 +4,7 @@
 #include <variant>
 
 #include "feedesk/rows/shown_text.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 #include "standalone/text/escape.h"
 
 namespace feedesk {

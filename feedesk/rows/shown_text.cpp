@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/text/escape.h"
 
 namespace feedesk {

@@ -8,7 +8,7 @@
 #include "feedesk/rows/layout.h"
 #include "feedesk/rows/shown_columns.h"
 #include "feedesk/rows/sinks.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "feedesk/numbers.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {

@@ -32,7 +32,7 @@ struct Source {
 /// A list of names.
 using Names = std::vector<std::string>;
 
-/// What a row has under one field. A double is a rate or another number, its field tells the unit; a size_t is how many
+/// What a row has under one field. A double is a rate or another number, in the unit of its field; a size_t is how many
 /// there are of something.
 using Value = std::variant<Nothing, std::string, Label, Names, double, std::size_t, Money, Source>;
 

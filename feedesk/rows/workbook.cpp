@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "feedesk/failure.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 #include "standalone/text/escape.h"
 
 namespace feedesk {

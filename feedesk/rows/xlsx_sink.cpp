@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "feedesk/numbers.h"
 #include "feedesk/rows/sinks.h"
 #include "feedesk/rows/workbook.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/text/numbers.h"
 
 namespace feedesk {

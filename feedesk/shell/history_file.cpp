@@ -12,8 +12,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "feedesk/messages.h"
-#include "feedesk/text.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

@@ -8,7 +8,7 @@
 namespace feedesk {
 
 /// The lines of earlier shells, in a file that its owner alone may read. Each line is added when it is given, so that
-/// shells that run side by side keep each other's. Not kept: nothing more than a note tells it.
+/// shells that run side by side keep each other's. Where they cannot be kept a note says so, and nothing else happens.
 class HistoryFile {
 public:
     /// So many lines are read; a file with twice as many is cut to them.

@@ -10,8 +10,8 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/shell/history_file.h"
-#include "feedesk/terminal.h"
-#include "feedesk/text.h"
+#include "feedesk/terminal/terminal.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

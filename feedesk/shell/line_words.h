@@ -9,7 +9,7 @@
 namespace feedesk {
 
 /// A line cut into words as a shell does it: at blanks, but not inside '...' and "..."; behind a backslash, except
-/// inside '...', the next character stands for itself; '#' at the beginning of a word begins a comment. Nothing else
+/// inside '...', the next character means itself; '#' at the beginning of a word begins a comment. Nothing else
 /// has a meaning: '*' needs no quotes.
 struct LineWords {
     std::vector<std::string> words;

@@ -10,12 +10,12 @@
 #include <utility>
 
 #include "feedesk/command_line.h"
-#include "feedesk/messages.h"
-#include "feedesk/pager.h"
 #include "feedesk/shell/history_file.h"
 #include "feedesk/shell/line_words.h"
-#include "feedesk/terminal.h"
-#include "feedesk/text.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/terminal/pager.h"
+#include "feedesk/terminal/terminal.h"
+#include "feedesk/text/text.h"
 #include "standalone/text/utf8.h"
 
 namespace feedesk {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "feedesk/program.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 #include "feedesk/shell/line_editor.h"
 
 namespace feedesk {

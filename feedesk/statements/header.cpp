@@ -6,7 +6,7 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/statements/cells.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

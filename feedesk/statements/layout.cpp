@@ -6,16 +6,14 @@
 #include <filesystem>
 
 #include "feedesk/failure.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
+#include "standalone/market_files.h"
 #include "standalone/text/wording.h"
 
 namespace feedesk {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kFolder = "layouts";
-constexpr const char* kEnding = ".toml";
 
 std::optional<std::size_t> columnOf(const std::vector<std::string>& cells, const Titles& titles) {
     const auto cell = std::find_if(cells.begin(), cells.end(), [&](const std::string& text) {
@@ -34,9 +32,9 @@ bool isNeeded(TradeFact fact) {
 std::vector<fs::path> layoutFiles(const std::string& marketFolder) {
     std::vector<fs::path> files;
     std::error_code error;
-    for (fs::directory_iterator entry(fs::path(marketFolder) / kFolder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        if (entry->path().extension() == kEnding) {
+    for (fs::directory_iterator entry(fs::path(marketFolder) / standalone::files::kLayouts, error), end;
+         !error && entry != end; entry.increment(error)) {
+        if (entry->path().extension() == standalone::files::kLayoutEnding) {
             files.push_back(entry->path());
         }
     }
@@ -84,13 +82,13 @@ Layout namedLayout(const std::string& marketFolder, const std::string& name) {
         }
         known.push_back(file.stem().string());
     }
-    if (fs::path(name).extension() == kEnding) {
+    if (fs::path(name).extension() == standalone::files::kLayoutEnding) {
         return readLayout(name);
     }
-    throw Failure(kBadInput,
-                  fmt::format("{} is no layout of {}/{}, which has {}, and no file that ends in {}{}", echoed(name),
-                              marketFolder, kFolder, known.empty() ? "none" : standalone::oneOf(known), kEnding,
-                              standalone::suggestion(name, known)));
+    throw Failure(kBadInput, fmt::format("{} is no layout of {}/{}, which has {}, and no file that ends in {}{}",
+                                         echoed(name), marketFolder, standalone::files::kLayouts,
+                                         known.empty() ? "none" : standalone::oneOf(known),
+                                         standalone::files::kLayoutEnding, standalone::suggestion(name, known)));
 }
 
 }  // namespace feedesk

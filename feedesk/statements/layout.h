@@ -14,7 +14,7 @@
 
 namespace feedesk {
 
-/// What a column of a statement tells of a trade, besides what was charged.
+/// What a column of a statement says about a trade, besides what was charged.
 enum class TradeFact { kDate, kCode, kMarket, kName, kOperation, kQuantity, kPrice, kAmount, kFills, kOrder, kNet };
 
 /// What the amounts of a column are.

@@ -5,7 +5,7 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/statements/layout.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 #include "standalone/loader/error_log.h"
 #include "standalone/loader/text_file.h"
 #include "standalone/loader/toml_nesting.h"

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "feedesk/numbers.h"
 #include "feedesk/statements/cells.h"
 #include "feedesk/statements/header.h"
-#include "feedesk/text.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
 #include "standalone/text/numbers.h"
 #include "standalone/text/wording.h"
 

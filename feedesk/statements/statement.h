@@ -14,10 +14,10 @@ namespace feedesk {
 /// One trade of a statement.
 struct StatementLine {
     std::size_t line = 0;  ///< of the file, from 1
-    std::string market;    ///< of the folder; empty where the statement does not tell
+    std::string market;    ///< of the folder; empty where the statement has none
     std::string code;
     std::string name;
-    std::string priceText;                ///< as it is written: its decimals tell how exact an average price is
+    std::string priceText;                ///< as it is written: its decimals show how exact an average price is
     cost::Trade trade;                    ///< its order is empty where the statement names none
     std::optional<cost::Decimal> amount;  ///< of money that was traded, above 0
     std::optional<cost::Decimal> net;     ///< what moved on the account
@@ -41,7 +41,7 @@ struct WrongLine {
     std::string sentence;
 };
 
-/// The trades below the header, which is the first line that has every column which a layout needs; what stands above
+/// The trades below the header, which is the first line that has every column which a layout needs; what is above
 /// it is passed over. `layouts` are those that may be meant: of several that fit the one that knows most columns is
 /// taken. Wrong lines go to `wrong`. Throws Failure when no layout fits, or several do equally well.
 Statement statementIn(const std::vector<std::string>& lines, const std::string& file,

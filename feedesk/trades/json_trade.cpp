@@ -6,7 +6,7 @@
 
 #include <bitset>
 
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

@@ -7,10 +7,10 @@
 
 #include "cost/refused.h"
 #include "feedesk/failure.h"
-#include "feedesk/instrument_text.h"
-#include "feedesk/text.h"
+#include "feedesk/instruments/instrument_text.h"
+#include "feedesk/text/text.h"
 #include "standalone/channels.h"
-#include "standalone/charged_families.h"
+#include "standalone/families.h"
 
 namespace feedesk {
 namespace {
@@ -93,14 +93,14 @@ cost::Contract contractOf(const qmservice::CInstrumentFee& fee, const Instrument
 }
 
 /// A fee center answers for instruments that none of the family's lists holds, and the charging terms are not for them.
-Instrument listedAt(const InstrumentNames& instruments, const cost::Place& place) {
+NamedInstrument listedAt(const InstrumentNames& instruments, const cost::Place& place) {
     const standalone::RateFamily& rates = standalone::rateFamilyOf(place.family);
-    Instrument listed = instruments.listed(rates.lists, place.market, place.code);
+    NamedInstrument listed = instruments.listed(rates.lists, place.market, place.code);
     if (!listed) {
         throw Refused(
             fmt::format("{} is in no list of {} instruments, and {} is answered with their rates; ask with an "
                         "account that trades it",
-                        instrumentText(place.market, place.code), rates.instruments, place.account));
+                        instrumentText(place), rates.instruments, place.account));
     }
     return listed;
 }
@@ -109,8 +109,7 @@ Instrument listedAt(const InstrumentNames& instruments, const cost::Place& place
 Charged answered(Session& session, cost::Date date, const std::string& account, const Question& question) {
     DatedFee dated = session.feeOn(date, account, question);
     if (!dated.fee) {
-        throw Refused(fmt::format("the fee center has no fee of {} for account {}",
-                                  instrumentText(question.market, question.code), account));
+        throw Refused(fmt::format("the fee center has no fee of {} for account {}", instrumentText(question), account));
     }
     return chargedBy(session, std::move(dated), account, date);
 }
@@ -124,11 +123,11 @@ void refuseUncovered(const Session& session, cost::Date date, const cost::Tariff
 }  // namespace
 
 Charged chargedBy(const Session& session, DatedFee dated, const std::string& account, cost::Date date) {
-    const cost::Family family = cost::familyOf(*dated.fee).value_or(cost::Family::kStock);
+    const cost::Family family = cost::chargedFamilyOf(*dated.fee);
     cost::Rates rates = sourcedRates(dated, family);
     const qmservice::CInstrument& instrument = *dated.fee->instrument;
     const cost::Place place{family, account, instrument.market, instrument.code, instrument.productId};
-    const Instrument listed = listedAt(session.instruments(), place);
+    const NamedInstrument listed = listedAt(session.instruments(), place);
     return {cost::Tariff(place, contractOf(*dated.fee, *listed), std::move(rates),
                          session.folder().schedule().termsFor(place, date)),
             std::move(dated.answer)};

@@ -7,7 +7,7 @@
 #include <unordered_map>
 
 #include "cost/tariff.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 
 namespace feedesk {
 

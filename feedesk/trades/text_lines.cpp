@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "feedesk/failure.h"
-#include "feedesk/messages.h"
-#include "feedesk/numbers.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/utf8.h"
 

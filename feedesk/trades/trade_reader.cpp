@@ -6,18 +6,18 @@
 #include <string>
 
 #include "feedesk/failure.h"
-#include "feedesk/numbers.h"
-#include "feedesk/text.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
 #include "feedesk/trades/json_trade.h"
-#include "standalone/loader/csv_rows.h"
+#include "standalone/text/csv_rows.h"
 #include "standalone/text/encoding.h"
 #include "standalone/text/wording.h"
 
 namespace feedesk {
 namespace {
 
-using standalone::loader::CsvRow;
-using standalone::loader::CsvRows;
+using standalone::CsvRow;
+using standalone::CsvRows;
 
 CsvRow rowIn(const std::string& line) {
     CsvRow row;

@@ -6,7 +6,7 @@
 #include <array>
 
 #include "cost/refused.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/nearness.h"
 #include "standalone/text/wording.h"

@@ -43,7 +43,7 @@ class Places:
         return self.slice(cursor, cursor.extent.start.offset, cursor.extent.end.offset)
 
     def change(self, at: Cursor, kind: str, start: int, end: int, after: str) -> None:
-        """Notes that [start, end) of the file that `at` stands in can become `after`."""
+        """Notes that [start, end) of the file that `at` is in can become `after`."""
         source = self.source(at)
         file = at.extent.start.file.name.removeprefix(self._root)
         if source[start:end].decode() != after:

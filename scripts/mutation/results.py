@@ -85,8 +85,8 @@ def read_equivalents(path: Path) -> list[Equivalent]:
 def stale(entries: list[Equivalent], mutants: list[Mutant], results: Results) -> list[Equivalent]:
     """Entries that no mutant matches but such as a test noticed."""
 
-    def stands(entry: Equivalent) -> bool:
+    def is_true(entry: Equivalent) -> bool:
         outcomes = [results.of(mutant) for mutant in mutants if entry.matches(mutant)]
         return any(outcome is None or outcome.outcome == SURVIVED for outcome in outcomes)
 
-    return [entry for entry in entries if not stands(entry)]
+    return [entry for entry in entries if not is_true(entry)]

@@ -6,14 +6,13 @@
 #include "standalone/families.h"
 #include "standalone/loader/table.h"
 #include "standalone/loader/tables.h"
+#include "standalone/market_files.h"
 #include "standalone/text/escape.h"
 
 namespace standalone::loader {
 namespace {
 
 using qmservice::CAccountInfo;
-
-const std::string kAccountsFile = "accounts.csv";
 
 const Words& kindWords() {
     static const Words words = [] {
@@ -49,7 +48,7 @@ void addAccount(Load& load, const ReadLine<CAccountInfo>& read) {
     const auto [entry, isNew] = load.accounts.known.emplace(number, load.market.accounts.size());
     if (!isNew) {
         const Position first = load.market.accounts[entry->second].position;
-        load.errors.add({kAccountsFile, read.position.line, "account"}, ErrorKind::kRepeated, [&] {
+        load.errors.add({files::kAccounts, read.position.line, "account"}, ErrorKind::kRepeated, [&] {
             return fmt::format("the account {} is already at {}; remove one of the lines or give it another number",
                                inQuotes(number), load.market.where(first));
         });
@@ -63,11 +62,11 @@ void addAccount(Load& load, const ReadLine<CAccountInfo>& read) {
 }  // namespace
 
 void readAccounts(Load& load) {
-    if (!load.hasFile(kAccountsFile)) {
+    if (!load.hasFile(files::kAccounts)) {
         load.accounts.complete = false;
         return;
     }
-    const bool complete = readTable<CAccountInfo>(load, kAccountsFile, accountColumns(),
+    const bool complete = readTable<CAccountInfo>(load, files::kAccounts, accountColumns(),
                                                   [&](const ReadLine<CAccountInfo>& read) { addAccount(load, read); });
     load.accounts.complete = load.accounts.complete && complete;
 }

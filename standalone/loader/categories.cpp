@@ -9,6 +9,7 @@
 #include "standalone/loader/first_lines.h"
 #include "standalone/loader/rule_line.h"
 #include "standalone/loader/tables.h"
+#include "standalone/market_files.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/numbers.h"
 
@@ -82,7 +83,7 @@ void readCategoryName(RuleLine& line, TableCell& cell) {
 }
 
 void readSystemCategories(Load& load) {
-    const std::string& file = kSystemFile;
+    const std::string file = files::kSystemCategories;
     if (!isThere(load, file, load.categories.membersComplete)) {
         return;
     }
@@ -133,7 +134,7 @@ void addMember(Load& load, const std::string& file, const ReadRule& read, FirstL
 }
 
 void readCustomCategories(Load& load) {
-    const std::string file = "custom_categories.csv";
+    const std::string file = files::kCustomCategories;
     if (!isThere(load, file, load.categories.membersComplete)) {
         return;
     }
@@ -168,7 +169,7 @@ void addPart(Load& load, const std::string& file, const ReadRule& read, FirstLin
 }
 
 void readGroupCategories(Load& load) {
-    const std::string& file = kGroupsFile;
+    const std::string file = files::kGroupCategories;
     if (!isThere(load, file, load.categories.groupsComplete)) {
         return;
     }

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "host/categories.h"
+#include "standalone/market_files.h"
 #include "standalone/text/escape.h"
 
 namespace standalone::loader {
@@ -24,7 +25,8 @@ struct CategoryChoice {
 
 /// A table that the folder lacks and that would hold the unknown category; empty when there is none.
 std::string missingTable(const Load& load, int category, bool mayBeGroup) {
-    const std::string& table = mayBeGroup && qmservice::kGroupCategories.holds(category) ? kGroupsFile : kSystemFile;
+    const std::string table =
+        mayBeGroup && qmservice::kGroupCategories.holds(category) ? files::kGroupCategories : files::kSystemCategories;
     return load.lacks(table) ? table : "";
 }
 
@@ -45,7 +47,7 @@ void readCategory(const Load& load, TableCell& cell, const CategoryChoice& choic
     }
 }
 
-/// A category that custom fees may name: `refuse` tells why a category of the folder that is not `tested` never
+/// A category that custom fees may name: `refuse` says why a category of the folder that is not `tested` never
 /// matches.
 RuleColumn feeCategoryColumn(const Load& load, const std::string& kinds, bool groups,
                              const std::function<bool(int)>& tested,
@@ -73,18 +75,18 @@ RuleColumn feeCategoryColumn(const Load& load, const std::string& kinds, bool gr
 /// A custom category has its members only as a part of a group: by itself the fee center does not look into it.
 void refuseCustomCategory(TableCell& cell) {
     cell.refuse(ErrorKind::kUnusedCategory, [&] {
-        return " holds " + inQuotes(cell.text) +
-               ", a custom category, which matches no instrument by itself; put it into a group of "
-               "group_categories.csv and name the group here";
+        return fmt::format(
+            " holds {}, a custom category, which matches no instrument by itself; put it into a group of {} and name "
+            "the group here",
+            inQuotes(cell.text), files::kGroupCategories);
     });
 }
 
 void refuseAllButSystemCategory(TableCell& cell, const std::string& kind) {
     cell.refuse(ErrorKind::kUnusedCategory, [&] {
         return fmt::format(
-            " holds {}, a {} category, but Shenzhen connect tests system categories alone; name a category of "
-            "categories.csv",
-            inQuotes(cell.text), kind);
+            " holds {}, a {} category, but Shenzhen connect tests system categories alone; name a category of {}",
+            inQuotes(cell.text), kind, files::kSystemCategories);
     });
 }
 

@@ -1,14 +1,9 @@
 #ifndef STANDALONE_LOADER_CATEGORY_COLUMNS_H
 #define STANDALONE_LOADER_CATEGORY_COLUMNS_H
 
-#include <string>
-
 #include "standalone/loader/rule_line.h"
 
 namespace standalone::loader {
-
-inline const std::string kSystemFile = "categories.csv";
-inline const std::string kGroupsFile = "group_categories.csv";
 
 // The column `category` of a table that refers to the categories of the folder, which have been read before.
 

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "cost/ties.h"
-#include "standalone/charged_families.h"
+#include "standalone/families.h"
 
 namespace standalone::loader {
 namespace {
@@ -57,7 +57,7 @@ private:
         std::map<Indices, std::string> found;
         for (const Account& account : load.market.accounts) {
             const AccountKindInfo* kind = findAccountKind(account.record->accountType);
-            if (kind == nullptr || !trades(*kind, family())) {
+            if (kind == nullptr || !kind->trades(family())) {
                 continue;
             }
             const std::string& number = account.record->accountId;

@@ -7,12 +7,13 @@
 
 #include "cost/pattern.h"
 #include "cost/place.h"
-#include "standalone/charged_families.h"
+#include "standalone/families.h"
 #include "standalone/loader/charge_columns.h"
 #include "standalone/loader/charge_ties.h"
 #include "standalone/loader/day_columns.h"
 #include "standalone/loader/lists.h"
 #include "standalone/loader/tables.h"
+#include "standalone/market_files.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/wording.h"
 
@@ -22,8 +23,6 @@ namespace {
 using cost::Term;
 using ReadCharge = ReadLine<Term>;
 
-const std::string kChargesFile = "charges.csv";
-
 /// Reads the lines, and checks in each what its cells say together.
 class ChargesReader {
 public:
@@ -31,7 +30,7 @@ public:
 
     void read() {
         const bool complete =
-            readTable<Term>(load, kChargesFile, chargeColumns(load), [&](ReadCharge& read) { take(read); });
+            readTable<Term>(load, files::kCharges, chargeColumns(load), [&](ReadCharge& read) { take(read); });
         // What a line that could not be read would have charged is not known, so that lines are not compared.
         if (complete && allWhole) {
             compareLines();
@@ -41,7 +40,7 @@ public:
 private:
     void take(ReadCharge& read) {
         read.line.where = load.market.where(read.position);
-        read.whole = read.whole && daysAreInOrder(load, kChargesFile, read.position, read.line.dates);
+        read.whole = read.whole && daysAreInOrder(load, files::kCharges, read.position, read.line.dates);
         allWhole = allWhole && read.whole;
         if (!read.whole) {
             return;
@@ -66,7 +65,7 @@ private:
 
     void report(Position position, const char* column, const std::string& sentence,
                 ErrorKind kind = ErrorKind::kCharge) {
-        load.errors.add({kChargesFile, position.line, column}, kind, sentence);
+        load.errors.add({files::kCharges, position.line, column}, kind, sentence);
     }
 
     /// The charge is a rate of the fee center, or its own where the line gives the rate.
@@ -95,7 +94,7 @@ private:
         return std::any_of(load.market.accounts.begin(), load.market.accounts.end(), [&](const Account& account) {
             const AccountKindInfo* kind = findAccountKind(account.record->accountType);
             const bool isBadLine = kind == nullptr;
-            return cost::matchesPattern(account.record->accountId, wanted) && (isBadLine || trades(*kind, term.family));
+            return cost::matchesPattern(account.record->accountId, wanted) && (isBadLine || kind->trades(term.family));
         });
     }
 
@@ -112,9 +111,9 @@ private:
             return;
         }
         report(read.position, "account",
-               fmt::format("column account holds {}, but no such account of accounts.csv trades in family {}; correct "
+               fmt::format("column account holds {}, but no such account of {} trades in family {}; correct "
                            "the account or the family",
-                           inQuotes(term.account), cost::wordFor(term.family)),
+                           inQuotes(term.account), files::kAccounts, cost::wordFor(term.family)),
                ErrorKind::kNoMatch);
     }
 
@@ -164,7 +163,7 @@ private:
 }  // namespace
 
 void readCharges(Load& load) {
-    if (load.hasFile(kChargesFile)) {
+    if (load.hasFile(files::kCharges)) {
         ChargesReader(load).read();
     }
 }

@@ -13,7 +13,7 @@
 
 namespace standalone::loader {
 
-/// Numbered categories of the folder; the flags tell whether the tables were read whole.
+/// Numbered categories of the folder; the flags say whether the tables were read whole.
 struct CategoryRegister {
     std::unordered_map<int, std::size_t> system;  ///< to the first rule in Market::categories
     std::map<int, std::vector<std::string>> custom;

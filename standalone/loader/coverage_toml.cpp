@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "standalone/loader/market_toml.h"
+#include "standalone/market_files.h"
 #include "standalone/text/wording.h"
 
 namespace standalone::loader {
@@ -30,7 +30,7 @@ void refuseEmptyRange(TomlSection& section, cost::DateRange& days) {
 /// The days of one family or market, which lie within those of the folder.
 void readNarrowerDays(Load& load, const toml::table& table, const std::string& name, cost::DateRange& days) {
     const cost::DateRange folderDays = days;
-    TomlSection section(table, "coverage." + name, kMarketFile, load.errors);
+    TomlSection section(table, "coverage." + name, files::kMarket, load.errors);
     readRange(section, days);
     section.refuseOtherKeys();
     refuseEmptyRange(section, days);
@@ -52,7 +52,7 @@ void readMarketCoverage(Load& load, TomlSection& coverage) {
     if (table == nullptr) {
         return;
     }
-    TomlSection markets(*table, "coverage.markets", kMarketFile, load.errors);
+    TomlSection markets(*table, "coverage.markets", files::kMarket, load.errors);
     for (const std::string& name : markets.keys()) {
         if (const toml::table* narrower = markets.readTable(name, KeyNeed::kNeeded)) {
             cost::DateRange& days = load.coverage.marketDays[name] = load.coverage.days;
@@ -67,7 +67,7 @@ void readMarketCoverage(Load& load, TomlSection& coverage) {
 
 void readCoverage(Load& load, const toml::table& table) {
     Coverage& known = load.coverage;
-    TomlSection coverage(table, "coverage", kMarketFile, load.errors);
+    TomlSection coverage(table, "coverage", files::kMarket, load.errors);
     readRange(coverage, known.days);
     refuseEmptyRange(coverage, known.days);
     for (std::size_t i = 0; i < known.familyDays.size(); ++i) {

@@ -13,7 +13,7 @@
 
 namespace standalone::loader {
 
-/// Where an error lies. A view: what it names outlives it.
+/// Where an error is. A view: what it names outlives it.
 struct ErrorPlace {
     std::string_view file;
     std::size_t line = 0;  ///< 0: the file as a whole

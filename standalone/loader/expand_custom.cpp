@@ -63,7 +63,7 @@ void addEntry(const CategoryRegister& categories, const KeptLine& kept, CustomFe
     setOwnFields(*limit, line);
     setCategories(*limit, categories, line.category);
     CustomFee& fee = fees[line.update];
-    (feeOf<typename Records::CustomFee>(fee).*Records::kEntries).push_back(limit);
+    (feeOf<typename Records::CustomRecord>(fee).*Records::kEntries).push_back(limit);
     fee.entries.push_back(kept.position);
 }
 

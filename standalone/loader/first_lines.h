@@ -11,7 +11,7 @@
 
 namespace standalone::loader {
 
-/// The lines of a table that spoke of something first, by what they speak of and on which days. For one thread.
+/// The first line of a table for each subject, and on which days it applies. For one thread.
 template <class Subject>
 class FirstLines {
 public:

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "standalone/families.h"
+#include "standalone/market_files.h"
 #include "standalone/text/nearness.h"
 #include "standalone/text/wording.h"
 
@@ -15,22 +16,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kInstruments = "instruments";
-/// Layouts of statements: a program that reads statements checks the one that it reads with.
-const std::string kLayouts = "layouts";
-
 /// The files that a folder may have; empty names any .csv file.
 struct KnownFolder {
-    std::string name;  ///< with the slash behind it; empty for the market folder itself
+    std::string name;  ///< empty for the market folder itself
     std::vector<std::string> files;
+
+    [[nodiscard]] std::string pathOf(const std::string& file) const { return name.empty() ? file : name + "/" + file; }
 };
 
 std::vector<KnownFolder> makeKnownFolders() {
-    KnownFolder fees{"fees/", {}};
-    KnownFolder configured{"configured/", {}};
-    KnownFolder custom{"custom/", {}};
+    KnownFolder fees{files::kFees, {}};
+    KnownFolder configured{files::kConfigured, {}};
+    KnownFolder custom{files::kCustom, {}};
     for (const RateFamily& family : rateFamilies()) {
-        const std::string file = std::string(family.name) + ".csv";
+        const std::string file = std::string(family.name) + files::kTableEnding;
         if (!family.feeAccounts.empty()) {
             fees.files.push_back(file);
         }
@@ -40,9 +39,9 @@ std::vector<KnownFolder> makeKnownFolders() {
         custom.files.push_back(file);
     }
     return {{"",
-             {"market.toml", "accounts.csv", "categories.csv", "custom_categories.csv", "group_categories.csv",
-              "charges.csv"}},
-            {kInstruments + "/", {}},
+             {files::kMarket, files::kAccounts, files::kSystemCategories, files::kCustomCategories,
+              files::kGroupCategories, files::kCharges}},
+            {files::kInstruments, {}},
             fees,
             configured,
             custom};
@@ -98,9 +97,11 @@ private:
         std::error_code ignored;
         const fs::file_status status = fs::status(load.folder, ignored);
         if (!fs::exists(status)) {
-            load.errors.add({}, ErrorKind::kFolder, "there is no such folder; name the folder that holds market.toml");
+            load.errors.add({}, ErrorKind::kFolder,
+                            fmt::format("there is no such folder; name the folder that holds {}", files::kMarket));
         } else if (!fs::is_directory(status)) {
-            load.errors.add({}, ErrorKind::kFolder, "this is not a folder; name the folder that holds market.toml");
+            load.errors.add({}, ErrorKind::kFolder,
+                            fmt::format("this is not a folder; name the folder that holds {}", files::kMarket));
         } else {
             load.errors.add({}, ErrorKind::kUnreadable,
                             "the folder cannot be read (" + error.message() + "); make it readable");
@@ -110,10 +111,10 @@ private:
 
     void visitTop(const std::string& name) {
         const auto& folders = knownFolders();
-        const auto folder = std::find_if(folders.begin(), folders.end(),
-                                         [&](const KnownFolder& known) { return known.name == name + "/"; });
-        if (name == kLayouts) {
-            return;
+        const auto folder =
+            std::find_if(folders.begin(), folders.end(), [&](const KnownFolder& known) { return known.name == name; });
+        if (name == files::kLayouts) {
+            return;  // a program that reads statements checks the layout that it reads with
         }
         if (folder == folders.end()) {
             visitFile(folders.front(), name);
@@ -126,7 +127,7 @@ private:
         std::error_code error;
         const std::vector<std::string> names = namesIn(load.folder / name, error);
         if (error) {
-            if (name == kInstruments) {
+            if (name == files::kInstruments) {
                 isWhole = false;
             }
             load.errors.add({name}, ErrorKind::kUnreadable,
@@ -141,46 +142,48 @@ private:
 
     void visitFile(const KnownFolder& folder, const std::string& file) {
         const bool known = folder.files.empty()
-                               ? boost::ends_with(file, ".csv")
+                               ? boost::ends_with(file, files::kTableEnding)
                                : std::find(folder.files.begin(), folder.files.end(), file) != folder.files.end();
         if (!known) {
             reportUnknown(folder, file);
         } else if (folder.files.empty()) {
-            load.instrumentFiles.push_back(folder.name + file);
+            load.instrumentFiles.push_back(folder.pathOf(file));
         } else {
-            load.tables.push_back(folder.name + file);
+            load.tables.push_back(folder.pathOf(file));
         }
     }
 
     void reportUnknown(const KnownFolder& folder, const std::string& file) {
         std::vector<std::string> names = folder.files;
         if (folder.name.empty()) {
-            names.push_back(kLayouts);
+            names.emplace_back(files::kLayouts);
             for (const KnownFolder& known : knownFolders()) {
                 if (!known.name.empty()) {
-                    names.push_back(known.name.substr(0, known.name.size() - 1));
+                    names.push_back(known.name);
                 }
             }
         }
-        const std::string expected = folder.files.empty() ? "tables ending in .csv" : oneOf(names);
+        const std::string expected =
+            folder.files.empty() ? fmt::format("tables ending in {}", files::kTableEnding) : oneOf(names);
         load.misspelt.push_back(nearest(file, names));
-        load.errors.add({folder.name + file}, ErrorKind::kUnknownFile,
+        load.errors.add({folder.pathOf(file)}, ErrorKind::kUnknownFile,
                         fmt::format("the format does not know this name, only {} here; rename it or remove it{}",
                                     expected, suggestion(file, names)));
     }
 
     void reportMissing() {
-        for (const std::string name : {"market.toml", "accounts.csv"}) {
+        for (const std::string name : files::kNeeded) {
             if (!load.lacks(name)) {
                 continue;
             }
             load.errors.add({name}, ErrorKind::kMissingFile, "the file is missing, but it is needed; add it");
         }
-        if (!load.instrumentFiles.empty() || !load.lacks(kInstruments) || !isWhole) {
+        if (!load.instrumentFiles.empty() || !load.lacks(files::kInstruments) || !isWhole) {
             return;
         }
-        load.errors.add({kInstruments}, ErrorKind::kMissingFile,
-                        "there is no table of instruments; add at least one file instruments/*.csv");
+        load.errors.add({files::kInstruments}, ErrorKind::kMissingFile,
+                        fmt::format("there is no table of instruments; add at least one file {}/*{}",
+                                    files::kInstruments, files::kTableEnding));
     }
 
     Load& load;

@@ -17,7 +17,7 @@
 namespace standalone::loader {
 
 /// Names that other tables refer to, each with a value. While it is not complete, because something could not be read,
-/// an unknown name is no error: the missing part is reported where it lies.
+/// an unknown name is no error: the missing part is reported where it is.
 template <class Value>
 struct Register {
     std::unordered_map<std::string, Value> known;

@@ -8,6 +8,7 @@
 #include "standalone/loader/load.h"
 #include "standalone/loader/market_toml.h"
 #include "standalone/loader/tables.h"
+#include "standalone/market_files.h"
 
 namespace standalone {
 namespace loader {
@@ -65,7 +66,7 @@ std::vector<cost::Date> changeDates(const CheckedFolder& folder) {
 
 /// The folder without what only the load needed.
 MarketFolder finished(Load& load) {
-    load.schedule = cost::Schedule(std::move(load.terms), load.market.folder + "/charges.csv");
+    load.schedule = cost::Schedule(std::move(load.terms), load.market.folder + "/" + files::kCharges);
     load.changeDates = changeDates(load);
     return MarketFolder(std::make_shared<const CheckedFolder>(std::move(static_cast<CheckedFolder&>(load))));
 }

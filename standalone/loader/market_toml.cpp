@@ -13,6 +13,7 @@
 #include "standalone/loader/text_file.h"
 #include "standalone/loader/toml_nesting.h"
 #include "standalone/loader/toml_section.h"
+#include "standalone/market_files.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/wording.h"
 
@@ -31,7 +32,7 @@ void readEngine(Load& load, TomlSection& root) {
     if (table == nullptr) {
         return;
     }
-    TomlSection engine(*table, "engine", kMarketFile, load.errors);
+    TomlSection engine(*table, "engine", files::kMarket, load.errors);
     engine.readInteger("threads", KeyNeed::kOptional, 1, kMostThreads, load.market.engineThreads);
     engine.refuseOtherKeys();
 }
@@ -41,7 +42,7 @@ void readPlatforms(Load& load, TomlSection& root) {
     if (table == nullptr) {
         return;
     }
-    TomlSection platforms(*table, "platforms", kMarketFile, load.errors);
+    TomlSection platforms(*table, "platforms", files::kMarket, load.errors);
     platforms.readIntegers("simulation", kLowest, kHighest, load.market.simulationPlatforms);
     platforms.refuseOtherKeys();
 }
@@ -68,7 +69,7 @@ void readMarket(Load& load, TomlSection& markets, const std::string& name) {
     if (table == nullptr) {
         return;
     }
-    TomlSection section(*table, "markets." + name, kMarketFile, load.errors);
+    TomlSection section(*table, "markets." + name, files::kMarket, load.errors);
     section.readText("title", KeyNeed::kNeeded, place.title);
     section.readInteger("trade_unit", KeyNeed::kNeeded, 1, kHighest, place.tradeUnit);
     section.readInteger("quantity_step", KeyNeed::kOptional, 1, kHighest, place.quantityStep);
@@ -82,7 +83,7 @@ void readMarkets(Load& load, TomlSection& root) {
     if (table == nullptr) {
         return;
     }
-    TomlSection markets(*table, "markets", kMarketFile, load.errors);
+    TomlSection markets(*table, "markets", files::kMarket, load.errors);
     for (const std::string& name : markets.keys()) {
         readMarket(load, markets, name);
     }
@@ -126,7 +127,7 @@ void readColumn(TomlSection& section, std::string& column) {
 }
 
 bool readRate(Load& load, const toml::table& table, const std::string& name, NamedRate& rate) {
-    TomlSection section(table, name, kMarketFile, load.errors);
+    TomlSection section(table, name, files::kMarket, load.errors);
     readColumn(section, rate.column);
     rate.title = rate.column;
     section.readText("title", KeyNeed::kOptional, rate.title);
@@ -155,7 +156,7 @@ void readFamily(Load& load, TomlSection& named, const RateFamily& family) {
     if (table == nullptr) {
         return;
     }
-    TomlSection section(*table, "rates." + name, kMarketFile, load.errors);
+    TomlSection section(*table, "rates." + name, files::kMarket, load.errors);
     bool good = true;
     for (NamedRate& rate : rates) {
         const toml::table* entry = section.readTable(rate.field, KeyNeed::kOptional);
@@ -174,7 +175,7 @@ void readFamily(Load& load, TomlSection& named, const RateFamily& family) {
 void readRates(Load& load, TomlSection& root) {
     static const toml::table nothing;
     const toml::table* table = root.readTable("rates", KeyNeed::kOptional);
-    TomlSection named(table == nullptr ? nothing : *table, "rates", kMarketFile, load.errors);
+    TomlSection named(table == nullptr ? nothing : *table, "rates", files::kMarket, load.errors);
     for (const RateFamily& family : rateFamilies()) {
         if (family.isNamed) {
             readFamily(load, named, family);
@@ -185,7 +186,7 @@ void readRates(Load& load, TomlSection& root) {
 }
 
 void readRoot(Load& load, const toml::table& table) {
-    TomlSection root(table, "", kMarketFile, load.errors);
+    TomlSection root(table, "", files::kMarket, load.errors);
     int format = kFormat;
     root.readInteger("format", KeyNeed::kNeeded, kFormat, kFormat, format);
     root.readText("title", KeyNeed::kNeeded, load.market.title);
@@ -229,16 +230,16 @@ std::string described(const toml::parse_error& error) {
 
 void readMarketToml(Load& load) {
     nameRates(load.market);
-    if (!load.hasFile(kMarketFile)) {
+    if (!load.hasFile(files::kMarket)) {
         return giveUp(load);
     }
-    load.addFile(kMarketFile);
-    const std::optional<std::string> text = readText(load.folder / kMarketFile, kMarketFile, load.errors);
+    load.addFile(files::kMarket);
+    const std::optional<std::string> text = readText(load.folder / files::kMarket, files::kMarket, load.errors);
     if (!text) {
         return giveUp(load);
     }
     if (const std::optional<std::size_t> line = lineNestedTooDeep(*text)) {
-        load.errors.add({kMarketFile, *line}, ErrorKind::kNesting,
+        load.errors.add({files::kMarket, *line}, ErrorKind::kNesting,
                         "keys, lists and inline tables lie in one another more than " + std::to_string(kMostLevels) +
                             " levels deep, but the format has no more than 5; take the inner ones out");
         return giveUp(load);
@@ -246,7 +247,7 @@ void readMarketToml(Load& load) {
     try {
         readRoot(load, toml::parse(*text));
     } catch (const toml::parse_error& error) {
-        load.errors.add({kMarketFile, error.source().begin.line}, ErrorKind::kToml, described(error));
+        load.errors.add({files::kMarket, error.source().begin.line}, ErrorKind::kToml, described(error));
         giveUp(load);
     }
 }

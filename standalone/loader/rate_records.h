@@ -7,7 +7,7 @@
 #include "standalone/families.h"
 #include "standalone/loader/kept_lines.h"
 
-// What a table of a family's rates becomes: one struct for each RateRecords. `CustomFee` is the custom fee, of which
+// What a table of a family's rates becomes: one struct for each RateRecords. `CustomRecord` is the custom fee, of which
 // each line gives one of the kEntries, a `CustomLimit` with a kCategory. A family with fee records of one limit for
 // each instrument has besides a `Limit`, its kSlot in the record, and, where the limit can be configured, its kUnit for
 // the trade unit and its place in the market.
@@ -17,14 +17,14 @@ namespace standalone::loader {
 struct StockRecords {
     using Limit = qmservice::CStkExchangeRateLimit;
     using CustomLimit = qmservice::CCustomStkExchangeRateLimit;
-    using CustomFee = qmservice::CCustomStockInstrumentFee;
+    using CustomRecord = qmservice::CCustomStockInstrumentFee;
 
     static constexpr bool kHasLimit = true;
     static constexpr auto kSlot = &qmservice::CInstrumentFee::stkRateLimit;
     static constexpr auto kUnit = &Limit::unitVolume;
     static constexpr auto kConfigured = &Market::stockLimits;
     static constexpr auto kRates = qmservice::records::stockRates<Limit>;
-    static constexpr auto kEntries = &CustomFee::rateLimits;
+    static constexpr auto kEntries = &CustomRecord::rateLimits;
     static constexpr auto kCategory = &CustomLimit::category;
     static constexpr auto kCustomRates = qmservice::records::stockRates<CustomLimit>;
 };
@@ -34,12 +34,12 @@ template <class Rates, class Fee>
 struct ConnectRecords {
     using Limit = Rates;
     using CustomLimit = Rates;
-    using CustomFee = Fee;
+    using CustomRecord = Fee;
 
     static constexpr bool kHasLimit = true;
     static constexpr auto kUnit = &Limit::tradeMinUnit;
     static constexpr auto kRates = qmservice::records::connectRates<Limit>;
-    static constexpr auto kEntries = &CustomFee::rateLimits;
+    static constexpr auto kEntries = &CustomRecord::rateLimits;
     static constexpr auto kCategory = &CustomLimit::category;
     static constexpr auto kCustomRates = kRates;
 };
@@ -56,30 +56,30 @@ struct SgtRecords : ConnectRecords<qmservice::CCustomSgtExchangeRateLimit, qmser
 
 struct OptionRecords {
     using CustomLimit = qmservice::CCustomStkExchangeRateLimit;
-    using CustomFee = qmservice::CCustomStockInstrumentFee;
+    using CustomRecord = qmservice::CCustomStockInstrumentFee;
 
     static constexpr bool kHasLimit = false;
-    static constexpr auto kEntries = &CustomFee::rateLimits;
+    static constexpr auto kEntries = &CustomRecord::rateLimits;
     static constexpr auto kCategory = &CustomLimit::category;
     static constexpr auto kCustomRates = qmservice::records::optionFees<CustomLimit>;
 };
 
 struct CommissionRecords {
     using CustomLimit = qmservice::CCustomCommissionRateDetail;
-    using CustomFee = qmservice::CCustomFutureInstrumentFee;
+    using CustomRecord = qmservice::CCustomFutureInstrumentFee;
 
     static constexpr bool kHasLimit = false;
-    static constexpr auto kEntries = &CustomFee::commissionDetails;
+    static constexpr auto kEntries = &CustomRecord::commissionDetails;
     static constexpr auto kCategory = &CustomLimit::categoryId;
     static constexpr auto kCustomRates = qmservice::records::commissionRates<CustomLimit>;
 };
 
 struct MarginRecords {
     using CustomLimit = qmservice::CCustomMarginRateDetail;
-    using CustomFee = qmservice::CCustomFutureInstrumentFee;
+    using CustomRecord = qmservice::CCustomFutureInstrumentFee;
 
     static constexpr bool kHasLimit = false;
-    static constexpr auto kEntries = &CustomFee::marginDetails;
+    static constexpr auto kEntries = &CustomRecord::marginDetails;
     static constexpr auto kCategory = &CustomLimit::categoryId;
     static constexpr auto kCustomRates = qmservice::records::marginRates<CustomLimit>;
 };

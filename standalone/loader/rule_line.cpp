@@ -7,6 +7,7 @@
 
 #include "standalone/loader/lists.h"
 #include "standalone/loader/spreadsheet_code.h"
+#include "standalone/market_files.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/wording.h"
 
@@ -80,7 +81,7 @@ void refuseUnknownAccount(const Load& load, TableCell& cell) {
         cell.drop();
         return;
     }
-    cell.refuseFound(ErrorKind::kUnknownAccount, "an account of accounts.csv",
+    cell.refuseFound(ErrorKind::kUnknownAccount, fmt::format("an account of {}", files::kAccounts),
                      [&] { return "correct it or add the account there" + suggestion(cell.text, load.accountNames); });
 }
 
@@ -93,7 +94,7 @@ bool readMarketName(const Load& load, TableCell& cell, std::string& market) {
         return cell.drop();
     }
     return cell.refuse(ErrorKind::kUnknownMarket, [&] {
-        return fmt::format(" holds {}, which is not a market of market.toml; known are {}{}", inQuotes(name),
+        return fmt::format(" holds {}, which is not a market of {}; known are {}{}", inQuotes(name), files::kMarket,
                            oneOf(load.marketNames), adviseOneOf(name, load.marketNames));
     });
 }

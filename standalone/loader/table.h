@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "standalone/loader/csv_rows.h"
 #include "standalone/loader/load.h"
 #include "standalone/loader/table_cell.h"
+#include "standalone/text/csv_rows.h"
 
 namespace standalone::loader {
 
@@ -82,7 +82,7 @@ private:
     void reportCellCount();
 
     Load& load;
-    const std::string& file;
+    std::string file;
     std::vector<ColumnHeader> columns;
     std::uint32_t fileNumber;
     std::optional<std::string> text;

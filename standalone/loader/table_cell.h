@@ -43,7 +43,7 @@ public:
     /// for it. The answer is false.
     bool refuseWithout(const std::string& file, const std::string& what);
 
-    /// Makes the row unusable without a word: the cause is reported where it lies. The answer is false.
+    /// Makes the row unusable without an error: the cause is reported where it is. The answer is false.
     bool drop();
 
     const std::string_view text;

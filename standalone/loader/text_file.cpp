@@ -10,6 +10,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "standalone/market_files.h"
 #include "standalone/text/encoding.h"
 #include "standalone/text/utf8.h"
 
@@ -125,7 +126,9 @@ std::optional<Fault> lineEndFault(std::string_view text) {
     return std::nullopt;
 }
 
-bool isNeeded(const std::string& name) { return name == "market.toml" || name == "accounts.csv"; }
+bool isNeeded(const std::string& name) {
+    return std::find(files::kNeeded.begin(), files::kNeeded.end(), name) != files::kNeeded.end();
+}
 
 std::optional<Fault> textFault(std::string_view text, const fs::path& path, const std::string& name) {
     if (std::optional<Fault> fault = encodingFault(text, path)) {

@@ -21,8 +21,8 @@ public:
     enum class KeyNeed { kNeeded, kOptional };
 
     /// `name` is the table's own name, such as "markets.SH"; empty for the whole file. `table` outlives the section.
-    TomlSection(const toml::table& sectionTable, std::string sectionName, const std::string& fileName, ErrorLog& log)
-        : table(sectionTable), name(std::move(sectionName)), file(fileName), errors(log) {}
+    TomlSection(const toml::table& sectionTable, std::string sectionName, std::string fileName, ErrorLog& log)
+        : table(sectionTable), name(std::move(sectionName)), file(std::move(fileName)), errors(log) {}
 
     void readInteger(std::string_view key, KeyNeed need, int low, int high, int& value);
     void readText(std::string_view key, KeyNeed need, std::string& value);
@@ -40,7 +40,7 @@ public:
     /// The keys in the order of the file, for a table whose keys are the file's own.
     [[nodiscard]] std::vector<std::string> keys() const;
 
-    /// Reports every key that nobody asked for.
+    /// Reports every key that was not asked for.
     void refuseOtherKeys();
 
     /// Reports something about one key, or about the table when it has no such key.
@@ -55,7 +55,7 @@ private:
 
     const toml::table& table;
     std::string name;
-    const std::string& file;
+    std::string file;
     ErrorLog& errors;
     std::vector<std::string> asked;
     bool isGood = true;

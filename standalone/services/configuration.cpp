@@ -2,11 +2,12 @@
 
 #include <vector>
 
+#include "host/configuration.h"
+
 namespace standalone {
 
 namespace {
 
-constexpr int kUsualTradeUnit = 100;
 constexpr int kNoTradeUnit = 0;
 
 template <class Limit>
@@ -38,7 +39,7 @@ int Configuration::tradeUnit(const std::string& market, const std::string& code)
 
 int Configuration::marketUnit(const std::string& market) const {
     const auto found = marketUnits.find(market);
-    return found == marketUnits.end() || found->second <= kNoTradeUnit ? kUsualTradeUnit : found->second;
+    return found == marketUnits.end() || found->second <= kNoTradeUnit ? qmservice::kUsualTradeUnit : found->second;
 }
 
 }  // namespace standalone

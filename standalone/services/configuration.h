@@ -21,7 +21,7 @@ public:
     Configuration() = default;
     explicit Configuration(const Market& market);
 
-    /// The instrument's minimum trade unit; its market's when the instrument is unknown; 100 when both are.
+    /// The instrument's minimum trade unit; its market's when the instrument is unknown; the usual one when both are.
     [[nodiscard]] int tradeUnit(const std::string& market, const std::string& code) const;
     [[nodiscard]] bool isSimulation(int platform) const { return simulationPlatforms.count(platform) != 0; }
     [[nodiscard]] const Limits<qmservice::CStkExchangeRateLimit>& stock() const { return stockLimits; }

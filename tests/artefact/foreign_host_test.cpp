@@ -250,11 +250,11 @@ public:
     static void checkSignatures() {
         using Self = CFeeCenter;
         using Center = ForeignFeeCenter;
-        using Load = void (Self::*)(Account, Records);
-        static_assert(is<Load>(&Center::initFees) && is<Load>(&Center::doInitStockFee));
-        static_assert(is<Load>(&Center::doInitCreditFee) && is<Load>(&Center::doInitNeeqFee));
-        static_assert(is<Load>(&Center::doInitStkOptionFee) && is<Load>(&Center::doInitFutureFee));
-        static_assert(is<Load>(&Center::doInitHgtFee) && is<Load>(&Center::doInitSgtFee));
+        using LoadMember = void (Self::*)(Account, Records);
+        static_assert(is<LoadMember>(&Center::initFees) && is<LoadMember>(&Center::doInitStockFee));
+        static_assert(is<LoadMember>(&Center::doInitCreditFee) && is<LoadMember>(&Center::doInitNeeqFee));
+        static_assert(is<LoadMember>(&Center::doInitStkOptionFee) && is<LoadMember>(&Center::doInitFutureFee));
+        static_assert(is<LoadMember>(&Center::doInitHgtFee) && is<LoadMember>(&Center::doInitSgtFee));
 
         static_assert(is<Update<IData>>(&Center::updateCustomFee));
         static_assert(is<Update<CCustomStockInstrumentFee>>(&Center::doUpdateStockCustomFee));
@@ -315,7 +315,7 @@ private:
                             const Table<uint64>& /*table*/, const boost::shared_ptr<Record>& /*fallback*/) {}
 };
 
-TEST(ForeignHost, MembersStandInTheirOrder) {
+TEST(ForeignHost, MembersAreInTheirOrder) {
     const ForeignFeeCenter center;
     center.checkMemberTypes();
     EXPECT_TRUE(center.membersAreInOrder());

@@ -25,7 +25,7 @@ class Amount : public testing::TestWithParam<Charged> {};
 TEST_P(Amount, IsRateTimesBasisWithinBoundsThenRounded) {
     const Bill bill = costOf(trade(GetParam().trade), tariff({GetParam().term}, {}));
     ASSERT_EQ(bill.items.size(), 1U);
-    const Item& item = bill.items.front();
+    const BillItem& item = bill.items.front();
     EXPECT_EQ(item.basis.text(), GetParam().basis);
     EXPECT_EQ(item.amount.text(), GetParam().amount);
     EXPECT_EQ(item.value, *GetParam().term.rate);

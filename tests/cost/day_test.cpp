@@ -62,7 +62,7 @@ TEST(OrderOfFills, PaysItsMinimumOnce) {
               "commission 5.00, (handling_fee 0.01) | (handling_fee 0.02)");
 }
 
-TEST(OrderOfFills, IsToldApartFromOthers) {
+TEST(OrderOfFills, IsDistinguishedFromOthers) {
     EXPECT_EQ(dayItems({fill("A", "buy 100@10"), fill("B", "buy 100@10"), fill("A", "buy 100@10"),
                         fill("", "buy 100@10"), fill("", "buy 100@10")},
                        allIn()),

@@ -134,7 +134,7 @@ DayAmounts amountsOf(const std::vector<naive::Charge>& charges, const std::vecto
     DayAmounts sums{std::vector<Decimal>(charges.size()), {}};
     for (const Bill& bill : day.bills()) {
         sums.costs += bill.costs;
-        for (const Item& item : bill.items) {
+        for (const BillItem& item : bill.items) {
             sums.charges[std::stoul(item.term->charge.substr(6))] += item.amount;
         }
     }
@@ -170,7 +170,7 @@ RC_GTEST_PROP(RandomDays, CostTheSumsOfWhatIsNotInsideOthers, ()) {
     const Trade trade = tradeOf(randomFills().front());
     const Bill bill = costOf(trade, tariff);
     Decimal paid;
-    for (const Item& item : bill.items) {
+    for (const BillItem& item : bill.items) {
         paid += charges[std::stoul(item.term->charge.substr(6))].inside < 0 ? item.amount : Decimal();
     }
     RC_ASSERT(bill.costs == paid);

@@ -80,7 +80,7 @@ TEST(FamilyOfAnAnswer, IsThatOfTheRecordItHolds) {
     EXPECT_EQ(familyOf(margin), Family::kFutures);
 }
 
-TEST(FamilyOfAnAnswer, OfAStockWithAnOptionRateBesideItIsTheStocks) {
+TEST(FamilyOfAnAnswer, OfAStockWithAnOptionRateTooIsTheStocks) {
     CInstrumentFee answer = stockAnswer(kPrimeBrokerageAccount);
     answer.stkOptionFeeRate = make_shared<CStockOptionFeeRate>();
     EXPECT_EQ(familyOf(answer), Family::kStock);

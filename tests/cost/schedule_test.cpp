@@ -45,7 +45,7 @@ struct Rivals {
 
 class MoreSpecificTerm : public testing::TestWithParam<Rivals> {};
 
-TEST_P(MoreSpecificTerm, WinsWhereverItStands) {
+TEST_P(MoreSpecificTerm, WinsWhereverItIs) {
     const Term stronger = changed(GetParam().stronger);
     const Term weaker = changed(GetParam().weaker);
     EXPECT_EQ(winner({stronger, weaker}), "charges.csv:2");

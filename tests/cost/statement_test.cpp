@@ -101,7 +101,7 @@ Bill billOf(const Line& line) {
 
 /// The amount of a charge that is inside another or not; "0.00" when the bill has none.
 std::string amountOf(const Bill& bill, const std::string& charge, bool inside) {
-    for (const Item& item : bill.items) {
+    for (const BillItem& item : bill.items) {
         if (item.term->charge == charge && (item.inside != nullptr) == inside) {
             return item.amount.text(2);
         }

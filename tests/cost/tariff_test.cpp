@@ -51,7 +51,7 @@ Term optionTerm(const std::string& charge, const std::string& side, const std::s
     return made;
 }
 
-TEST(Plan, StandsInTheOrderOfTheRatesThenOfTheSchedule) {
+TEST(Plan, IsInTheOrderOfTheRatesThenOfTheSchedule) {
     Term levy = term("stock", "levy", "both", "order order");
     levy.rate = number("1");
     const Tariff made = tariffOf({levy, term("stock", "stamp_duty", "sell", "turnover fill"), commission()},

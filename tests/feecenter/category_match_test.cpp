@@ -29,13 +29,13 @@ std::map<int, Members> mapOf(int size, int first = 0) {
 template <class LimitFamily>
 struct Numbered : LimitFamily {
     static constexpr auto categoryOf = &LimitFamily::CustomLimit::category;
-    static constexpr auto list = &LimitFamily::CustomFee::rateLimits;
+    static constexpr auto list = &LimitFamily::CustomRecord::rateLimits;
 
     static std::string category(test::FakeHost& /*host*/, int number) { return std::to_string(number); }
 };
 
 struct Futures {
-    using CustomFee = CCustomFutureInstrumentFee;
+    using CustomRecord = CCustomFutureInstrumentFee;
     static constexpr int kind = 1;
     static constexpr int listMask = 0;
     static constexpr auto update = &test::OpenFeeCenter::doUpdateFutureCustomFee;
@@ -47,7 +47,7 @@ struct Commission : Futures {
     using CustomLimit = CCustomCommissionRateDetail;
     static constexpr auto name = "Commission";
     static constexpr auto categoryOf = &CustomLimit::categoryId;
-    static constexpr auto list = &CustomFee::commissionDetails;
+    static constexpr auto list = &CustomRecord::commissionDetails;
     static constexpr auto table = &test::OpenFeeCenter::futureCommissionKeys;
 };
 
@@ -55,16 +55,16 @@ struct Margin : Futures {
     using CustomLimit = CCustomMarginRateDetail;
     static constexpr auto name = "Margin";
     static constexpr auto categoryOf = &CustomLimit::categoryId;
-    static constexpr auto list = &CustomFee::marginDetails;
+    static constexpr auto list = &CustomRecord::marginDetails;
     static constexpr auto table = &test::OpenFeeCenter::futureMarginKeys;
 };
 
 struct StkOption {
     using CustomLimit = CCustomStkExchangeRateLimit;
-    using CustomFee = CCustomStockInstrumentFee;
+    using CustomRecord = CCustomStockInstrumentFee;
     static constexpr auto name = "StkOption";
     static constexpr auto categoryOf = &CustomLimit::category;
-    static constexpr auto list = &CustomFee::rateLimits;
+    static constexpr auto list = &CustomRecord::rateLimits;
     static constexpr int kind = 6;
     static constexpr int listMask = 32;
     static constexpr auto table = &test::OpenFeeCenter::stkOptionAccountTable;
@@ -94,7 +94,7 @@ protected:
 
     /// Whether the custom limit reaches the instrument; `calls` then holds the category tests asked.
     bool applies(const boost::shared_ptr<CustomLimit>& rates) {
-        auto fee = boost::make_shared<typename Family::CustomFee>();
+        auto fee = boost::make_shared<typename Family::CustomRecord>();
         (*fee).*Family::list = {rates};
         const test::CallLog log(host);
         (center.*Family::update)(test::makeAccount(Family::kind, 7), fee);

@@ -36,7 +36,7 @@ protected:
     void update() {
         this->host.inSystemCategory = [](auto&&...) { return true; };
         this->center.updateCustomFee(this->account,
-                                     test::makeCustomFee<typename Family::CustomFee>(this->custom("5", 0.5)));
+                                     test::makeCustomFee<typename Family::CustomRecord>(this->custom("5", 0.5)));
         this->host.runJobs();
     }
 

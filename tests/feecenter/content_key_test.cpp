@@ -231,7 +231,7 @@ TEST_F(ContentKeyTest, ShenzhenConnectLimitFoldsItsFourteenRatesThenTheTradeUnit
     EXPECT_EQ(center.getHashKey(makeConnectLimit<CCustomSgtExchangeRateLimit>(), 500), keyOf(kConnectTexts));
 }
 
-TEST_F(ContentKeyTest, NoSeparatorStandsBetweenValues) {
+TEST_F(ContentKeyTest, NoSeparatorIsBetweenValues) {
     // 1 then 23 and 12 then 3 give the same digits.
     auto a = boost::make_shared<CStkExchangeRateLimit>();
     a->rate5 = 1.5e-8;

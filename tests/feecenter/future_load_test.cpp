@@ -14,7 +14,7 @@ using Keys = std::vector<uint64>;
 
 class FutureLoadTest : public test::FutureTest {};
 
-TEST_F(FutureLoadTest, MarginKeysStandInListOrderWithoutSlots) {
+TEST_F(FutureLoadTest, MarginKeysAreInListOrderWithoutSlots) {
     const auto rb = addFuture("rb2605");
     const auto third = makeMargin('3', 20);
     const auto first = makeMargin('1', 30);

@@ -59,7 +59,7 @@ TEST_F(FutureLookupTest, CommissionKeyWithoutRecordAndMarginsIsNoRateAtAll) {
     EXPECT_EQ(center.futureCommissionDetails.size(), 0U);
 }
 
-TEST_F(FutureLookupTest, CommissionKeyWithoutRecordBesideMarginsYieldsAnEmptyCommission) {
+TEST_F(FutureLookupTest, CommissionKeyWithoutRecordAndWithMarginsYieldsAnEmptyCommission) {
     load({makeFutureFee(rb, nullptr, {makeMargin('1', 20)})});
     center.futureCommissionKeys[kAccount][rbKey] = 4711;
     const auto fee = find();

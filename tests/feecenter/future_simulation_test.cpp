@@ -60,7 +60,7 @@ protected:
     const Rates unadjusted{11, 12, 13, 14, 15, 16, 17, 18};
 };
 
-TEST_F(FutureSimulationTest, FeePerLotSetsByVolumeAsItStandsAndByMoneyToZero) {
+TEST_F(FutureSimulationTest, FeePerLotSetsByVolumeUnchangedAndByMoneyToZero) {
     quote(1, 3.5, 4.5, -5.5);
     EXPECT_EQ(answer(), (Rates{0, 3.5, 0, 4.5, 0, -5.5, 17, 18}));
 }

@@ -34,7 +34,7 @@ TEST_F(PrimeBrokerageTest, InstrumentUnknownToTheCatalogueHasNoFeeWhateverTheTab
     EXPECT_FALSE(center.getPbFullFee(kAccount, test::instrumentKey("SH", "1"), 100));
 }
 
-TEST_F(PrimeBrokerageTest, EmptyFeeMemberStandsNeitherForAnUnknownInstrumentNorForADroppedAnswer) {
+TEST_F(PrimeBrokerageTest, EmptyFeeMemberReplacesNeitherAnUnknownInstrumentNorADroppedAnswer) {
     center.emptyFee = boost::make_shared<CInstrumentFee>();
     EXPECT_FALSE(center.getPbFullFee(kAccount, 4711, 100));
     for (const char* market : {"HK", "no such market"}) {
@@ -114,7 +114,7 @@ public:
     [[nodiscard]] boost::shared_ptr<IData> copy() const override { return {}; }
 };
 
-TEST_F(PrimeBrokerageTest, FullDefaultStandsInForAFuturesDefaultWhoseCopyIsOfNoUse) {
+TEST_F(PrimeBrokerageTest, FullDefaultReplacesAFuturesDefaultWhoseCopyIsOfNoUse) {
     for (auto* fee : {&center.defaultFutureFee, &center.defaultIncomeSwapFutureFee}) {
         *fee = boost::make_shared<UncopiedFee>(**fee);
     }
@@ -123,7 +123,7 @@ TEST_F(PrimeBrokerageTest, FullDefaultStandsInForAFuturesDefaultWhoseCopyIsOfNoU
     }
 }
 
-TEST_F(PrimeBrokerageTest, FullDefaultStandsInForAFuturesInstrumentThatTheCatalogueForgotMeanwhile) {
+TEST_F(PrimeBrokerageTest, FullDefaultReplacesAFuturesInstrumentThatTheCatalogueForgotMeanwhile) {
     for (const char* market : {"DCE", "CMEO"}) {
         int finds = 0;
         host.onCall = [&](const std::string& operation) {

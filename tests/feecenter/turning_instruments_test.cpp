@@ -87,7 +87,7 @@ const Answers kAnswers[] = {
     {1, {"SH", "DCE"}, kSimulationFee},
     {16, {"SH", "DCE"}, kIncomeSwapFee}};
 
-TEST_F(TurningInstrumentsTest, FeeOfAnInstrumentThatIsAnotherEachTimeIsWhatEachStepWasTold) {
+TEST_F(TurningInstrumentsTest, FeeOfAnInstrumentThatIsAnotherEachTimeIsWhatEachStepWasGiven) {
     configureStock("SH", 50);
     configureStock("NEEQ", 51);
     configure(host.hgtLimits, &CInstrumentFee::hgtRateLimit, "SSEHKEX", 52);

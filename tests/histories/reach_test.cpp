@@ -93,7 +93,7 @@ TEST(HistoriesReach, EveryClassCategoryAndKindOfAnswer) {
     EXPECT_EQ(goals.missedBy(totals.reached), "");
 }
 
-TEST(HistoriesReachChecks, TellWhatWasMissed) {
+TEST(HistoriesReachChecks, ReportWhatWasMissed) {
     Goals goals;
     goals.want({2, 3}, kCustomTest, {kYes});
     Reached reached;

@@ -22,6 +22,15 @@ TEST(Families, EachIsFoundByItsName) {
 
 TEST(Families, UnknownNameIsRefused) { EXPECT_THROW(static_cast<void>(rateFamily("bond")), std::out_of_range); }
 
+TEST(Families, TradesOfEachFamilyPayRates) {
+    for (std::size_t i = 0; i < cost::kWords<cost::Family>.size(); ++i) {
+        const auto charged = static_cast<cost::Family>(i);
+        const std::string name = charged == cost::Family::kFutures ? "commission" : std::string(cost::wordFor(charged));
+        EXPECT_EQ(rateFamilyOf(charged).name, name);
+    }
+    EXPECT_EQ(rateFamily("margin").charged, cost::Family::kFutures);
+}
+
 TEST(Families, KindWithoutANameIsNotFound) {
     EXPECT_EQ(findAccountKind(4), nullptr);
     EXPECT_EQ(findAccountKind(0), nullptr);
@@ -31,11 +40,11 @@ TEST(Families, KindWithoutANameIsNotFound) {
 TEST(Families, FeeTablesTakeTheKindsThatTradeTheFamily) {
     for (const AccountKindInfo& kind : accountKinds()) {
         for (const RateFamily& each : rateFamilies()) {
-            if (each.feeAccounts.empty() || *kind.family == '\0') {
+            if (each.feeAccounts.empty() || !kind.charged) {
                 continue;
             }
             const bool isTaken = std::set<int>(each.feeAccounts.begin(), each.feeAccounts.end()).count(kind.kind) != 0;
-            EXPECT_EQ(isTaken, std::string(rateFamily(kind.family).instruments) == each.instruments)
+            EXPECT_EQ(isTaken, std::string(rateFamilyOf(*kind.charged).instruments) == each.instruments)
                 << kind.name << " " << each.name;
         }
     }
@@ -44,7 +53,7 @@ TEST(Families, FeeTablesTakeTheKindsThatTradeTheFamily) {
 TEST(Families, SomeKindsTradeEverything) {
     std::set<int> everything;
     for (const AccountKindInfo& kind : accountKinds()) {
-        if (*kind.family == '\0') {
+        if (!kind.charged) {
             everything.insert(kind.kind);
         }
     }

@@ -82,7 +82,7 @@ cost::Place moutai() { return {cost::Family::kStock, "1000001", "SH", "600519", 
 
 std::string itemsOf(const cost::Bill& bill) {
     std::string text;
-    for (const cost::Item& item : bill.items) {
+    for (const cost::BillItem& item : bill.items) {
         const std::string amount = item.term->charge + ' ' + item.amount.text(2);
         text += text.empty() ? "" : ", ";
         text += item.inside == nullptr ? amount : '(' + amount + ')';

@@ -16,7 +16,7 @@ namespace test {
 struct StockSide {
     using Limit = qmservice::CStkExchangeRateLimit;
     using CustomLimit = qmservice::CCustomStkExchangeRateLimit;
-    using CustomFee = qmservice::CCustomStockInstrumentFee;
+    using CustomRecord = qmservice::CCustomStockInstrumentFee;
     static constexpr auto slot = &qmservice::CInstrumentFee::stkRateLimit;
     static constexpr auto unit = &Limit::unitVolume;
     static constexpr auto configured = &FakeHost::rateLimits;
@@ -68,7 +68,7 @@ struct Neeq : StockSide {
 struct Hgt {
     using Limit = qmservice::CCustomHGTExchangeRateLimit;
     using CustomLimit = Limit;
-    using CustomFee = qmservice::CCustomHGTInstrumentFee;
+    using CustomRecord = qmservice::CCustomHGTInstrumentFee;
     static constexpr auto slot = &qmservice::CInstrumentFee::hgtRateLimit;
     static constexpr auto unit = &CustomLimit::tradeMinUnit;
     static constexpr auto configured = &FakeHost::hgtLimits;
@@ -89,7 +89,7 @@ struct Hgt {
 struct Sgt {
     using Limit = qmservice::CCustomSgtExchangeRateLimit;
     using CustomLimit = Limit;
-    using CustomFee = qmservice::CCustomSgtInstrumentFee;
+    using CustomRecord = qmservice::CCustomSgtInstrumentFee;
     static constexpr auto slot = &qmservice::CInstrumentFee::sgtRateLimit;
     static constexpr auto unit = &CustomLimit::tradeMinUnit;
     static constexpr auto configured = &FakeHost::sgtLimits;

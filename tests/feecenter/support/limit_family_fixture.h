@@ -68,7 +68,7 @@ protected:
     }
 
     void apply(const std::vector<boost::shared_ptr<CustomLimit>>& limits) {
-        auto fee = boost::make_shared<typename Family::CustomFee>();
+        auto fee = boost::make_shared<typename Family::CustomRecord>();
         fee->rateLimits = limits;
         (center.*Family::update)(account, fee);
     }

@@ -31,9 +31,9 @@ public:
 
 // Changes.
 
-using Load = void (OpenFeeCenter::*)(const Account&, const std::vector<Scene::Record>&);
+using LoadMember = void (OpenFeeCenter::*)(const Account&, const std::vector<Scene::Record>&);
 
-Operation load(const char* name, int accountKind, Locks exclusive, Load member) {
+Operation load(const char* name, int accountKind, Locks exclusive, LoadMember member) {
     return {name,
             Kind::kLoad,
             accountKind,

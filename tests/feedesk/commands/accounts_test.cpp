@@ -39,7 +39,7 @@ TEST(Accounts, AreObjectsInJson) {
                           R"("custom_fees":0})"));
 }
 
-TEST(Accounts, TellHowManyInstrumentsAreAnsweredOnEachLevel) {
+TEST(Accounts, ShowHowManyInstrumentsAreAnsweredOnEachLevel) {
     const SampleFolder folder;
     const std::vector<std::string> csv = lines(ask(folder.path(), "accounts --levels --csv").out);
     ASSERT_EQ(csv.size(), 13U);
@@ -61,14 +61,14 @@ TEST(Accounts, TellHowManyInstrumentsAreAnsweredOnEachLevel) {
     }
 }
 
-TEST(Accounts, TellLevelsInJson) {
+TEST(Accounts, ShowLevelsInJson) {
     const SampleFolder folder;
     EXPECT_THAT(ask(folder.path(), "accounts --levels --json").out,
                 HasSubstr(R"("platform":0,"fee_records":4,"custom_fees":1,"instruments":5,"own_record":2,)"
                           R"("custom_fee":1,"configured_limit":1,"exchange_fee":0,"built_in_default":1,"not_set":0})"));
 }
 
-TEST(Accounts, TellLevelsInATableOfOneLineEach) {
+TEST(Accounts, ShowLevelsInATableOfOneLineEach) {
     const SampleFolder folder;
     const Outcome outcome = ask(folder.path(), "accounts --levels");
     EXPECT_LE(widestLine(outcome.out), 80U);

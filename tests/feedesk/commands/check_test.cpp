@@ -127,7 +127,7 @@ TEST(Check, RunsOnlyTheChecksThatAreNamed) {
     EXPECT_THAT(found(folder, "--off shadowed-line"), ElementsAre("percent-rate", "empty-category-line"));
 }
 
-TEST(Check, TellsWhatAnAccountIsCharged) {
+TEST(Check, ShowsWhatAnAccountIsCharged) {
     const FaultyFolder folder;
     EXPECT_TRUE(folder.replace("fees/stock.csv", "S200,SZ,*,", "S200,SZ,0*,"));
     EXPECT_THAT(found(folder, "--account S200"), ElementsAre("built-in-default"));

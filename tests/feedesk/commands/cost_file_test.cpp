@@ -110,7 +110,7 @@ TEST_F(CostFile, EachDayHasItsOwnSchedule) {
               "2 stamp_duty 0.0005 5.00 fees/stock.csv:2");
 }
 
-TEST_F(CostFile, SideAndOffsetMayStandInTwoColumns) {
+TEST_F(CostFile, SideAndOffsetMayBeInTwoColumns) {
     const std::string header = "account,date,market,code,side,offset,hedge,quantity,price\n";
     const Outcome outcome = folder.costOf(header +
                                           "F100,2024-01-02,SHFE,rb2610,buy,open,1,1,3450\n"
@@ -334,7 +334,7 @@ TEST_F(CostFile, LaterFillsSayWithWhichTradeTheyAreCharged) {
               (std::vector<std::string>{"1 commission ", "2 commission ", "3  2"}));
 }
 
-TEST_F(CostFile, WrongLinesOfSortedTradesAreToldInTheOrderOfTheFile) {
+TEST_F(CostFile, WrongLinesOfSortedTradesAreReportedInTheOrderOfTheFile) {
     std::string trades = "S100,2024-01-03,SH,600519,buy,0,5.02,\n";
     for (int i = 0; i < 101; ++i) {
         trades += "S100,2024-01-02,SH,600519,buy,0,5.02,\n";

@@ -50,11 +50,11 @@ std::vector<Line> tableIn(const char* path) {
 class CostOfBundledMarket : public testing::Test {
 protected:
     [[nodiscard]] std::vector<Line> costs(const std::string& trades, const std::string& arguments,
-                                          const std::string& told = "") const {
+                                          const std::string& reported = "") const {
         folder.writeTrades(trades);
         const Outcome outcome = ask(BUNDLED_MARKET, "cost --csv --trades " + folder.tradesFile() + " " + arguments);
         EXPECT_EQ(outcome.status, 0);
-        EXPECT_EQ(outcome.err, told);
+        EXPECT_EQ(outcome.err, reported);
         return outcome.status == 0 ? table(outcome.out) : std::vector<Line>();
     }
 

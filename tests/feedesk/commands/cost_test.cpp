@@ -208,7 +208,7 @@ TEST_F(Cost, TradeWithoutItemsSaysWhy) {
                                                        "2000.00,0.00,-2000.00,,1\n"));
 }
 
-// The notes of sources below the table tell rates and terms apart.
+// The notes of sources below the table distinguish rates and terms.
 TEST_F(Cost, SourcesBelowTheTableSayWhatTheyAreOf) {
     const std::string out = cost("S100 600519 buy 100@5.02").out;
     EXPECT_THAT(out, HasSubstr("[1] Rate from fees/stock.csv:2\n[2] Term charges.csv:2\n[3] Term charges.csv:3\n"));

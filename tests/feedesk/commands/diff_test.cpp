@@ -214,7 +214,7 @@ TEST_F(Diff, QuestionThatIsWrongIsRefused) {
     const std::string folders = before.path() + " " + after.path();
     struct Case {
         std::string arguments;
-        const char* told;
+        const char* reported;
     };
     for (const Case& wrong : {
              Case{"", "feedesk: A is required"},
@@ -235,7 +235,7 @@ TEST_F(Diff, QuestionThatIsWrongIsRefused) {
         const Outcome outcome = runProgram("diff " + wrong.arguments);
         EXPECT_EQ(outcome.status, 2) << wrong.arguments;
         EXPECT_EQ(outcome.out, "") << wrong.arguments;
-        EXPECT_THAT(outcome.err, HasSubstr(wrong.told)) << wrong.arguments;
+        EXPECT_THAT(outcome.err, HasSubstr(wrong.reported)) << wrong.arguments;
     }
 }
 
@@ -262,7 +262,7 @@ TEST_F(Diff, DayThatOneFolderDoesNotCoverIsRefused) {
     EXPECT_THAT(refused.err, HasSubstr("2025-01-01 lies outside; ask for a day within with --from and --until"));
 }
 
-TEST_F(Diff, BrokenFolderTellsItsErrors) {
+TEST_F(Diff, BrokenFolderReportsItsErrors) {
     after.write("fees/hgt.csv", "account,market,code,commission\nH100,HK,*,x\n");
     const Outcome outcome = diff();
     EXPECT_EQ(outcome.status, 2);

@@ -95,16 +95,16 @@ TEST_F(DiffTrades, ThatCannotBeChargedAreNamedAndNothingIsAnswered) {
         "S999,2024-01-02,SH,600519,buy,100,1500,\n");
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
-    const std::vector<std::string> told = lines(outcome.err);
-    ASSERT_EQ(told.size(), 3U) << outcome.err;
-    EXPECT_THAT(told[0], HasSubstr(".trades:3: by /tmp/"));
-    EXPECT_THAT(told[1], HasSubstr("the market folder has no account S999"));
-    EXPECT_THAT(told[2], StartsWith("feedesk: 2 trades cannot be charged by /tmp/"));
+    const std::vector<std::string> reported = lines(outcome.err);
+    ASSERT_EQ(reported.size(), 3U) << outcome.err;
+    EXPECT_THAT(reported[0], HasSubstr(".trades:3: by /tmp/"));
+    EXPECT_THAT(reported[1], HasSubstr("the market folder has no account S999"));
+    EXPECT_THAT(reported[2], StartsWith("feedesk: 2 trades cannot be charged by /tmp/"));
     EXPECT_EQ(diff("--trades /nonexistent.csv").status, 2);
     EXPECT_EQ(diff("--trades").status, 2);
 }
 
-// No answer of the fee center tells a minimum.
+// No answer of the fee center has a minimum.
 TEST_F(DiffTrades, ChargingTermThatChangesIsADifferenceToo) {
     replaceInCharges("turnover,,5,order", "turnover,,6,order");
     const Outcome outcome = diff("--csv --expect-none");

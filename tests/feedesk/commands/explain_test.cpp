@@ -96,7 +96,7 @@ TEST_F(Explain, LaterLinesAndUpdatesOverrideAndEntriesOfOneUpdateMatchInTheirOrd
                             "stock,,7,built-in default,,last,,0.00015"));
 }
 
-TEST_F(Explain, LineOfOtherDaysTellsThem) {
+TEST_F(Explain, LineOfOtherDaysShowsThem) {
     folder.write("fees/hgt.csv",
                  "account,market,code,commission,from,until\n"
                  "H100,HK,*,0.0003,,2024-06-30\n"
@@ -129,7 +129,7 @@ TEST_F(Explain, ExchangeFeeIsChargedOnASimulationPlatformAlone) {
                 testing::Contains(StartsWith("commission,,,exchange fee,instruments/all.csv:9,no_simulation,")));
 }
 
-TEST_F(Explain, WhatIsNotTakenIsToldSo) {
+TEST_F(Explain, WhatIsNotTakenIsSaidSo) {
     // Prime brokerage answers Hong Kong stocks with the defaults alone.
     EXPECT_THAT(rows("P100 HK:00700"),
                 testing::Contains(StartsWith("hgt,,,configured limit,configured/hgt.csv:2,not_taken,")));
@@ -201,7 +201,7 @@ TEST_F(Explain, WhatHasNoAnswerSaysSo) {
     struct Case {
         const char* arguments;
         int status;
-        const char* told;
+        const char* reported;
     };
     for (const Case& wrong :
          {Case{"S999 SH:600519", 1, "feedesk: the market folder has no account S999"},
@@ -214,7 +214,7 @@ TEST_F(Explain, WhatHasNoAnswerSaysSo) {
           Case{"S100 SH:600519 --date x", 2, "feedesk: --date: x is not a day such as 2023-08-28"}}) {
         const Outcome outcome = explain(wrong.arguments);
         EXPECT_EQ(outcome.status, wrong.status) << wrong.arguments;
-        EXPECT_THAT(outcome.err, StartsWith(wrong.told)) << wrong.arguments;
+        EXPECT_THAT(outcome.err, StartsWith(wrong.reported)) << wrong.arguments;
     }
 }
 

@@ -3,7 +3,7 @@
 #include <rapidjson/document.h>
 #include <rapidjson/pointer.h>
 
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
 #include "tests/feedesk/support/program.h"
 #include "tests/feedesk/support/sample_folder.h"
 
@@ -183,7 +183,7 @@ TEST_F(Fee, UnknownInstrumentHasNoAnswer) {
     EXPECT_EQ(outcome.err, "feedesk: the market folder has no instrument SH:600518; did you mean SH:600519?\n");
 }
 
-TEST_F(Fee, KnownInstrumentsAreAnsweredBesideAnUnknownOne) {
+TEST_F(Fee, KnownInstrumentsAreAnsweredNextToAnUnknownOne) {
     const Outcome outcome = fee("S100 SH:600518 SH:600519");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.out, HasSubstr("SH:600519"));
@@ -305,7 +305,7 @@ TEST_F(Fee, UnknownAccountHasNoAnswerButNearNames) {
     EXPECT_EQ(outcome.err, "feedesk: the market folder has no account S101; did you mean S100?\n");
 }
 
-TEST_F(Fee, AccountThatIsLikeNoOtherIsToldWhereAccountsAre) {
+TEST_F(Fee, AccountThatIsLikeNoOtherIsRefusedWithWhereAccountsAre) {
     const Outcome outcome = fee("nobody SH:600519");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "feedesk: the market folder has no account nobody; `feedesk accounts` lists the accounts\n");

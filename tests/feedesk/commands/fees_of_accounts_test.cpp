@@ -50,7 +50,7 @@ TEST_F(FeesOfAccounts, HaveTheAccountInTables) {
               "Rates not shown are 0: Transfer fee.\n");
 }
 
-TEST_F(FeesOfAccounts, TellAccountsWithoutAListInANote) {
+TEST_F(FeesOfAccounts, NameAccountsWithoutAListInANote) {
     const Outcome good = run("fees --accounts 'S*' --accounts 'P*' --json");
     EXPECT_EQ(good.status, 0);
     EXPECT_THAT(good.err, HasSubstr(R"({"note":"without a list of fees, and not shown: 2 accounts (S200, P100); --all )"
@@ -99,7 +99,7 @@ TEST_F(FeesOfAccounts, OfAChannelAreThoseOfItsAccounts) {
     EXPECT_THAT(run("fee --accounts 'S*' HGT:00700").err, HasSubstr("no instrument HGT:00700"));
 }
 
-TEST_F(FeesOfAccounts, TellUnknownInstrumentsOnce) {
+TEST_F(FeesOfAccounts, ReportUnknownInstrumentsOnce) {
     const Outcome outcome = run("fee --accounts 'S*' 600519 XYZ --csv");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(lines(outcome.out).size(), 3U);
@@ -108,7 +108,7 @@ TEST_F(FeesOfAccounts, TellUnknownInstrumentsOnce) {
               "feedesk: 1 of 2 fees answered with the built-in default\n");
 }
 
-TEST_F(FeesOfAccounts, TellANoteThatHoldsForSeveralOnce) {
+TEST_F(FeesOfAccounts, GiveANoteForSeveralOnce) {
     const Outcome twice = run("fee --accounts 'S*' 00700 --csv");
     EXPECT_EQ(twice.status, 0);
     EXPECT_EQ(

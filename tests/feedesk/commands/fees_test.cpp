@@ -47,7 +47,7 @@ TEST_F(Fees, TakeAMarketInSmallLetters) {
     EXPECT_THAT(instruments("S100 --only-market sz"), ElementsAre("SZ,000001", "SZ,300750"));
 }
 
-TEST_F(Fees, TellThePatternThatFindsTheTextInside) {
+TEST_F(Fees, NameThePatternThatFindsTheTextInside) {
     const Outcome outcome = fees("S100 --match 0051");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.err, HasSubstr("by the filters; --match '*0051*' finds the text inside codes and names\n"));

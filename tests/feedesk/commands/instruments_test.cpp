@@ -58,7 +58,7 @@ TEST_F(InstrumentsCommand, KeepsToTheMarketsAskedFor) {
     EXPECT_EQ(none.err, "feedesk: none of the instruments found is in a market that is asked for\n");
 }
 
-TEST_F(InstrumentsCommand, TellsWhatIsNotFoundAndListsTheRest) {
+TEST_F(InstrumentsCommand, ReportsWhatIsNotFoundAndListsTheRest) {
     const Outcome outcome = instruments("600519 '9*' --csv");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(lines(outcome.out), SizeIs(2));
@@ -67,7 +67,7 @@ TEST_F(InstrumentsCommand, TellsWhatIsNotFoundAndListsTheRest) {
               "names\n");
 }
 
-TEST_F(InstrumentsCommand, TellsWhereNothingIsFound) {
+TEST_F(InstrumentsCommand, SaysWhereNothingIsFound) {
     const Outcome outcome = instruments("XYZ --json");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "[]\n");

@@ -16,7 +16,7 @@ const char* const kAgreeing =
     "20240102,600519,买,100,1000,25.00,0,0,,1,-100025.00\n"
     "20240103,600519,卖,100,1000,25.00,50.00,0,,1,99925.00\n";
 
-/// What is told, whatever the width of the lines.
+/// What is reported, whatever the width of the lines.
 std::string unfolded(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
     return text;
@@ -150,7 +150,7 @@ TEST_F(Reconcile, ReadsWhatBrokersExport) {
               "feedesk: " + folder.statementFile() + ":1: the line is not UTF-8, which --encoding names\n");
 }
 
-TEST_F(Reconcile, TellsWhatHasNoAnswer) {
+TEST_F(Reconcile, ReportsWhatHasNoAnswer) {
     const Outcome outcome = folder.reconcileLines(
         "20240102,600519,买,100,1000,25.00,0,0,,1,-100025.00\n"
         "20240102,999999,买,100,1000,25.00,0,0,,1,-100025.00\n"
@@ -229,20 +229,20 @@ TEST_F(Reconcile, ProposesNoRateThatLaterTradesDoNotPay) {
 }
 
 // 0.031 % on the first day and 0.022 % from then on; the sale of the second day is charged by nothing that is known.
-TEST_F(Reconcile, FindsTheRateOfTheLastDaysBesideOtherDifferences) {
+TEST_F(Reconcile, FindsTheRateOfTheLastDaysAmongOtherDifferences) {
     const Outcome outcome = folder.reconcileLines(
         "20240102,600519,买,100,1000,31.00,0,0,,1,-100031.00\n"
         "20240103,600519,买,100,1000,22.00,0,0,,1,-100022.00\n"
         "20240103,600519,卖,100,1000,29.17,61.23,0,,1,99909.60\n"
         "20240104,600519,卖,100,1000,22.00,50.00,0,,1,99928.00\n");
-    const std::string told = unfolded(outcome.out);
-    EXPECT_NE(told.find("Line 2: the commission 0.00031 (any from"), std::string::npos) << told;
-    EXPECT_NE(told.find("Line 4: nothing that is known explains it"), std::string::npos) << told;
-    EXPECT_NE(
-        told.find("Lines 3, 5: the commission 0.00022 (any from 0.00021995 to 0.000220049999) fits all 2 lines from "
+    const std::string reported = unfolded(outcome.out);
+    EXPECT_NE(reported.find("Line 2: the commission 0.00031 (any from"), std::string::npos) << reported;
+    EXPECT_NE(reported.find("Line 4: nothing that is known explains it"), std::string::npos) << reported;
+    EXPECT_NE(reported.find(
+                  "Lines 3, 5: the commission 0.00022 (any from 0.00021995 to 0.000220049999) fits all 2 lines from "
                   "2024-01-03 on"),
-        std::string::npos)
-        << told;
+              std::string::npos)
+        << reported;
 }
 
 // Without its least amount of 5 the commission of 1000 is 0.25.
@@ -256,7 +256,7 @@ TEST_F(Reconcile, FindsAMinimumThatIsNotCharged) {
 
 struct Wrong {
     const char* arguments;
-    const char* told;  ///< "feedesk: " stands before it
+    const char* reported;  ///< behind "feedesk: "
 };
 
 TEST_F(Reconcile, RefusesWrongQuestionsInOneSentence) {
@@ -278,13 +278,13 @@ TEST_F(Reconcile, RefusesWrongQuestionsInOneSentence) {
         if (const std::size_t place = arguments.find(" F"); place != std::string::npos) {
             arguments.replace(place + 1, 1, file);
         }
-        std::string told = "feedesk: " + std::string(each.told) + "\n";
-        if (const std::size_t place = told.find(" M/"); place != std::string::npos) {
-            told.replace(place + 1, 1, folder.path());
+        std::string reported = "feedesk: " + std::string(each.reported) + "\n";
+        if (const std::size_t place = reported.find(" M/"); place != std::string::npos) {
+            reported.replace(place + 1, 1, folder.path());
         }
         const Outcome outcome = ask(folder.path(), arguments);
         if (arguments.find("--json") == std::string::npos) {
-            EXPECT_EQ(outcome.err, told) << arguments;
+            EXPECT_EQ(outcome.err, reported) << arguments;
         }
         EXPECT_NE(outcome.status, 0) << arguments;
     }
@@ -294,21 +294,21 @@ TEST_F(Reconcile, WritesOverNothingThatItReads) {
     folder.writeStatement("日期,代码,买卖,数量,价格,佣金\n20240102,600519,买,100,1000,31\n");
     const std::string file = folder.statementFile();
     const std::string table = folder.path() + "/fees/stock.csv";
-    for (const auto& [options, told] : std::vector<std::pair<std::string, std::string>>{
+    for (const auto& [options, reported] : std::vector<std::pair<std::string, std::string>>{
              {"--patch " + file, file + " is the statement and would be written over; name another file"},
              {"--xlsx " + file, file + " is the statement and would be written over; name another file"},
              {"--patch " + table, table + " is in the market folder, which is not written to; name another file"},
              {"--patch /tmp/none --xlsx /tmp/../tmp/none", "--patch and --xlsx name the same file; name two"}}) {
         const Outcome outcome = ask(folder.path(), "reconcile S100 " + file + " " + options);
         EXPECT_EQ(outcome.status, 2) << options;
-        EXPECT_EQ(outcome.err, "feedesk: " + told + "\n") << options;
+        EXPECT_EQ(outcome.err, "feedesk: " + reported + "\n") << options;
     }
 }
 
 struct BrokenFile {
     const char* name;
     std::string content;
-    const char* told;  ///< behind "feedesk: FILE"
+    const char* reported;  ///< behind "feedesk: FILE"
 };
 
 TEST_F(Reconcile, RefusesBrokenFilesWithTheirPlace) {
@@ -335,8 +335,8 @@ TEST_F(Reconcile, RefusesBrokenFilesWithTheirPlace) {
         const Outcome outcome = folder.reconcile();
         EXPECT_EQ(outcome.status, 2) << each.name;
         EXPECT_EQ(outcome.out, "") << each.name;
-        const std::string told = outcome.err.substr(0, outcome.err.find('\n') + 1);
-        EXPECT_EQ(told.substr(told.find(".xls") + 4), each.told) << each.name;
+        const std::string reported = outcome.err.substr(0, outcome.err.find('\n') + 1);
+        EXPECT_EQ(reported.substr(reported.find(".xls") + 4), each.reported) << each.name;
     }
 }
 

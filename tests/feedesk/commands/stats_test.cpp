@@ -60,7 +60,7 @@ TEST(Stats, CountEqualRecordsOnce) {
         HasSubstr("8 entries in 2 records; " + pooled + " of " + unpooled + " bytes, of which pooling saves 75.0%"));
 }
 
-TEST(Stats, TellAccountsWithoutAList) {
+TEST(Stats, ReportAccountsWithoutAList) {
     const SampleFolder folder;
     EXPECT_EQ(ask(folder.path(), "stats --accounts 'S*' --accounts P100 --csv").err,
               "feedesk: without a list of fees, and not counted: 2 accounts (S200, P100)\n");

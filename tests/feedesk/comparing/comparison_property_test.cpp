@@ -6,10 +6,10 @@
 #include <tuple>
 
 #include "feedesk/comparing/comparison.h"
-#include "feedesk/numbers.h"
-#include "feedesk/running_engine.h"
-#include "feedesk/session.h"
-#include "feedesk/traded_instruments.h"
+#include "feedesk/instruments/traded_instruments.h"
+#include "feedesk/session/running_engine.h"
+#include "feedesk/session/session.h"
+#include "feedesk/text/numbers.h"
 #include "standalone/loader.h"
 #include "tests/feedesk/support/random_folder.h"
 
@@ -77,7 +77,7 @@ struct FoundChange {
 
 using Changes = std::map<RateName, FoundChange>;
 
-/// What differs, found rate by rate. A level is told where no rate of its line differs.
+/// What differs, found rate by rate. A level is reported where no rate of its line differs.
 Changes expectedChanges(const FoundRates& before, const FoundRates& after) {
     std::set<RateName> names;
     for (const FoundRates* rates : {&before, &after}) {
@@ -107,7 +107,7 @@ std::string textOf(const AnsweredRate& rate, bool isLevel) {
     return isLevel ? levelName(rate.level) : rate.value ? plainNumber(*rate.value) : "-";
 }
 
-/// What the comparison tells, spread out over days, accounts and instruments.
+/// What the comparison reports, spread out over days, accounts and instruments.
 Changes comparedChanges(const SampleFolder& folderBefore, const SampleFolder& folderAfter) {
     standalone::ContentNumbers numbers;
     ComparedFolder before(standalone::loadFolder(folderBefore.path()).folder, numbers);
@@ -133,7 +133,7 @@ Changes comparedChanges(const SampleFolder& folderBefore, const SampleFolder& fo
                                            difference.item,
                                            difference.column};
                     if (change.days.contains(dayOf(day))) {
-                        EXPECT_TRUE(changes.emplace(name, found).second) << "told twice";
+                        EXPECT_TRUE(changes.emplace(name, found).second) << "reported twice";
                     }
                 }
             }
@@ -147,9 +147,10 @@ std::string textOf(const RateName& name) {
     return day + " " + account + " " + instrument + " " + part + " " + item + " " + column;
 }
 
-void expectSource(const std::set<std::string>& expected, const std::set<std::string>& told, const std::string& where) {
+void expectSource(const std::set<std::string>& expected, const std::set<std::string>& reported,
+                  const std::string& where) {
     const std::string& source = *expected.begin();
-    EXPECT_TRUE(source.empty() ? told.empty() : told.count(source) == 1) << where << " " << source;
+    EXPECT_TRUE(source.empty() ? reported.empty() : reported.count(source) == 1) << where << " " << source;
 }
 
 /// How many rates differ.
@@ -159,11 +160,11 @@ std::size_t expectTheRightChanges(const RandomFolder& before, const RandomFolder
     before.writeTo(folderBefore);
     after.writeTo(folderAfter);
     const Changes expected = expectedChanges(ratesOf(folderBefore), ratesOf(folderAfter));
-    const Changes told = comparedChanges(folderBefore, folderAfter);
+    const Changes reported = comparedChanges(folderBefore, folderAfter);
     for (const auto& [name, change] : expected) {
-        const auto found = told.find(name);
-        if (found == told.end()) {
-            ADD_FAILURE() << "not told: " << textOf(name) << " " << change.before << " -> " << change.after;
+        const auto found = reported.find(name);
+        if (found == reported.end()) {
+            ADD_FAILURE() << "not reported: " << textOf(name) << " " << change.before << " -> " << change.after;
             continue;
         }
         EXPECT_EQ(found->second.before, change.before) << textOf(name);
@@ -171,8 +172,8 @@ std::size_t expectTheRightChanges(const RandomFolder& before, const RandomFolder
         expectSource(change.sourcesBefore, found->second.sourcesBefore, textOf(name));
         expectSource(change.sourcesAfter, found->second.sourcesAfter, textOf(name));
     }
-    for (const auto& [name, change] : told) {
-        EXPECT_EQ(expected.count(name), 1U) << "told: " << textOf(name) << change.before << " -> " << change.after;
+    for (const auto& [name, change] : reported) {
+        EXPECT_EQ(expected.count(name), 1U) << "reported: " << textOf(name) << change.before << " -> " << change.after;
     }
     return expected.size();
 }

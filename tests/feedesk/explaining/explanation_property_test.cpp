@@ -8,8 +8,8 @@
 #include <set>
 
 #include "feedesk/explaining/explanation.h"
-#include "feedesk/numbers.h"
-#include "feedesk/session.h"
+#include "feedesk/session/session.h"
+#include "feedesk/text/numbers.h"
 #include "tests/feedesk/support/random_folder.h"
 
 namespace feedesk::test {

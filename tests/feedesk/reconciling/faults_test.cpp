@@ -187,7 +187,7 @@ const std::vector<KindOfFault>& kinds() {
 
 struct Tally {
     int found = 0;
-    int same = 0;  ///< another cause has the very same amounts, and the right one is told beside it
+    int same = 0;  ///< another cause has the very same amounts, and the right one is named too
     int wrong = 0;
     int notFound = 0;
 };
@@ -281,7 +281,7 @@ TEST_F(Faults, AreFoundWithTheirCause) {
     }
 }
 
-TEST_F(Faults, AreFoundBesideEachOther) {
+TEST_F(Faults, AreFoundTogether) {
     Random random(7);
     Tally tally;
     for (int run = 0; run < kEach; ++run) {

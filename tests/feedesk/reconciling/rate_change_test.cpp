@@ -25,10 +25,10 @@ struct RateChange {
     long naive::Rates::*rate;
     long value;  ///< in ten-millionths
     const char* from;
-    const char* told;  ///< part of what is told
+    const char* reported;  ///< part of what is reported
 };
 
-/// A copy of the bundled market with a statement and a patch beside it.
+/// A copy of the bundled market with a statement and a patch next to it.
 class RateOfADay : public testing::TestWithParam<RateChange> {
 protected:
     RateOfADay() {
@@ -75,7 +75,7 @@ TEST_P(RateOfADay, IsSolvedForAndItsPatchMakesTheFolderAgree) {
     writeStatement(GetParam());
     const Outcome before = reconcile();
     EXPECT_EQ(before.status, 1);
-    EXPECT_NE(before.out.find(GetParam().told), std::string::npos) << before.out;
+    EXPECT_NE(before.out.find(GetParam().reported), std::string::npos) << before.out;
     ASSERT_TRUE(applyPatch());
     fs::remove(patch());
     const Outcome after = reconcile();

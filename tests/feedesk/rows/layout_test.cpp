@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {

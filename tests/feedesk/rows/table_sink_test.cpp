@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "feedesk/rows/sinks.h"
-#include "feedesk/text.h"
+#include "feedesk/text/text.h"
 
 namespace feedesk {
 namespace {
@@ -38,14 +38,14 @@ TEST(TableSink, HasAColumnForEachOfTwoRatesOfOneTitle) {
 
 TEST(TableSink, HasOneColumnForRatesThatAreAdded) {
     const std::vector<Field> fields = {rate("Open", "by_money"),
-                                       Field{"by_volume", "Open", Unit::kYuan}.addedToTheOneBefore()};
+                                       Field{"by_volume", "Open", Unit::kYuan}.with(&Field::added, true)};
     EXPECT_EQ(table(fields, {0.01, 3.0}), "Instrument         Open\nSH:1        1% + 3 yuan\n");
     EXPECT_EQ(table(fields, {0.01, 3.0}, 20), "Instrument      Open\nSH:1              1%\n            + 3 yuan\n");
 }
 
 TEST(TableSink, LeavesOutOfASumWhatIsZero) {
     const std::vector<Field> fields = {Field{"by_money", "Open", Unit::kFraction},
-                                       Field{"by_volume", "Open", Unit::kYuan}.addedToTheOneBefore()};
+                                       Field{"by_volume", "Open", Unit::kYuan}.with(&Field::added, true)};
     EXPECT_EQ(table(fields, {0.01, 0.0}), "Instrument  Open\nSH:1          1%\n");
     EXPECT_EQ(table(fields, {0.0, 3.0}), "Instrument    Open\nSH:1        3 yuan\n");
     EXPECT_EQ(table(fields, {0.0, 0.0}), "Instrument  Open\nSH:1           0\n");

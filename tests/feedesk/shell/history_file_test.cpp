@@ -54,15 +54,15 @@ TEST_F(HistoryFileTest, KeepsTheNewestLines) {
     EXPECT_EQ(std::filesystem::file_size(path), 5 * 1000U);  // four digits and a line end each; 1001 to 2000
 }
 
-TEST_F(HistoryFileTest, ThatCannotBeWrittenIsToldOnce) {
+TEST_F(HistoryFileTest, ThatCannotBeWrittenIsReportedOnce) {
     HistoryFile history(folder.path() + "/market.toml/feedesk/history");
     EXPECT_THAT(history.read(), IsEmpty());
     testing::internal::CaptureStderr();
     history.add("a");
     history.add("b");
-    const std::string told = testing::internal::GetCapturedStderr();
-    EXPECT_THAT(told, testing::HasSubstr("the lines are not kept"));
-    EXPECT_EQ(told.find("the lines are not kept"), told.rfind("the lines are not kept"));
+    const std::string reported = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(reported, testing::HasSubstr("the lines are not kept"));
+    EXPECT_EQ(reported.find("the lines are not kept"), reported.rfind("the lines are not kept"));
 }
 
 }  // namespace

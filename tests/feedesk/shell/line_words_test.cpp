@@ -26,7 +26,7 @@ TEST(LineWords, TakeABackslashForItselfInSingleQuotesAlone) {
 
 TEST(LineWords, EndWithAComment) { EXPECT_THAT(lineWords("a b#c '#' # d 'e").words, ElementsAre("a", "b#c", "#")); }
 
-TEST(LineWords, TellTheQuoteThatIsOpen) {
+TEST(LineWords, NameTheQuoteThatIsOpen) {
     EXPECT_EQ(lineWords("a 'b c").openQuote, '\'');
     EXPECT_EQ(lineWords("a \"b").openQuote, '"');
     EXPECT_EQ(lineWords("a\\").openQuote, '\\');
@@ -34,7 +34,7 @@ TEST(LineWords, TellTheQuoteThatIsOpen) {
     EXPECT_THAT(lineWords("a 'b c").words, ElementsAre("a", "b c"));
 }
 
-TEST(LineWords, TellWhereTheLastOneBegins) {
+TEST(LineWords, SayWhereTheLastOneBegins) {
     EXPECT_EQ(lineWords("fee 'b c").lastBegin, 4U);
     EXPECT_FALSE(lineWords("fee 'b ").endsBetween);
     EXPECT_TRUE(lineWords("fee ").endsBetween);

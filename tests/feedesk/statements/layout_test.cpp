@@ -34,9 +34,9 @@ protected:
         try {
             namedLayout(folder.path(), "x");
         } catch (const Failure& failure) {
-            const std::string told = failure.what();
+            const std::string reported = failure.what();
             const std::string path = folder.path() + "/layouts/";
-            return told.compare(0, path.size(), path) == 0 ? told.substr(path.size()) : told;
+            return reported.compare(0, path.size(), path) == 0 ? reported.substr(path.size()) : reported;
         }
         return "";
     }
@@ -59,7 +59,7 @@ TEST_F(LayoutFile, IsReadByItsName) {
     EXPECT_EQ(namedLayout(folder.path(), folder.path() + "/layouts/x.toml").title, "Test");
 }
 
-TEST_F(LayoutFile, TellsWhatIsWrongWithItsLine) {
+TEST_F(LayoutFile, ReportsWhatIsWrongWithItsLine) {
     EXPECT_EQ(refusalOf("x = "),
               "x.toml:1: the file is not TOML: Error while parsing key-value pair: encountered end-of-file");
     EXPECT_EQ(refusalOf(with("format = 1", "format = 2")),

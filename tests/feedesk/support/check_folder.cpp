@@ -4,28 +4,14 @@
 #include <fstream>
 #include <iterator>
 
+#include "tests/feedesk/support/market_toml.h"
+
 namespace feedesk::test {
 namespace {
 
-constexpr const char* kCheckMarket = R"(format = 1
-title = "Test"
-as_of = 2026-09-30
-[markets.SH]
-title = "Shanghai"
-trade_unit = 100
-[markets.SZ]
-title = "Shenzhen"
-trade_unit = 100
-[markets.HK]
-title = "Hong Kong"
-trade_unit = 200
-[markets.SHO]
-title = "Options"
-trade_unit = 1
-[markets.SHFE]
-title = "Futures"
-trade_unit = 1
-[rates.stock]
+constexpr const char* kCheckedDay = "as_of = 2026-09-30\n";
+
+constexpr const char* kCheckedRates = R"([rates.stock]
 rate1 = { column = "commission", title = "Commission", unit = "fraction" }
 rate6 = { column = "stamp_duty", title = "Stamp duty", unit = "fraction" }
 [rates.hgt]
@@ -54,7 +40,7 @@ int replaceAll(std::string& content, const std::string& from, const std::string&
 }  // namespace
 
 CheckFolder::CheckFolder() {
-    write("market.toml", kCheckMarket);
+    write("market.toml", marketToml(kCheckedDay, kCheckedRates));
     write("instruments/all.csv",
           "market,code,name,lists,product\n"
           "SH,600519,贵州茅台,stock,MAIN\n"

@@ -2,33 +2,14 @@
 
 #include <algorithm>
 
+#include "tests/feedesk/support/market_toml.h"
+
 namespace feedesk::test {
 namespace {
 
-constexpr const char* kRandomToml = R"(format = 1
-title = "Random"
-as_of = 2024-01-02
-[platforms]
-simulation = [9001]
-[markets.SH]
-title = "Shanghai"
-trade_unit = 100
-[markets.SZ]
-title = "Shenzhen"
-trade_unit = 100
-[markets.NEEQ]
-title = "NEEQ"
-trade_unit = 100
-[markets.HK]
-title = "Hong Kong"
-trade_unit = 200
-[markets.SHO]
-title = "Options"
-trade_unit = 1
-[markets.SHFE]
-title = "Futures"
-trade_unit = 1
-)";
+constexpr const char* kSettings = "as_of = 2024-01-02\n[platforms]\nsimulation = [9001]\n";
+
+constexpr const char* kNeeqToml = "[markets.NEEQ]\ntitle = \"NEEQ\"\ntrade_unit = 100\n";
 
 constexpr const char* kCommissionRates = "open_by_money,close_by_volume";
 
@@ -64,7 +45,7 @@ const Item& RandomFolder::oneOf(const std::vector<Item>& items) {
 }
 
 RandomFolder::RandomFolder(unsigned seed) : random(seed) {
-    files["market.toml"] = {kRandomToml};
+    files["market.toml"] = {marketToml(kSettings, kNeeqToml)};
     files["accounts.csv"] = {"account,name,kind,platform",
                              "S1,a,stock,",
                              "S2,b,stock,",

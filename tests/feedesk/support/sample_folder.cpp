@@ -4,29 +4,14 @@
 
 #include <fstream>
 
+#include "tests/feedesk/support/market_toml.h"
+
 namespace feedesk::test {
 namespace {
 
-constexpr const char* kMarketToml = R"(format = 1
-title = "Test"
-[platforms]
-simulation = [9001]
-[markets.SH]
-title = "Shanghai"
-trade_unit = 100
-[markets.SZ]
-title = "Shenzhen"
-trade_unit = 100
-[markets.HK]
-title = "Hong Kong"
-trade_unit = 200
-[markets.SHO]
-title = "Options"
-trade_unit = 1
-[markets.SHFE]
-title = "Futures"
-trade_unit = 1
-[rates.stock]
+constexpr const char* kPlatforms = "[platforms]\nsimulation = [9001]\n";
+
+constexpr const char* kRates = R"([rates.stock]
 rate1 = { column = "commission", title = "Commission", unit = "fraction" }
 rate2 = { column = "transfer_fee", title = "Transfer fee", unit = "fraction" }
 rate6 = { column = "stamp_duty", title = "Stamp duty", unit = "fraction" }
@@ -69,7 +54,7 @@ F400,自定义期货户,futures,
 SampleFolder::SampleFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "feedesk_test_XXXXXX").string();
     directory = mkdtemp(name.data());
-    write("market.toml", kMarketToml);
+    write("market.toml", marketToml(kPlatforms, kRates));
     write("instruments/all.csv", kInstruments);
     write("accounts.csv", kAccounts);
     write("fees/stock.csv",

@@ -7,7 +7,7 @@
 
 namespace feedesk::test {
 
-/// The small market folder with a layout of its own, `plain`, and a statement beside it. Account S100 pays 0.025 %
+/// The small market folder with a layout of its own, `plain`, and a statement next to it. Account S100 pays 0.025 %
 /// commission on SH:600*, at least 5 yuan an order, with the transfer fee (0.001 %) inside it, and stamp duty on sales.
 class StatementFolder : public CostFolder {
 public:

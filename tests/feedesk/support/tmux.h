@@ -20,7 +20,7 @@ public:
     void press(const std::string& keys) const;
     void type(const std::string& text) const;
 
-    /// What the terminal shows once `text` stands in it, or, after half a minute, without it.
+    /// What the terminal shows once `text` is in it, or, after half a minute, without it.
     [[nodiscard]] std::string shownWith(const std::string& text) const;
     /// The same once a line ends with `text`, blanks not counted.
     [[nodiscard]] std::string shownWithLineEnd(const std::string& text) const;

@@ -5,7 +5,7 @@
 
 #include "cost/pattern.h"
 #include "fixture.h"
-#include "standalone/charged_families.h"
+#include "standalone/families.h"
 
 namespace standalone {
 namespace {

@@ -193,7 +193,7 @@ TEST_F(LoaderCellError, CellOfJustAsManyCharactersIsTaken) {
     EXPECT_TRUE(load().ok());
 }
 
-TEST_F(LoaderCellError, EveryMessageTellsHowToMend) {
+TEST_F(LoaderCellError, EveryMessageSaysWhatToDo) {
     append("fees/margin.csv", "F1,SHFE,*,4,,,,,,,\n");
     append("fees/credit.csv", "S1,SH,*,,\n");
     append("accounts.csv", "Z1,Name,wholesale,\n");
@@ -227,12 +227,12 @@ TEST_F(LoaderCellError, ErrorsOfAllFilesComeInTheOrderOfReadingThenByLine) {
                   "fees/stock.csv:5", "custom/stock.csv:5"});
 }
 
-TEST_F(LoaderCellError, BadLineThatMatchesNoInstrumentIsToldOfBoth) {
+TEST_F(LoaderCellError, BadLineThatMatchesNoInstrumentIsReportedForBoth) {
     append("fees/stock.csv", "S1,SH,60*,,x,,,,,\nS1,SH,9*,,x,,,,,\n");
     expectPlaces({"fees/stock.csv:4", "fees/stock.csv:5", "fees/stock.csv:5"});
 }
 
-TEST_F(LoaderCellError, UnknownAccountsAreReportedBesideABadLine) {
+TEST_F(LoaderCellError, UnknownAccountsAreReportedWithABadLine) {
     replace("accounts.csv", "C1,Credit,credit", "C1,Credit,loan");
     append("fees/stock.csv", "S2,SH,60*,,,,,,,\n");
     expectPlaces({"accounts.csv:3", "fees/stock.csv:4"});

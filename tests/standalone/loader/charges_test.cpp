@@ -132,7 +132,7 @@ struct WrongCharge {
 
 class LoaderChargeError : public LoaderTest, public ::testing::WithParamInterface<WrongCharge> {};
 
-TEST_P(LoaderChargeError, IsToldWithItsLine) {
+TEST_P(LoaderChargeError, IsReportedWithItsLine) {
     write("charges.csv", table({{{"charge", "rate2"}}, GetParam().cells}));
     expectError("charges.csv", 3, GetParam().words);
     EXPECT_THAT(load().errors.at(0).message,

@@ -112,7 +112,7 @@ TEST_F(LoaderContent, RateNamesListEveryFieldOfEveryFamily) {
     EXPECT_EQ(market.rateNames.at("option")[4].column, "fee5");
 }
 
-TEST_F(LoaderContent, InstrumentsStandInTheOrderOfFilesAndLines) {
+TEST_F(LoaderContent, InstrumentsAreInTheOrderOfFilesAndLines) {
     const Market market = loadGood();
     std::vector<std::string> found;
     for (const ListedInstrument& instrument : market.instruments) {
@@ -487,7 +487,7 @@ TEST_F(LoaderContent, TableOfAHeaderAloneHasNoLines) {
     EXPECT_TRUE(accountOf(loadGood(), "S1").fees.empty());
 }
 
-TEST_F(LoaderContent, ColumnsMayStandInAnyOrder) {
+TEST_F(LoaderContent, ColumnsMayBeInAnyOrder) {
     write("fees/stock.csv", "stamp_duty,code,market,account\n0.5,600000,SH,S1\n");
     EXPECT_EQ(accountOf(loadGood(), "S1").fees.at(0).record->stkRateLimit->rate6, 0.5);
 }

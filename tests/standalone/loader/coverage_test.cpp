@@ -63,7 +63,7 @@ struct WrongDays {
 
 class LoaderCoverageError : public LoaderTest, public ::testing::WithParamInterface<WrongDays> {};
 
-TEST_P(LoaderCoverageError, IsToldAtItsKey) {
+TEST_P(LoaderCoverageError, IsReportedAtItsKey) {
     replace("market.toml", "title = \"Test market\"\n", std::string("title = \"Test market\"\n") + GetParam().lines);
     expectError("market.toml", GetParam().line, GetParam().words);
 }
@@ -109,7 +109,7 @@ INSTANTIATE_TEST_SUITE_P(
                                 {"\"coverage.commission\"", "not a key of the format", "futures"}}),
     [](const auto& wrong) { return wrong.param.name; });
 
-TEST_F(LoaderCoverage, ThatIsWrongItselfIsToldOnce) {
+TEST_F(LoaderCoverage, ThatIsWrongItselfIsReportedOnce) {
     say("as_of = 2020-08-28\n[coverage]\nfrom = 2021-01-01\nuntil = 2020-12-31\nhgt = { from = 2019-01-01 }\n");
     expectPlaces({"market.toml:6"});
 }

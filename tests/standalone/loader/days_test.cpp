@@ -159,7 +159,7 @@ TEST_F(LoaderDays, OfNoCalendarAreRefused) {
     expectError("configured/hgt.csv", 2, {"column from", "\"2023-02-29\"", "a day of the calendar", "correct it"});
 }
 
-TEST_F(LoaderDays, WithoutHyphensAreToldWithThem) {
+TEST_F(LoaderDays, WithoutHyphensAreReportedWithThem) {
     write("configured/hgt.csv", "market,code,rate1,until\nHK,00700,0.1,20230228\n");
     expectError("configured/hgt.csv", 2, {"column until", "\"20230228\"", "write 2023-02-28"});
 }

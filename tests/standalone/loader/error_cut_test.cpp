@@ -15,7 +15,7 @@ std::string times(std::size_t count, const std::string& line) {
     return lines;
 }
 
-TEST_F(LoaderErrorCut, AHundredAreToldOneByOne) {
+TEST_F(LoaderErrorCut, AHundredAreReportedOneByOne) {
     append("fees/credit.csv", times(100, "C1,SH,*,x,\n"));
     const LoadResult result = load();
     EXPECT_EQ(result.errors.size(), 100U);

@@ -80,7 +80,7 @@ const LoaderError kFileErrors[] = {
           "\"rate1\" appears twice"),
     error("ColumnWithoutAName", written("fees/credit.csv", "account,market,code,\nC1,SH,*,\n"), 1,
           "column 4 has no name"),
-    error("LineThatIsNoHeaderIsToldOnce", written("fees/credit.csv", "C1,SH,*,0.1\nC1,SH,600000,0.2\n"), 1,
+    error("LineThatIsNoHeaderIsReportedOnce", written("fees/credit.csv", "C1,SH,*,0.1\nC1,SH,600000,0.2\n"), 1,
           "none of the columns", "account, market, code, product, rate1", "header line"),
     error("TooFewCells", appended("fees/credit.csv", "C1,SH,*,x\n"), 3, "too few cells", "4", "5"),
     error("TooManyCells", appended("fees/credit.csv", "C1,SH,*,x,,\n"), 3, "too many cells", "6", "5"),
@@ -111,7 +111,7 @@ TEST_F(LoaderFileError, Utf16IsRecognised) {
                 {"UTF-16", "save it as UTF-8", "iconv -f UTF-16 -t UTF-8 " + path("accounts.csv") + " > "});
 }
 
-TEST_F(LoaderFileError, FileNameWithALineBreakIsToldOnOneLine) {
+TEST_F(LoaderFileError, FileNameWithALineBreakIsReportedOnOneLine) {
     write("two\nlines", "x\n");
     const LoadResult result = load();
     ASSERT_EQ(result.errors.size(), 1U);
@@ -179,14 +179,14 @@ TEST_F(LoaderFileError, HeaderThatCannotBeReadStopsOnlyItsFile) {
     expectPlaces({"fees/credit.csv:1", "fees/stock.csv:4"});
 }
 
-TEST_F(LoaderFileError, HeaderThatAllLinesDifferFromIsToldOnce) {
+TEST_F(LoaderFileError, HeaderThatAllLinesDifferFromIsReportedOnce) {
     write("fees/credit.csv", "account,market,code,rate1\n\nC1,SH,*,,0.1\nC1,SH,600000,,0.2\nC1,SH,600000,,x\n");
     expectError("fees/credit.csv", 1, {"the header has 4 columns, but all 3 lines have 5 cells"});
     write("fees/credit.csv", "account,market,code,product,rate1\nC1,SH,*\nC1,SH,600000\n");
     expectError("fees/credit.csv", 1, {"the header has 5 columns, but all 2 lines have 3 cells"});
 }
 
-TEST_F(LoaderFileError, LinesThatDifferFromOneAnotherAreToldOneByOne) {
+TEST_F(LoaderFileError, LinesThatDifferFromOneAnotherAreReportedOneByOne) {
     write("fees/credit.csv", "account,market,code,rate1\nC1,SH,*,,0.1\nC1,SH,600000,0.2\nC1,SH,600000,,0.3\n");
     expectPlaces({"fees/credit.csv:2", "fees/credit.csv:4"});
     write("fees/credit.csv", "account,market,code,rate1\nC1,SH,*,,0.1\nC1,SH,600000,0.2,,,\n");
@@ -195,7 +195,7 @@ TEST_F(LoaderFileError, LinesThatDifferFromOneAnotherAreToldOneByOne) {
     expectPlaces({"fees/credit.csv:2", "fees/credit.csv:3"});
 }
 
-TEST_F(LoaderFileError, LinesThatDifferFromAWrongHeaderAreNotToldToo) {
+TEST_F(LoaderFileError, LinesThatDifferFromAWrongHeaderAreNotReportedToo) {
     write("fees/credit.csv", "account,code,rate1\nC1,SH,*,0.1\nC1,SH,600000,0.2\n");
     expectError("fees/credit.csv", 1, {"lacks the column \"market\""});
     write("fees/credit.csv", "account,code,rate1\nC1,SH,*,0.1\n");

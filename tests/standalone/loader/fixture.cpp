@@ -272,7 +272,7 @@ void PrintTo(const LoaderError& error, std::ostream* out) { *out << error.name; 
 
 std::string nameOfError(const ::testing::TestParamInfo<LoaderError>& error) { return error.param.name; }
 
-TEST_P(LoaderErrorTest, IsTold) {
+TEST_P(LoaderErrorTest, IsReported) {
     const auto& [name, edit, place, words] = GetParam();
     switch (edit.how) {
         case Edit::How::kWrite:

@@ -27,7 +27,7 @@ TEST_F(LoaderMissingTable, EachIsMissed) {
     expectPlaces({"categories.csv:0", "group_categories.csv:0"});
 }
 
-TEST_F(LoaderMissingTable, UnderAMisspeltNameIsToldByThatNameAlone) {
+TEST_F(LoaderMissingTable, UnderAMisspeltNameIsReportedByThatNameAlone) {
     std::filesystem::rename(path("categories.csv"), path("categoris.csv"));
     expectError("categoris.csv", 0, {"did you mean \"categories.csv\"?"});
     std::filesystem::rename(path("categoris.csv"), path("categories.csv"));

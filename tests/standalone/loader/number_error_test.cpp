@@ -14,7 +14,7 @@ struct BadRate {
 /// A rate of the credit fees that is refused with one error, whose end says how to correct it.
 class LoaderRateError : public LoaderTest, public ::testing::WithParamInterface<BadRate> {};
 
-TEST_P(LoaderRateError, IsRefusedWithTheMend) {
+TEST_P(LoaderRateError, IsRefusedWithWhatToDo) {
     write("fees/credit.csv", std::string("account,market,code,rate1\nC1,SH,*,") + GetParam().cell + "\n");
     const LoadResult result = load();
     ASSERT_EQ(result.errors.size(), 1U);
@@ -92,7 +92,7 @@ TEST_F(LoaderNumberError, CategoryNameThatIsADashIsTaken) {
     EXPECT_EQ(loadGood().categories.back().name, "-");
 }
 
-// What a folder does not tell whole may hold what another table names: that is no second error.
+// What could not be read of a folder may hold what another table names: that is no second error.
 
 TEST_F(LoaderNumberError, BadSystemCategoryMakesNoCategoryUnknown) {
     append("categories.csv", "x,Lost,,,\n");

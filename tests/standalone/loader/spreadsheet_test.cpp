@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_P(LoaderSpoiltCode, IsToldWithTheCodeThatWasMeant) {
+TEST_P(LoaderSpoiltCode, IsReportedWithTheCodeThatWasMeant) {
     const Spoilt& spoilt = GetParam();
     std::vector<std::string> words = spoilt.words;
     words.push_back(std::string("the instrument ") + spoilt.market + " \"" + spoilt.code + "\" is not in");
@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Spoilt{"SH", "1E+99", {"made a number of the code"}},
                       Spoilt{"SH", "1E+99999999999999999999", {"made a number of the code"}}));
 
-TEST_F(LoaderTest, SpoiltCodeOfTheConfigurationAndOfCategoriesIsToldToo) {
+TEST_F(LoaderTest, SpoiltCodeOfTheConfigurationAndOfCategoriesIsReportedToo) {
     append("configured/hgt.csv", "HK,700,,\n");
     append("custom_categories.csv", "10002,HK,700\n");
     const LoadResult result = load();

@@ -9,8 +9,8 @@ using LoaderTomlError = LoaderTest;
 
 const LoaderError kTomlErrors[] = {
     error("SyntaxErrorHasItsLine", replaced("market.toml", "threads = 3", "threads = "), 5, "not valid TOML"),
-    error("SyntaxErrorThatQuotesALineBreakIsToldOnOneLine", replaced("market.toml", "threads = 3", "threads = t\nx"), 5,
-          "not valid TOML", "'t\\n'"),
+    error("SyntaxErrorThatQuotesALineBreakIsReportedOnOneLine",
+          replaced("market.toml", "threads = 3", "threads = t\nx"), 5, "not valid TOML", "'t\\n'"),
     error("RepeatedKey", replaced("market.toml", "threads = 3", "threads = 3\nthreads = 4"), 6, "not valid TOML",
           "threads"),
     error("OtherFormat", replaced("market.toml", "format = 1", "format = 2"), 1, "\"format\"", "holds 2",

@@ -31,7 +31,7 @@ TEST(Equality, SeesAChangeInARecordDeepInside) {
     EXPECT_FALSE(other.isEqual(wholeFee()));
 }
 
-TEST(Equality, TellsAnEmptyEntryFromNoneAndFromARecord) {
+TEST(Equality, DistinguishesAnEmptyEntryFromNoneAndFromARecord) {
     CInstrumentFee none;
     CInstrumentFee empty;
     empty.marginDetails = {nullptr};
@@ -43,7 +43,7 @@ TEST(Equality, TellsAnEmptyEntryFromNoneAndFromARecord) {
     EXPECT_TRUE(empty.isEqual(*empty.copy()));
 }
 
-TEST(Equality, TellsMapsWithOtherKeysApart) {
+TEST(Equality, DistinguishesMapsWithOtherKeys) {
     CCustomMarginRateDetail one;
     one.customCategories[30001] = {"SH600000"};
     CCustomMarginRateDetail other;

@@ -236,7 +236,7 @@ TEST_F(EngineTest, StartAndStopOnAnOwnThreadAreRefused) {
               "engine: asked to start on one of its own threads; ask from another thread");
 }
 
-TEST_F(EngineTest, ExceptionOfAJobIsToldAndTheNextJobRuns) {
+TEST_F(EngineTest, ExceptionOfAJobIsReportedAndTheNextJobRuns) {
     bool ran = false;
     strandOf("fault")->post([] { throw std::runtime_error("no such fee"); });
     strandOf("fault")->post([&ran] { ran = true; });
@@ -248,7 +248,7 @@ TEST_F(EngineTest, ExceptionOfAJobIsToldAndTheNextJobRuns) {
     EXPECT_TRUE(ran);
 }
 
-TEST_F(EngineTest, ExceptionOfAnUnknownClassIsToldToo) {
+TEST_F(EngineTest, ExceptionOfAnUnknownClassIsReportedToo) {
     bool ran = false;
     strandOf("odd fault")->post([] { throw 42; });
     strandOf("odd fault")->post([&ran] { ran = true; });

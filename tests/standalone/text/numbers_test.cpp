@@ -15,7 +15,7 @@ TEST(Numbers, WholeTextIsTheNumber) {
     }
 }
 
-TEST(Numbers, NumberThatDoesNotFitIsToldFromATextThatIsNone) {
+TEST(Numbers, NumberThatDoesNotFitIsDistinguishedFromATextThatIsNone) {
     int value = 7;
     EXPECT_EQ(readNumberIn("2147483648", value), std::errc::result_out_of_range);
     EXPECT_EQ(readNumberIn("2147483648x", value), std::errc::invalid_argument);

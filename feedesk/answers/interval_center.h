@@ -1,0 +1,57 @@
+#ifndef FEEDESK_ANSWERS_INTERVAL_CENTER_H
+#define FEEDESK_ANSWERS_INTERVAL_CENTER_H
+
+#include <boost/shared_ptr.hpp>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "CFeeCenter.h"
+#include "feedesk/answers/answer.h"
+#include "feedesk/answers/provenance.h"
+#include "standalone/host.h"
+#include "standalone/market.h"
+
+namespace feedesk {
+
+/// The market of one interval of days, the fee center that answers from it, and its tracer. Tables of a fee
+/// center are never cleared and know no days, so that each interval needs one of its own.
+///
+/// The services are the process's: install() comes before anything else is asked, whenever another market has been
+/// installed meanwhile. The engine must run. Used by one thread.
+class IntervalCenter {
+public:
+    using Fees = std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>;
+
+    explicit IntervalCenter(standalone::Market dayMarket);
+
+    [[nodiscard]] const standalone::Market& market() const { return loaded; }
+
+    /// Puts the market into the process's services.
+    void install() const { standalone::install(prepared); }
+
+    /// Hands the account's fees to the fee center and waits until it has them, the first time it is called for it. The
+    /// account is one of the market's.
+    void feedOnce(const standalone::Account& account);
+
+    /// The fees of the questions, in their order; empty where there is none. The account has been fed.
+    Fees ask(const standalone::Account& account, const std::vector<Question>& questions);
+
+    /// The fees that the fee center lists; nothing when it has no list.
+    std::optional<Fees> list(const standalone::Account& account);
+
+    /// The fees, which answered the questions, with where they come from; empty where there is no fee.
+    std::vector<std::optional<Answer>> traced(const standalone::Account& account,
+                                              const std::vector<Question>& questions, const Fees& fees);
+
+private:
+    standalone::Market loaded;
+    standalone::PreparedMarket prepared;
+    std::set<const standalone::Account*> fed;
+    qmservice::CFeeCenter center;
+    std::optional<Tracer> tracer;  // made when it is first needed
+};
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_ANSWERS_INTERVAL_CENTER_H

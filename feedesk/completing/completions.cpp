@@ -1,0 +1,75 @@
+#include "feedesk/completing/completions.h"
+
+#include <algorithm>
+#include <set>
+
+#include "feedesk/completing/expected_word.h"
+#include "standalone/loader.h"
+
+namespace feedesk {
+namespace {
+
+bool beginsWith(const std::string& text, const std::string& begun) { return text.compare(0, begun.size(), begun) == 0; }
+
+/// Keeps the words in one order, each once.
+class Candidates {
+public:
+    explicit Candidates(const std::string& begunWord) : begun(begunWord) {}
+
+    void add(const std::string& word) {
+        if (beginsWith(word, begun)) {
+            found.insert(word);
+        }
+    }
+
+    [[nodiscard]] std::vector<std::string> words() const { return {found.begin(), found.end()}; }
+
+    const std::string& begun;
+
+private:
+    std::set<std::string> found;
+};
+
+/// A market with its colon until one is written, then what is in it. Codes and names without a market once they are
+/// begun.
+void addInstrument(Candidates& candidates, const qmservice::CInstrument& instrument) {
+    const std::string market = instrument.market + ":";
+    candidates.add(beginsWith(candidates.begun, market) ? market + instrument.code : market);
+    if (!candidates.begun.empty()) {
+        candidates.add(instrument.code);
+        candidates.add(instrument.name);
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> completions(const CLI::App& app, const std::vector<std::string>& words,
+                                     const MarketOf& marketOf) {
+    const std::string begun = words.empty() ? "" : words.back();
+    const std::vector<std::string> before(words.begin(), words.empty() ? words.end() : words.end() - 1);
+    const ExpectedWord expected = expectedWord(app, before, begun);
+    Candidates candidates(begun);
+    for (const std::string& word : expected.words) {
+        candidates.add(word);
+    }
+    if (expected.kind == WordKind::kAccount || expected.kind == WordKind::kInstrument) {
+        const standalone::Market market = marketOf(before);
+        if (expected.kind == WordKind::kAccount) {
+            for (const standalone::Account& account : market.accounts) {
+                candidates.add(account.record->accountId);
+            }
+        } else {
+            for (const standalone::ListedInstrument& listed : market.instruments) {
+                addInstrument(candidates, *listed.record);
+            }
+        }
+    }
+    return candidates.words();
+}
+
+standalone::Market namedMarket(const std::vector<std::string>& words, const std::string& folder) {
+    const auto option = std::find(words.begin(), words.end(), "--market");
+    return standalone::loadMarket(words.end() - option > 1 ? *(option + 1) : folder).market;
+}
+
+}  // namespace feedesk

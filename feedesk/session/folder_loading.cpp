@@ -1,0 +1,34 @@
+#include "feedesk/session/folder_loading.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+#include "feedesk/failure.h"
+#include "feedesk/terminal/messages.h"
+#include "feedesk/terminal/terminal.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
+#include "standalone/loader.h"
+
+namespace feedesk {
+
+standalone::MarketFolder loadedFolder(const std::string& folder, const std::string& waysToName) {
+    const Progress progress("loading " + echoed(folder));
+    standalone::FolderResult result = standalone::loadFolder(folder);
+    if (result.ok()) {
+        return std::move(result.folder);
+    }
+    for (standalone::LoadError& error : result.errors) {
+        if (error.kind == standalone::ErrorKind::kFolder) {
+            error.message += waysToName;
+        }
+        tellLoadError(error, folder);
+    }
+    for (const standalone::FurtherErrors& further : result.further) {
+        tellFurtherErrors(further, folder);
+    }
+    throw Failure(kBadInput, fmt::format("{}; nothing was loaded", counted(result.errorCount, "error")));
+}
+
+}  // namespace feedesk

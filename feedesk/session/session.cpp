@@ -1,0 +1,249 @@
+#include "feedesk/session/session.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <tuple>
+#include <utility>
+
+#include "cost/rates.h"
+#include "feedesk/failure.h"
+#include "feedesk/session/folder_loading.h"
+#include "feedesk/terminal/terminal.h"
+#include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
+#include "standalone/channels.h"
+#include "standalone/families.h"
+#include "standalone/host.h"
+#include "standalone/text/nearness.h"
+
+namespace feedesk {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using standalone::Account;
+
+/// Goes on behind "name the folder that holds market.toml".
+constexpr const char* kWaysToName = ": with --market DIR, with the environment's FEEDESK_MARKET, or put it at ./market";
+
+/// Adds the time of its own life to a sum.
+class Stopwatch {
+public:
+    explicit Stopwatch(std::chrono::nanoseconds& total) : sum(total) {}
+    Stopwatch(const Stopwatch&) = delete;
+    Stopwatch& operator=(const Stopwatch&) = delete;
+    ~Stopwatch() { sum += Clock::now() - begin; }
+
+private:
+    std::chrono::nanoseconds& sum;
+    Clock::time_point begin = Clock::now();
+};
+
+standalone::MarketFolder load(const std::string& folder, Tally& tally) {
+    const Stopwatch watch(tally.loading);
+    return loadedFolder(folder, kWaysToName);
+}
+
+/// Throws the sentence that refuses a day, if there is one.
+void throwUncovered(const std::string& refusal) {
+    if (!refusal.empty()) {
+        throw Failure(kBadInput, refusal + " with --date");
+    }
+}
+
+/// The day that is meant; one that the folder does not cover is refused.
+cost::Date dayOf(const std::optional<cost::Date>& date, const standalone::MarketFolder& folder) {
+    const cost::Date day = date ? *date : folder.defaultDay();
+    throwUncovered(folder.coverage().refusal(day));
+    return day;
+}
+
+void sortByInstrument(std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>& fees) {
+    const auto name = [](const auto& fee) { return std::tie(fee->instrument->market, fee->instrument->code); };
+    std::sort(fees.begin(), fees.end(), [&](const auto& one, const auto& other) { return name(one) < name(other); });
+}
+
+}  // namespace
+
+Session::Session(const SessionOptions& options)
+    : days(load(options.folder, tally)),
+      askedDay(dayOf(options.date, days)),
+      asked(&centerOf(askedDay)),
+      names(asked->market()),
+      engine(options.threads != 0 ? options.threads : asked->market().engineThreads) {
+    for (const Account& account : market().accounts) {
+        places.emplace(account.record->accountId, places.size());
+    }
+}
+
+void Session::begin(const std::optional<cost::Date>& date) {
+    askedDay = dayOf(date, days);
+    tally = Tally();
+    asked = &centerOf(askedDay);
+}
+
+Session::~Session() = default;
+
+std::vector<std::string> accountIds(const standalone::Market& market) {
+    std::vector<std::string> ids;
+    for (const Account& account : market.accounts) {
+        ids.push_back(account.record->accountId);
+    }
+    return ids;
+}
+
+const Account& Session::account(const std::string& accountId) const {
+    const auto found = places.find(accountId);
+    if (found != places.end()) {
+        return market().accounts[found->second];
+    }
+    const std::vector<std::string> near = standalone::nearNames(accountId, accountIds(market()));
+    const std::string advice = near.empty() ? "; `feedesk accounts` lists the accounts"
+                                            : fmt::format("; did you mean {}?", fmt::join(near, " or "));
+    throw Failure(kNoAnswer, fmt::format("the market folder has no account {}{}", echoed(accountId), advice));
+}
+
+Question Session::instrument(const Account& account, const std::string& text, const std::string& whyOne) const {
+    const bool connect = standalone::tradesThroughConnect(account.record->accountType);
+    const std::vector<Question> found = names.find(text, connect);
+    if (found.empty()) {
+        throw Failure(kNoAnswer, names.problem(text, connect));
+    }
+    if (found.size() > 1) {
+        throw Failure(kNoAnswer,
+                      fmt::format("{} stands for {} instruments, and {}", echoed(text), found.size(), whyOne));
+    }
+    return found.front();
+}
+
+void Session::requireCovered(const Account& account) const {
+    const standalone::AccountKindInfo* kind = standalone::findAccountKind(account.record->accountType);
+    if (const auto family = kind == nullptr ? std::nullopt : kind->charged) {
+        throwUncovered(days.coverage().refusal(askedDay, *family));
+    }
+}
+
+IntervalCenter& Session::centerOf(cost::Date date) {
+    std::unique_ptr<IntervalCenter>& center = centers[days.intervalOf(date)];
+    if (!center) {
+        const Stopwatch watch(tally.loading);
+        center = std::make_unique<IntervalCenter>(days.marketOn(date));
+    }
+    return *center;
+}
+
+IntervalCenter& Session::installed(cost::Date date) {
+    IntervalCenter& center = centerOf(date);
+    center.install();  // one swap; others use the services too
+    return center;
+}
+
+void Session::feedOnce(IntervalCenter& center, const Account& account) {
+    const Stopwatch watch(tally.loading);
+    center.feedOnce(account);
+}
+
+Replies Session::fees(const Account& account, const std::vector<Question>& questions) {
+    requireCovered(account);
+    for (const Question& question : questions) {
+        throwUncovered(days.coverage().refusal(askedDay, question.market));
+    }
+    IntervalCenter& center = installed(askedDay);
+    feedOnce(center, account);
+    IntervalCenter::Fees fees;
+    {
+        const Stopwatch watch(tally.querying);
+        fees = center.ask(account, questions);
+    }
+    tally.queries += questions.size();
+    return traced(account, questions, fees);
+}
+
+std::optional<Replies> Session::listedFees(const Account& account, const PickFees& wanted) {
+    requireCovered(account);
+    IntervalCenter& center = installed(askedDay);
+    feedOnce(center, account);
+    std::optional<IntervalCenter::Fees> fees;
+    {
+        const Stopwatch watch(tally.querying);
+        fees = center.list(account);
+    }
+    ++tally.queries;
+    if (!fees) {
+        return {};
+    }
+    sortByInstrument(*fees);
+    if (wanted) {
+        fees = wanted(*fees);
+    }
+    std::vector<Question> questions;
+    for (const auto& fee : *fees) {
+        questions.push_back({fee->instrument->market, fee->instrument->code});
+    }
+    return traced(account, questions, *fees);
+}
+
+Replies Session::traced(const Account& account, const std::vector<Question>& questions,
+                        const IntervalCenter::Fees& fees) {
+    const Progress progress("finding where the rates come from");
+    std::vector<std::optional<Answer>> answers = asked->traced(account, questions, fees);
+    Replies replies;
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+        if (!answers[i]) {
+            replies.unanswered.push_back(questions[i]);
+            continue;
+        }
+        if (const auto family = cost::familyOf(*fees[i])) {
+            throwUncovered(days.coverage().refusal(askedDay, *family));
+        }
+        replies.answers.push_back(std::move(*answers[i]));
+    }
+    return replies;
+}
+
+DatedFee Session::feeOn(cost::Date date, const std::string& accountId, const Question& question) {
+    IntervalCenter& center = installed(date);
+    const Account& account = center.market().accounts[places.at(accountId)];
+    feedOnce(center, account);
+    IntervalCenter::Fees fees;
+    {
+        const Stopwatch watch(tally.querying);
+        fees = center.ask(account, {question});
+    }
+    ++tally.queries;
+    std::optional<Answer> answer = std::move(center.traced(account, {question}, fees).front());
+    return answer ? DatedFee{fees.front(), std::move(*answer), &center.market()} : DatedFee{{}, {}, &center.market()};
+}
+
+void Session::keepOnly(cost::Date date) {
+    const IntervalCenter& wanted = installed(date);
+    for (auto each = centers.begin(); each != centers.end();) {
+        const bool stays = each->second.get() == asked || each->second.get() == &wanted;
+        each = stays ? std::next(each) : centers.erase(each);
+    }
+}
+
+standalone::FolderExcerpt Session::excerpt(const Account& account, const Question& question) const {
+    const auto& instruments = market().instruments;
+    const auto found = std::find_if(instruments.begin(), instruments.end(), [&](const auto& listed) {
+        return listed.record->market == question.market && listed.record->code == question.code;
+    });
+    return {days, places.at(account.record->accountId), {static_cast<std::size_t>(found - instruments.begin())}};
+}
+
+std::string Session::summary() const {
+    std::size_t records = 0;
+    std::size_t customFees = 0;
+    for (const Account& account : market().accounts) {
+        records += account.fees.size();
+        customFees += account.customFees.size();
+    }
+    const std::string queries = tally.queries == 1 ? "1 query" : grouped(tally.queries) + " queries";
+    return fmt::format("loaded {}, {}, {}, {} in {}; answered {} in {}",
+                       counted(market().instruments.size(), "instrument"), counted(market().accounts.size(), "account"),
+                       counted(records, "fee record"), counted(customFees, "custom fee"), durationText(tally.loading),
+                       queries, durationText(tally.querying));
+}
+
+}  // namespace feedesk
