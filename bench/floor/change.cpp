@@ -41,10 +41,11 @@ void loadLimits(LimitTables<Record>& tables, uint64 accountKey, const std::vecto
         if (fee == nullptr || !fee->instrument) {
             continue;
         }
-        const CInstrument& instrument = *fee->instrument;
+        const std::string market = fee->instrument->market;
+        const std::string code = fee->instrument->code;
         shared_ptr<Record> limit;
         if constexpr (std::is_same_v<Record, CStkExchangeRateLimit>) {
-            limit = ConfigCollector::instance()->getRateLimitPtr(instrument.market, instrument.code);
+            limit = ConfigCollector::instance()->getRateLimitPtr(market, code);
         }
         if (!limit) {
             limit = fee->*Slot;
@@ -52,8 +53,8 @@ void loadLimits(LimitTables<Record>& tables, uint64 accountKey, const std::vecto
         if (!limit) {
             continue;
         }
-        const uint64 instrumentKey = keyOf(instrument);
-        const int unit = getTradeMinUnit(instrument.market, instrument.code);
+        const uint64 instrumentKey = utils::hash(utils::voStockKey(market, code));
+        const int unit = getTradeMinUnit(market, code);
         storeLimit(tables, accountKey, instrumentKey, limitKey(*limit, unit), [&] {
             auto copy = boost::make_shared<Record>(*limit);
             (*copy).*Unit = unit;
