@@ -59,7 +59,8 @@ uint64 connectKey(const Limit& limit, int tradeUnit) {
 void ContentKey::foldRate(double rate) { foldInteger(scaled(rate)); }
 
 void ContentKey::foldInteger(std::int64_t value) {
-    std::array<char, std::numeric_limits<std::int64_t>::digits10 + 2> text{};  // all digits and a sign
+    // All digits and a sign. Not set to zeros first: a load makes this text for every value of every record.
+    std::array<char, std::numeric_limits<std::int64_t>::digits10 + 2> text;
     const char* end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
     key = crc64(key, text.data(), static_cast<std::size_t>(end - text.data()));
 }

@@ -1,6 +1,8 @@
 #include <boost/bind/bind.hpp>
 #include <boost/smart_ptr/make_shared.hpp>
+#include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "CFeeCenter.h"
@@ -15,15 +17,23 @@
 namespace qmservice {
 namespace {
 
+/// Whether "HGT" or "SGT" is anywhere in the key. One pass for both: nearly all keys have neither, and to search them
+/// for one text and then for the other is a tenth of what a stock's lookup costs.
+bool namesConnectChannel(const std::string& stockKey) {
+    for (std::size_t i = 2; i < stockKey.size(); ++i) {
+        if (stockKey[i] == 'T' && stockKey[i - 1] == 'G' && (stockKey[i - 2] == 'H' || stockKey[i - 2] == 'S')) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// The key of the instrument that a joined key names. The connect channels trade the Hong Kong market's instruments.
 /// Rule "A connect key is folded at its start": wherever the text was found, the first three characters are replaced.
 /// The host is asked for the hash of the key as given in any case.
 uint64 queriedInstrumentKey(const std::string& stockKey) {
     const uint64 given = utils::hash(stockKey);
-    if (stockKey.find("HGT") == std::string::npos && stockKey.find("SGT") == std::string::npos) {
-        return given;
-    }
-    return utils::hash(std::string(stockKey).replace(0, 3, "HK"));
+    return namesConnectChannel(stockKey) ? utils::hash(std::string("HK").append(stockKey, 3)) : given;
 }
 
 /// Stock and credit accounts answer with the instrument's own trade unit, the others with 100. Rule "The trade unit is
@@ -134,7 +144,7 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getFee(const boost::shared_ptr<CAc
     const uint64 instrumentKey = queriedInstrumentKey(stockKey);
     const int accountType = account->accountType;
     const int tradeUnit = queriedTradeUnit(accountType, stockKey);
-    const auto instrument = findInstrument(instrumentKey);
+    auto instrument = findInstrument(instrumentKey);
     if (!instrument) {
         return {};
     }
@@ -143,7 +153,7 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getFee(const boost::shared_ptr<CAc
         return emptyFee;
     }
     fee->account = account;
-    fee->instrument = instrument;
+    fee->instrument = std::move(instrument);
     return fee;
 }
 

@@ -1,6 +1,7 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 #include "CFeeCenter.h"
 #include "feecenter/future_tables.h"
@@ -11,35 +12,26 @@
 namespace qmservice {
 namespace {
 
-using Margins = std::vector<boost::shared_ptr<CMarginRateDetail>>;
-
-/// What the tables hold for an instrument of an account.
-struct StoredRates {
+/// A new fee with what the tables hold for an instrument of an account; empty when they hold nothing. It has a margin
+/// for each key, an empty one where the key has no record, as for an unset slot.
+boost::shared_ptr<CInstrumentFee> findStoredFee(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey) {
     boost::shared_ptr<CCommissionRateDetail> commission;
-    Margins margins;  ///< one per key, empty where the key has no record, as for an unset slot
-
-    [[nodiscard]] bool found() const { return commission || !margins.empty(); }
-};
-
-StoredRates findRates(const FutureTables& tables, uint64 accountKey, uint64 instrumentKey) {
-    StoredRates rates;
     if (const uint64* key = findEntry(*tables.commissionKeys, accountKey, instrumentKey)) {
-        rates.commission = findPooled(*tables.commissionDetails, *key);
+        commission = findPooled(*tables.commissionDetails, *key);
     }
-    if (const auto* keys = findEntry(*tables.marginKeys, accountKey, instrumentKey)) {
-        rates.margins.reserve(keys->size());
-        for (const uint64 key : *keys) {
-            rates.margins.push_back(findPooled(*tables.marginDetails, key));
+    const std::vector<uint64>* marginKeys = findEntry(*tables.marginKeys, accountKey, instrumentKey);
+    const bool hasMargins = marginKeys != nullptr && !marginKeys->empty();
+    if (!commission && !hasMargins) {
+        return {};
+    }
+    auto fee = boost::make_shared<CInstrumentFee>();
+    fee->commissionDetail = std::move(commission);
+    if (hasMargins) {
+        fee->marginDetails.reserve(marginKeys->size());
+        for (const uint64 key : *marginKeys) {
+            fee->marginDetails.push_back(findPooled(*tables.marginDetails, key));
         }
     }
-    return rates;
-}
-
-boost::shared_ptr<CInstrumentFee> makeFee(boost::shared_ptr<CInstrument> instrument, StoredRates&& rates) {
-    auto fee = boost::make_shared<CInstrumentFee>();
-    fee->instrument = std::move(instrument);
-    fee->commissionDetail = std::move(rates.commission);
-    fee->marginDetails = std::move(rates.margins);
     return fee;
 }
 
@@ -119,14 +111,14 @@ void applyExchangeFee(CCommissionRateDetail& commission, const CInstrument& inst
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::getFutureFee(uint64 accountKey, uint64 instrumentKey) {
     const auto tables = Future::of(*this).read();  // held for the whole call
-    auto rates = findRates(*tables, accountKey, instrumentKey);
-    const auto instrument = findInstrument(instrumentKey);
-    if (rates.found()) {
-        if (rates.margins.empty()) {
-            rates.margins = defaultFutureFee->marginDetails;
+    if (auto fee = findStoredFee(*tables, accountKey, instrumentKey)) {
+        fee->instrument = findInstrument(instrumentKey);
+        if (fee->marginDetails.empty()) {
+            fee->marginDetails = defaultFutureFee->marginDetails;
         }
-        return makeFee(instrument, std::move(rates));
+        return fee;
     }
+    const auto instrument = findInstrument(instrumentKey);
     auto fee = defaultFor(defaultFutureFee, instrument);
     if (!fee) {
         return emptyFee;
@@ -139,14 +131,15 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getFutureFee(uint64 accountKey, ui
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::getIncomeSwapFutureFee(uint64 accountKey, uint64 instrumentKey) {
     const auto tables = Future::of(*this).read();  // held for the whole call
-    auto rates = findRates(*tables, accountKey, instrumentKey);
-    const auto instrument = findInstrument(instrumentKey);
-    if (rates.found()) {
+    if (auto fee = findStoredFee(*tables, accountKey, instrumentKey)) {
         // Rule "Income swap keeps missing margins empty": the default's are not put in their place.
-        return makeFee(instrument, std::move(rates));
+        fee->instrument = findInstrument(instrumentKey);
+        return fee;
     }
-    auto fee = defaultFor(defaultIncomeSwapFutureFee, instrument);
-    return fee ? fee : emptyFee;
+    if (auto fee = defaultFor(defaultIncomeSwapFutureFee, findInstrument(instrumentKey))) {
+        return fee;
+    }
+    return emptyFee;
 }
 
 bool CFeeCenter::getFutureFees(const boost::shared_ptr<CAccountInfo>& account,

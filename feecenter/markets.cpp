@@ -1,7 +1,5 @@
 #include "feecenter/markets.h"
 
-#include <algorithm>
-#include <initializer_list>
 #include <string_view>
 
 #include "host/services.h"
@@ -9,21 +7,22 @@
 namespace qmservice {
 namespace {
 
-bool isOneOf(std::string_view market, std::initializer_list<std::string_view> markets) {
-    return std::find(markets.begin(), markets.end(), market) != markets.end();
+template <class... Names>
+bool isOneOf(std::string_view market, const Names&... names) {
+    return ((market == names) || ...);
 }
 
 }  // namespace
 
-bool isStockMarket(const std::string& market) { return isOneOf(market, {"SH", "SZ", "BJ", "SSE", "SZSE"}); }
+bool isStockMarket(const std::string& market) { return isOneOf(market, "SH", "SZ", "BJ", "SSE", "SZSE"); }
 
 bool isFutureMarket(const std::string& market) {
-    return isOneOf(market, {"DF", "DCE", "ZF", "CZCE", "SF", "SHFE", "GF", "GFEX"});
+    return isOneOf(market, "DF", "DCE", "ZF", "CZCE", "SF", "SHFE", "GF", "GFEX");
 }
 
 bool isForeignMarket(const std::string& market) {
     return utils::CSingletonT<StockTypeCenter>::instance()->isWPMarket(market) ||
-           isOneOf(market, {"CMEO", "NYMEXO", "CBOTO", "COMEXO", "WP"}) || market.compare(0, 3, "WP.") == 0;
+           isOneOf(market, "CMEO", "NYMEXO", "CBOTO", "COMEXO", "WP") || market.compare(0, 3, "WP.") == 0;
 }
 
 }  // namespace qmservice

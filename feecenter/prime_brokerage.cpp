@@ -1,5 +1,6 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <string>
+#include <utility>
 
 #include "CFeeCenter.h"
 #include "feecenter/host_calls.h"
@@ -13,8 +14,10 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getPbFullFee(uint64 accountKey, ui
     if (!instrument) {
         return {};
     }
-    auto fee = findFeeByMarket(instrument->market, accountKey, instrumentKey, tradeUnit);
-    return fee ? fee : makeFullDefaultFee(instrument, tradeUnit);
+    if (auto fee = findFeeByMarket(instrument->market, accountKey, instrumentKey, tradeUnit)) {
+        return fee;
+    }
+    return makeFullDefaultFee(instrument, tradeUnit);
 }
 
 boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string& market, uint64 accountKey,
@@ -22,7 +25,7 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string&
     if (isStockMarket(market)) {
         // Rule "A stock answer carries an option rate too". Neither of the two lookups is ever empty.
         auto fee = getStockFee(accountKey, instrumentKey, tradeUnit);
-        fee->stkOptionFeeRate = getStkOptionFee(accountKey, instrumentKey)->stkOptionFeeRate;
+        fee->stkOptionFeeRate = std::move(getStkOptionFee(accountKey, instrumentKey)->stkOptionFeeRate);
         return fee;
     }
     if (isFutureMarket(market) || market == "IF" || market == "CFFEX" || market == "INE") {

@@ -39,7 +39,7 @@ StoredItems findItems(const OptionTables& tables, uint64 accountKey, uint64 inst
     }
     stored.found = true;
     for (const auto& key : *keys) {
-        stored.items.emplace(key.first, findPooled(*tables.items, key.second));
+        stored.items.emplace_hint(stored.items.end(), key.first, findPooled(*tables.items, key.second));
     }
     if (const double* baseRate = findEntry(*tables.baseRates, accountKey, instrumentKey)) {
         stored.baseRate = *baseRate;

@@ -27,8 +27,10 @@ struct StockRules {
     /// configured.
     static boost::shared_ptr<Limit> incoming(const CInstrumentFee& fee, const std::string& market,
                                              const std::string& code) {
-        auto limit = configured(market, code);
-        return limit ? limit : fee.stkRateLimit;
+        if (auto limit = configured(market, code)) {
+            return limit;
+        }
+        return fee.stkRateLimit;
     }
 
     static boost::shared_ptr<Limit> stamped(const Limit& limit, int tradeUnit) {

@@ -76,7 +76,7 @@ boost::shared_ptr<boost::asio::io_service::strand> FakeHost::strand(const std::s
     return strand;
 }
 
-void FakeHost::called(const std::string& operation) const {
+void FakeHost::called(const char* operation) const {
     if (onCall) {
         onCall(operation);
     }

@@ -88,7 +88,7 @@ public:
 
     // For the services.
     boost::shared_ptr<boost::asio::io_service::strand> strand(const std::string& name);
-    void called(const std::string& operation) const;
+    void called(const char* operation) const;
     void keyCalled(const char* operation) const;
     void hashed(const std::string& text) const;
     void instanceAsked(const char* operation) const;
