@@ -30,9 +30,14 @@ std::string marketOf(const OrderRow& row) {
     return row.reconciled.tariff ? row.reconciled.tariff->place().market : firstLine(row).market;
 }
 
+/// With the zeros that the statement may have lost.
+std::string codeOf(const OrderRow& row) {
+    return row.reconciled.tariff ? row.reconciled.tariff->place().code : firstLine(row).code;
+}
+
 std::string tradedInstrument(const OrderRow& row) {
     const std::string market = marketOf(row);
-    return market.empty() ? firstLine(row).code : market + ':' + firstLine(row).code;
+    return market.empty() ? codeOf(row) : market + ':' + codeOf(row);
 }
 
 std::string quantityOf(const OrderRow& row) {
@@ -174,7 +179,7 @@ FieldsOf<OrderRow> orderFields() {
         {forPrograms("lines"), [](const OrderRow& row) { return lineNumbers(row.reconciled, row.statement); }},
         {{"date", "Date"}, [](const OrderRow& row) { return firstLine(row).trade.date.text(); }},
         {forPrograms("market"), [](const OrderRow& row) { return textOrNothing(marketOf(row)); }},
-        {forPrograms("code"), [](const OrderRow& row) { return firstLine(row).code; }},
+        {forPrograms("code"), codeOf},
         {forPeople("Instrument"), tradedInstrument},
         {forPrograms("name"), [](const OrderRow& row) { return textOrNothing(firstLine(row).name); }},
         {{"side", "Side"}, [](const OrderRow& row) { return std::string(cost::wordFor(firstLine(row).trade.side)); }},

@@ -56,7 +56,9 @@ TEST_F(Reconcile, ShowsWhatDiffersAndWhy) {
               "(charges.csv:4) charged twice\n"
               "\n"
               "1 line of " +
-                  folder.statementFile() + " is no trade and was passed over: 4\n");
+                  folder.statementFile() +
+                  " is no trade and was passed over: 4 (a sum\n"
+                  "or remark)\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
@@ -142,6 +144,57 @@ TEST_F(Reconcile, ReadsWhatBrokersExport) {
     EXPECT_EQ(folder.reconcile("--encoding gb18030").status, 0);
     EXPECT_EQ(folder.reconcile("--encoding utf-8").err,
               "feedesk: " + folder.statementFile() + ":1: the line is not UTF-8, which --encoding names\n");
+}
+
+TEST_F(Reconcile, ReadsTheLineEndsOfOldSpreadsheets) {
+    std::string statement = "日期,代码,买卖,数量,价格,佣金,印花税,过户费,单号,笔数,发生\n" + std::string(kAgreeing);
+    std::replace(statement.begin(), statement.end(), '\n', '\r');
+    folder.writeStatement(statement);
+    const Outcome outcome = folder.reconcile();
+    EXPECT_NE(outcome.out.find("2 trades: 2 agree to the fen"), std::string::npos) << outcome.out << outcome.err;
+    EXPECT_NE(outcome.out.find("   3  2024-01-03  SH:600519   sell"), std::string::npos);
+}
+
+TEST_F(Reconcile, NamesWhatIsNoTrade) {
+    const Outcome outcome = folder.reconcileLines(std::string(kAgreeing) +
+                                                  "20240104,600519,派息,0,0,0,0,0,,1,12.50\n"
+                                                  ",,,200,,50.00,50.00,0,,,-99.50\n"
+                                                  "20240105,,利息,0,0,0,0,0,,1,1.50\n"
+                                                  "20240106,600519,派息,0,0,0,0,0,,1,12.50\n");
+    EXPECT_NE(unfolded(outcome.out)
+                  .find("4 lines of " + folder.statementFile() +
+                        " are no trade and were passed over: 4, 7 (派息), 5 (a sum or remark), 6 (利息)"),
+              std::string::npos)
+        << outcome.out << outcome.err;
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(folder.reconcile("--json").err.find("{\"note\":\"4 lines of"), std::string::npos);
+}
+
+TEST_F(Reconcile, SaysThatWhatMovedHasNoSigns) {
+    const Outcome outcome = folder.reconcileLines(
+        "20240102,600519,买,100,1000,25.00,0,0,,1,\"¥100,025.00\"\n"
+        "20240103,600519,卖,100,1000,25.00,50.00,0,,1,99 925.00\n");
+    EXPECT_EQ(outcome.status, 0) << outcome.out;
+    EXPECT_NE(unfolded(outcome.out)
+                  .find(folder.statementFile() + " writes what moved on the account without a sign; "
+                                                 "what its purchases cost was taken as paid"),
+              std::string::npos)
+        << outcome.out;
+}
+
+// 50000.00 of Hong Kong dollars: commission 0.03 % 15.00, stamp duty 0.1 % 50.00, trading fee 0.00565 % 2.83, levies
+// 0.0027 % 1.35 and 0.00015 % 0.08, settlement 0.0042 % 2.10. A spreadsheet took the zeros of the codes away.
+TEST_F(Reconcile, ReadsTheLinesOfHongKongConnect) {
+    folder.writeStatement(
+        "成交日期,交易市场,证券代码,操作,成交数量,成交均价,手续费,印花税,过户费,其他费,发生金额\n"
+        "20250702,,=\"00003\",证券买入,100,500,15.00,50.00,0,6.36,-50071.36\n"
+        "20250702,沪港通,3,证券买入,100,500,15.00,50.00,0,6.36,-50071.36\n"
+        "20250703,,3,证券卖出,100,500,15.00,50.00,0,6.36,49928.64\n");
+    const Outcome outcome = ask(BUNDLED_MARKET, "reconcile 5000001 " + folder.statementFile());
+    EXPECT_NE(outcome.out.find("   3  2025-07-02  HK:00003    buy        100      71.36   71.36  agrees"),
+              std::string::npos)
+        << outcome.out << outcome.err;
+    EXPECT_EQ(outcome.status, 0);
 }
 
 TEST_F(Reconcile, TellsWhatHasNoAnswer) {
