@@ -30,9 +30,14 @@ std::string marketOf(const OrderRow& row) {
     return row.reconciled.tariff ? row.reconciled.tariff->place().market : firstLine(row).market;
 }
 
+/// With the zeros that the statement may have lost.
+std::string codeOf(const OrderRow& row) {
+    return row.reconciled.tariff ? row.reconciled.tariff->place().code : firstLine(row).code;
+}
+
 std::string tradedInstrument(const OrderRow& row) {
     const std::string market = marketOf(row);
-    return market.empty() ? firstLine(row).code : market + ':' + firstLine(row).code;
+    return market.empty() ? codeOf(row) : market + ':' + codeOf(row);
 }
 
 std::string quantityOf(const OrderRow& row) {
@@ -107,26 +112,39 @@ Names causesIn(const Explanations& explanations) {
     return names;
 }
 
-std::string solvedSentence(const SolvedRate& solved) {
+std::string lineText(std::size_t lines) { return lines == 1 ? "the line" : fmt::format("all {} lines", lines); }
+
+/// Which other trades the rate fits.
+std::string reachOf(const SolvedRate& solved, const OrderRow& row) {
+    if (!solved.from && solved.against) {
+        const cost::Date date = solved.against->date;
+        return fmt::format("fits this trade, and not line {} of {}", row.statement.lines[solved.against->line].line,
+                           date == row.reconciled.order.date() ? "the same day" : date.text());
+    }
+    if (!solved.from) {
+        return "fits this trade, and no rate fits it and all those after it";
+    }
+    return solved.otherLines == 0 ? fmt::format("fits {} from {} on", lineText(solved.lines), solved.from->text())
+                                  : fmt::format("fits {} of {} lines from {} on (the others differ in other ways)",
+                                                solved.lines, solved.lines + solved.otherLines, solved.from->text());
+}
+
+std::string rateSentence(const SolvedRate& solved, const OrderRow& row) {
     const std::string which = solved.range.low == solved.range.high || solved.rate.text() == solved.range.text()
                                   ? ""
                                   : fmt::format(" (any from {})", solved.range.text());
-    const std::string reach =
-        solved.from ? fmt::format("fits {} from {} on",
-                                  solved.lines == 1 ? "the line" : fmt::format("all {} lines", solved.lines),
-                                  solved.from->text())
-                    : "fits this trade, and not all those after it";
     const std::string line = solved.source.empty() ? "built in, by no line" : solved.source;
-    return fmt::format("the {} {}{} {}; the folder has {}, {}", solved.sought.charge, solved.rate.text(), which, reach,
-                       solved.folderRate.text(), line);
+    return fmt::format("the {} {}{} {}; the folder has {}, {}", solved.sought.charge, solved.rate.text(), which,
+                       reachOf(solved, row), solved.folderRate.text(), line);
 }
 
-std::string explanationOf(const ReconciledOrder& reconciled) {
+std::string explanationOf(const OrderRow& row) {
+    const ReconciledOrder& reconciled = row.reconciled;
     if (reconciled.outcome == Outcome::kNotCharged) {
         return reconciled.problem;
     }
     if (reconciled.solved) {
-        return solvedSentence(*reconciled.solved);
+        return rateSentence(*reconciled.solved, row);
     }
     if (!reconciled.causes.empty()) {
         return sentencesOf(reconciled.causes, ", or ");
@@ -134,9 +152,22 @@ std::string explanationOf(const ReconciledOrder& reconciled) {
     return "nothing that is known explains it" + (reconciled.remark.empty() ? "" : "; " + reconciled.remark);
 }
 
-std::string sentenceOf(const ReconciledOrder& reconciled) {
-    return explanationOf(reconciled) +
-           (reconciled.alsoFit.empty() ? "" : "; also fits: " + sentencesOf(reconciled.alsoFit, ", "));
+/// What explains the very same amounts besides, in the order in which causes are tried.
+Explanations alternativesOf(const OrderRow& row) {
+    Explanations alternatives = row.reconciled.alsoFit;
+    if (row.reconciled.solved) {
+        for (const SolvedRate& other : row.reconciled.solved->orElse) {
+            alternatives.push_back({Cause::kOtherRate, other.sought.charge, rateSentence(other, row)});
+        }
+    }
+    return alternatives;
+}
+
+std::string alternativeSentences(const OrderRow& row) { return sentencesOf(alternativesOf(row), "; "); }
+
+std::string sentenceOf(const OrderRow& row) {
+    const std::string alternatives = alternativeSentences(row);
+    return explanationOf(row) + (alternatives.empty() ? "" : "; also fits: " + alternatives);
 }
 
 }  // namespace
@@ -148,7 +179,7 @@ FieldsOf<OrderRow> orderFields() {
         {forPrograms("lines"), [](const OrderRow& row) { return lineNumbers(row.reconciled, row.statement); }},
         {{"date", "Date"}, [](const OrderRow& row) { return firstLine(row).trade.date.text(); }},
         {forPrograms("market"), [](const OrderRow& row) { return textOrNothing(marketOf(row)); }},
-        {forPrograms("code"), [](const OrderRow& row) { return firstLine(row).code; }},
+        {forPrograms("code"), codeOf},
         {forPeople("Instrument"), tradedInstrument},
         {forPrograms("name"), [](const OrderRow& row) { return textOrNothing(firstLine(row).name); }},
         {{"side", "Side"}, [](const OrderRow& row) { return std::string(cost::wordFor(firstLine(row).trade.side)); }},
@@ -165,9 +196,10 @@ FieldsOf<OrderRow> orderFields() {
         {forPrograms("cause"), causeOf},
         {forPrograms("explanation"),
          [](const OrderRow& row) {
-             return textOrNothing(row.reconciled.outcome == Outcome::kAgrees ? "" : explanationOf(row.reconciled));
+             return textOrNothing(row.reconciled.outcome == Outcome::kAgrees ? "" : explanationOf(row));
          }},
-        {forPrograms("also_fits"), [](const OrderRow& row) { return causesIn(row.reconciled.alsoFit); }},
+        {forPrograms("also_fits"), [](const OrderRow& row) { return causesIn(alternativesOf(row)); }},
+        {forPrograms("alternatives"), [](const OrderRow& row) { return textOrNothing(alternativeSentences(row)); }},
         {forPrograms("charge"), ofSolved([](const SolvedRate& solved) { return solved.sought.charge; })},
         {forPrograms("rate"), ofSolved([](const SolvedRate& solved) { return Money{solved.rate.text()}; })},
         {forPrograms("rate_low"), ofSolved([](const SolvedRate& solved) { return Money{solved.range.low.text()}; })},
@@ -213,7 +245,7 @@ std::vector<std::string> causeSentences(const Reconciliation& found, const State
         if (each.outcome == Outcome::kAgrees) {
             continue;
         }
-        const std::string sentence = sentenceOf(each);
+        const std::string sentence = sentenceOf({each, statement});
         auto group = std::find_if(groups.begin(), groups.end(), [&](const auto& one) { return one.first == sentence; });
         if (group == groups.end()) {
             group = groups.insert(groups.end(), {sentence, {}});

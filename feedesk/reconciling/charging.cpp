@@ -7,8 +7,7 @@
 #include <unordered_map>
 
 #include "cost/refused.h"
-#include "feedesk/instruments/traded_instruments.h"
-#include "feedesk/text/text.h"
+#include "feedesk/reconciling/traded_codes.h"
 #include "feedesk/trades/tariffs.h"
 
 namespace feedesk {
@@ -16,35 +15,6 @@ namespace {
 
 using cost::Refused;
 using Outcome = ReconciledOrder::Outcome;
-
-/// The market of a code where the statement names none: the one in which accounts of the kind trade it.
-class MarketsOfCodes {
-public:
-    MarketsOfCodes(int accountType, const standalone::Market& market) {
-        for (const Question& question : tradedInstruments(accountType, market)) {
-            markets[question.code].push_back(question.market);
-        }
-    }
-
-    [[nodiscard]] const std::string& marketOf(const StatementLine& line) const {
-        if (!line.market.empty()) {
-            return line.market;
-        }
-        const auto known = markets.find(line.code);
-        if (known == markets.end()) {
-            throw Refused(
-                fmt::format("the market folder has no instrument {} that the account trades", echoed(line.code)));
-        }
-        if (known->second.size() > 1) {
-            throw Refused(fmt::format("{} is a code of {}, and the statement does not say which market is meant",
-                                      echoed(line.code), fmt::join(known->second, " and ")));
-        }
-        return known->second.front();
-    }
-
-private:
-    std::unordered_map<std::string, std::vector<std::string>> markets;
-};
 
 bool chargesPerDay(const cost::Plan& plan) {
     return std::any_of(plan.lines.begin(), plan.lines.end(),
@@ -131,14 +101,16 @@ std::vector<ReconciledOrder> chargedOrders(Session& session, const std::string& 
     for (Order& order : ordersOf(statement)) {
         orders.emplace_back(std::move(order));
     }
-    const MarketsOfCodes markets(session.account(account).record->accountType, session.market());
+    const TradedCodes codes(session.account(account).record->accountType, session.market(),
+                            statement.layout.codeDigits);
     Tariffs tariffs(session);
     for (const std::size_t index : byDay(orders)) {
         ReconciledOrder& charged = orders[index];
         attempt(charged, [&] {
             const StatementLine& line = statement.lines[charged.order.lines.front()];
             tariffs.requireCovered(line.trade.date);
-            charged.tariff = tariffs.on(line.trade.date, account, markets.marketOf(line), line.code);
+            const Question instrument = codes.instrumentOf(line);
+            charged.tariff = tariffs.on(line.trade.date, account, instrument.market, instrument.code);
             static_cast<void>(charged.tariff->planOf(charged.order.side(), charged.order.date()));
         });
     }

@@ -75,11 +75,6 @@ void addSums(const StatedAmounts& stated, const Amounts& expected, const Layout&
     }
 }
 
-std::size_t disagreeing(const Figures& figures) {
-    return static_cast<std::size_t>(
-        std::count_if(figures.begin(), figures.end(), [](const Figure& figure) { return !figure.agrees(); }));
-}
-
 }  // namespace
 
 cost::Decimal StatedAmounts::costs(const Layout& layout, const Amounts& traded) const {
@@ -110,6 +105,11 @@ Figures figuresOf(const StatedAmounts& stated, const Amounts& expected, const La
         }
     }
     return best;
+}
+
+std::size_t disagreeing(const Figures& figures) {
+    return static_cast<std::size_t>(
+        std::count_if(figures.begin(), figures.end(), [](const Figure& figure) { return !figure.agrees(); }));
 }
 
 bool agree(const Figures& figures) { return disagreeing(figures) == 0; }

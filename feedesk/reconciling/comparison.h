@@ -1,6 +1,7 @@
 #ifndef FEEDESK_RECONCILING_COMPARISON_H
 #define FEEDESK_RECONCILING_COMPARISON_H
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -35,6 +36,9 @@ using Figures = std::vector<Figure>;
 /// and what a broker calls a commission may contain fees that the folder charges besides it: of these ways to lay out
 /// the same costs the one is taken in which most figures agree.
 Figures figuresOf(const StatedAmounts& stated, const Amounts& expected, const Layout& layout);
+
+/// How many of the figures do not agree.
+std::size_t disagreeing(const Figures& figures);
 
 bool agree(const Figures& figures);
 

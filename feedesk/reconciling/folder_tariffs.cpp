@@ -197,7 +197,8 @@ OtherTariffList FolderTariffs::otherCategories(const Disputed& disputed) {
         }
         const cost::Place& place = tariff->place();
         list.push_back({place.market + ' ' + place.product,
-                        fmt::format("charged as {} ({}) is", place.instrument(), place.product),
+                        fmt::format("charged as {}{} is", place.instrument(),
+                                    place.product.empty() ? "" : fmt::format(" ({})", place.product)),
                         cost::Tariff(place, own.contract(), tariff->rates(), tariff->terms()), date});
     }
     return list;

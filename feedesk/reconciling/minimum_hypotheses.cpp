@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "feedesk/reconciling/fill_amounts.h"
 #include "feedesk/reconciling/trial.h"
 
 namespace feedesk {
@@ -9,16 +10,6 @@ namespace {
 
 using cost::Decimal;
 using cost::Per;
-
-/// Of fills whose number alone is known: least when they are alike, most when all but one are small.
-Span minimumOfEachFill(const Part& part, std::size_t fills) {
-    const Decimal& minimum = *part.term->minimum;
-    const Decimal count(static_cast<std::int64_t>(fills));
-    const Decimal least = std::max(count * minimum, part.exact);
-    const Decimal most = (count - Decimal(1)) * minimum + std::max(minimum, part.exact);
-    const auto& rounding = part.term->rounding;
-    return rounding ? Span(rounding->rounded(least), rounding->rounded(most)) : Span(least, most);
-}
 
 std::string rangeText(const Span& amount, std::size_t fills) {
     return amount.isExact()
@@ -56,7 +47,7 @@ void tryPart(Trial& trial, const Part& part, bool wide) {
             each.per = isMeant ? (toFill ? Per::kFill : Per::kOrder) : each.per;
         }));
     } else if (toFill && fills > 1) {
-        const Span amount = minimumOfEachFill(part, fills);
+        const Span amount = withMinimumOfEachFill(part, fills);
         if (amount.isExact() != wide) {
             trial.note(Cause::kMinimumPer, key, sentence + rangeText(amount, fills), trial.withAmount(part, amount));
         }

@@ -39,7 +39,7 @@ Proposals proposalsFor(const Reconciliation& found, const std::string& marketFol
     std::map<std::string, TableEdit> edits;
     for (const auto& solved : found.rates) {
         const FileLine place = placeIn(solved->source);
-        if (place.file.empty() || !solved->from) {
+        if (place.file.empty() || !solved->from || !solved->orElse.empty()) {
             continue;
         }
         auto edit = edits.find(place.file);

@@ -1,97 +1,218 @@
 #include "feedesk/reconciling/rate_change.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
-#include <unordered_set>
 
 namespace feedesk {
 namespace {
 
 using Outcome = ReconciledOrder::Outcome;
+using Place = OrdersByDay::const_iterator;
 
-Amounts amountsBy(const ReconciledOrder& charged) { return amountsOf(charged.order.trades, *charged.tariff); }
-
-/// Those of the range with which the order agrees; an empty range when there are none.
-RateRange narrowed(const RateRange& range, const ReconciledOrder& charged, const SoughtRate& sought,
-                   const Layout& layout) {
-    static const RateRange nothing{cost::Decimal(1), cost::Decimal()};
-    const Amounts amounts = amountsBy(charged);
-    const Disputed disputed{charged.order, amounts};
-    if (fits(range.low, disputed, sought, layout) && fits(range.high, disputed, sought, layout)) {
-        return range;
-    }
-    const auto own = ratesThatFit(disputed, sought, layout);
-    return own ? range & *own : nothing;
+std::string keyOf(const cost::ChargeLine& line) {
+    return fmt::format("{}\n{}\n{}", line.term->charge, line.term->item,
+                       line.rate == nullptr ? line.term->where : line.rate->source + '\n' + line.rate->level);
 }
 
-SolvedRate solvedFrom(const Part& part, const RateRange& range) {
-    SolvedRate solved;
-    solved.sought = {part.charge, part.item};
-    solved.range = range;
-    solved.rate = range.simplest();
-    solved.isTermsOwn = part.rate == nullptr;
-    solved.folderRate = part.rate == nullptr ? *part.term->rate : part.rate->value;
-    solved.source = part.rate == nullptr ? part.term->where : part.rate->source;
-    return solved;
+/// Whether the folder's own rates explain the order.
+bool isByFolder(const ReconciledOrder& charged) {
+    return charged.outcome == Outcome::kAgrees || charged.cause != Cause::kNotExplained || !charged.alsoFit.empty();
 }
 
-using Chosen = std::unordered_set<const ReconciledOrder*>;
+const std::vector<cost::ChargeLine>& planLines(const ReconciledOrder& charged) {
+    return charged.tariff->planOf(charged.order.side(), charged.order.date()).lines;
+}
 
-/// The charge's rate for the kind; nothing when no rate fits.
-std::shared_ptr<const SolvedRate> solvedFor(const Kind& kind, const Kind& explained, const Part& part,
-                                            const Layout& layout) {
-    const SoughtRate sought{part.charge, part.item};
-    const cost::Date from = explained.front()->order.date();
-    const Amounts first = amountsBy(*explained.front());
-    auto range = ratesThatFit({explained.front()->order, first}, sought, layout);
-    const Chosen chosen(explained.begin(), explained.end());
-    std::size_t lines = 0;
-    for (ReconciledOrder* each : kind) {
-        const bool isAsked = each->outcome == Outcome::kAgrees || chosen.count(each) != 0;
-        if (!range || range->isEmpty()) {
-            return nullptr;
+/// One order of a line with what the folder charges for it, to be held against rates.
+class Held {
+public:
+    Held(const ReconciledOrder& heldOrder, const SoughtRate& soughtRate, const Layout& statementLayout)
+        : charged(heldOrder),
+          amounts(amountsOf(heldOrder.order.trades, *heldOrder.tariff)),
+          sought(soughtRate),
+          layout(statementLayout) {}
+
+    [[nodiscard]] std::optional<RateRange> range() const { return ratesThatFit(disputed(), sought, layout); }
+
+    /// Those of the range that fit, which may be none; nothing when no rate at all does.
+    [[nodiscard]] std::optional<RateRange> rangeIn(const RateRange& wide) const {
+        if (fitsRate(wide.low) && fitsRate(wide.high)) {
+            return wide;
         }
-        if (isAsked && each->order.date() >= from) {
-            range = narrowed(*range, *each, sought, layout);
-            lines += each->order.lines.size();
+        const auto own = range();
+        return own ? std::optional(wide & *own) : std::nullopt;
+    }
+
+    [[nodiscard]] bool fitsRate(const cost::Decimal& rate) const { return fits(rate, disputed(), sought, layout); }
+
+    /// Whether more figures differ with this rate than with the folder's.
+    [[nodiscard]] bool isWorseWith(const cost::Decimal& rate) const {
+        const auto figures = figuresWith(rate, disputed(), sought, layout);
+        return !figures || disagreeing(*figures) > disagreeing(figuresOf(charged.order.stated, amounts, layout));
+    }
+
+    [[nodiscard]] SolvedRate solved(const RateRange& fitting) const {
+        const auto part = std::find_if(amounts.parts.begin(), amounts.parts.end(),
+                                       [&](const Part& each) { return sought.isOf(each); });
+        SolvedRate rate;
+        rate.sought = sought;
+        rate.range = fitting;
+        rate.rate = fitting.simplest();
+        rate.isTermsOwn = part->rate == nullptr;
+        rate.folderRate = rate.isTermsOwn ? *part->term->rate : part->rate->value;
+        rate.source = rate.isTermsOwn ? part->term->where : part->rate->source;
+        return rate;
+    }
+
+private:
+    [[nodiscard]] Disputed disputed() const { return {charged.order, amounts}; }
+
+    const ReconciledOrder& charged;
+    Amounts amounts;
+    const SoughtRate& sought;
+    const Layout& layout;
+};
+
+/// Goes from the last day of a line's orders back, as long as one rate fits.
+class Sweep {
+public:
+    Sweep(const ChargedLine& chargedLine, const Layout& statementLayout) : line(chargedLine), layout(statementLayout) {}
+
+    /// Takes the orders of the day before; false when no rate fits them and those of the days behind it.
+    bool take(Place first, Place last) {
+        const std::size_t fittingBefore = fitting.size();
+        for (Place each = first; each != last; ++each) {
+            if ((*each)->isOpen() && narrow(**each)) {
+                fitting.push_back(*each);
+                fittingLines += (*each)->order.lines.size();
+            } else {
+                unchecked.push_back(*each);
+            }
+            if (range && range->isEmpty()) {
+                return false;
+            }
         }
+        if (range && !checkAll()) {
+            return false;
+        }
+        if (fitting.size() > fittingBefore) {
+            note((*first)->order.date());
+        }
+        return true;
     }
-    if (range->isEmpty()) {
-        return nullptr;
+
+    std::optional<RateChange> found;
+
+private:
+    [[nodiscard]] Held held(const ReconciledOrder& charged) const { return {charged, line.sought, layout}; }
+
+    /// Leaves the rates that fit the order too; false, and all of them, where no rate fits it.
+    bool narrow(const ReconciledOrder& charged) {
+        const Held order = held(charged);
+        const auto narrower = range ? order.rangeIn(*range) : order.range();
+        range = narrower ? narrower : range;
+        return narrower.has_value();
     }
-    auto solved = std::make_shared<SolvedRate>(solvedFrom(part, *range));
-    solved->from = from;
-    solved->lines = lines;
-    return solved;
-}
+
+    /// Holds what no rate had to explain against the rates.
+    bool checkAll() {
+        const bool allFit = std::all_of(unchecked.begin(), unchecked.end(), [&](const ReconciledOrder* each) {
+            return isOtherwise(*each) || (narrow(*each) && countLines(*each) && !range->isEmpty());
+        });
+        unchecked.clear();
+        return allFit;
+    }
+
+    bool countLines(const ReconciledOrder& charged) {
+        fittingLines += charged.order.lines.size();
+        return true;
+    }
+
+    /// Whether the order differs by what neither the rate nor anything else explains. One that the folder explains, or
+    /// that is nearer to it, speaks against the rate.
+    bool isOtherwise(const ReconciledOrder& charged) {
+        const bool isUnknown =
+            !isByFolder(charged) && (!charged.remark.empty() || !held(charged).isWorseWith(range->simplest()));
+        otherLines += isUnknown ? charged.order.lines.size() : 0;
+        return isUnknown;
+    }
+
+    void note(cost::Date from) {
+        found = RateChange{held(*fitting.back()).solved(*range), fitting};
+        found->solved.from = from;
+        found->solved.lines = fittingLines;
+        found->solved.otherLines = otherLines;
+    }
+
+    const ChargedLine& line;
+    const Layout& layout;
+    std::optional<RateRange> range;
+    OrdersByDay fitting;    // the open ones that it explains
+    OrdersByDay unchecked;  // of the days before there is a range
+    std::size_t fittingLines = 0;
+    std::size_t otherLines = 0;
+};
 
 }  // namespace
 
-std::shared_ptr<const SolvedRate> rateFor(const Kind& kind, const Kind& explained, const Layout& layout) {
-    const Amounts first = amountsBy(*explained.front());
-    for (const Part& part : first.parts) {
-        if (auto solved = solvedFor(kind, explained, part, layout)) {
-            return solved;
+ChargedLines::ChargedLines(const OrdersByDay& orders) {
+    for (ReconciledOrder* each : orders) {
+        for (const cost::ChargeLine& charge : planLines(*each)) {
+            const auto place = places.emplace(keyOf(charge), lines.size());
+            if (place.second) {
+                lines.push_back({{charge.term->charge, charge.term->item}, {}});
+            }
+            lines[place.first->second].orders.push_back(each);
         }
     }
-    return nullptr;
 }
 
-std::shared_ptr<const SolvedRate> rateFor(const ReconciledOrder& charged, const Layout& layout) {
-    const Amounts amounts = amountsBy(charged);
-    for (const Part& part : amounts.parts) {
-        if (const auto range = ratesThatFit({charged.order, amounts}, {part.charge, part.item}, layout)) {
-            auto solved = std::make_shared<SolvedRate>(solvedFrom(part, *range));
-            solved->lines = charged.order.lines.size();
-            return solved;
-        }
+std::vector<const ChargedLine*> ChargedLines::of(const ReconciledOrder& charged) const {
+    std::vector<const ChargedLine*> found;
+    for (const cost::ChargeLine& charge : planLines(charged)) {
+        found.push_back(&lines[places.at(keyOf(charge))]);
     }
-    return nullptr;
+    return found;
 }
 
-bool explains(const SolvedRate& solved, const ReconciledOrder& charged, const Layout& layout) {
-    const Amounts amounts = amountsBy(charged);
-    return (!solved.from || charged.order.date() >= *solved.from) &&
-           fits(solved.rate, {charged.order, amounts}, solved.sought, layout);
+std::optional<RateChange> lastChangeOf(const ChargedLine& line, const Layout& layout) {
+    const OrdersByDay& orders = line.orders;
+    const Place firstOpen =
+        std::find_if(orders.begin(), orders.end(), [](const ReconciledOrder* each) { return each->isOpen(); });
+    Sweep sweep(line, layout);
+    for (Place end = orders.end(); end > firstOpen;) {
+        const cost::Date day = (*std::prev(end))->order.date();
+        const Place begin = std::lower_bound(
+            orders.begin(), end, day,
+            [](const ReconciledOrder* each, const cost::Date& first) { return each->order.date() < first; });
+        if (!sweep.take(begin, end)) {
+            break;
+        }
+        end = begin;
+    }
+    return sweep.found;
+}
+
+std::optional<SolvedRate> rateOf(const ChargedLine& line, const ReconciledOrder& charged, const Layout& layout) {
+    const Held order(charged, line.sought, layout);
+    const auto range = order.range();
+    if (!range) {
+        return std::nullopt;
+    }
+    SolvedRate solved = order.solved(*range);
+    solved.lines = charged.order.lines.size();
+    const auto other = std::find_if(line.orders.begin(), line.orders.end(), [&](const ReconciledOrder* each) {
+        if (each->order.date() < charged.order.date()) {
+            return false;
+        }
+        const auto both = Held(*each, line.sought, layout).rangeIn(*range);
+        return both ? both->isEmpty() : isByFolder(*each);
+    });
+    if (other != line.orders.end()) {
+        solved.against = OtherLine{(*other)->order.lines.front(), (*other)->order.date()};
+    }
+    return solved;
 }
 
 }  // namespace feedesk

@@ -1,26 +1,54 @@
 #ifndef FEEDESK_RECONCILING_RATE_CHANGE_H
 #define FEEDESK_RECONCILING_RATE_CHANGE_H
 
+#include <cstddef>
 #include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "feedesk/reconciling/reconciliation.h"
 
 namespace feedesk {
 
-/// Orders that are charged by the same lines of the folder, by day.
-using Kind = std::vector<ReconciledOrder*>;
+/// Orders of a statement, by day.
+using OrdersByDay = std::vector<ReconciledOrder*>;
 
-/// The rate of one charge that fits every order of the kind from the first of `explained` on: those must differ and be
-/// of the kind. Other differing orders of the kind may have other causes and are not asked, unless the rate explains
-/// them too. Nothing when there is none.
-std::shared_ptr<const SolvedRate> rateFor(const Kind& kind, const Kind& explained, const Layout& layout);
+/// One charge by one line of the folder, with every order that pays it: what another rate there reaches.
+struct ChargedLine {
+    SoughtRate sought;
+    OrdersByDay orders;
+};
 
-/// The rate of one charge that fits this order; nothing when there is none.
-std::shared_ptr<const SolvedRate> rateFor(const ReconciledOrder& charged, const Layout& layout);
+/// The charged lines of a statement, in the order in which they are first met. Refers to the orders.
+class ChargedLines {
+public:
+    explicit ChargedLines(const OrdersByDay& orders);
 
-/// Whether the rate explains the order.
-bool explains(const SolvedRate& solved, const ReconciledOrder& charged, const Layout& layout);
+    [[nodiscard]] const std::vector<ChargedLine>& all() const { return lines; }
+    /// Those by which the order is charged.
+    [[nodiscard]] std::vector<const ChargedLine*> of(const ReconciledOrder& charged) const;
+
+private:
+    std::vector<ChargedLine> lines;
+    std::unordered_map<std::string, std::size_t> places;
+};
+
+/// Another rate from a day on.
+struct RateChange {
+    SolvedRate solved;
+    OrdersByDay explained;  ///< the differing orders that have no cause yet and that it fits
+};
+
+/// The rate that fits the line's orders from a day on, and the earliest such day: all orders of that day and of those
+/// after it agree with it, but those that differ in other ways as well, which are counted. It fits at least one order
+/// that differs. Nothing when there is no such rate.
+std::optional<RateChange> lastChangeOf(const ChargedLine& line, const Layout& layout);
+
+/// The rate of the line that fits this order, and the first order from its day on that has another; nothing when no
+/// rate fits it.
+std::optional<SolvedRate> rateOf(const ChargedLine& line, const ReconciledOrder& charged, const Layout& layout);
 
 }  // namespace feedesk
 

@@ -65,6 +65,17 @@ std::optional<Decimal> wantedAmount(const Disputed& disputed, const Part& part, 
     return std::nullopt;
 }
 
+/// Whether all figures agree when the part has this amount, from whatever rate. An amount of 0 is no charge at all, and
+/// of no rate, but where the folder rounds to it as well.
+bool mayBe(const Decimal& amount, const Part& part, const Disputed& disputed, const Layout& layout) {
+    if (amount.isNegative() || (amount.isZero() && !part.amount.low.isZero())) {
+        return false;
+    }
+    Amounts changed = disputed.charged;
+    changed.parts[static_cast<std::size_t>(&part - disputed.charged.parts.data())].amount = Span(amount);
+    return agree(figuresOf(disputed.order.stated, changed, layout));
+}
+
 /// The first step from which on `holds`, which stays true once it is; kMostSteps + 1 when it never is.
 template <class Holds>
 std::int64_t firstStep(const Holds& holds) {
@@ -102,15 +113,21 @@ RateRange operator&(const RateRange& one, const RateRange& other) {
     return {std::max(one.low, other.low), std::min(one.high, other.high)};
 }
 
-bool fits(const Decimal& rate, const Disputed& disputed, const SoughtRate& sought, const Layout& layout) {
+std::optional<Figures> figuresWith(const Decimal& rate, const Disputed& disputed, const SoughtRate& sought,
+                                   const Layout& layout) {
     const auto amounts = withSought(disputed, sought, rate);
-    return amounts && agree(figuresOf(disputed.order.stated, *amounts, layout));
+    return amounts ? std::optional(figuresOf(disputed.order.stated, *amounts, layout)) : std::nullopt;
+}
+
+bool fits(const Decimal& rate, const Disputed& disputed, const SoughtRate& sought, const Layout& layout) {
+    const auto figures = figuresWith(rate, disputed, sought, layout);
+    return figures && agree(*figures);
 }
 
 std::optional<RateRange> ratesThatFit(const Disputed& disputed, const SoughtRate& sought, const Layout& layout) {
     const Part* part = partOf(disputed.charged, sought);
     const auto wanted = part == nullptr ? std::nullopt : wantedAmount(disputed, *part, layout);
-    if (!wanted || !(*wanted > Decimal())) {
+    if (!wanted || !mayBe(*wanted, *part, disputed, layout)) {
         return std::nullopt;
     }
     // The amount never falls when the rate rises.

@@ -31,8 +31,14 @@ struct SoughtRate {
     [[nodiscard]] bool isOf(const Part& part) const { return part.charge == charge && part.item == item; }
 };
 
-/// The rates with which every figure of the statement agrees while everything else stays; nothing when there is none.
+/// The rates above 0 with which every figure of the statement agrees while everything else stays; nothing when there is
+/// none.
 std::optional<RateRange> ratesThatFit(const Disputed& disputed, const SoughtRate& sought, const Layout& layout);
+
+/// What the statement says of the order, against what it would be charged with this rate; nothing where that is
+/// refused.
+std::optional<Figures> figuresWith(const cost::Decimal& rate, const Disputed& disputed, const SoughtRate& sought,
+                                   const Layout& layout);
 
 /// Whether every figure of the statement agrees with this rate.
 bool fits(const cost::Decimal& rate, const Disputed& disputed, const SoughtRate& sought, const Layout& layout);

@@ -16,6 +16,12 @@ namespace feedesk {
 /// The figure of the money that was traded.
 constexpr const char* kAmountFigure = "amount";
 
+/// An order that a rate does not fit, by its first line.
+struct OtherLine {
+    std::size_t line = 0;  ///< index into Statement::lines
+    cost::Date date;
+};
+
 /// A rate that is solved for, and how far it reaches.
 struct SolvedRate {
     SoughtRate sought;
@@ -27,6 +33,10 @@ struct SolvedRate {
     std::size_t lines = 0;     ///< how many lines of the statement it fits
     /// From this day on it fits every line that is charged by the same line of the folder; empty: it fits one order.
     std::optional<cost::Date> from;
+    std::size_t otherLines = 0;        ///< from that day on: lines that differ in other ways, and are not among `lines`
+    std::optional<OtherLine> against;  ///< where it fits one order: the first from its day on that it does not fit
+    /// Rates of other charges that explain the same orders: the statement does not tell which one it is.
+    std::vector<SolvedRate> orElse;
 };
 
 /// What was found of an order.
@@ -34,6 +44,11 @@ struct ReconciledOrder {
     enum class Outcome { kAgrees, kDiffers, kNotCharged };
 
     explicit ReconciledOrder(Order comparedOrder) : order(std::move(comparedOrder)) {}
+
+    /// Whether it differs and a cause is still looked for.
+    [[nodiscard]] bool isOpen() const {
+        return outcome == Outcome::kDiffers && cause == Cause::kNotExplained && remark.empty();
+    }
 
     Order order;
     Outcome outcome = Outcome::kNotCharged;
@@ -70,6 +85,7 @@ public:
 
 private:
     void tryHypotheses(const Layout& layout, std::vector<ReconciledOrder>& orders);
+    static void findCauses(const Layout& layout, Reconciliation& result);
 
     Session& session;
     std::string account;

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
+#include "feedesk/reconciling/fill_amounts.h"
 #include "feedesk/reconciling/trial.h"
 
 namespace feedesk {
 namespace {
 
-using cost::Decimal;
 using cost::Per;
 using cost::RoundingMode;
 
@@ -19,24 +19,7 @@ bool isBound(const Part& part) {
            (part.term->maximum && part.exact >= *part.term->maximum);
 }
 
-bool isRoundedPerOrder(const Part& part) {
-    return part.term->rounding && part.term->per == Per::kOrder && part.term->basis != cost::Basis::kOrder &&
-           !isBound(part);
-}
-
-/// The rounded fills together, of which the number alone is known.
-Span roundedPerFill(const Part& part, std::size_t fills) {
-    static const Decimal half = *Decimal::parse("0.5");
-    const cost::Rounding& rounding = *part.term->rounding;
-    const Decimal steps = rounding.step * Decimal(static_cast<std::int64_t>(fills));
-    const Decimal below = rounding.mode == RoundingMode::kUp     ? Decimal()
-                          : rounding.mode == RoundingMode::kDown ? steps
-                                                                 : half * steps;
-    const Decimal low = part.exact - below;
-    const Decimal high = low + steps;
-    return {low.isNegative() ? Decimal() : low.quotient(rounding.step, RoundingMode::kUp) * rounding.step,
-            high.quotient(rounding.step, RoundingMode::kDown) * rounding.step};
-}
+bool isRoundedPerOrder(const Part& part) { return part.term->rounding && isOfOrder(part) && !isBound(part); }
 
 void tryKnownFills(Trial& trial) {
     const auto each = [&](cost::Term& term) {
@@ -82,7 +65,7 @@ void tryRoundingPerFill(Trial& trial) {
     } else if (fills > 1) {
         std::optional<Amounts> changed = trial.copy();
         for (Part& part : changed->parts) {
-            part.amount = isRoundedPerOrder(part) ? roundedPerFill(part, fills) : part.amount;
+            part.amount = isRoundedPerOrder(part) ? withEachFillRounded(part, fills) : part.amount;
         }
         trial.note(Cause::kRoundingPerFill, kEachFill,
                    fmt::format("each of {} fills rounded by itself, a range of half a step for each of them", fills),

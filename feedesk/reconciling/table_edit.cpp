@@ -78,8 +78,7 @@ std::optional<std::pair<std::string, std::string>> TableEdit::succeed(std::size_
     const auto rate = columnNamed(column);
     const auto before = from.previous();
     const std::size_t index = line - 1;
-    if (!rate || !before || line < 2 || line > table.lines.size() ||
-        (replacements.count(index) != 0 && !daysAreAdded)) {
+    if (!rate || !before || line < 2 || line > table.lines.size() || succeeded.count(index) != 0) {
         return std::nullopt;
     }
     if (!columnNamed(kFrom) || !columnNamed(kUntil)) {
@@ -99,6 +98,7 @@ std::optional<std::pair<std::string, std::string>> TableEdit::succeed(std::size_
     const auto begins = cost::Date::parse(old[*columnNamed(kFrom)]);
     std::vector<std::string>& made = replacements[index];
     made.clear();
+    succeeded.insert(index);
     if (!begins || *begins < from) {
         old[*columnNamed(kUntil)] = before->text();
         next[*columnNamed(kFrom)] = from.text();

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -37,6 +38,7 @@ private:
     TextOfLines table;
     Cells header;
     Replacements replacements;
+    std::set<std::size_t> succeeded;  // lines that have a successor
     bool daysAreAdded = false;
 };
 

@@ -84,6 +84,15 @@ private:
     iconv_t handle;
 };
 
+/// A line of the file, which is several where carriage returns alone end them, as old spreadsheets write.
+void addLines(std::string_view text, std::vector<std::string>& lines) {
+    for (std::size_t end = text.find('\r'); end != std::string_view::npos; end = text.find('\r')) {
+        lines.emplace_back(text.substr(0, end));
+        text.remove_prefix(end + 1);
+    }
+    lines.emplace_back(text);
+}
+
 std::vector<std::string> allLines(TextLines& file) {
     std::vector<std::string> lines;
     while (file.next()) {
@@ -93,7 +102,7 @@ std::vector<std::string> allLines(TextLines& file) {
         if (file.line().find('\0') != std::string::npos) {
             refuse(file, file.number(), "there is a NUL byte here, so that the file is no text; save it as CSV");
         }
-        lines.push_back(file.line());
+        addLines(file.line(), lines);
     }
     return lines;
 }

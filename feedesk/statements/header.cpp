@@ -72,6 +72,9 @@ FoundHeader findHeader(const std::vector<std::string>& lines, const std::string&
             throw Failure(kBadInput, fmt::format("{}:{}: the header fits the layouts {} alike; name one with --layout",
                                                  file, i + 1, namesOf(best)));
         }
+        if (!best.empty() && !best.front().header.doubled.empty()) {
+            throw Failure(kBadInput, fmt::format("{}:{}: {}", file, i + 1, best.front().header.doubled.front()));
+        }
         if (!best.empty()) {
             return best.front();
         }

@@ -15,11 +15,47 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::optional<std::size_t> columnOf(const std::vector<std::string>& cells, const Titles& titles) {
-    const auto cell = std::find_if(cells.begin(), cells.end(), [&](const std::string& text) {
-        return std::find(titles.begin(), titles.end(), text) != titles.end();
-    });
-    return cell == cells.end() ? std::nullopt : std::optional(static_cast<std::size_t>(cell - cells.begin()));
+/// The places of the cells with one of the titles, by title and then from the left.
+std::vector<std::size_t> placesOf(const std::vector<std::string>& cells, const Titles& titles) {
+    std::vector<std::size_t> places;
+    for (const std::string& title : titles) {
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            if (cells[i] == title) {
+                places.push_back(i);
+            }
+        }
+    }
+    return places;
+}
+
+std::string sameTitle(const std::vector<std::string>& cells, std::size_t one, std::size_t other) {
+    return fmt::format("columns {} and {} are both called {}, and only one can be read; rename the other",
+                       std::min(one, other) + 1, std::max(one, other) + 1, cells[one]);
+}
+
+/// The layout's titles are in the order in which they are preferred; a title that comes twice says nothing.
+std::optional<std::size_t> columnOf(const std::vector<std::string>& cells, const Titles& titles, Header& header) {
+    const std::vector<std::size_t> places = placesOf(cells, titles);
+    if (places.empty()) {
+        return std::nullopt;
+    }
+    if (places.size() > 1 && cells[places[0]] == cells[places[1]]) {
+        header.doubled.push_back(sameTitle(cells, places[0], places[1]));
+    }
+    return places.front();
+}
+
+/// No column with money is left out for another one.
+std::optional<std::size_t> columnOf(const std::vector<std::string>& cells, const ChargeColumn& charge, Header& header) {
+    const std::vector<std::size_t> places = placesOf(cells, charge.titles);
+    if (places.size() > 1 && cells[places[0]] != cells[places[1]]) {
+        header.doubled.push_back(
+            fmt::format("column {} ({}) and column {} ({}) may both be the {}; say which in a layout of your own, with "
+                        "--layout FILE.toml",
+                        places[0] + 1, cells[places[0]], places[1] + 1, cells[places[1]], charge.name));
+        return places.front();
+    }
+    return columnOf(cells, charge.titles, header);
 }
 
 std::string anyOf(const Titles& titles) { return fmt::format("{}", fmt::join(titles, " or ")); }
@@ -48,7 +84,7 @@ Header headerIn(const std::vector<std::string>& cells, const Layout& layout) {
     Header header;
     for (std::size_t i = 0; i < kTradeFacts; ++i) {
         const auto fact = static_cast<TradeFact>(i);
-        header.facts[i] = columnOf(cells, layout.of(fact));
+        header.facts[i] = columnOf(cells, layout.of(fact), header);
         header.found += header.facts[i] ? 1 : 0;
         if (!header.facts[i] && isNeeded(fact)) {
             header.missing.push_back(anyOf(layout.of(fact)));
@@ -56,7 +92,7 @@ Header headerIn(const std::vector<std::string>& cells, const Layout& layout) {
     }
     bool tellsCosts = header.of(TradeFact::kNet).has_value();
     for (const ChargeColumn& charge : layout.charges) {
-        header.charges.push_back(columnOf(cells, charge.titles));
+        header.charges.push_back(columnOf(cells, charge, header));
         header.found += header.charges.back() ? 1 : 0;
         tellsCosts = tellsCosts || header.charges.back();
     }

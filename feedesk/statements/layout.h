@@ -42,7 +42,7 @@ constexpr std::size_t indexOf(TradeFact fact) { return static_cast<std::size_t>(
 constexpr std::array<TradeFact, 5> kNeededFacts = {TradeFact::kDate, TradeFact::kCode, TradeFact::kOperation,
                                                    TradeFact::kQuantity, TradeFact::kPrice};
 
-/// The titles that brokers give a column; a statement has one of them.
+/// The titles that brokers give a column, those first that are preferred where a statement has several.
 using Titles = std::vector<std::string>;
 
 /// A column with amounts that were charged.
@@ -64,7 +64,7 @@ struct Layout {
     std::map<std::string, std::optional<cost::Side>> operations;  ///< by the broker's word; empty: no trade
     std::map<std::string, std::string> markets;                   ///< the folder's by the broker's word
     std::vector<std::string> footers;                             ///< a line that begins so is no trade
-    std::size_t codeDigits = 0;                                   ///< shorter codes of digits get zeros in front
+    std::size_t codeDigits = 0;                                   ///< shorter codes of digits may want zeros in front
 
     [[nodiscard]] const Titles& of(TradeFact fact) const { return facts[indexOf(fact)]; }
 };
@@ -74,6 +74,7 @@ struct Header {
     std::array<std::optional<std::size_t>, kTradeFacts> facts;
     std::vector<std::optional<std::size_t>> charges;  ///< as Layout::charges
     std::vector<std::string> missing;                 ///< titles that are needed and not there
+    std::vector<std::string> doubled;                 ///< a sentence for each column that comes twice
     std::size_t found = 0;                            ///< columns that the layout knows
 
     [[nodiscard]] bool isWhole() const { return missing.empty(); }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <variant>
 
 #include "feedesk/statements/cells.h"
 #include "feedesk/statements/header.h"
@@ -36,18 +37,19 @@ public:
     LineReader(const FoundHeader& foundHeader, const std::vector<std::string>& headerCells)
         : header(foundHeader.header), layout(*foundHeader.layout), titles(headerCells) {}
 
-    /// Nothing for a line that is no trade.
-    std::optional<StatementLine> read(const std::vector<std::string>& lineCells) {
+    using Read = std::variant<StatementLine, PassedOver>;
+
+    Read read(const std::vector<std::string>& lineCells) {
         cells = &lineCells;
         if (isFooter()) {
-            return std::nullopt;
+            return PassedOver();
         }
         if (cells->size() != titles.size()) {
             throw WrongCell{"", fmt::format("the line has {}, and the header has {}", counted(cells->size(), "cell"),
                                             counted(titles.size(), "column"))};
         }
         const std::optional<cost::Side> side = sideIn();
-        return side ? std::optional(trade(*side)) : std::nullopt;
+        return side && !movesNothing() ? Read(trade(*side)) : Read(PassedOver{0, of(TradeFact::kOperation)});
     }
 
 private:
@@ -59,11 +61,21 @@ private:
         return std::count_if(cells->begin(), cells->end(), [](const std::string& each) { return !each.empty(); }) < 2;
     }
 
-    /// A line of sums or remarks: it begins as one, has no more than one cell filled, or is drawn.
+    /// Whether the line says nothing of a trade, as one of sums without a word before them.
+    [[nodiscard]] bool isNameless() const {
+        const auto isEmpty = [&](TradeFact fact) {
+            const std::size_t column = *header.of(fact);
+            return column >= cells->size() || cell(column).empty();
+        };
+        return isEmpty(TradeFact::kDate) && isEmpty(TradeFact::kCode) && isEmpty(TradeFact::kOperation);
+    }
+
+    /// A line of sums or remarks: it begins as one, names no trade, has no more than one cell filled, or is drawn.
     [[nodiscard]] bool isFooter() const {
         const auto first =
             std::find_if(cells->begin(), cells->end(), [](const std::string& each) { return !each.empty(); });
-        if (first == cells->end() || fewCellsAreFilled() || first->find_first_not_of("-=") == std::string::npos) {
+        if (first == cells->end() || fewCellsAreFilled() || isNameless() ||
+            first->find_first_not_of("-=") == std::string::npos) {
             return true;
         }
         return std::any_of(layout.footers.begin(), layout.footers.end(),
@@ -75,6 +87,9 @@ private:
         const auto known = layout.operations.find(word);
         if (known != layout.operations.end()) {
             return known->second;
+        }
+        if (isZero(TradeFact::kQuantity)) {
+            return std::nullopt;  // a dividend, interest, a transfer: whatever it is called, nothing was traded
         }
         std::vector<std::string> words;
         for (const auto& [each, side] : layout.operations) {
@@ -101,6 +116,18 @@ private:
         return column && !cell(*column).empty() ? std::optional(number(*column)) : std::nullopt;
     }
 
+    /// Whether the statement says 0 of it, or nothing.
+    [[nodiscard]] bool isZero(TradeFact fact) const {
+        const auto column = header.of(fact);
+        const auto read = column ? statedNumber(cell(*column)) : cost::Decimal();
+        return read && read->isZero();
+    }
+
+    /// A line of a trade with nothing traded and no money moved, as an order that was withdrawn.
+    [[nodiscard]] bool movesNothing() const {
+        return isZero(TradeFact::kQuantity) && isZero(TradeFact::kAmount) && isZero(TradeFact::kNet);
+    }
+
     [[nodiscard]] cost::Decimal positive(TradeFact fact) const {
         cost::Decimal read = absolute(number(*header.of(fact)));
         if (read.isZero()) {
@@ -120,16 +147,11 @@ private:
         return *read;
     }
 
-    /// The leading zeros that a spreadsheet takes away come back.
     [[nodiscard]] std::string code() const {
-        std::string text = of(TradeFact::kCode);
-        if (text.empty()) {
+        if (of(TradeFact::kCode).empty()) {
             throw WrongCell{title(TradeFact::kCode), "is empty, and the code of an instrument was expected"};
         }
-        if (text.size() < layout.codeDigits && standalone::isDigits(text)) {
-            text.insert(0, layout.codeDigits - text.size(), '0');
-        }
-        return text;
+        return statedCode(of(TradeFact::kCode));
     }
 
     [[nodiscard]] std::string market() const {
@@ -182,6 +204,31 @@ private:
     const std::vector<std::string>* cells = nullptr;
 };
 
+bool isPurchase(const StatementLine& line) {
+    return line.trade.side == cost::Side::kBuy && line.net && !line.net->isZero();
+}
+
+/// What was paid for a purchase is its amount and costs; less than the amount would be what a sale brings.
+bool isPaidWithoutSign(const StatementLine& line) {
+    return *line.net >= line.amount.value_or(line.trade.quantity * line.trade.price);
+}
+
+/// Gives what was paid for purchases its sign where the statement writes none.
+void giveSigns(Statement& statement) {
+    std::vector<StatementLine*> purchases;
+    for (StatementLine& line : statement.lines) {
+        if (isPurchase(line)) {
+            purchases.push_back(&line);
+        }
+    }
+    statement.isNetUnsigned =
+        !purchases.empty() && std::all_of(purchases.begin(), purchases.end(),
+                                          [](const StatementLine* line) { return isPaidWithoutSign(*line); });
+    for (StatementLine* line : statement.isNetUnsigned ? purchases : std::vector<StatementLine*>()) {
+        line->net = -*line->net;
+    }
+}
+
 }  // namespace
 
 Statement statementIn(const std::vector<std::string>& lines, const std::string& file,
@@ -189,7 +236,7 @@ Statement statementIn(const std::vector<std::string>& lines, const std::string& 
     const FoundHeader found = findHeader(lines, file, layouts);
     std::vector<std::string> titles = *cellsOf(lines[found.index], found.separator);
     dropEmptyEnd(titles, 0);
-    Statement statement{file, *found.layout, {}, {}};
+    Statement statement{file, *found.layout, {}, {}, false};
     LineReader reader(found, titles);
     for (std::size_t i = found.index + 1; i < lines.size(); ++i) {
         auto cells = cellsOf(lines[i], found.separator);
@@ -202,16 +249,18 @@ Statement statementIn(const std::vector<std::string>& lines, const std::string& 
             continue;
         }
         try {
-            if (auto line = reader.read(*cells)) {
-                line->line = i + 1;
-                statement.lines.push_back(std::move(*line));
+            auto read = reader.read(*cells);
+            std::visit([&](auto& line) { line.line = i + 1; }, read);
+            if (auto* trade = std::get_if<StatementLine>(&read)) {
+                statement.lines.push_back(std::move(*trade));
             } else {
-                statement.passedOver.push_back(i + 1);
+                statement.passedOver.push_back(std::move(std::get<PassedOver>(read)));
             }
         } catch (const WrongCell& cell) {
             wrong.push_back({i + 1, cell.column, cell.sentence});
         }
     }
+    giveSigns(statement);
     return statement;
 }
 

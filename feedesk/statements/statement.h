@@ -15,7 +15,7 @@ namespace feedesk {
 struct StatementLine {
     std::size_t line = 0;  ///< of the file, from 1
     std::string market;    ///< of the folder; empty where the statement has none
-    std::string code;
+    std::string code;      ///< as it is written, perhaps without its leading zeros
     std::string name;
     std::string priceText;                ///< as it is written: its decimals show how exact an average price is
     cost::Trade trade;                    ///< its order is empty where the statement names none
@@ -26,12 +26,21 @@ struct StatementLine {
     std::size_t fills = 1;
 };
 
+/// A line behind the header that is no trade.
+struct PassedOver {
+    std::size_t line = 0;
+    std::string operation;  ///< the broker's word for it; empty for a sum or a remark
+};
+
 /// A statement of one account. A plain value.
 struct Statement {
     std::string file;  ///< for messages
     Layout layout;
     std::vector<StatementLine> lines;
-    std::vector<std::size_t> passedOver;  ///< lines behind the header that are no trades
+    std::vector<PassedOver> passedOver;
+    /// The column of what moved on the account has no signs: it was above 0 in every purchase, and is below 0 in
+    /// `lines`.
+    bool isNetUnsigned = false;
 };
 
 /// What is wrong with a line; `column` is its title, empty for the line as a whole.

@@ -58,19 +58,85 @@ TEST(Statement, IsReadByTheLayoutOfItsHeader) {
     EXPECT_EQ(line.charges[2]->text(), "0.01");
 }
 
+/// "3 4:利息归本": the lines that are no trades, each with its operation.
+std::string passedOver(const Statement& statement) {
+    std::string text;
+    for (const PassedOver& each : statement.passedOver) {
+        text += (text.empty() ? "" : " ") + std::to_string(each.line);
+        text += each.operation.empty() ? "" : ":" + each.operation;
+    }
+    return text;
+}
+
 TEST(Statement, PassesOverWhatIsNoTrade) {
     const Read found = read({kHeader, kTrade, "合计\t\t\t\t100\t\t502.00\t5.00\t0\t.01\t0\t-507.01\t",
                              "-----\t----\t\t\t\t\t\t\t\t\t\t\t", "注：本对账单仅供参考",
                              "20210305\t\t\t利息归本\t0\t0\t0\t0\t0\t0\t0\t1.25\t", ""});
     EXPECT_EQ(found.statement.lines.size(), 1U);
-    EXPECT_EQ(found.statement.passedOver, (std::vector<std::size_t>{3, 4, 5, 6}));
+    EXPECT_EQ(passedOver(found.statement), "3 4 5 6:利息归本");
     EXPECT_TRUE(found.wrong.empty());
 }
 
-TEST(Statement, GivesCodesBackTheirZeros) {
+TEST(Statement, PassesOverSumsWithoutAWord) {
+    const Read found =
+        read({kHeader, kTrade, "\t\t\t\t100\t\t502.00\t5.00\t0\t.01\t0\t-507.01\t", "\t\t\t\t100\t\t502.00"});
+    EXPECT_EQ(found.statement.lines.size(), 1U);
+    EXPECT_EQ(passedOver(found.statement), "3 4");
+    EXPECT_TRUE(found.wrong.empty());
+}
+
+// What nobody put into the layout is no trade either when nothing was traded; with a quantity it must be known.
+TEST(Statement, NamesWhatHasNoQuantity) {
+    const Read found = read({kHeader, kTrade, "20210305\t1\t平安银行\t派息\t0\t0\t0\t0\t0\t0\t0\t12.50\t",
+                             "20210305\t\t\t转账\t\t\t\t\t\t\t\t-100.00\t",
+                             "20210305\t1\t平安银行\t证券买入\t0\t5.02\t0\t0\t0\t0\t0\t0\t9",
+                             "20210305\t1\t平安银行\t证券买入\t0\t5.02\t502\t5\t0\t0\t0\t-507\t9",
+                             "20210305\t1\t平安银行\t送股\t10\t0\t0\t0\t0\t0\t0\t0\t9"});
+    EXPECT_EQ(passedOver(found.statement), "3:派息 4:转账 5:证券买入");
+    ASSERT_EQ(found.wrong.size(), 2U);
+    EXPECT_EQ(found.wrong[0].column, "成交数量");
+    EXPECT_EQ(found.wrong[1].column, "操作");
+}
+
+/// A purchase and a sale of 502.00 with this moved on the account.
+Lines tradesThatMoved(const std::string& purchase, const std::string& sale) {
+    return {kHeader, "20210304\t000001\t平安银行\t证券买入\t100\t5.02\t502\t5\t0\t.01\t0\t" + purchase + "\t1",
+            "20210304\t000001\t平安银行\t证券卖出\t100\t5.02\t502\t5\t.50\t.01\t0\t" + sale + "\t2"};
+}
+
+std::string nets(const Statement& statement) {
+    std::string text;
+    for (const StatementLine& line : statement.lines) {
+        text += line.net->text() + ' ';
+    }
+    return text;
+}
+
+TEST(Statement, MayWriteWhatMovedWithoutASign) {
+    const Statement found = read(tradesThatMoved("507.01", "496.49")).statement;
+    EXPECT_TRUE(found.isNetUnsigned);
+    EXPECT_EQ(nets(found), "-507.01 496.49 ");
+    EXPECT_FALSE(read(tradesThatMoved("-507.01", "496.49")).statement.isNetUnsigned);
+}
+
+// 496.99 is less than the 502.00 of the purchase: that one was booked as a sale.
+TEST(Statement, KeepsTheSignOfAPurchaseThatBroughtMoney) {
+    const Statement found = read(tradesThatMoved("496.99", "496.49")).statement;
+    EXPECT_FALSE(found.isNetUnsigned);
+    EXPECT_EQ(nets(found), "496.99 496.49 ");
+}
+
+TEST(Statement, HasItsCodesAsTheyAreWritten) {
     const Read found = read({kHeader, "20210304\t1\t平安银行\t证券买入\t100\t5.02\t502\t5\t0\t0\t0\t-507\t"});
     ASSERT_EQ(found.statement.lines.size(), 1U);
-    EXPECT_EQ(found.statement.lines.front().code, "000001");
+    EXPECT_EQ(found.statement.lines.front().code, "1");
+}
+
+TEST(Statement, PrefersTheTitlesThatItsLayoutNamesFirst) {
+    const Read found = read({"交收日期,成交日期,证券代码,操作,成交数量,成交均价,手续费",
+                             "20210305,20210304,000001,证券买入,100,5.02,5.00"});
+    ASSERT_EQ(found.statement.lines.size(), 1U);
+    EXPECT_EQ(found.statement.lines.front().trade.date.text(), "2021-03-04");
 }
 
 TEST(Statement, TakesLinesWithoutTheirEmptyEnd) {
@@ -115,6 +181,18 @@ TEST(Statement, WithoutHeaderIsRefused) {
     EXPECT_EQ(refusal({"成交日期,证券代码,操作,成交数量,成交均价"}),
               "S:1: the header is most like that of the layout chinese, but has no column of what was charged; add "
               "it, or describe this header with --layout FILE.toml");
+}
+
+TEST(Statement, WithAColumnTwiceIsRefused) {
+    EXPECT_EQ(refusal({"说明", "成交日期,证券代码,操作,成交数量,成交均价,手续费,手续费"}),
+              "S:2: columns 6 and 7 are both called 手续费, and only one can be read; rename the other");
+    EXPECT_EQ(refusal({"成交日期,证券代码,操作,成交数量,成交日期,成交均价,手续费"}),
+              "S:1: columns 1 and 5 are both called 成交日期, and only one can be read; rename the other");
+    EXPECT_EQ(
+        refusal({"成交日期,证券代码,操作,成交数量,成交均价,佣金,手续费"}),
+        "S:1: column 7 (手续费) and column 6 (佣金) may both be the commission; say which in a layout of your own, "
+        "with --layout FILE.toml");
+    EXPECT_EQ(read({"成交日期,备注,备注,证券代码,操作,成交数量,成交均价,手续费"}).statement.layout.name, "chinese");
 }
 
 TEST(Statement, ThatFitsTwoLayoutsAlikeIsRefused) {

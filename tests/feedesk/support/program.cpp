@@ -110,6 +110,11 @@ std::vector<std::string> lines(const std::string& text) {
     return found;
 }
 
+std::string unfolded(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
 std::size_t widestLine(const std::string& text) {
     std::size_t widest = 0;
     for (const std::string& line : lines(text)) {

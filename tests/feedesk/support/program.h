@@ -31,6 +31,9 @@ std::string onTerminal(const std::string& folder, const std::string& arguments, 
 
 std::vector<std::string> lines(const std::string& text);
 
+/// The text in one line, whatever the width in which it was shown.
+std::string unfolded(std::string text);
+
 /// How many columns of a terminal the widest line takes; counted apart from the program's own way.
 std::size_t widestLine(const std::string& text);
 

@@ -1,0 +1,17 @@
+#ifndef FEEDESK_RECONCILING_COMMON_CAUSES_H
+#define FEEDESK_RECONCILING_COMMON_CAUSES_H
+
+#include "feedesk/reconciling/rate_change.h"
+
+namespace feedesk {
+
+/// Gives the differing orders that one line of the folder charges the first cause that explains them all. Orders that
+/// have none in common, or differ alone, stay as they are.
+void takeCommonCauses(const OrdersByDay& orders);
+
+/// Gives the order the first cause that explains it.
+void takeFirstCause(ReconciledOrder& charged);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_RECONCILING_COMMON_CAUSES_H

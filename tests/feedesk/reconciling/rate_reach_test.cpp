@@ -1,0 +1,207 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "tests/feedesk/support/statement_folder.h"
+
+// Which lines a rate that is solved for is said to fit, and where none may be named.
+
+namespace feedesk::test {
+namespace {
+
+struct Reach {
+    const char* name;
+    std::string lines;
+    std::vector<const char*> told;
+    const char* patched;  ///< part of the patch; empty: none is written
+};
+
+std::string patchIn(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class RateReach : public testing::TestWithParam<Reach> {};
+
+TEST_P(RateReach, IsToldAsItIs) {
+    const StatementFolder folder;
+    const std::string patch = folder.tradesFile();
+    const Outcome outcome = folder.reconcileLines(GetParam().lines, "--patch " + patch);
+    const std::string text = unfolded(outcome.out);
+    for (const char* each : GetParam().told) {
+        EXPECT_NE(text.find(each), std::string::npos) << each << "\n" << outcome.out << outcome.err;
+    }
+    EXPECT_EQ(outcome.status, 1);
+    const std::string patched = GetParam().patched;
+    ASSERT_EQ(std::filesystem::exists(patch), !patched.empty()) << outcome.out;
+    EXPECT_TRUE(patched.empty() || patchIn(patch).find(patched) != std::string::npos) << patchIn(patch);
+}
+
+// 600519 from 2023-08-28: commission 0.025 %, at least 5, the transfer fee of 0.001 % inside it; sales pay 0.05 % stamp
+// duty. The cells: day, code, side, quantity, price, commission, stamp duty, transfer fee, order, fills, net.
+INSTANTIATE_TEST_SUITE_P(
+    Of, RateReach,
+    testing::Values(
+        // A sale pays 0.07 % stamp duty; the purchases behind it, and those of its day, pay none at all.
+        Reach{"AChargeOfSalesAmongSalesAlone",
+              "20240103,600519,买,100,1000,25.00,0,0,,1,-100025.00\n"
+              "20240103,600519,卖,100,1000,25.00,70.00,0,,1,99905.00\n"
+              "20240104,600519,买,100,1000,25.00,0,0,,1,-100025.00\n"
+              "20240105,600519,买,100,1000,25.00,0,0,,1,-100025.00\n",
+              {"Line 3: the stamp_duty 0.0007 (any from 0.00069995 to 0.000700049999) fits the line from "
+               "2024-01-03 on"},
+              "S100,SH,600*,0.00025,0.00001,0.0007,2024-01-03,"},
+        // The next sale pays 0.05 % again.
+        Reach{"AChargeOfSalesThatTheNextSaleDoesNotPay",
+              "20240103,600519,卖,100,1000,25.00,70.00,0,,1,99905.00\n"
+              "20240104,600519,买,100,1000,25.00,0,0,,1,-100025.00\n"
+              "20240105,600519,卖,100,1000,25.00,50.00,0,,1,99925.00\n",
+              {"Line 2: the stamp_duty 0.0007 (any from 0.00069995 to 0.000700049999) fits this trade, and not line "
+               "4 of 2024-01-05"},
+              ""},
+        // 0.03 % on the afternoon of the first day and on all later days.
+        Reach{"ARateThatBeginsInsideADay",
+              "20240102,600519,买,100,1000,25.00,0,0,,1,-100025.00\n"
+              "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
+              "20240103,600519,买,100,2000,60.00,0,0,,1,-200060.00\n"
+              "20240104,600519,买,100,3000,90.00,0,0,,1,-300090.00\n",
+              {"Lines 4, 5: the commission 0.0003 (any from 0.000299983334 to 0.000300016666) fits all 2 lines from "
+               "2024-01-03 on",
+               "Line 3: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits this trade, and not line "
+               "2 of the same day"},
+              "S100,SH,600*,0.0003,0.00001,0.0005,2024-01-03,"},
+        // The old rate stands below the new one of the same day.
+        Reach{"ADayWhoseLinesDisagreeWhicheverComesFirst",
+              "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
+              "20240102,600519,买,100,1000,25.00,0,0,,1,-100025.00\n",
+              {"Line 2: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits this trade, and not line "
+               "3 of the same day"},
+              ""},
+        // A line of the last day has a stamp duty that nothing explains, and the new commission.
+        Reach{"ARateBesideALineThatDiffersInMoreThanIt",
+              "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
+              "20240103,600519,卖,100,1000,30.00,61.23,0,,1,99908.77\n"
+              "20240104,600519,买,100,1000,30.00,0,0,,1,-100030.00\n",
+              {"Lines 2, 4: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits 2 of 3 lines from "
+               "2024-01-02 on (the others differ in other ways)",
+               "Line 3: nothing that is known explains it"},
+              "S100,SH,600*,0.0003,0.00001,0.0005,2024-01-02,"},
+        // The last line has the old commission and twice the stamp duty: the new rate is not of all lines.
+        Reach{"ALaterLineThatTheFolderExplains",
+              "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
+              "20240104,600519,卖,100,1000,25.00,100.00,0,,1,99875.00\n",
+              {"Line 2: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits this trade, and not line "
+               "3 of 2024-01-04",
+               "Line 3: the schedule from 2021-01-01 until 2023-08-27"},
+              ""},
+        // An order of no more than the minimum agrees with both rates.
+        Reach{"TheFirstDayOfADifferenceAndNotTheMinimaBefore",
+              "20240102,600519,买,100,10,5.00,0,0,,1,-1005.00\n"
+              "20240103,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
+              "20240104,600519,买,100,10,5.00,0,0,,1,-1005.00\n",
+              {"Line 3: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits all 2 lines from "
+               "2024-01-03 on"},
+              "S100,SH,600*,0.0003,0.00001,0.0005,2024-01-03,"}),
+    [](const auto& param) { return std::string(param.param.name); });
+
+/// A statement that has no more than what moved on the account.
+Outcome reconcileNets(const StatementFolder& folder, const std::string& lines, const std::string& options = "") {
+    folder.writeStatement("日期,代码,买卖,数量,价格,笔数,发生\n" + lines);
+    return folder.reconcile(options);
+}
+
+// 100000 sold for 80.00 and not 75.00: 0.03 % commission or 0.055 % stamp duty.
+TEST(RateOfANet, IsNotNamedWhereTwoChargesWouldExplainATrade) {
+    const StatementFolder folder;
+    const Outcome outcome = reconcileNets(folder, "20240103,600519,卖,100,1000,1,99920.00\n");
+    EXPECT_NE(unfolded(outcome.out)
+                  .find("Line 2: nothing that is known explains it; the commission 0.0003 or the stamp_duty 0.00055 "
+                        "would fit, and the statement does not tell which"),
+              std::string::npos)
+        << outcome.out;
+}
+
+// The same of three sales: a rate, but whose?
+TEST(RateOfANet, IsToldWithItsEqualsAndNotProposed) {
+    const StatementFolder folder;
+    const std::string sales =
+        "20240103,600519,卖,100,1000,1,99920.00\n"
+        "20240104,600519,卖,100,2000,1,199840.00\n"
+        "20240105,600519,卖,100,3000,1,299760.00\n";
+    const Outcome outcome = reconcileNets(folder, sales, "--patch " + folder.tradesFile());
+    EXPECT_NE(
+        unfolded(outcome.out)
+            .find("Lines 2, 3, 4: the commission 0.0003 (any from 0.000299983334 to 0.000300016666) fits all 3 lines "
+                  "from 2024-01-03 on; the folder has 0.00025, fees/stock.csv:2; also fits: the stamp_duty "
+                  "0.00055 (any from 0.000549983334 to 0.000550016666) fits all 3 lines from 2024-01-03 on; the "
+                  "folder has 0.0005, fees/stock.csv:2"),
+        std::string::npos)
+        << outcome.out;
+    EXPECT_FALSE(std::filesystem::exists(folder.tradesFile()));
+    const Outcome json = reconcileNets(folder, sales, "--json");
+    EXPECT_NE(json.out.find(R"("cause":"other_rate")"), std::string::npos) << json.out;
+    EXPECT_NE(json.out.find(R"("also_fits":["other_rate"],"alternatives":"the stamp_duty 0.00055)"), std::string::npos);
+    EXPECT_EQ(json.out.find(R"("row":"proposal")"), std::string::npos);
+}
+
+// A purchase pays a smaller sum of it: it is the commission.
+TEST(RateOfANet, IsOfTheChargeThatEveryLineOfItPays) {
+    const StatementFolder folder;
+    const Outcome outcome = reconcileNets(folder,
+                                          "20240103,600519,卖,100,1000,1,99920.00\n"
+                                          "20240104,600519,买,100,2000,1,-200060.00\n");
+    EXPECT_NE(unfolded(outcome.out)
+                  .find("Lines 2, 3: the commission 0.0003 (any from 0.000299975 to 0.000300024999) "
+                        "fits all 2 lines from 2024-01-03 on"),
+              std::string::npos)
+        << outcome.out;
+    EXPECT_EQ(outcome.out.find("also fits"), std::string::npos) << outcome.out;
+}
+
+/// A market folder that charges an order's transfer fee on top, and rounds it by order.
+class FeesOnTop : public testing::Test {
+protected:
+    FeesOnTop() {
+        folder.write("charges.csv",
+                     "family,charge,side,basis,minimum,per,rounding,currency,source,checked\n"
+                     "stock,commission,both,turnover,5,order,0.01 half_up,CNY,test,2024-01-02\n"
+                     "stock,transfer_fee,both,turnover,,order,0.01 half_up,CNY,test,2024-01-02\n"
+                     "stock,stamp_duty,sell,turnover,,order,0.01 half_up,CNY,test,2024-01-02\n");
+    }
+
+    StatementFolder folder;
+};
+
+// 2400 bought in three fills of 800: 3 x 5.00, and 3 x 0.008 = 3 x 0.01 and not 0.02 transfer fee.
+TEST_F(FeesOnTop, ByFillLeaveNoRateToBeNamed) {
+    const Outcome outcome = reconcileNets(folder, "20240102,600519,买,240,10,3,-2415.03\n");
+    EXPECT_NE(unfolded(outcome.out)
+                  .find("Line 2: nothing that is known explains it; its 3 fills, each charged by itself with its "
+                        "minimum and its rounding, cost from 15.01 to 15.03, and what else it may be the statement "
+                        "does not tell"),
+              std::string::npos)
+        << outcome.out;
+    EXPECT_EQ(outcome.status, 1);
+}
+
+TEST_F(FeesOnTop, ByKnownFillLeaveNoRateToBeNamed) {
+    folder.writeStatement(
+        "日期,代码,买卖,数量,价格,单号,发生\n"
+        "20240102,600519,买,80,10,A1,-805.01\n"
+        "20240102,600519,买,80,10,A1,-805.01\n"
+        "20240102,600519,买,80,10,A1,-805.01\n");
+    const Outcome outcome = folder.reconcile();
+    EXPECT_NE(
+        unfolded(outcome.out)
+            .find("Lines 2, 3, 4: nothing that is known explains it; its 3 fills, each charged by itself with its "
+                  "minimum and its rounding, cost 15.03"),
+        std::string::npos)
+        << outcome.out;
+}
+
+}  // namespace
+}  // namespace feedesk::test
