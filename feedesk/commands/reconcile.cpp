@@ -242,9 +242,9 @@ void addReconcile(CLI::App& app, Program& program) {
         ->add_option("--layout", arguments.layout,
                      "How the statement is laid out: a name of the\nfolder's layouts/, or a file (else by header)")
         ->type_name("LAYOUT");
-    command->add_option("--encoding", arguments.encoding, "utf-8 or gb18030 (else what the bytes are)")
-        ->check(CLI::Validator(encodingProblem, ""))
-        ->type_name("E");
+    program.choices[command->add_option("--encoding", arguments.encoding, "utf-8 or gb18030 (else what the bytes are)")
+                        ->check(CLI::Validator(encodingProblem, ""))
+                        ->type_name("E")] = {{"utf-8", "gb18030"}};
     command->add_flag("--differing", arguments.differing, "Only the trades that do not agree");
     command->add_option("--patch", arguments.patch, "Write the proposed change of the folder here")->type_name("FILE");
     addFormatOptions(*command, program);
