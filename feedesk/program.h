@@ -43,7 +43,7 @@ struct Program {
     Choices choices{};                ///< the words that options and arguments take, for completion
 
     /// The market folder that the command line names, asked as of the day that it names: loaded now or, in a shell, the
-    /// shell's. Throws what the session throws.
+    /// shell's. Throws what the session throws, and where the answer would be written into the folder.
     Session& open();
 
     /// Answers on standard output in the form that the command line asks for. `giveRows` gives every row to the sink,

@@ -95,7 +95,7 @@ CheckFields checkFields() {
 
 ExitStatus listChecks(Program& program, const Chosen& chosen) {
     const CheckFields fields = checkFields();
-    program.answer({sectionOf("", fields)}, [&](RowSink& sink) {
+    program.answer({sectionOf("", fields, "Checks")}, [&](RowSink& sink) {
         for (const Check* check : chosen) {
             sink.row(rowOf(fields, check));
         }
@@ -142,12 +142,12 @@ std::string sentenceOf(const Finding& finding) {
 }
 
 Value placesOf(const FindingRow& row) {
-    Names names;
-    names.reserve(row.finding->places.size());
+    Sources sources;
+    sources.places.reserve(row.finding->places.size());
     for (const checking::Place& place : row.finding->places) {
-        names.push_back(place.text());
+        sources.places.push_back(place.text());
     }
-    return names;
+    return sources;
 }
 
 FindingFields findingFields() {
@@ -240,7 +240,7 @@ ExitStatus check(Program& program, const CheckArguments& arguments) {
     const checking::CheckResult result = checking::runChecks(
         session, chosen, wantedAccounts(session, arguments.accounts), daysBefore(session.day(), arguments.maxAge));
     const FindingFields fields = findingFields();
-    program.answer(session, {sectionOf("", fields)}, [&](RowSink& sink) {
+    program.answer(session, {sectionOf("", fields, "Findings")}, [&](RowSink& sink) {
         giveFindings(result.reports, fields, sink);
         return Remarks{"",
                        result.notes,
@@ -264,9 +264,7 @@ void addNames(CLI::App& command, Program& program, const char* option, std::vect
 std::vector<std::string> thresholds() {
     std::vector<std::string> words;
     for (const Severity severity : checking::kSeverities) {
-        if (text == wordFor(severity)) {
-            return "";
-        }
+        words.emplace_back(wordFor(severity));
     }
     words.emplace_back(kNever);
     return words;

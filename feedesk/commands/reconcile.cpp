@@ -4,9 +4,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
-#include <system_error>
 
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
@@ -14,6 +12,7 @@
 #include "feedesk/commands/reconcile_rows.h"
 #include "feedesk/messages.h"
 #include "feedesk/numbers.h"
+#include "feedesk/overwriting.h"
 #include "feedesk/statements/encoding.h"
 #include "feedesk/text.h"
 
@@ -121,10 +120,10 @@ struct Wanted {
 
 /// A table has no section that would be empty, and tells what it proposes below.
 Sections sectionsOf(const Wanted& wanted, Format format) {
-    const Section orders = sectionOf("", orderFields());
+    const Section orders = sectionOf("", orderFields(), "Trades");
     const Section figures = sectionOf("What differs", figureFields());
     if (format != Format::kTable) {
-        return {orders, figures, sectionOf("", proposalFields())};
+        return {orders, figures, sectionOf("", proposalFields(), "Proposed lines")};
     }
     if (wanted.found.count(Outcome::kDiffers) > 0) {
         return {orders, figures};
@@ -160,31 +159,12 @@ void giveRows(const Wanted& wanted, const Sections& sections, RowSink& sink) {
     }
 }
 
-bool isSameFile(const std::string& one, const std::string& other) {
-    std::error_code ignored;
-    return !one.empty() && !other.empty() &&
-           std::filesystem::weakly_canonical(one, ignored) == std::filesystem::weakly_canonical(other, ignored);
-}
-
-bool isInFolder(const std::string& folder, const std::string& file) {
-    std::error_code ignored;
-    const std::filesystem::path path = std::filesystem::weakly_canonical(file, ignored);
-    const std::filesystem::path root = std::filesystem::weakly_canonical(folder, ignored);
-    return !file.empty() && std::mismatch(root.begin(), root.end(), path.begin(), path.end()).first == root.end();
-}
-
 /// What is read is not written over.
 void refuseOverwriting(const ReconcileArguments& arguments, const Program& program) {
     for (const std::string& target : {arguments.patch, program.file}) {
-        if (isSameFile(target, arguments.statement)) {
-            throw Failure(kBadInput, fmt::format("{} is the statement and would be written over; name another file",
-                                                 echoed(target)));
-        }
-        if (isInFolder(program.session.folder, target)) {
-            throw Failure(
-                kBadInput,
-                fmt::format("{} is in the market folder, which is not written to; name another file", echoed(target)));
-        }
+        refuseToOverwrite(target, arguments.statement, "the statement");
+        refuseToOverwrite(target, arguments.layout, "the layout");
+        refuseToWriteInto(program.session.folder, target);
     }
     if (isSameFile(arguments.patch, program.file)) {
         throw Failure(kBadInput, "--patch and --xlsx name the same file; name two");

@@ -85,6 +85,10 @@ auto ofSolved(const Find& find) {
 
 Value causeOf(const OrderRow& row) {
     return row.reconciled.outcome == Outcome::kDiffers ? Value(std::string(cost::wordFor(row.reconciled.cause)))
+Rate solvedNumber(const cost::Decimal& rate, const SolvedRate& solved) {
+    return {rate.text(), solved.isFraction ? Unit::kFraction : Unit::kNumber};
+}
+
                                                        : Value(Nothing());
 }
 
@@ -169,13 +173,15 @@ FieldsOf<OrderRow> orderFields() {
          }},
         {forPrograms("also_fits"), [](const OrderRow& row) { return causesIn(row.reconciled.alsoFit); }},
         {forPrograms("charge"), ofSolved([](const SolvedRate& solved) { return solved.sought.charge; })},
-        {forPrograms("rate"), ofSolved([](const SolvedRate& solved) { return Money{solved.rate.text()}; })},
-        {forPrograms("rate_low"), ofSolved([](const SolvedRate& solved) { return Money{solved.range.low.text()}; })},
-        {forPrograms("rate_high"), ofSolved([](const SolvedRate& solved) { return Money{solved.range.high.text()}; })},
+        {forPrograms("rate"), ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.rate, solved); })},
+        {forPrograms("rate_low"),
+         ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.range.low, solved); })},
+        {forPrograms("rate_high"),
+         ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.range.high, solved); })},
         {forPrograms("rate_from"),
          ofSolved([](const SolvedRate& solved) { return textOrNothing(solved.from ? solved.from->text() : ""); })},
         {forPrograms("folder_rate"),
-         ofSolved([](const SolvedRate& solved) { return Money{solved.folderRate.text()}; })},
+         ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.folderRate, solved); })},
         {forPrograms("source"), ofSolved([](const SolvedRate& solved) {
              return solved.source.empty() ? Value(Nothing()) : Value(Source{solved.source});
          })},

@@ -28,6 +28,7 @@ SolvedRate solvedFrom(const Part& part, const RateRange& range) {
     solved.sought = {part.charge, part.item};
     solved.range = range;
     solved.rate = range.simplest();
+    solved.isFraction = part.term->basis == cost::Basis::kTurnover;
     solved.isTermsOwn = part.rate == nullptr;
     solved.folderRate = part.rate == nullptr ? *part.term->rate : part.rate->value;
     solved.source = part.rate == nullptr ? part.term->where : part.rate->source;

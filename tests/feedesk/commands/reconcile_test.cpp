@@ -90,7 +90,7 @@ TEST_F(Reconcile, AnswersProgramsWithEveryFigure) {
 
 TEST_F(Reconcile, ShowsOnlyWhatDiffersWhereThatIsAskedFor) {
     EXPECT_EQ(folder.reconcileLines(kAgreeing, "--differing").out,
-              "Account S100 (stock) 股票户, plain\n\n\n2 trades: 2 agree to the fen\n");
+              "Account S100 (stock) 股票户, plain\n\n2 trades: 2 agree to the fen\n");
 }
 
 // 3 x 100 shares at 10: 1000 x 0.00025 = 0.25 each, 0.75 together, at least 5.
