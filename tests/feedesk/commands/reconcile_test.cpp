@@ -164,6 +164,20 @@ TEST_F(Reconcile, TellsWhatHasNoAnswer) {
     EXPECT_EQ(outcome.status, 1);
 }
 
+// Sentences of 100 groups are told. Of the others a reader is told what they are.
+TEST_F(Reconcile, CountsWhatItDoesNotTellByCause) {
+    std::string text = "日期,代码,买卖,数量,价格,佣金\n";
+    for (int i = 0; i < 105; ++i) {
+        text += "20240102," + std::to_string(900000 + i) + ",买,100,10,5\n";
+    }
+    text += "20240102,600519,买,100,1000,31\n20240103,600519,买,100,1000,32\n";
+    folder.writeStatement(text);
+    const std::string told = unfolded(folder.reconcile().out);
+    EXPECT_NE(told.find("7 trades more by cause: 5 no answer, 2 other_rate; --json and --csv tell them all"),
+              std::string::npos)
+        << told;
+}
+
 TEST_F(Reconcile, SaysWhatItCannotExplain) {
     const Outcome outcome = folder.reconcileLines("20240103,600519,卖,100,1000,25.13,50.29,0,,1,99924.58\n");
     EXPECT_NE(unfolded(outcome.out).find("Line 2: nothing that is known explains it"), std::string::npos)
