@@ -182,7 +182,7 @@ std::vector<std::string> completionsFor(const std::vector<std::string>& words, P
                                         const MarketOf& marketOf) {
     CLI::App app(kAbout);
     describe(app, program);
-    return completions(app, words, marketOf);
+    return completions(app, program.choices, words, marketOf);
 }
 
 int run(int argc, const char* const* argv) {

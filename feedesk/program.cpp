@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "feedesk/overwriting.h"
 #include "feedesk/rows/sinks.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/terminal/pager.h"
@@ -54,7 +55,12 @@ std::string below(const Remarks& remarks) {
         text += filled(note) + "\n";
     }
     text += remarks.warning.empty() ? "" : marked(filled(remarks.warning)) + "\n";
-    return text.empty() ? "" : "\n" + text;
+    return text;
+}
+
+/// An empty line between what there is.
+std::string page(const std::string& heading, const std::string& tables, const std::string& rest) {
+    return headingText(heading) + tables + (tables.empty() || rest.empty() ? "" : "\n") + rest;
 }
 
 void tellRemarks(const Remarks& remarks) {
@@ -80,6 +86,7 @@ Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink, c
 }  // namespace
 
 Session& Program::open() {
+    refuseToWriteInto(session.folder, file);
     if (opened) {
         opened->begin(session.date);
     } else {
@@ -106,7 +113,7 @@ void Program::answer(const std::function<std::string()>& sessionSummary, const S
     sink->end();
     const std::string summed = summary ? sessionSummary() : "";
     if (format == Format::kTable) {
-        showText(headingText(remarks.heading) + tables + below(remarks) + (summed.empty() ? "" : summed + "\n"));
+        showText(page(remarks.heading, tables, below(remarks)) + (summed.empty() ? "" : summed + "\n"));
         return;
     }
     if (!summed.empty()) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "feedesk/completing/expected_word.h"
 #include "feedesk/failure.h"
 #include "feedesk/rows/rows.h"
 #include "feedesk/session/session.h"
@@ -39,9 +40,10 @@ struct Program {
     bool hasAnswered = false;
     std::shared_ptr<Session> opened;  ///< by open(), or by the shell
     Shell* shell = nullptr;           ///< of which this is a line; null outside
+    Choices choices{};                ///< the words that options and arguments take, for completion
 
     /// The market folder that the command line names, asked as of the day that it names: loaded now or, in a shell, the
-    /// shell's. Throws what the session throws.
+    /// shell's. Throws what the session throws, and where the answer would be written into the folder.
     Session& open();
 
     /// Answers on standard output in the form that the command line asks for. `giveRows` gives every row to the sink,

@@ -1,6 +1,7 @@
 #ifndef FEEDESK_CHECKING_CHECK_H
 #define FEEDESK_CHECKING_CHECK_H
 
+#include <memory>
 #include <set>
 #include <string>
 #include <variant>
@@ -16,12 +17,26 @@ using FindInFolder = void (*)(const FolderFacts& facts, Findings& findings);
 /// Called for each account that can be asked.
 using FindInAccount = void (*)(AccountFacts& facts, Findings& findings);
 
+/// Looks at one account after another of those that can be asked, and finds what only all of them together show.
+class AcrossAccounts {
+public:
+    AcrossAccounts() = default;
+    AcrossAccounts(const AcrossAccounts&) = delete;
+    AcrossAccounts& operator=(const AcrossAccounts&) = delete;
+    virtual ~AcrossAccounts() = default;
+
+    virtual void add(AccountFacts& facts) = 0;
+    virtual void findIn(Findings& findings) const = 0;
+};
+
+using LookAcrossAccounts = std::unique_ptr<AcrossAccounts> (*)();
+
 /// One kind of fault: folders have it and load all the same.
 struct Check {
     const char* name;  ///< for programs and options; it does not change
     Severity severity;
     const char* meaning;  ///< what it finds, for a list of checks
-    std::variant<FindInFolder, FindInAccount> find;
+    std::variant<FindInFolder, FindInAccount, LookAcrossAccounts> find;
 };
 
 /// Every check, in the order in which they are listed: errors first.

@@ -40,6 +40,11 @@ void findInAccounts(Session& session, const FolderFacts& facts, const std::set<s
                     CheckResult& result) {
     Probe probe;
     std::vector<Findings> findings(result.reports.size());
+    std::vector<std::unique_ptr<AcrossAccounts>> across(result.reports.size());
+    for (std::size_t i = 0; i < across.size(); ++i) {
+        const auto* look = std::get_if<LookAcrossAccounts>(&result.reports[i].check->find);
+        across[i] = look == nullptr ? nullptr : (*look)();
+    }
     for (const standalone::Account& account : facts.market.accounts) {
         if (!isWorthAsking(account) || !isWanted(accounts, account.record->accountId)) {
             continue;
@@ -53,11 +58,16 @@ void findInAccounts(Session& session, const FolderFacts& facts, const std::set<s
         for (std::size_t i = 0; i < result.reports.size(); ++i) {
             if (const auto* find = std::get_if<FindInAccount>(&result.reports[i].check->find)) {
                 (*find)(accountFacts, findings[i]);
+            } else if (across[i]) {
+                across[i]->add(accountFacts);
             }
         }
     }
     for (std::size_t i = 0; i < result.reports.size(); ++i) {
-        if (std::holds_alternative<FindInAccount>(result.reports[i].check->find)) {
+        if (across[i]) {
+            across[i]->findIn(findings[i]);
+        }
+        if (!std::holds_alternative<FindInFolder>(result.reports[i].check->find)) {
             result.reports[i].findings = findings[i].sorted();
         }
     }
@@ -68,6 +78,7 @@ void findInAccounts(Session& session, const FolderFacts& facts, const std::set<s
 const std::vector<Check>& checks() {
     static const std::vector<Check> all{
         {"percent-rate", Severity::kError, "a fraction that looks like percent or per mille", findPercents},
+        {"negative-rate", Severity::kError, "a rate below 0", findNegativeRates},
         {"old-duty", Severity::kError, "a stamp duty that has been cut since is still charged", findOldDuties},
         {"zero-margin", Severity::kError, "a margin of 0 or less", findZeroMargins},
         {"margin-above-one", Severity::kError, "a margin of more than the value itself", findMarginsAboveOne},
@@ -78,6 +89,7 @@ const std::vector<Check>& checks() {
         {"invisible-character", Severity::kError, "a character that nobody sees in an account or code",
          findInvisibleCharacters},
         {"far-rate", Severity::kWarning, "a rate far from all others of its column", findFarRates},
+        {"missing-duty", Severity::kWarning, "no stamp duty where accounts usually pay it", missingDuties},
         {"built-in-default", Severity::kWarning, "instruments of an account that fall to a rate built in",
          findDefaults},
         {"unreached-custom-fee", Severity::kWarning, "a custom fee that reaches no instrument",

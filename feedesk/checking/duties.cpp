@@ -7,6 +7,7 @@
 #include "feedesk/checking/line_faults.h"
 #include "feedesk/checking/topics.h"
 #include "feedesk/text/numbers.h"
+#include "standalone/charged_families.h"
 
 namespace feedesk::checking {
 namespace {
@@ -26,11 +27,6 @@ const std::vector<DutyCut>& dutyCuts() {
     return all;
 }
 
-/// Whether the line is in force on a day on which both the question and the new duty are.
-bool outlives(const cost::DateRange& days, cost::Date asked, cost::Date cut) {
-    return days.overlaps({std::max(asked, cut), std::nullopt});
-}
-
 /// A line that began before the cut was right until then.
 std::string dutyMend(const cost::DateRange& days, const DutyCut& cut) {
     const std::string now = plainNumber(cut.after);
@@ -48,9 +44,17 @@ std::string DutyCut::text() const {
                        from.text());
 }
 
-const DutyCut* dutyCutOf(const standalone::RateFamily& family, std::string_view column, double rate) {
+bool DutyCut::isOutlivedBy(const cost::DateRange& days, cost::Date asked) const {
+    return days.overlaps({std::max(asked, from), std::nullopt});
+}
+
+bool isDuty(std::string_view column) {
     constexpr std::string_view kDuty = "stamp_duty";
-    if (column.substr(0, kDuty.size()) != kDuty) {
+    return column.substr(0, kDuty.size()) == kDuty;
+}
+
+const DutyCut* dutyCutOf(const standalone::RateFamily& family, std::string_view column, double rate) {
+    if (!isDuty(column)) {
         return nullptr;
     }
     const auto found = std::find_if(dutyCuts().begin(), dutyCuts().end(), [&](const DutyCut& cut) {
@@ -61,15 +65,25 @@ const DutyCut* dutyCutOf(const standalone::RateFamily& family, std::string_view 
 
 void findOldDuties(const FolderFacts& facts, Findings& findings) {
     LineFaults faults;
+    const auto look = [&](const standalone::RateFamily& family, const std::string& column, double rate,
+                          const cost::DateRange& days, const Place& place, const std::vector<std::string>& accounts) {
+        const DutyCut* cut = dutyCutOf(family, column, rate);
+        if (cut != nullptr && cut->isOutlivedBy(days, facts.day)) {
+            faults.add(place, accounts, fmt::format("{} {} is {}", column, plainNumber(rate), cut->text()),
+                       dutyMend(days, *cut));
+        }
+    };
     forEachLine(facts, [&](const FolderLine& line) {
         for (const RateCell& cell : rateCells(facts, *line.kept)) {
-            const DutyCut* cut = dutyCutOf(*line.kept->family, cell.column, cell.value);
-            if (cut != nullptr && outlives(line.kept->line.days, facts.day, cut->from)) {
-                faults.add(line, fmt::format("{} {} is {}", cell.column, plainNumber(cell.value), cut->text()),
-                           dutyMend(line.kept->line.days, *cut));
-            }
+            look(*line.kept->family, cell.column, cell.value, line.kept->line.days, line.place, line.accounts());
         }
     });
+    for (const cost::Term& term : facts.folder.schedule().terms()) {
+        if (const double rate = ownRate(term); rate != 0) {
+            look(standalone::rateFamilyOf(term.family), term.charge, rate, term.dates, Place::of(term.where),
+                 accountsOf(term));
+        }
+    }
     faults.addTo(findings);
 }
 

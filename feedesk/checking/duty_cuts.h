@@ -19,10 +19,14 @@ struct DutyCut {
 
     /// "a stamp duty of 0.1%, which is out of date: 0.05% since 2023-08-28".
     [[nodiscard]] std::string text() const;
+    /// Whether a line is in force on a day on which both the question and the new duty are.
+    [[nodiscard]] bool isOutlivedBy(const cost::DateRange& days, cost::Date asked) const;
 };
 
-/// The cut after which this rate of a column is out of date; null where it is up to date or no duty. The duties are the
-/// columns whose names begin with stamp_duty.
+/// Whether a column is a stamp duty: its name begins with stamp_duty.
+bool isDuty(std::string_view column);
+
+/// The cut after which this rate of a column is out of date; null where it is up to date or no duty.
 const DutyCut* dutyCutOf(const standalone::RateFamily& family, std::string_view column, double rate);
 
 }  // namespace feedesk::checking

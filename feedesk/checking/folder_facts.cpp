@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "standalone/families.h"
+#include "standalone/text/numbers.h"
 
 namespace feedesk::checking {
 namespace {
@@ -72,6 +73,16 @@ std::vector<RateCell> rateCells(const FolderFacts& facts, const KeptLine& kept) 
         }
     }
     return cells;
+}
+
+double ownRate(const cost::Term& term) {
+    const bool hasOne = term.rate && term.basis == cost::Basis::kTurnover;
+    return hasOne ? standalone::numberIn<double>(term.rate->text()).value_or(0) : 0;
+}
+
+std::vector<std::string> accountsOf(const cost::Term& term) {
+    const bool isOfOne = !term.account.empty() && term.account.find('*') == std::string::npos;
+    return isOfOne ? std::vector<std::string>{term.account} : std::vector<std::string>();
 }
 
 }  // namespace feedesk::checking

@@ -54,6 +54,12 @@ struct RateCell {
 /// The rates of a line that are not 0.
 std::vector<RateCell> rateCells(const FolderFacts& facts, const standalone::loader::KeptLine& kept);
 
+/// The rate of turnover that a charging term has of its own; 0 where it has none.
+double ownRate(const cost::Term& term);
+
+/// The account that a charging term names, or nothing where it may be of several.
+std::vector<std::string> accountsOf(const cost::Term& term);
+
 }  // namespace feedesk::checking
 
 #endif  // FEEDESK_CHECKING_FOLDER_FACTS_H

@@ -5,10 +5,14 @@
 #include <cmath>
 #include <map>
 #include <optional>
+#include <string>
+#include <tuple>
 
+#include "feedesk/checking/duty_cuts.h"
 #include "feedesk/checking/line_faults.h"
 #include "feedesk/checking/topics.h"
 #include "feedesk/text/numbers.h"
+#include "standalone/charged_families.h"
 #include "standalone/text/numbers.h"
 
 namespace feedesk::checking {
@@ -32,28 +36,51 @@ bool looksLikePercent(const RateCell& cell) {
 /// A column of a family in all of its tables.
 using Column = std::pair<const standalone::RateFamily*, std::size_t>;
 
-/// What the other rates of the column are like: the middle one of those that can be fractions.
-using UsualRates = std::map<Column, std::vector<double>>;
+/// What the rates of a column are like that can be fractions: the middle one of those on the days of a line. Others
+/// were right when another duty was.
+class UsualRates {
+public:
+    explicit UsualRates(const FolderFacts& facts) {
+        forEachLine(facts, [&](const FolderLine& line) {
+            for (const RateCell& cell : rateCells(facts, *line.kept)) {
+                if (cell.kind == RateKind::kFraction && !looksLikePercent(cell)) {
+                    rates[{line.kept->family, cell.field}].push_back({std::abs(cell.value), line.kept->line.days});
+                }
+            }
+        });
+    }
 
-UsualRates usualRates(const FolderFacts& facts) {
-    UsualRates rates;
-    forEachLine(facts, [&](const FolderLine& line) {
-        for (const RateCell& cell : rateCells(facts, *line.kept)) {
-            if (cell.kind == RateKind::kFraction && !looksLikePercent(cell)) {
-                rates[{line.kept->family, cell.field}].push_back(std::abs(cell.value));
+    /// Nothing where there is no other rate.
+    std::optional<double> of(const Column& column, const cost::DateRange& days) {
+        const auto [entry, isNew] = known.try_emplace({column, days.from, days.until});
+        if (isNew) {
+            entry->second = middle(column, days);
+        }
+        return entry->second;
+    }
+
+private:
+    struct DatedRate {
+        double value;
+        cost::DateRange days;
+    };
+
+    [[nodiscard]] std::optional<double> middle(const Column& column, const cost::DateRange& days) const {
+        std::vector<double> values;
+        const auto found = rates.find(column);
+        for (const DatedRate& rate : found == rates.end() ? std::vector<DatedRate>() : found->second) {
+            if (rate.days.overlaps(days)) {
+                values.push_back(rate.value);
             }
         }
-    });
-    for (auto& [column, values] : rates) {
         std::sort(values.begin(), values.end());
+        return values.empty() ? std::nullopt : std::optional<double>(values[values.size() / 2]);
     }
-    return rates;
-}
 
-std::optional<double> usualRate(const UsualRates& rates, const Column& column) {
-    const auto found = rates.find(column);
-    return found == rates.end() ? std::nullopt : std::optional<double>(found->second[found->second.size() / 2]);
-}
+    std::map<Column, std::vector<DatedRate>> rates;
+    // Lines have few different days.
+    std::map<std::tuple<Column, std::optional<cost::Date>, std::optional<cost::Date>>, std::optional<double>> known;
+};
 
 /// How the number is most likely written: so that it comes nearest to what is usual.
 const Notation& likelyNotation(double value, double usual) {
@@ -65,14 +92,30 @@ const Notation& likelyNotation(double value, double usual) {
     });
 }
 
-std::string percentMend(double value, const std::optional<double>& usual) {
+/// A rate that looks like percent, and what it is a rate of.
+struct PercentRate {
+    const standalone::RateFamily& family;
+    const std::string& column;
+    double value;
+    const cost::DateRange& days;
+
+    /// The number as it would be in that notation. Nobody shall write a duty that was cut in its place.
+    [[nodiscard]] std::string in(const Notation& notation, cost::Date asked) const {
+        const double rate = value / notation.divisor;
+        const DutyCut* cut = dutyCutOf(family, column, rate);
+        return plainNumber(rate) +
+               (cut != nullptr && cut->isOutlivedBy(days, asked) ? fmt::format(" ({})", cut->text()) : "");
+    }
+};
+
+std::string percentMend(const PercentRate& rate, const std::optional<double>& usual, cost::Date asked) {
     if (!usual) {
         return fmt::format("write a plain fraction: {} where it is in percent, {} where it is per mille",
-                           plainNumber(value / kNotations[0].divisor), plainNumber(value / kNotations[1].divisor));
+                           rate.in(kNotations[0], asked), rate.in(kNotations[1], asked));
     }
-    const Notation& notation = likelyNotation(value, *usual);
-    return fmt::format("write a plain fraction: {} if {} is {}; the column usually has {}",
-                       plainNumber(value / notation.divisor), plainNumber(value), notation.name, plainNumber(*usual));
+    const Notation& notation = likelyNotation(rate.value, *usual);
+    return fmt::format("write a plain fraction: {} if {} is {}; the column usually has {}", rate.in(notation, asked),
+                       plainNumber(rate.value), notation.name, plainNumber(*usual));
 }
 
 // --- rates far from all others
@@ -149,7 +192,7 @@ void findFarIn(const Sized& rates, double factor, LineFaults& faults) {
 }  // namespace
 
 void findPercents(const FolderFacts& facts, Findings& findings) {
-    const UsualRates usual = usualRates(facts);
+    UsualRates usual(facts);
     LineFaults faults;
     forEachLine(facts, [&](const FolderLine& line) {
         for (const RateCell& cell : rateCells(facts, *line.kept)) {
@@ -157,18 +200,36 @@ void findPercents(const FolderFacts& facts, Findings& findings) {
                 faults.add(line,
                            fmt::format("{} {} is {} of the turnover", cell.column, plainNumber(cell.value),
                                        percent(cell.value)),
-                           percentMend(cell.value, usualRate(usual, {line.kept->family, cell.field})));
+                           percentMend({*line.kept->family, cell.column, cell.value, line.kept->line.days},
+                                       usual.of({line.kept->family, cell.field}, line.kept->line.days), facts.day));
             }
         }
     });
     for (const cost::Term& term : facts.folder.schedule().terms()) {
-        const double rate = term.rate ? standalone::numberIn<double>(term.rate->text()).value_or(0) : 0;
-        if (term.basis == cost::Basis::kTurnover && rate >= kLooksLikePercent) {
-            faults.add(Place::of(term.where), {},
+        const double rate = ownRate(term);
+        if (rate >= kLooksLikePercent) {
+            faults.add(Place::of(term.where), accountsOf(term),
                        fmt::format("{} {} is {} of the turnover", term.charge, plainNumber(rate), percent(rate)),
-                       percentMend(rate, std::nullopt));
+                       percentMend({standalone::rateFamilyOf(term.family), term.charge, rate, term.dates}, std::nullopt,
+                                   facts.day));
         }
     }
+    faults.addTo(findings);
+}
+
+void findNegativeRates(const FolderFacts& facts, Findings& findings) {
+    LineFaults faults;
+    forEachLine(facts, [&](const FolderLine& line) {
+        for (const RateCell& cell : rateCells(facts, *line.kept)) {
+            const bool isMargin = line.kept->family->records == standalone::RateRecords::kMargin;
+            if (cell.value < 0 && !isMargin) {  // a margin of less than 0 is one of 0 or less
+                faults.add(
+                    line,
+                    fmt::format("{} {} pays the account instead of charging it", cell.column, plainNumber(cell.value)),
+                    fmt::format("write {} if the sign is a slip", plainNumber(-cell.value)));
+            }
+        }
+    });
     faults.addTo(findings);
 }
 

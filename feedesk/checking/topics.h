@@ -10,6 +10,10 @@ namespace feedesk::checking {
 // rate_sizes.cpp
 void findPercents(const FolderFacts& facts, Findings& findings);
 void findFarRates(const FolderFacts& facts, Findings& findings);
+void findNegativeRates(const FolderFacts& facts, Findings& findings);
+
+// missing_duties.cpp
+std::unique_ptr<AcrossAccounts> missingDuties();
 
 // duties.cpp
 void findOldDuties(const FolderFacts& facts, Findings& findings);

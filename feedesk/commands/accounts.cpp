@@ -60,7 +60,7 @@ ExitStatus accounts(Program& program, const AccountsArguments& arguments) {
         std::for_each(wanted.begin(), wanted.end(), [&](const auto* account) { session.requireCovered(*account); });
     }
     const AccountFields fields = arguments.levels ? accountFieldsWithLevels() : accountFields();
-    program.answer(session, {sectionOf("", fields)}, [&](RowSink& sink) {
+    program.answer(session, {sectionOf("", fields, "Accounts")}, [&](RowSink& sink) {
         for (const standalone::Account* account : wanted) {
             sink.row(rowOf(fields, {account, arguments.levels ? countLevels(session, *account) : LevelCounts()}));
         }

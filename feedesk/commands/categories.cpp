@@ -102,11 +102,7 @@ CategoryFields memberFields() {
 
 constexpr std::array<CategoryKind, 3> kKinds = {CategoryKind::kSystem, CategoryKind::kCustom, CategoryKind::kGroup};
 
-std::string sectionTitle(CategoryKind kind) {
-    std::string title = categoryKindName(kind) + std::string(" categories");
-    title.front() = static_cast<char>(title.front() - 'a' + 'A');
-    return title;
-}
+std::string sectionTitle(CategoryKind kind) { return asTitle(categoryKindName(kind) + std::string(" categories")); }
 
 /// A section for each kind that is among the categories.
 class CategoryRows {

@@ -14,6 +14,7 @@
 #include "feedesk/text/text.h"
 #include "standalone/text/nearness.h"
 #include "standalone/text/numbers.h"
+#include "standalone/text/wording.h"
 
 namespace feedesk {
 namespace {
@@ -94,7 +95,7 @@ CheckFields checkFields() {
 
 ExitStatus listChecks(Program& program, const Chosen& chosen) {
     const CheckFields fields = checkFields();
-    program.answer({sectionOf("", fields)}, [&](RowSink& sink) {
+    program.answer({sectionOf("", fields, "Checks")}, [&](RowSink& sink) {
         for (const Check* check : chosen) {
             sink.row(rowOf(fields, check));
         }
@@ -141,12 +142,12 @@ std::string sentenceOf(const Finding& finding) {
 }
 
 Value placesOf(const FindingRow& row) {
-    Names names;
-    names.reserve(row.finding->places.size());
+    Sources sources;
+    sources.places.reserve(row.finding->places.size());
     for (const checking::Place& place : row.finding->places) {
-        names.push_back(place.text());
+        sources.places.push_back(place.text());
     }
-    return names;
+    return sources;
 }
 
 FindingFields findingFields() {
@@ -239,7 +240,7 @@ ExitStatus check(Program& program, const CheckArguments& arguments) {
     const checking::CheckResult result = checking::runChecks(
         session, chosen, wantedAccounts(session, arguments.accounts), daysBefore(session.day(), arguments.maxAge));
     const FindingFields fields = findingFields();
-    program.answer(session, {sectionOf("", fields)}, [&](RowSink& sink) {
+    program.answer(session, {sectionOf("", fields, "Findings")}, [&](RowSink& sink) {
         giveFindings(result.reports, fields, sink);
         return Remarks{"",
                        result.notes,
@@ -252,20 +253,28 @@ ExitStatus check(Program& program, const CheckArguments& arguments) {
 
 // --- options
 
-CLI::Option* addNames(CLI::App& command, const char* option, std::vector<std::string>& names, const char* description) {
-    return command.add_option(option, names, description)
-        ->check(CLI::Validator(checkProblem, ""))
-        ->type_name("NAME...")
-        ->option_text("NAME...");
+void addNames(CLI::App& command, Program& program, const char* option, std::vector<std::string>& names,
+              const char* description) {
+    program.choices[command.add_option(option, names, description)
+                        ->check(CLI::Validator(checkProblem, ""))
+                        ->type_name("NAME...")
+                        ->option_text("NAME...")] = {checkNames()};
+}
+
+std::vector<std::string> thresholds() {
+    std::vector<std::string> words;
+    for (const Severity severity : checking::kSeverities) {
+        words.emplace_back(wordFor(severity));
+    }
+    words.emplace_back(kNever);
+    return words;
 }
 
 std::string thresholdProblem(const std::string& text) {
-    for (const Severity severity : checking::kSeverities) {
-        if (text == wordFor(severity)) {
-            return "";
-        }
-    }
-    return text == kNever ? "" : fmt::format("{} is not error, warning, note or never", echoed(text));
+    const std::vector<std::string> known = thresholds();
+    return std::find(known.begin(), known.end(), text) != known.end()
+               ? ""
+               : fmt::format("{} is not {}", echoed(text), standalone::oneOf(known));
 }
 
 std::string maxAgeProblem(const std::string& text) {
@@ -279,18 +288,20 @@ std::string maxAgeProblem(const std::string& text) {
 void addCheck(CLI::App& app, Program& program) {
     CLI::App* command = app.add_subcommand("check", "Faults of a market folder that load but cost money");
     CheckArguments& arguments = argumentsOf(*command, program, check);
-    addNames(*command, "--only", arguments.only, "Only these checks");
-    addNames(*command, "--off", arguments.off, "Without these checks");
+    addNames(*command, program, "--only", arguments.only, "Only these checks");
+    addNames(*command, program, "--off", arguments.off, "Without these checks");
     command->add_option("--account", arguments.accounts, "Only what this account is charged; may be\ngiven again")
         ->type_name("ACCOUNT")
         ->option_text("ACCOUNT")
         ->allow_extra_args(false);
-    command
-        ->add_option("--fail-on", arguments.failOn,
-                     "Exit status 1 from this severity on: error,\nwarning, note or never (else error)")
-        ->check(CLI::Validator(thresholdProblem, ""))
-        ->type_name("SEVERITY")
-        ->option_text("SEVERITY");
+    CLI::Option* failOn = command
+                              ->add_option("--fail-on", arguments.failOn,
+                                           "Exit status 1 from this severity on: error,\nwarning, note or never "
+                                           "(else error)")
+                              ->check(CLI::Validator(thresholdProblem, ""))
+                              ->type_name("SEVERITY")
+                              ->option_text("SEVERITY");
+    program.choices[failOn] = {thresholds()};
     command
         ->add_option("--max-age", arguments.maxAge, "Days after which a schedule is to be looked\nup again (else 365)")
         ->check(CLI::Validator(maxAgeProblem, ""))

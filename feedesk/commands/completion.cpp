@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -34,6 +35,8 @@ _feedesk() {
   [[ ${COMPREPLY[0]} != *: ]] || compopt -o nospace
   if [[ $word == *:* && $COMP_WORDBREAKS == *:* ]]; then
     COMPREPLY=("${COMPREPLY[@]#"${word%"${word##*:}"}"}")
+  elif [[ $word == *=* && $COMP_WORDBREAKS == *=* ]]; then
+    COMPREPLY=("${COMPREPLY[@]#"${word%%=*}="}")
   fi
 }
 complete -o default -F _feedesk feedesk
@@ -49,16 +52,21 @@ compdef _feedesk feedesk
 )"},
 };
 
+std::vector<std::string> shellNames() {
+    std::vector<std::string> names;
+    std::transform(std::begin(kScripts), std::end(kScripts), std::back_inserter(names),
+                   [](const ShellScript& each) { return each.shell; });
+    return names;
+}
+
 std::string scriptFor(const std::string& shell) {
-    std::vector<std::string> known;
     for (const ShellScript& each : kScripts) {
         if (shell == each.shell) {
             return each.text;
         }
-        known.emplace_back(each.shell);
     }
     throw Failure(kBadInput, fmt::format("there is no completion for the shell {}, but for {}",
-                                         standalone::inQuotes(shell), standalone::oneOf(known)));
+                                         standalone::inQuotes(shell), standalone::oneOf(shellNames())));
 }
 
 }  // namespace
@@ -66,9 +74,10 @@ std::string scriptFor(const std::string& shell) {
 void addCompletion(CLI::App& app, Program& program) {
     CLI::App* command = app.add_subcommand("completion", "What makes a shell complete feedesk's words");
     const auto shell = std::make_shared<std::string>();
-    command->add_option("SHELL", *shell, "bash: source <(feedesk completion bash)\nzsh: the same with zsh")
-        ->required()
-        ->type_name("");
+    program
+        .choices[command->add_option("SHELL", *shell, "bash: source <(feedesk completion bash)\nzsh: the same with zsh")
+                     ->required()
+                     ->type_name("")] = {shellNames()};
     command->callback([&program, shell] {
         program.command = [shell] {
             writeText(scriptFor(*shell));
@@ -86,7 +95,7 @@ void addComplete(CLI::App& app, Program& program) {
         program.command = [&app, &program, words] {
             std::string text;
             const auto marketOf = [&](const auto& before) { return namedMarket(before, program.session.folder); };
-            for (const std::string& each : completions(app, *words, marketOf)) {
+            for (const std::string& each : completions(app, program.choices, *words, marketOf)) {
                 // The shell's function cuts the line at blanks, whatever quotes there are.
                 text += each.find_first_of(" \t\n") == std::string::npos ? each + "\n" : "";
             }

@@ -10,6 +10,7 @@
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/text/text.h"
+#include "feedesk/trades/trade_words.h"
 
 namespace feedesk {
 namespace {
@@ -83,8 +84,9 @@ void addCost(CLI::App& app, Program& program) {
                      "SIDE QUANTITY@PRICE, such as buy 300@1488.50\nor open-long 2@3450; each is an order of its\n"
                      "own")
         ->type_name("");
-    command->add_option("--hedge", arguments.hedge, "Futures: speculation (else), arbitrage or\nhedging")
-        ->type_name("FLAG");
+    CLI::Option* hedge =
+        command->add_option("--hedge", arguments.hedge, "Futures: speculation (else), arbitrage or\nhedging");
+    program.choices[hedge->type_name("FLAG")] = {hedgeNames()};
     addNumber(*command, "--cash", arguments.cash,
               "With buy @1488.50: the largest quantity that\nthis money pays for, and its costs");
     command->add_flag("--break-even", arguments.breakEven,
@@ -94,15 +96,18 @@ void addCost(CLI::App& app, Program& program) {
         ->check(CLI::Validator(exchangeRateProblem, ""));
     command->add_option("--trades", arguments.file, "The trades of this file, or - for standard\ninput")
         ->type_name("FILE");
-    command
-        ->add_option("--totals", arguments.totals,
-                     "Of a file: sums by account, day, instrument\nor order, or by several: account,day")
-        ->check(CLI::Validator(
-            [](const std::string& text) {
-                return totalsKeyFrom(text).any() ? "" : fmt::format("{} is none of {}", echoed(text), totalsWords());
-            },
-            ""))
-        ->type_name("BY");
+    CLI::Option* totals =
+        command
+            ->add_option("--totals", arguments.totals,
+                         "Of a file: sums by account, day, instrument\nor order, or by several: account,day")
+            ->check(CLI::Validator(
+                [](const std::string& text) {
+                    return totalsKeyFrom(text).any() ? ""
+                                                     : fmt::format("{} is none of {}", echoed(text), totalsWords());
+                },
+                ""))
+            ->type_name("BY");
+    program.choices[totals] = {totalsNames(), true};
     command->add_flag("--keep-going", arguments.keepGoing, "Of a file: pass over wrong lines, then status 1");
     command->add_flag("--unsorted", arguments.unsorted, "Of a file: sort the trades by day first");
     addFeeOptions(*command, program);

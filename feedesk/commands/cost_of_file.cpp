@@ -12,6 +12,7 @@
 #include "feedesk/commands/cost_marks.h"
 #include "feedesk/commands/cost_rows.h"
 #include "feedesk/commands/cost_totals.h"
+#include "feedesk/overwriting.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
@@ -180,7 +181,7 @@ public:
         : arguments(asked), totals(totalsKeyFrom(asked.totals)), items(itemFields()), sums(totals.fields()) {}
 
     [[nodiscard]] Section section() const {
-        return arguments.totals.empty() ? sectionOf("", items) : sectionOf("", sums);
+        return arguments.totals.empty() ? sectionOf("", items, "Charges") : sectionOf("", sums, "Totals");
     }
 
     void giveDay(std::vector<NumberedTrade> trades, std::vector<cost::Bill> bills, RowSink& sink) {
@@ -224,6 +225,7 @@ Format streamed(Format format, const CostArguments& arguments) {
 
 ExitStatus costOfFile(Program& program, const CostArguments& arguments) {
     program.format = streamed(program.format, arguments);
+    refuseToOverwrite(program.file, arguments.file, "the file of the trades");
     Session& session = program.open();
     if (!arguments.account.empty()) {
         static_cast<void>(session.account(arguments.account));  // which must be there

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "feedesk/text/text.h"
 #include "feedesk/trades/trade_words.h"
 
 namespace feedesk {
@@ -60,11 +61,7 @@ std::string titleOf(const cost::Term& term, const standalone::Market& market) {
             }
         }
     }
-    std::string title = term.charge;
-    std::replace(title.begin(), title.end(), '_', ' ');
-    title.front() =
-        title.front() >= 'a' && title.front() <= 'z' ? static_cast<char>(title.front() - 'a' + 'A') : title.front();
-    return title;
+    return asTitle(term.charge);
 }
 
 std::string basisText(const cost::BillItem& item) {
@@ -74,6 +71,10 @@ std::string basisText(const cost::BillItem& item) {
 /// Why a trade has no item.
 std::string whyNothing(const ChargedTrade& charged) {
     return charged.chargedWith.empty() ? "none: its rates are 0" : "none: charged with trade " + charged.chargedWith;
+}
+
+Rate chargedRate(const cost::BillItem& item) {
+    return {item.value.text(), item.term->basis == cost::Basis::kTurnover ? Unit::kFraction : Unit::kNumber};
 }
 
 /// A fraction of turnover as percent, everything else as it is.
@@ -123,7 +124,7 @@ ItemFields itemFields() {
         {forPrograms("basis_of"), ofItem([](const cost::BillItem& item) { return word(item.term->basis); })},
         {forPrograms("fills"), ofItem([](const cost::BillItem& item) { return item.trades; })},
         {{"basis", "Basis", Unit::kNumber}, ofItem([](const cost::BillItem& item) { return Money{basisText(item)}; })},
-        {forPrograms("rate"), ofItem([](const cost::BillItem& item) { return Money{item.value.text()}; })},
+        {forPrograms("rate"), ofItem(chargedRate)},
         {{"amount", "Amount", Unit::kNumber}, amountOf},
         {forPrograms("inside"), ofItem(insideOf)},
         {forPrograms("currency"), [](const ItemRow& row) { return row.charged.bill.currency; }},

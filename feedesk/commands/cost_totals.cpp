@@ -41,6 +41,8 @@ TotalsKey totalsKeyFrom(const std::string& text) {
     return key;
 }
 
+std::vector<std::string> totalsNames() { return {kWordsOfTotals.begin(), kWordsOfTotals.end()}; }
+
 std::string totalsWords() { return fmt::format("{}", fmt::join(kWordsOfTotals, ", ")); }
 
 FieldsOf<Total> Totals::fields() const {

@@ -19,7 +19,9 @@ using TotalsKey = std::bitset<4>;
 
 /// Reads "day" or "account,day"; an empty key for any other text.
 TotalsKey totalsKeyFrom(const std::string& text);
-/// "account, day, instrument, order"
+/// "account", "day", "instrument", "order"
+std::vector<std::string> totalsNames();
+/// The same as one text.
 std::string totalsWords();
 
 /// Some trades added up. What they are not added up by is empty.

@@ -6,8 +6,10 @@
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/differences.h"
 #include "feedesk/commands/options.h"
+#include "feedesk/comparing/change_list.h"
 #include "feedesk/comparing/compared_days.h"
 #include "feedesk/comparing/instrument_groups.h"
+#include "feedesk/overwriting.h"
 #include "feedesk/program.h"
 #include "feedesk/session/folder_loading.h"
 #include "feedesk/session/running_engine.h"
@@ -100,6 +102,10 @@ ExitStatus statusOf(const Expectation& expectation) {
 
 ExitStatus diff(Program& program, const DiffArguments& arguments) {
     refuseContradictions(program, arguments);
+    for (const std::string& folder : {arguments.before, arguments.after}) {
+        refuseToWriteInto(folder, program.file);
+    }
+    refuseToOverwrite(program.file, arguments.trades, "the file of the trades");
     standalone::ContentNumbers numbers;
     ComparedFolder before(loadedFolder(arguments.before, kHowToName), numbers);
     ComparedFolder after(loadedFolder(arguments.after, kHowToName), numbers);
@@ -107,19 +113,22 @@ ExitStatus diff(Program& program, const DiffArguments& arguments) {
     const cost::DateRange days = comparedDays(day ? cost::DateRange{day, day} : arguments.days, before, after);
     Expectation expectation = expectationOf(arguments, before, after);
     Comparison comparison(before, after);
-    const std::vector<Change> changes = changesOf(program, before, comparison, days);
+    const bool forPeople = program.format == Format::kTable;
+    const std::vector<Change> exact = changesOf(program, before, comparison, days);
+    const std::vector<Change> changes = forPeople ? joinedWhereTheyOverlap(exact) : exact;
 
     Differences differences;
-    differences.forPeople = program.format == Format::kTable;
+    differences.forPeople = forPeople;
     differences.withCosts = !arguments.trades.empty();
     for (const Change& change : changes) {
         differences.changes.push_back(changeRow(change, before, comparison, days));
     }
-    const cost::Schedule& termsBefore = before.folder().schedule();
-    const cost::Schedule& termsAfter = after.folder().schedule();
+    const TermDifferences terms = compareTerms(before.folder().schedule(), after.folder().schedule(), days);
+    for (const TermChange& change : terms.changed) {
+        differences.terms.push_back(termRow(change, days));
+    }
     differences.apart = apartRows(comparison.namesApart());
-    for (ApartRow& row :
-         apartRows(termsOnlyIn(termsBefore, termsAfter, days), termsOnlyIn(termsAfter, termsBefore, days))) {
+    for (ApartRow& row : apartRows(terms)) {
         differences.apart.push_back(std::move(row));
     }
     differences.judge(expectation);

@@ -15,11 +15,9 @@
 namespace feedesk {
 namespace {
 
-using ChangeFields = FieldsOf<ChangeRow>;
+constexpr const char* kTermNoun = "charging term";
 
 const RateDifference& difference(const ChangeRow& row) { return row.change.difference; }
-
-Value dayOrNothing(const std::optional<cost::Date>& day) { return day ? Value(day->text()) : Value(Nothing()); }
 
 /// "speculation Long"
 std::string rateTitle(const ChangeRow& row) {
@@ -27,11 +25,8 @@ std::string rateTitle(const ChangeRow& row) {
     return differs.label + (differs.label.empty() ? "" : " ") + (differs.column.empty() ? "level" : differs.title);
 }
 
-Value number(const std::optional<double>& value) { return value ? Value(*value) : Value(Nothing()); }
-
-Value shownNumber(const std::optional<double>& value, Unit unit) {
-    const Field field{"", "", unit};
-    return value ? Label{"", shownText(field, *value)} : Label{"", {"-"}};
+Value answeredValue(const AnsweredRate& answered, Unit unit) {
+    return answered.value ? asRate(*answered.value, unit) : Value(Nothing());
 }
 
 /// "fees/stock.csv:2 and 3 more"
@@ -62,6 +57,14 @@ std::vector<ListedName> listOf(int accountType, const ComparedFolder& folder, co
     return list;
 }
 
+/// "SH:*": the instruments of a term; empty: all.
+std::string whereOf(const cost::Term& term) {
+    const std::string market(cost::pattern(term.market));
+    const std::string code(cost::pattern(term.code));
+    return market.empty() && code.empty() ? ""
+                                          : instrumentText(market.empty() ? "*" : market, code.empty() ? "*" : code);
+}
+
 }  // namespace
 
 FieldsOf<ChangeRow> changeFields() {
@@ -77,18 +80,16 @@ FieldsOf<ChangeRow> changeFields() {
         {forPrograms("item"), [](const ChangeRow& row) { return difference(row).item; }},
         {forPrograms("rate"), [](const ChangeRow& row) { return textOrNothing(difference(row).column); }},
         {forPeople("Rate"), rateTitle},
-        {forPrograms("old"), [](const ChangeRow& row) { return number(difference(row).before.value); }},
-        {forPeople("Old").with(&Field::unit, Unit::kNumber),
-         [](const ChangeRow& row) { return shownNumber(difference(row).before.value, difference(row).unit); }},
-        {forPrograms("new"), [](const ChangeRow& row) { return number(difference(row).after.value); }},
-        {forPeople("New").with(&Field::unit, Unit::kNumber),
-         [](const ChangeRow& row) { return shownNumber(difference(row).after.value, difference(row).unit); }},
+        {{"old", "Old", Unit::kNumber},
+         [](const ChangeRow& row) { return answeredValue(difference(row).before, difference(row).unit); }},
+        {{"new", "New", Unit::kNumber},
+         [](const ChangeRow& row) { return answeredValue(difference(row).after, difference(row).unit); }},
         {{"old_level", "Old level"}, [](const ChangeRow& row) { return levelName(difference(row).before.level); }},
-        {forPrograms("old_sources"), [](const ChangeRow& row) { return Names(row.change.sourcesBefore); }},
+        {forPrograms("old_sources"), [](const ChangeRow& row) { return Sources{row.change.sourcesBefore}; }},
         {forPeople("Old source").when(WhenZero::kLeftOut),
          [](const ChangeRow& row) { return shownSource(row.change.sourcesBefore); }},
         {{"new_level", "New level"}, [](const ChangeRow& row) { return levelName(difference(row).after.level); }},
-        {forPrograms("new_sources"), [](const ChangeRow& row) { return Names(row.change.sourcesAfter); }},
+        {forPrograms("new_sources"), [](const ChangeRow& row) { return Sources{row.change.sourcesAfter}; }},
         {forPeople("New source").when(WhenZero::kLeftOut),
          [](const ChangeRow& row) { return shownSource(row.change.sourcesAfter); }},
         {forPrograms("expected"), [](const ChangeRow& row) { return expected(row.judgement); }},
@@ -109,8 +110,10 @@ ChangeRow changeRow(const Change& change, const ComparedFolder& before, const Co
     }
     const int accountType = before.accounts()[change.accounts.front()].record->accountType;
     const bool onAllDays = change.days.from == compared.from && change.days.until == compared.until;
-    row.heading = fmt::format("{}: {}{}", firstFew(row.accounts), instrumentGroup(listOf(accountType, before, places)),
-                              onAllDays ? "" : ", " + change.days.text());
+    std::sort(places.begin(), places.end());
+    row.heading =
+        fmt::format("{}: {}{}{}", firstFew(row.accounts), instrumentGroup(listOf(accountType, before, places)),
+                    change.isInPart ? ", each account some of them" : "", onAllDays ? "" : ", " + change.days.text());
     return row;
 }
 
@@ -124,7 +127,10 @@ FieldsOf<ApartRow> apartFields() {
          [](const ApartRow& row) {
              return Label{"", words(firstFew(row.names))};
          }},
-        {forPrograms("names"), [](const ApartRow& row) { return Names(row.names); }},
+        {forPrograms("names"),
+         [](const ApartRow& row) {
+             return row.noun == kTermNoun ? Value(Sources{row.names}) : Value(Names(row.names));
+         }},
         {forPrograms("expected"), [](const ApartRow& row) { return expected(row.judgement); }}};
 }
 
@@ -148,13 +154,13 @@ std::vector<ApartRow> apartRows(const NamesApart& apart) {
     return rows;
 }
 
-std::vector<ApartRow> apartRows(const std::vector<TermApart>& before, const std::vector<TermApart>& after) {
+std::vector<ApartRow> apartRows(const TermDifferences& differences) {
     std::vector<ApartRow> rows;
     const auto add = [&](const char* change, const char* words, const std::vector<TermApart>& terms) {
         if (terms.empty()) {
             return;
         }
-        ApartRow row{change, "charging term", words, {}, {}, Judgement::kNone};
+        ApartRow row{change, kTermNoun, words, {}, {}, Judgement::kNone};
         for (const TermApart& term : terms) {
             row.names.push_back(term.place);
             row.accounts.push_back(term.account);
@@ -165,9 +171,68 @@ std::vector<ApartRow> apartRows(const std::vector<TermApart>& before, const std:
         row.accounts = isOfAccounts ? row.accounts : Names();
         rows.push_back(row);
     };
-    add("terms_removed", "of the old folder alone", before);
-    add("terms_added", "of the new folder alone", after);
+    add("terms_removed", "of the old folder alone", differences.before);
+    add("terms_added", "of the new folder alone", differences.after);
     return rows;
+}
+
+std::string TermRow::account() const {
+    const std::string_view account = cost::pattern(change.termBefore->account);
+    return account.find('*') == std::string_view::npos ? std::string(account) : "";
+}
+
+FieldsOf<TermRow> termFields() {
+    const auto before = [](const TermRow& row) -> const cost::Term& { return *row.change.termBefore; };
+    const auto whose = [before](const TermRow& row) {
+        const std::string account(cost::pattern(before(row).account));
+        return account.empty() ? Names() : Names{account};
+    };
+    return {
+        {forPrograms("change"), [](const TermRow& /*row*/) { return std::string("term"); }},
+        {forPeople("Changes").at(ShownAt::kHeading), [](const TermRow& row) { return row.heading; }},
+        {forPrograms("accounts"), whose},
+        {forPrograms("instruments"),
+         [before](const TermRow& row) {
+             const std::string where = whereOf(before(row));
+             return where.empty() ? Names() : Names{where};
+         }},
+        {forPrograms("from"), [](const TermRow& row) { return dayOrNothing(row.change.days.from); }},
+        {forPrograms("until"), [](const TermRow& row) { return dayOrNothing(row.change.days.until); }},
+        {forPrograms("part"), [before](const TermRow& row) { return std::string(cost::wordFor(before(row).family)); }},
+        {forPrograms("item"), [before](const TermRow& row) { return before(row).item; }},
+        {forPrograms("rate"), [before](const TermRow& row) { return before(row).charge; }},
+        {forPrograms("side"), [before](const TermRow& row) { return std::string(cost::wordFor(before(row).side)); }},
+        {{"column", "Column"}, [](const TermRow& row) { return row.change.column; }},
+        {{"old", "Old", Unit::kNumber}, [](const TermRow& row) { return row.change.before; }},
+        {{"new", "New", Unit::kNumber}, [](const TermRow& row) { return row.change.after; }},
+        {forPrograms("old_sources"), [before](const TermRow& row) { return Sources{{before(row).where}}; }},
+        {forPeople("Old source"), [before](const TermRow& row) { return Source{before(row).where}; }},
+        {forPrograms("new_sources"), [](const TermRow& row) { return Sources{{row.change.termAfter->where}}; }},
+        {forPeople("New source"), [](const TermRow& row) { return Source{row.change.termAfter->where}; }},
+        {forPrograms("expected"), [](const TermRow& row) { return expected(row.judgement); }},
+    };
+}
+
+TermRow termRow(const TermChange& change, const cost::DateRange& compared) {
+    const cost::Term& term = *change.termBefore;
+    std::vector<std::string> parts = {fmt::format("{} {}{}", cost::wordFor(term.family), term.charge,
+                                                  term.item.empty() ? "" : " of item " + term.item)};
+    if (term.side != cost::TermSide::kBoth) {
+        parts.emplace_back(cost::wordFor(term.side));
+    }
+    if (const std::string_view account = cost::pattern(term.account); !account.empty()) {
+        parts.push_back(fmt::format("account {}", account));
+    }
+    if (const std::string where = whereOf(term); !where.empty()) {
+        parts.push_back(where);
+    }
+    if (const std::string_view product = cost::pattern(term.product); !product.empty()) {
+        parts.push_back(fmt::format("product {}", product));
+    }
+    if (change.days.from != compared.from || change.days.until != compared.until) {
+        parts.push_back(change.days.text());
+    }
+    return {change, fmt::format("{}", fmt::join(parts, ", ")), Judgement::kNone};
 }
 
 FieldsOf<AccountCosts> costsFields() {

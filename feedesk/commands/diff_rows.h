@@ -40,7 +40,21 @@ struct ApartRow {
 FieldsOf<ApartRow> apartFields();
 /// Without those of which there are none.
 std::vector<ApartRow> apartRows(const NamesApart& apart);
-std::vector<ApartRow> apartRows(const std::vector<TermApart>& before, const std::vector<TermApart>& after);
+std::vector<ApartRow> apartRows(const TermDifferences& terms);
+
+/// A charging term that differs in a column.
+struct TermRow {
+    const TermChange& change;
+    std::string heading;  ///< which term and on which days, for people
+    Judgement judgement = Judgement::kNone;
+
+    /// Whose term it is; empty: several accounts'.
+    [[nodiscard]] std::string account() const;
+};
+
+FieldsOf<TermRow> termFields();
+/// `compared` as for changeRow().
+TermRow termRow(const TermChange& change, const cost::DateRange& compared);
 
 /// What the trades of an account cost.
 FieldsOf<AccountCosts> costsFields();

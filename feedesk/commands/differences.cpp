@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <map>
+#include <set>
 
 #include "feedesk/text/numbers.h"
 
@@ -28,6 +29,7 @@ void Differences::judge(Expectation& expectation) {
     for (ChangeRow& row : changes) {
         row.judgement = expectation.judge(row.accounts);
     }
+    judgeTerms(expectation);
     for (ApartRow& row : apart) {
         row.judgement = row.accounts.empty()
                             ? expectation.judgeOther(counted(row.names.size(), row.noun) + " " + row.words)
@@ -35,10 +37,33 @@ void Differences::judge(Expectation& expectation) {
     }
 }
 
+/// Those of no account in particular are told together.
+void Differences::judgeTerms(Expectation& expectation) {
+    std::set<const cost::Term*> shared;
+    for (TermRow& row : terms) {
+        const std::string account = row.account();
+        if (!account.empty()) {
+            row.judgement = expectation.judge({account});
+        } else {
+            shared.insert(row.change.termBefore);
+        }
+    }
+    if (shared.empty()) {
+        return;
+    }
+    const Judgement judgement = expectation.judgeOther(counted(shared.size(), "charging term") + " changed");
+    for (TermRow& row : terms) {
+        row.judgement = row.account().empty() ? judgement : row.judgement;
+    }
+}
+
 Sections Differences::sections() const {
     Sections all;
     if (shows(changes.size())) {
         all.push_back(sectionOf("Rates", changeFields()));
+    }
+    if (shows(terms.size())) {
+        all.push_back(sectionOf("Charging terms", termFields()));
     }
     if (shows(apart.size())) {
         all.push_back(sectionOf("In one folder only", apartFields()));
@@ -54,6 +79,7 @@ void Differences::giveTo(RowSink& sink) const {
     const auto never = [](const AccountCosts& /*costs*/) { return false; };
     std::size_t section = 0;
     giveSection(changes, changeFields(), isUnexpected, shows(changes.size()), section, sink);
+    giveSection(terms, termFields(), isUnexpected, shows(terms.size()), section, sink);
     giveSection(apart, apartFields(), isUnexpected, shows(apart.size()), section, sink);
     giveSection(costs, costsFields(), never, withCosts, section, sink);
 }

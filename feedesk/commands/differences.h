@@ -10,26 +10,28 @@
 
 namespace feedesk {
 
-/// All that two folders differ in, as rows of up to three sections: people are shown those with rows, and programs get
+/// All that two folders differ in, as rows of up to four sections: people are shown those with rows, and programs get
 /// the same fields whatever differs.
 class Differences {
 public:
     bool forPeople = true;
     bool withCosts = false;
     std::vector<ChangeRow> changes;
+    std::vector<TermRow> terms;
     std::vector<ApartRow> apart;
     std::vector<AccountCosts> costs;  ///< of all accounts with trades
 
     /// Says of each row whether it is expected.
     void judge(Expectation& expectation);
 
-    [[nodiscard]] bool areNone() const { return changes.empty() && apart.empty(); }
+    [[nodiscard]] bool areNone() const { return changes.empty() && terms.empty() && apart.empty(); }
     [[nodiscard]] Sections sections() const;
     void giveTo(RowSink& sink) const;
     /// What all trades cost, a sentence for each currency.
     [[nodiscard]] std::vector<std::string> sums() const;
 
 private:
+    void judgeTerms(Expectation& expectation);
     [[nodiscard]] bool shows(std::size_t rows) const { return rows > 0 || !forPeople; }
 };
 

@@ -68,6 +68,12 @@ InputFields inputFields(const std::string& items) {
              return Label{verdictName(row.input.verdict), words(verdictText(row.input))};
          }},
         {Field{"beaten_by", "By"}.when(WhenZero::kLeftOut), beatenBy},
+        {forPrograms("from"), [](const InputRow& row) { return dayOrNothing(row.input.days.from); }},
+        {forPrograms("until"), [](const InputRow& row) { return dayOrNothing(row.input.days.until); }},
+        {forPrograms("category"),
+         [](const InputRow& row) {
+             return row.input.category == 0 ? Value(Nothing()) : Value(std::to_string(row.input.category));
+         }},
         {beginOf("rates"), [](const InputRow& /*row*/) { return Nothing(); }},
     };
 }

@@ -143,7 +143,7 @@ ExitStatus instruments(Program& program, const InstrumentsArguments& arguments) 
         return kNoAnswer;
     }
     const InstrumentFields fields = instrumentFields();
-    program.answer(session, {sectionOf("", fields)}, [&](RowSink& sink) {
+    program.answer(session, {sectionOf("", fields, "Instruments")}, [&](RowSink& sink) {
         for (const ListedInstrument* each : wanted) {
             sink.row(rowOf(fields, {*each, session.market()}));
         }

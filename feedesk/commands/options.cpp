@@ -14,6 +14,13 @@ std::string dayProblem(const std::string& text) {
     return cost::Date::parse(text) ? "" : fmt::format("{} is not a day such as 2023-08-28", echoed(text));
 }
 
+/// Why a spreadsheet cannot be written there; empty when it may.
+std::string spreadsheetProblem(const std::string& text) {
+    return text == "-"    ? "a spreadsheet is no text and does not go to standard output; name a file"
+           : text.empty() ? "a spreadsheet needs the name of a file"
+                          : "";
+}
+
 }  // namespace
 
 void addDayOption(CLI::App& command, const std::string& name, std::optional<cost::Date>& day,
@@ -43,6 +50,7 @@ void addFormatOptions(CLI::App& command, Program& program) {
                                 program.file = file;
                             },
                             "Write the answer to FILE, a spreadsheet")
+                        ->check(CLI::Validator(spreadsheetProblem, ""))
                         ->type_name("FILE")
                         ->option_text("FILE"));
     for (auto form = forms.begin(); form != forms.end(); ++form) {

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <system_error>
 #include <utility>
@@ -13,6 +12,7 @@
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/commands/reconcile_rows.h"
+#include "feedesk/overwriting.h"
 #include "feedesk/statements/encoding.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/text/numbers.h"
@@ -150,10 +150,10 @@ struct Wanted {
 
 /// A table has no section that would be empty, and says below what it proposes.
 Sections sectionsOf(const Wanted& wanted, Format format) {
-    const Section orders = sectionOf("", orderFields());
+    const Section orders = sectionOf("", orderFields(), "Trades");
     const Section figures = sectionOf("What differs", figureFields());
     if (format != Format::kTable) {
-        return {orders, figures, sectionOf("", proposalFields())};
+        return {orders, figures, sectionOf("", proposalFields(), "Proposed lines")};
     }
     if (wanted.found.count(Outcome::kDiffers) > 0) {
         return {orders, figures};
@@ -189,31 +189,12 @@ void giveRows(const Wanted& wanted, const Sections& sections, RowSink& sink) {
     }
 }
 
-bool isSameFile(const std::string& one, const std::string& other) {
-    std::error_code ignored;
-    return !one.empty() && !other.empty() &&
-           std::filesystem::weakly_canonical(one, ignored) == std::filesystem::weakly_canonical(other, ignored);
-}
-
-bool isInFolder(const std::string& folder, const std::string& file) {
-    std::error_code ignored;
-    const std::filesystem::path path = std::filesystem::weakly_canonical(file, ignored);
-    const std::filesystem::path root = std::filesystem::weakly_canonical(folder, ignored);
-    return !file.empty() && std::mismatch(root.begin(), root.end(), path.begin(), path.end()).first == root.end();
-}
-
 /// What is read is not written over.
 void refuseOverwriting(const ReconcileArguments& arguments, const Program& program) {
     for (const std::string& target : {arguments.patch, program.file}) {
-        if (isSameFile(target, arguments.statement)) {
-            throw Failure(kBadInput, fmt::format("{} is the statement and would be written over; name another file",
-                                                 echoed(target)));
-        }
-        if (isInFolder(program.session.folder, target)) {
-            throw Failure(
-                kBadInput,
-                fmt::format("{} is in the market folder, which is not written to; name another file", echoed(target)));
-        }
+        refuseToOverwrite(target, arguments.statement, "the statement");
+        refuseToOverwrite(target, arguments.layout, "the layout");
+        refuseToWriteInto(program.session.folder, target);
     }
     if (isSameFile(arguments.patch, program.file)) {
         throw Failure(kBadInput, "--patch and --xlsx name the same file; name two");
@@ -271,9 +252,9 @@ void addReconcile(CLI::App& app, Program& program) {
         ->add_option("--layout", arguments.layout,
                      "How the statement is laid out: a name of the\nfolder's layouts/, or a file (else by header)")
         ->type_name("LAYOUT");
-    command->add_option("--encoding", arguments.encoding, "utf-8 or gb18030 (else what the bytes are)")
-        ->check(CLI::Validator(encodingProblem, ""))
-        ->type_name("E");
+    program.choices[command->add_option("--encoding", arguments.encoding, "utf-8 or gb18030 (else what the bytes are)")
+                        ->check(CLI::Validator(encodingProblem, ""))
+                        ->type_name("E")] = {{"utf-8", "gb18030"}};
     command->add_flag("--differing", arguments.differing, "Only the trades that do not agree");
     command->add_option("--patch", arguments.patch, "Write the proposed change of the folder here")->type_name("FILE");
     addFormatOptions(*command, program);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <utility>
 
 #include "feedesk/text/numbers.h"
@@ -15,6 +16,7 @@ namespace {
 using Outcome = ReconciledOrder::Outcome;
 
 constexpr std::size_t kMostSentences = 100;
+constexpr std::size_t kMostLinesOfSentence = 12;
 
 const StatementLine& firstLine(const OrderRow& row) { return row.statement.lines[row.reconciled.order.lines.front()]; }
 
@@ -86,6 +88,10 @@ auto ofSolved(const Find& find) {
     return [find](const OrderRow& row) {
         return row.reconciled.solved ? Value(find(*row.reconciled.solved)) : Value(Nothing());
     };
+}
+
+Rate solvedNumber(const cost::Decimal& rate, const SolvedRate& solved) {
+    return {rate.text(), solved.isFraction ? Unit::kFraction : Unit::kNumber};
 }
 
 Value causeOf(const OrderRow& row) {
@@ -170,6 +176,68 @@ std::string sentenceOf(const OrderRow& row) {
     return explanationOf(row) + (alternatives.empty() ? "" : "; also fits: " + alternatives);
 }
 
+/// Trades of one explanation, which are told in one sentence.
+struct SentenceGroup {
+    std::string sentence;
+    std::string kind;  ///< of the cause, for those that are counted and not told
+    std::size_t trades = 0;
+    std::vector<std::string> lines;
+
+    [[nodiscard]] std::string text() const {
+        const std::size_t shown = std::min(lines.size(), kMostLinesOfSentence);
+        const std::vector<std::string> first(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(shown));
+        return fmt::format("{} {}{}: {}", lines.size() == 1 ? "Line" : "Lines", fmt::join(first, ", "),
+                           shown < lines.size() ? fmt::format(" and {} more", lines.size() - shown) : "", sentence);
+    }
+};
+
+class SentenceGroups {
+public:
+    void add(const ReconciledOrder& order, const Statement& statement) {
+        const std::string sentence = sentenceOf({order, statement});
+        const auto place = places.emplace(sentence, groups.size());
+        if (place.second) {
+            const bool hasAnswer = order.outcome == Outcome::kDiffers;
+            groups.push_back({sentence, hasAnswer ? std::string(cost::wordFor(order.cause)) : "no answer", 0, {}});
+        }
+        SentenceGroup& group = groups[place.first->second];
+        ++group.trades;
+        const std::vector<std::string> numbers = lineNumbers(order, statement);
+        std::copy(numbers.begin(), numbers.end(), std::back_inserter(group.lines));
+    }
+
+    /// The first of them, and how many trades the others are, by the kinds of their causes.
+    [[nodiscard]] std::vector<std::string> sentences() const {
+        std::vector<std::string> told;
+        for (std::size_t i = 0; i < std::min(groups.size(), kMostSentences); ++i) {
+            told.push_back(groups[i].text());
+        }
+        if (groups.size() > kMostSentences) {
+            told.push_back(restText());
+        }
+        return told;
+    }
+
+private:
+    [[nodiscard]] std::string restText() const {
+        std::map<std::string, std::size_t> kinds;
+        std::size_t trades = 0;
+        for (std::size_t i = kMostSentences; i < groups.size(); ++i) {
+            kinds[groups[i].kind] += groups[i].trades;
+            trades += groups[i].trades;
+        }
+        std::vector<std::string> counts;
+        for (const auto& [kind, count] : kinds) {
+            counts.push_back(fmt::format("{} {}", grouped(count), kind));
+        }
+        return fmt::format("{} more by cause: {}; --json and --csv tell them all", counted(trades, "trade"),
+                           fmt::join(counts, ", "));
+    }
+
+    std::vector<SentenceGroup> groups;
+    std::map<std::string, std::size_t> places;  // by sentence
+};
+
 }  // namespace
 
 FieldsOf<OrderRow> orderFields() {
@@ -201,13 +269,15 @@ FieldsOf<OrderRow> orderFields() {
         {forPrograms("also_fits"), [](const OrderRow& row) { return causesIn(alternativesOf(row)); }},
         {forPrograms("alternatives"), [](const OrderRow& row) { return textOrNothing(alternativeSentences(row)); }},
         {forPrograms("charge"), ofSolved([](const SolvedRate& solved) { return solved.sought.charge; })},
-        {forPrograms("rate"), ofSolved([](const SolvedRate& solved) { return Money{solved.rate.text()}; })},
-        {forPrograms("rate_low"), ofSolved([](const SolvedRate& solved) { return Money{solved.range.low.text()}; })},
-        {forPrograms("rate_high"), ofSolved([](const SolvedRate& solved) { return Money{solved.range.high.text()}; })},
+        {forPrograms("rate"), ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.rate, solved); })},
+        {forPrograms("rate_low"),
+         ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.range.low, solved); })},
+        {forPrograms("rate_high"),
+         ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.range.high, solved); })},
         {forPrograms("rate_from"),
          ofSolved([](const SolvedRate& solved) { return textOrNothing(solved.from ? solved.from->text() : ""); })},
         {forPrograms("folder_rate"),
-         ofSolved([](const SolvedRate& solved) { return Money{solved.folderRate.text()}; })},
+         ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.folderRate, solved); })},
         {forPrograms("source"), ofSolved([](const SolvedRate& solved) {
              return solved.source.empty() ? Value(Nothing()) : Value(Source{solved.source});
          })},
@@ -240,33 +310,13 @@ FieldsOf<Proposal> proposalFields() {
 }
 
 std::vector<std::string> causeSentences(const Reconciliation& found, const Statement& statement) {
-    std::vector<std::pair<std::string, std::vector<std::string>>> groups;  // sentence, lines
+    SentenceGroups groups;
     for (const ReconciledOrder& each : found.orders) {
-        if (each.outcome == Outcome::kAgrees) {
-            continue;
+        if (each.outcome != Outcome::kAgrees) {
+            groups.add(each, statement);
         }
-        const std::string sentence = sentenceOf({each, statement});
-        auto group = std::find_if(groups.begin(), groups.end(), [&](const auto& one) { return one.first == sentence; });
-        if (group == groups.end()) {
-            group = groups.insert(groups.end(), {sentence, {}});
-        }
-        const std::vector<std::string> numbers = lineNumbers(each, statement);
-        std::copy(numbers.begin(), numbers.end(), std::back_inserter(group->second));
     }
-    std::vector<std::string> sentences;
-    for (const auto& [sentence, lines] : groups) {
-        if (sentences.size() == kMostSentences) {
-            sentences.push_back(fmt::format("{} more; --json and --csv tell them all",
-                                            counted(groups.size() - kMostSentences, "cause")));
-            break;
-        }
-        const std::size_t shown = std::min<std::size_t>(lines.size(), 12);
-        const std::vector<std::string> first(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(shown));
-        sentences.push_back(fmt::format("{} {}{}: {}", lines.size() == 1 ? "Line" : "Lines", fmt::join(first, ", "),
-                                        shown < lines.size() ? fmt::format(" and {} more", lines.size() - shown) : "",
-                                        sentence));
-    }
-    return sentences;
+    return groups.sentences();
 }
 
 }  // namespace feedesk

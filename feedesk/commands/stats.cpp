@@ -92,7 +92,7 @@ ExitStatus stats(Program& program, const StatsArguments& arguments) {
         throw Failure(kNoAnswer, fmt::format("none of the {} has an entry", counted(accounts.size(), "account")));
     }
     const StatsFields fields = statsFields();
-    program.answer(session, {sectionOf("", fields)}, [&](RowSink& sink) {
+    program.answer(session, {sectionOf("", fields, "Entries and records")}, [&](RowSink& sink) {
         for (const standalone::RateFamily& family : standalone::rateFamilies()) {
             const auto found = families.find(family.name);
             if (found != families.end()) {

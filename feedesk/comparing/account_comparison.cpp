@@ -68,25 +68,6 @@ std::vector<LinePair> pairsOf(const Answer& before, const Answer& after) {
     return pairs;
 }
 
-/// One difference for all instruments for which it is the same.
-std::vector<RateDifference> joined(std::vector<RateDifference> differences) {
-    std::vector<RateDifference> all;
-    for (RateDifference& difference : differences) {
-        const auto same = std::find_if(all.begin(), all.end(),
-                                       [&](const RateDifference& each) { return sameDifference(each, difference); });
-        if (same == all.end()) {
-            all.push_back(std::move(difference));
-        } else {
-            same->instruments.insert(same->instruments.end(), difference.instruments.begin(),
-                                     difference.instruments.end());
-        }
-    }
-    for (RateDifference& difference : all) {
-        std::sort(difference.instruments.begin(), difference.instruments.end());
-    }
-    return all;
-}
-
 }  // namespace
 
 std::vector<RateDifference> compareAccount(ComparedFolder& before, ComparedFolder& after, cost::Date day,

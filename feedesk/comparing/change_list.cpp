@@ -3,19 +3,16 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
+#include <set>
 #include <tuple>
 #include <utility>
 
+#include "feedesk/comparing/connected.h"
 #include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {
-
-std::string valueText(const std::optional<double>& value) { return value ? plainNumber(*value) : "-"; }
-
-std::string textOf(const AnsweredRate& rate) {
-    return fmt::format("{} {}", valueText(rate.value), static_cast<int>(rate.level));
-}
 
 auto ordered(const Change& change) {
     return std::tie(change.accounts, change.difference.instruments, *change.days.from);
@@ -28,31 +25,40 @@ auto roughly(const Change& change) {
 }
 
 bool sameChange(const Change& one, const Change& other) {
-    const auto what = [](const Change& change) {
-        const RateDifference& difference = change.difference;
-        return std::make_tuple(std::tie(difference.part, difference.item, difference.column, difference.instruments),
-                               textOf(difference.before), textOf(difference.after),
-                               std::tie(change.accounts, change.sourcesBefore, change.sourcesAfter));
+    const auto lists = [](const Change& change) {
+        return std::tie(change.accounts, change.difference.instruments, change.sourcesBefore, change.sourcesAfter);
     };
-    return what(one) == what(other);
+    return changeOf(one.difference) == changeOf(other.difference) && lists(one) == lists(other);
+}
+
+template <class Each>
+void addSorted(std::vector<Each>& all, const std::vector<Each>& more) {
+    all.insert(all.end(), more.begin(), more.end());
+    std::sort(all.begin(), all.end());
+    all.erase(std::unique(all.begin(), all.end()), all.end());
+}
+
+void addMissingTexts(std::vector<std::string>& all, const std::vector<std::string>& more) {
+    std::set<std::string> there(all.begin(), all.end());
+    std::copy_if(more.begin(), more.end(), std::back_inserter(all),
+                 [&](const std::string& text) { return there.insert(text).second; });
 }
 
 }  // namespace
 
 std::string ChangeList::keyOf(const RateDifference& difference) {
     const auto set = instrumentSets.emplace(difference.instruments, instrumentSets.size());
-    return fmt::format("{}|{}|{}|{}|{}|{}", difference.part, difference.item, difference.column, set.first->second,
-                       textOf(difference.before), textOf(difference.after));
+    return fmt::format("{}|{}", changeOf(difference), set.first->second);
 }
 
 void ChangeList::addSources(const AnsweredRate& rate, const Lines& lines, ComparedFolder& folder,
                             std::size_t InstrumentPlaces::*ofFolder, Change& change,
                             std::vector<std::string>& sources) const {
     const standalone::Market& market = folder.folder().everyDay();
-    if (rate.accountLine) {  // another one for each account
-        sources.push_back(market.where(lines[*rate.accountLine].position));
+    for (const std::size_t line : rate.accountLines) {  // others for each account
+        sources.push_back(market.where(lines[line].position));
     }
-    if (!rate.instrumentLine || !sources.empty()) {  // the same for all accounts
+    if (rate.instrumentLines.empty() || !sources.empty()) {  // the same for all accounts
         return;
     }
     std::vector<std::size_t> instruments;
@@ -60,8 +66,12 @@ void ChangeList::addSources(const AnsweredRate& rate, const Lines& lines, Compar
         instruments.push_back(commonInstruments[instrument].*ofFolder);
     }
     std::sort(instruments.begin(), instruments.end());
-    for (const standalone::Position& position : folder.contents().linesLike(day, *rate.instrumentLine, instruments)) {
-        sources.push_back(market.where(position));
+    for (const standalone::Position& one : rate.instrumentLines) {
+        std::vector<std::string> like;
+        for (const standalone::Position& position : folder.contents().linesLike(day, one, instruments)) {
+            like.push_back(market.where(position));
+        }
+        addMissingTexts(sources, like);
     }
 }
 
@@ -109,6 +119,37 @@ std::vector<Change> DatedChanges::take() {
     std::stable_sort(done.begin(), done.end(),
                      [](const Change& one, const Change& other) { return ordered(one) < ordered(other); });
     return std::move(done);
+}
+
+std::vector<Change> joinedWhereTheyOverlap(std::vector<Change> changes) {
+    std::map<std::string, std::vector<std::size_t>> alike;
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        alike[changes[i].days.text() + '|' + changeOf(changes[i].difference)].push_back(i);
+    }
+    Connected same(changes.size());
+    for (const auto& [change, places] : alike) {
+        for (const std::size_t place : places.size() > 1 ? places : std::vector<std::size_t>()) {
+            for (const std::size_t instrument : changes[place].difference.instruments) {
+                same.share(place, fmt::format("{}|{}", change, instrument));
+            }
+        }
+    }
+    std::vector<Change> all;
+    std::map<std::size_t, std::size_t> firsts;  // of those that are one
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        const auto place = firsts.emplace(same.firstOf(i), all.size());
+        if (place.second) {
+            all.push_back(std::move(changes[i]));
+            continue;
+        }
+        Change& one = all[place.first->second];
+        one.isInPart = true;
+        addSorted(one.accounts, changes[i].accounts);
+        addSorted(one.difference.instruments, changes[i].difference.instruments);
+        addMissingTexts(one.sourcesBefore, changes[i].sourcesBefore);
+        addMissingTexts(one.sourcesAfter, changes[i].sourcesAfter);
+    }
+    return all;
 }
 
 }  // namespace feedesk

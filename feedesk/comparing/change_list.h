@@ -51,6 +51,10 @@ private:
     std::vector<Change> open;  // up to the days that were added last
 };
 
+/// The changes with those of the same days and values put together that have instruments in common: what changes for
+/// some accounts in more instruments than for others is one change, which is then in part.
+std::vector<Change> joinedWhereTheyOverlap(std::vector<Change> changes);
+
 }  // namespace feedesk
 
 #endif  // FEEDESK_COMPARING_CHANGE_LIST_H

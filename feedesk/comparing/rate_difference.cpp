@@ -1,7 +1,11 @@
 #include "feedesk/comparing/rate_difference.h"
 
-#include <algorithm>
+#include <fmt/format.h>
 
+#include <algorithm>
+#include <map>
+#include <utility>
+#include "feedesk/comparing/connected.h"
 #include "feedesk/text/numbers.h"
 
 namespace feedesk {
@@ -18,9 +22,9 @@ AnsweredRate answered(const FeeLine* line, std::optional<double> value, const Ac
         const auto found = std::find_if(lines.begin(), lines.end(),
                                         [&](const auto& each) { return each.position == *line->origin.position; });
         if (found == lines.end()) {
-            rate.instrumentLine = line->origin.position;
+            rate.instrumentLines.push_back(*line->origin.position);
         } else {
-            rate.accountLine = static_cast<std::size_t>(found - lines.begin());
+            rate.accountLines.push_back(static_cast<std::size_t>(found - lines.begin()));
         }
     }
     return rate;
@@ -68,9 +72,30 @@ bool sameValue(const std::optional<double>& one, const std::optional<double>& ot
     return one.has_value() == other.has_value() && (!one || *one == *other || plainNumber(*one) == plainNumber(*other));
 }
 
-bool sameRateAndSource(const AnsweredRate& one, const AnsweredRate& other) {
-    return sameValue(one.value, other.value) && one.level == other.level && one.accountLine == other.accountLine &&
-           one.instrumentLine == other.instrumentLine;
+/// What tells the lines of a rate from others.
+std::vector<std::string> lineNames(const AnsweredRate& rate, const char* folder) {
+    std::vector<std::string> names;
+    for (const std::size_t line : rate.accountLines) {
+        names.push_back(fmt::format("{} {}", folder, line));
+    }
+    for (const standalone::Position& line : rate.instrumentLines) {
+        names.push_back(fmt::format("{} {}:{}", folder, line.file, line.line));
+    }
+    return names;
+}
+
+template <class Each>
+void addMissing(std::vector<Each>& all, const std::vector<Each>& more) {
+    for (const Each& each : more) {
+        if (std::find(all.begin(), all.end(), each) == all.end()) {
+            all.push_back(each);
+        }
+    }
+}
+
+void addLines(const AnsweredRate& from, AnsweredRate& to) {
+    addMissing(to.accountLines, from.accountLines);
+    addMissing(to.instrumentLines, from.instrumentLines);
 }
 
 Level levelOf(const FeeLine* line) { return line == nullptr ? Level::kNotSet : line->origin.level; }
@@ -103,9 +128,46 @@ std::vector<RateDifference> differencesOf(const LinePair& lines, const AccountDa
     return differences;
 }
 
-bool sameDifference(const RateDifference& one, const RateDifference& other) {
-    return one.part == other.part && one.item == other.item && one.column == other.column &&
-           sameRateAndSource(one.before, other.before) && sameRateAndSource(one.after, other.after);
+std::string changeOf(const RateDifference& difference) {
+    const auto textOf = [](const AnsweredRate& rate) {
+        return fmt::format("{} {}", rate.value ? plainNumber(*rate.value) : "-", static_cast<int>(rate.level));
+    };
+    return fmt::format("{}|{}|{}|{}|{}", difference.part, difference.item, difference.column, textOf(difference.before),
+                       textOf(difference.after));
+}
+
+std::vector<RateDifference> joined(std::vector<RateDifference> differences) {
+    Connected same(differences.size());
+    for (std::size_t i = 0; i < differences.size(); ++i) {
+        const std::string change = changeOf(differences[i]);
+        std::vector<std::string> lines = lineNames(differences[i].before, "old");
+        const std::vector<std::string> linesAfter = lineNames(differences[i].after, "new");
+        lines.insert(lines.end(), linesAfter.begin(), linesAfter.end());
+        if (lines.empty()) {
+            lines.emplace_back("none");
+        }
+        for (const std::string& line : lines) {
+            same.share(i, change + '|' + line);
+        }
+    }
+    std::vector<RateDifference> all;
+    std::map<std::size_t, std::size_t> places;  // of the first of those that are one
+    for (std::size_t i = 0; i < differences.size(); ++i) {
+        const auto place = places.emplace(same.firstOf(i), all.size());
+        if (place.second) {
+            all.push_back(std::move(differences[i]));
+        } else {
+            RateDifference& one = all[place.first->second];
+            one.instruments.insert(one.instruments.end(), differences[i].instruments.begin(),
+                                   differences[i].instruments.end());
+            addLines(differences[i].before, one.before);
+            addLines(differences[i].after, one.after);
+        }
+    }
+    for (RateDifference& difference : all) {
+        std::sort(difference.instruments.begin(), difference.instruments.end());
+    }
+    return all;
 }
 
 }  // namespace feedesk

@@ -18,9 +18,9 @@ using AccountDayLines = std::vector<standalone::FolderContents::Line>;
 struct AnsweredRate {
     std::optional<double> value;  ///< empty: the answer has no such rate
     Level level = Level::kNotSet;
-    std::optional<std::size_t> accountLine;  ///< the source, where it is one of the account's lines on the day
-    /// Where it is a line of an instrument: that of the first of them.
-    std::optional<standalone::Position> instrumentLine{};
+    // Its sources: none where no line gives it, and several where different lines give the same for some instruments.
+    std::vector<std::size_t> accountLines{};              ///< those of the account's lines on the day
+    std::vector<standalone::Position> instrumentLines{};  ///< where they are of instruments: one of each content
 };
 
 /// A rate that two folders answer differently, for some instruments of an account.
@@ -47,8 +47,13 @@ struct LinePair {
 std::vector<RateDifference> differencesOf(const LinePair& lines, const AccountDayLines& linesBefore,
                                           const AccountDayLines& linesAfter);
 
-/// Whether all but the instruments is the same.
-bool sameDifference(const RateDifference& one, const RateDifference& other);
+/// Equal for differences of one rate from the same value and level to the same value and level.
+std::string changeOf(const RateDifference& difference);
+
+/// Differences of one account as few as they can be told: those that are the same change and share a line, of either
+/// folder, are one. So a category that takes instruments from several lines to one is one difference, and two lines
+/// that change alike are two.
+std::vector<RateDifference> joined(std::vector<RateDifference> differences);
 
 }  // namespace feedesk
 

@@ -41,30 +41,42 @@ void addInstrument(Candidates& candidates, const qmservice::CInstrument& instrum
     }
 }
 
+void addFrom(const standalone::Market& market, WordKind kind, Candidates& candidates) {
+    if (kind == WordKind::kAccount) {
+        for (const standalone::Account& account : market.accounts) {
+            candidates.add(account.record->accountId);
+        }
+    } else if (kind == WordKind::kMarket) {
+        for (const standalone::MarketPlace& place : market.markets) {
+            candidates.add(place.market);
+        }
+    } else {
+        for (const standalone::ListedInstrument& listed : market.instruments) {
+            addInstrument(candidates, *listed.record);
+        }
+    }
+}
+
 }  // namespace
 
-std::vector<std::string> completions(const CLI::App& app, const std::vector<std::string>& words,
+std::vector<std::string> completions(const CLI::App& app, const Choices& choices, const std::vector<std::string>& words,
                                      const MarketOf& marketOf) {
     const std::string begun = words.empty() ? "" : words.back();
     const std::vector<std::string> before(words.begin(), words.empty() ? words.end() : words.end() - 1);
-    const ExpectedWord expected = expectedWord(app, before, begun);
-    Candidates candidates(begun);
+    const ExpectedWord expected = expectedWord(app, choices, before, begun);
+    const std::string begunWord = begun.substr(expected.written.size());
+    Candidates candidates(begunWord);
     for (const std::string& word : expected.words) {
         candidates.add(word);
     }
-    if (expected.kind == WordKind::kAccount || expected.kind == WordKind::kInstrument) {
-        const standalone::Market market = marketOf(before);
-        if (expected.kind == WordKind::kAccount) {
-            for (const standalone::Account& account : market.accounts) {
-                candidates.add(account.record->accountId);
-            }
-        } else {
-            for (const standalone::ListedInstrument& listed : market.instruments) {
-                addInstrument(candidates, *listed.record);
-            }
-        }
+    if (expected.kind != WordKind::kFree && expected.kind != WordKind::kListed) {
+        addFrom(marketOf(before), expected.kind, candidates);
     }
-    return candidates.words();
+    std::vector<std::string> found = candidates.words();
+    for (std::string& word : found) {
+        word.insert(0, expected.written);
+    }
+    return found;
 }
 
 standalone::Market namedMarket(const std::vector<std::string>& words, const std::string& folder) {

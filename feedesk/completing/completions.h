@@ -5,11 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "feedesk/completing/expected_word.h"
 #include "standalone/market.h"
-
-namespace CLI {
-class App;
-}  // namespace CLI
 
 namespace feedesk {
 
@@ -17,8 +14,9 @@ namespace feedesk {
 using MarketOf = std::function<standalone::Market(const std::vector<std::string>&)>;
 
 /// Which words can stand in the place of the last of `words`, which is begun and may be empty. `words` are those of a
-/// command line without the program's name. The market is asked for only where an account or an instrument is expected.
-std::vector<std::string> completions(const CLI::App& app, const std::vector<std::string>& words,
+/// command line without the program's name. The market is asked for only where something of it is
+/// expected.
+std::vector<std::string> completions(const CLI::App& app, const Choices& choices, const std::vector<std::string>& words,
                                      const MarketOf& marketOf);
 
 /// The market of the folder that the words name, else of `folder`; an empty one where that cannot be loaded.

@@ -59,6 +59,7 @@ public:
         rate.sought = sought;
         rate.range = fitting;
         rate.rate = fitting.simplest();
+        rate.isFraction = part->term->basis == cost::Basis::kTurnover;
         rate.isTermsOwn = part->rate == nullptr;
         rate.folderRate = rate.isTermsOwn ? *part->term->rate : part->rate->value;
         rate.source = rate.isTermsOwn ? part->term->where : part->rate->source;

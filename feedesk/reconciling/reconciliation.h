@@ -30,6 +30,7 @@ struct SolvedRate {
     cost::Decimal folderRate;  ///< what the folder has
     std::string source;        ///< its line; empty where no line gives it
     bool isTermsOwn = false;   ///< the rate is the term's and not the fee center's
+    bool isFraction = false;   ///< it is charged on turnover
     std::size_t lines = 0;     ///< how many lines of the statement it fits
     /// From this day on it fits every line that is charged by the same line of the folder; empty: it fits one order.
     std::optional<cost::Date> from;

@@ -61,6 +61,8 @@ struct WriteValue {
     void operator()(const Source& source) const { (*this)(source.place); }
     void operator()(std::size_t count) const { writer.Uint64(count); }
     void operator()(const Money& money) const { writeRaw(writer, money.decimal, rapidjson::kNumberType); }
+    void operator()(const Rate& rate) const { writeRaw(writer, rate.decimal, rapidjson::kNumberType); }
+    void operator()(const Sources& sources) const { (*this)(Names(sources.places)); }
     void operator()(double number) const {
         std::isfinite(number) ? writeRaw(writer, plainNumber(number), rapidjson::kNumberType) : (*this)(Nothing());
     }

@@ -13,14 +13,6 @@ namespace feedesk {
 
 // A command answers with rows; table, CSV and JSON are ways to write them. A command knows no form, a form no command.
 
-enum class Unit {
-    kText,
-    kFraction,  ///< of turnover or value
-    kYuan,      ///< per lot, contract or share
-    kNumber,    ///< of no unit that is known
-    kCount      ///< no rate: how many, a trade unit, a mode
-};
-
 /// Where a table has a field.
 enum class ShownAt {
     kInOrder,
@@ -73,6 +65,7 @@ inline Field beginOf(const std::string& group) { return Field{"", ""}.in(group);
 struct Section {
     std::string title;  ///< above its table; empty: nothing is said
     std::vector<Field> fields;
+    std::string sheet{};  ///< what a spreadsheet calls it; empty: as its title
 };
 
 using Sections = std::vector<Section>;
@@ -110,8 +103,8 @@ template <class Item>
 using FieldsOf = std::vector<FieldOf<Item>>;
 
 template <class Item>
-Section sectionOf(std::string title, const FieldsOf<Item>& fields) {
-    Section section{std::move(title), {}};
+Section sectionOf(std::string title, const FieldsOf<Item>& fields, std::string sheet = "") {
+    Section section{std::move(title), {}, std::move(sheet)};
     for (const FieldOf<Item>& each : fields) {
         section.fields.push_back(each.field);
     }

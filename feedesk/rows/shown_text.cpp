@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 #include "feedesk/text/numbers.h"
 #include "standalone/text/escape.h"
+#include "standalone/text/numbers.h"
 
 namespace feedesk {
 namespace {
@@ -32,6 +34,11 @@ struct ShownText {
     Pieces operator()(double number) const { return {numberText(unit, number)}; }
     Pieces operator()(std::size_t count) const { return {grouped(count)}; }
     Pieces operator()(const Money& money) const { return {money.decimal}; }
+    Pieces operator()(const Rate& rate) const {
+        const std::optional<double> number = standalone::numberIn<double>(rate.decimal);
+        return {number ? numberText(rate.unit, *number) : rate.decimal};
+    }
+    Pieces operator()(const Sources& sources) const { return printablePieces(sources.places); }
     Pieces operator()(const Source& source) const { return {standalone::printable(source.place)}; }
 };
 

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <cmath>
 #include "feedesk/text/numbers.h"
 
 namespace feedesk {
@@ -15,6 +16,8 @@ struct PlainText {
     std::string operator()(double number) const { return plainNumber(number); }
     std::string operator()(std::size_t count) const { return fmt::format("{}", count); }
     std::string operator()(const Money& money) const { return money.decimal; }
+    std::string operator()(const Rate& rate) const { return rate.decimal; }
+    std::string operator()(const Sources& sources) const { return (*this)(Names(sources.places)); }
     std::string operator()(const Source& source) const { return source.place; }
 };
 
@@ -23,6 +26,10 @@ struct PlainText {
 bool isNothing(const Value& value) { return std::holds_alternative<Nothing>(value); }
 
 Value textOrNothing(const std::string& text) { return text.empty() ? Value(Nothing()) : Value(text); }
+
+Value dayOrNothing(const std::optional<cost::Date>& day) { return textOrNothing(day ? day->text() : ""); }
+
+Value asRate(double rate, Unit unit) { return std::isfinite(rate) ? Value(Rate{plainNumber(rate), unit}) : rate; }
 
 std::string plainText(const Value& value) { return std::visit(PlainText(), value); }
 

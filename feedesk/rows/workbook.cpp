@@ -32,10 +32,11 @@ lxw_col_t columnNumber(std::size_t column) { return static_cast<lxw_col_t>(colum
 
 /// The name without what a spreadsheet does not take in one.
 std::string allowedName(const std::string& wanted) {
-    std::string name = wanted.empty() ? "Answer" : standalone::printable(wanted);
+    std::string name = standalone::printable(wanted);
     std::replace_if(
         name.begin(), name.end(), [](char each) { return std::strchr(kForbiddenInNames, each) != nullptr; }, ' ');
-    return fmt::format("{}", fmt::join(words(name), " "));
+    const std::vector<std::string> left = words(name);
+    return left.empty() ? "Answer" : fmt::format("{}", fmt::join(left, " "));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <map>
 #include <string>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "feedesk/rows/sinks.h"
 #include "feedesk/rows/workbook.h"
 #include "feedesk/text/numbers.h"
+#include "feedesk/text/text.h"
 #include "standalone/text/numbers.h"
 
 namespace feedesk {
@@ -35,6 +37,13 @@ const char* numberFormat(Unit unit) {
     return "";
 }
 
+/// How many digits a number needs to hold the decimal: zeros in front of the first other one are none.
+std::size_t significantDigits(const std::string& decimal) {
+    const auto first =
+        std::find_if(decimal.begin(), decimal.end(), [](char each) { return isDigit(each) && each != '0'; });
+    return static_cast<std::size_t>(std::count_if(first, decimal.end(), isDigit));
+}
+
 /// Shows as many places as the amount has.
 std::string moneyFormat(const std::string& decimal) {
     const std::size_t point = decimal.find('.');
@@ -57,28 +66,32 @@ struct Cell {
     void operator()(const Label& label) const { text(fmt::format("{}", fmt::join(label.shown, " "))); }
     void operator()(const Names& names) const { text(plainText(names)); }
     void operator()(const Source& source) const { text(source.place); }
+    void operator()(const Sources& sources) const { text(plainText(sources)); }
     void operator()(std::size_t count) const { number(static_cast<double>(count), numberFormat(Unit::kCount)); }
     void operator()(double value) const {
         std::isfinite(value) ? number(value, numberFormat(unit)) : text(plainNumber(value));
     }
-    void operator()(const Money& money) const {
-        const std::string& decimal = money.decimal;
-        const auto digits = static_cast<std::size_t>(std::count_if(decimal.begin(), decimal.end(), isDigit));
+    void operator()(const Money& money) const { exactly(money.decimal, moneyFormat(money.decimal)); }
+    void operator()(const Rate& rate) const { exactly(rate.decimal, numberFormat(rate.unit)); }
+
+    /// A decimal with more digits than a cell's number holds stays a text.
+    void exactly(const std::string& decimal, const std::string& format) const {
         const std::optional<double> value = standalone::numberIn<double>(decimal);
-        value&& digits <= kDigitsOfANumber ? number(*value, moneyFormat(decimal)) : text(decimal);
+        value&& significantDigits(decimal) <= kDigitsOfANumber ? number(*value, format) : text(decimal);
     }
 };
 
-/// Where the rates of a workbook come from: file and line, and how many cells name it.
+/// Where a workbook's cells say that something is: the column that says so, file and line, and how many cells do. Of
+/// two folders that are compared the column tells which one is meant.
 class SourceList {
 public:
-    void add(const Value& value) {
+    void add(const std::string& column, const Value& value) {
         if (const auto* source = std::get_if<Source>(&value)) {
-            const std::string& place = source->place;
-            const std::size_t colon = place.rfind(':');
-            const std::string line = colon == std::string::npos ? "" : place.substr(colon + 1);
-            const std::optional<std::size_t> number = standalone::numberIn<std::size_t>(line);
-            ++cells[number ? std::pair(place.substr(0, colon), *number) : std::pair(place, std::size_t{0})];
+            add(column, source->place);
+        }
+        if (const auto* several = std::get_if<Sources>(&value)) {
+            std::for_each(several->places.begin(), several->places.end(),
+                          [&](const std::string& place) { add(column, place); });
         }
     }
 
@@ -86,30 +99,51 @@ public:
         if (cells.empty()) {
             return;
         }
-        Sheet& sheet = book.addSheet("Sources", {"File", "Line", "Cells"});
-        for (const auto& [place, count] : cells) {
+        Sheet& sheet = book.addSheet("Sources", {"Column", "File", "Line", "Cells"});
+        for (const auto& [said, count] : cells) {
+            const auto& [column, file, line] = said;
             sheet.beginLine();
-            sheet.add(0, place.first);
-            if (place.second != 0) {
-                sheet.add(1, static_cast<double>(place.second), {});
+            sheet.add(0, column);
+            sheet.add(1, file);
+            if (line != 0) {
+                sheet.add(2, static_cast<double>(line), {});
             }
-            sheet.add(2, static_cast<double>(count), {});
+            sheet.add(3, static_cast<double>(count), {});
         }
     }
 
 private:
-    std::map<std::pair<std::string, std::size_t>, std::size_t> cells;
+    void add(const std::string& column, const std::string& place) {
+        const std::size_t colon = place.rfind(':');
+        const std::string line = colon == std::string::npos ? "" : place.substr(colon + 1);
+        const std::optional<std::size_t> number = standalone::numberIn<std::size_t>(line);
+        ++cells[{column, number ? place.substr(0, colon) : place, number.value_or(0)}];
+    }
+
+    std::map<std::tuple<std::string, std::string, std::size_t>, std::size_t> cells;  // column, file and line
 };
 
-/// The sheets of one section. Programs' fields are its columns, under the titles that people read.
+/// What stands above the column of a field that programs get: its title, or its name as words where it has none. Where
+/// several have a title, such as a rate by turnover and by lot, it tells the name too.
+std::string columnTitle(const Field& field, const std::vector<Field>& all) {
+    if (field.title.empty()) {
+        return asTitle(field.name);
+    }
+    const auto hasTheTitle = [&](const Field& each) { return !each.name.empty() && each.title == field.title; };
+    return std::count_if(all.begin(), all.end(), hasTheTitle) == 1 ? field.title
+                                                                   : fmt::format("{} ({})", field.title, field.name);
+}
+
+/// The sheets of one section. Programs' fields are its columns.
 class SectionSheets {
 public:
-    SectionSheets(const Section& section, std::size_t mostLines) : name(section.title), most(mostLines) {
+    SectionSheets(const Section& section, std::size_t mostLines)
+        : name(section.sheet.empty() ? section.title : section.sheet), most(mostLines) {
         for (const Field& field : section.fields) {
             columns.push_back(field.name.empty() ? kNoColumn : titles.size());
             units.push_back(field.unit);
             if (!field.name.empty()) {
-                titles.push_back(field.title.empty() ? field.name : field.title);
+                titles.push_back(columnTitle(field, section.fields));
             }
         }
     }
@@ -126,7 +160,7 @@ public:
         for (std::size_t i = 0; i < row.values.size(); ++i) {
             if (columns[i] != kNoColumn) {
                 std::visit(Cell{*sheet, columns[i], units[i], row.marked}, row.values[i]);
-                sources.add(row.values[i]);
+                sources.add(titles[columns[i]], row.values[i]);
             }
         }
     }

@@ -81,9 +81,19 @@ void Session::begin(const std::optional<cost::Date>& date) {
     askedDay = dayOf(date, days);
     tally = Tally();
     asked = &centerOf(askedDay);
+    while (centers.size() > kKeptIntervals) {
+        dropOldest();
+    }
 }
 
 Session::~Session() = default;
+
+/// The day's own was used last.
+void Session::dropOldest() {
+    centers.erase(std::min_element(centers.begin(), centers.end(), [](const auto& one, const auto& other) {
+        return one.second.lastUse < other.second.lastUse;
+    }));
+}
 
 std::vector<std::string> accountIds(const standalone::Market& market) {
     std::vector<std::string> ids;
@@ -125,12 +135,13 @@ void Session::requireCovered(const Account& account) const {
 }
 
 IntervalCenter& Session::centerOf(cost::Date date) {
-    std::unique_ptr<IntervalCenter>& center = centers[days.intervalOf(date)];
-    if (!center) {
+    HeldCenter& held = centers[days.intervalOf(date)];
+    held.lastUse = ++uses;
+    if (!held.center) {
         const Stopwatch watch(tally.loading);
-        center = std::make_unique<IntervalCenter>(days.marketOn(date));
+        held.center = std::make_unique<IntervalCenter>(days.marketOn(date));
     }
-    return *center;
+    return *held.center;
 }
 
 IntervalCenter& Session::installed(cost::Date date) {
@@ -219,7 +230,7 @@ DatedFee Session::feeOn(cost::Date date, const std::string& accountId, const Que
 void Session::keepOnly(cost::Date date) {
     const IntervalCenter& wanted = installed(date);
     for (auto each = centers.begin(); each != centers.end();) {
-        const bool stays = each->second.get() == asked || each->second.get() == &wanted;
+        const bool stays = each->second.center.get() == asked || each->second.center.get() == &wanted;
         each = stays ? std::next(each) : centers.erase(each);
     }
 }

@@ -62,8 +62,15 @@ public:
     ~Session();
 
     /// Asks as of this day from here on, or the folder's where none is named, and counts from 0 what is done. Throws
-    /// Failure when the schedules do not cover the day, which then stays as it was.
+    /// Failure when the schedules do not cover the day, which then stays as it was. Of the intervals that were asked
+    /// for before only the kKeptIntervals asked last are kept; what is known of the others' markets and accounts is
+    /// gone.
     void begin(const std::optional<cost::Date>& date);
+
+    /// A market of some thousand instruments and its fee centers take tens of megabytes, and a shell runs for days.
+    static constexpr std::size_t kKeptIntervals = 4;
+    /// How many intervals are held.
+    [[nodiscard]] std::size_t heldIntervals() const { return centers.size(); }
 
     /// The folder, with its coverage and charging terms.
     [[nodiscard]] const standalone::MarketFolder& folder() const { return days; }
@@ -111,7 +118,13 @@ public:
     [[nodiscard]] std::string summary() const;
 
 private:
+    struct HeldCenter {
+        std::unique_ptr<IntervalCenter> center;
+        std::size_t lastUse = 0;
+    };
+
     IntervalCenter& centerOf(cost::Date date);
+    void dropOldest();
     /// The same, with its market in the services.
     IntervalCenter& installed(cost::Date date);
     void feedOnce(IntervalCenter& center, const standalone::Account& account);
@@ -121,8 +134,9 @@ private:
     Tally tally;
     standalone::MarketFolder days;
     cost::Date askedDay;
-    std::map<std::size_t, std::unique_ptr<IntervalCenter>> centers;  // by interval
-    IntervalCenter* asked;                                           // of the day
+    std::map<std::size_t, HeldCenter> centers;  // by interval
+    std::size_t uses = 0;                       // of centers; numbers them
+    IntervalCenter* asked;                      // of the day
     InstrumentNames names;
     std::unordered_map<std::string, std::size_t> places;  // of the accounts, the same in each market
     RunningEngine engine;                                 // destroyed first, so that no job outlives a fee center

@@ -75,6 +75,15 @@ std::vector<std::string> words(std::string_view text) {
     return found;
 }
 
+std::string asTitle(const std::string& name) {
+    std::string title = name;
+    std::replace(title.begin(), title.end(), '_', ' ');
+    if (!title.empty() && title.front() >= 'a' && title.front() <= 'z') {
+        title.front() = static_cast<char>(title.front() - 'a' + 'A');
+    }
+    return title;
+}
+
 std::vector<std::string> fillLines(const std::vector<std::string>& pieces, std::size_t width) {
     std::vector<std::string> lines;
     for (const std::string& piece : pieces) {

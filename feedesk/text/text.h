@@ -30,6 +30,9 @@ std::string echoed(const std::string& text);
 /// The parts of `text` between spaces.
 std::vector<std::string> words(std::string_view text);
 
+/// A name of programs as people write a title: "old_sources" is "Old sources".
+std::string asTitle(const std::string& name);
+
 /// Fills lines of at most `width` columns with `pieces`, a space between two; a piece that is wider has its own line.
 std::vector<std::string> fillLines(const std::vector<std::string>& pieces, std::size_t width);
 

@@ -97,6 +97,8 @@ std::string hedgeName(char flag) {
     return slot ? kHedgeNames.at(*slot) : std::string(1, flag);
 }
 
+std::vector<std::string> hedgeNames() { return {kHedgeNames.begin(), kHedgeNames.end()}; }
+
 cost::Decimal quantityFrom(const std::string& text) { return numberFrom("quantity", text); }
 
 cost::Decimal priceFrom(const std::string& text) { return numberFrom("price", text); }

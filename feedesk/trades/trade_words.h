@@ -2,6 +2,7 @@
 #define FEEDESK_TRADES_TRADE_WORDS_H
 
 #include <string>
+#include <vector>
 
 #include "cost/trade.h"
 
@@ -18,6 +19,8 @@ cost::Side sideFrom(const std::string& side, const std::string& offset = "");
 char hedgeFlagFrom(const std::string& text);
 /// "speculation" for a qmservice::HedgeFlag; the flag itself where it has no name.
 std::string hedgeName(char flag);
+/// The names that flags have.
+std::vector<std::string> hedgeNames();
 
 cost::Decimal quantityFrom(const std::string& text);
 cost::Decimal priceFrom(const std::string& text);

@@ -32,12 +32,13 @@ TEST(Program, EndsWhatIsAnsweredWhereTheNextRowFails) {
 
 TEST(Program, WritesASpreadsheetInPlaceOfStandardOutput) {
     const SampleFolder folder;
-    const std::string file = folder.path() + "/accounts.xlsx";
+    const std::string file = folder.path() + ".xlsx";
     const Outcome outcome = ask(folder.path(), "accounts --xlsx '" + file + "'");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.out, "");
     EXPECT_THAT(lines(runShell(std::string(SPREADSHEET_CELLS) + " '" + file + "'").out),
-                Contains("Answer|A2|s|S100|General|"));
+                Contains("Accounts|A2|s|S100|General|"));
+    std::remove(file.c_str());
 }
 
 TEST(Program, MarksCsvAsUtf8WhereThatIsAskedFor) {

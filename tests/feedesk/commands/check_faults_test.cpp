@@ -45,6 +45,16 @@ bool put(const CheckFolder& folder, const Edit& edit) {
     return folder.replace(edit.file, edit.from, edit.to);
 }
 
+/// Eight lines: more than there are with the duty of today.
+std::string yearsOfTheOldDuty() {
+    std::string lines;
+    for (int year = 2015; year <= 2022; ++year) {
+        const std::string text = std::to_string(year);
+        lines += "S200,SZ,*,,0.0003,0.001," + text + "-01-01," + text + "-12-31\n";
+    }
+    return lines;
+}
+
 const std::vector<Fault>& faults() {
     static const std::vector<Fault> all = {
         {"PercentInAFeeTable",
@@ -71,6 +81,58 @@ const std::vector<Fault>& faults() {
          "error",
          "configured/stock.csv,2",
          "commission 0.01 is 1%"},
+        {"PercentThatWouldBeAnOutdatedDuty",
+         {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005", "S200,SZ,*,,0.0003,0.1"}},
+         "percent-rate",
+         "error",
+         "fees/stock.csv,5",
+         "write a plain fraction: 0.001 (a stamp duty of 0.1%, which is out of date: 0.05% since 2023-08-28) if 0.1 is "
+         "in percent; the column usually has 0.0005"},
+        {"PercentBesideTheDutyOfItsOwnDays",
+         {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005,,\n",
+           yearsOfTheOldDuty() + "S200,SZ,*,,0.0003,0.0005,2023-08-28,2025-12-31\n"},
+          {"fees/stock.csv", "", "S200,SZ,*,,0.0003,0.05,2026-01-01,\n"}},
+         "percent-rate",
+         "error",
+         "fees/stock.csv,14",
+         "0.0005 if 0.05 is in percent; the column usually has 0.0005"},
+        {"NegativeRate",
+         {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005", "S200,SZ,*,,-0.0003,0.0005"}},
+         "negative-rate",
+         "error",
+         "fees/stock.csv,5",
+         "commission -0.0003 pays the account instead of charging it,write 0.0003 if the sign is a slip"},
+        {"NegativeRateOfACustomFee",
+         {{"custom/stock.csv", "S100,1,1,0.0002", "S100,1,1,-0.0002"}},
+         "negative-rate",
+         "error",
+         "custom/stock.csv,2",
+         "commission -0.0002"},
+        {"ExchangeWithoutTheDuty",
+         {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005", "S200,SZ,*,,0.0003,0"}},
+         "missing-duty",
+         "warning",
+         "fees/stock.csv,5",
+         "S200,1,\"stamp_duty is 0 for 1 instrument, such as SZ:300750, and usually 0.0005 for product CHINEXT"},
+        {"CustomFeeWithoutTheDuty",
+         {{"custom/stock.csv", "S100,1,1,0.0002,0.0005", "S100,1,1,0.0002,"}},
+         "missing-duty",
+         "warning",
+         "custom/stock.csv,2",
+         "stamp_duty is 0 for 1 instrument, such as SH:600519, and usually 0.0005 for product MAIN"},
+        {"OneDutyOfHongKongLeftOut",
+         {{"instruments/all.csv", "", "HK,00701,腾讯二,hgt,\n"},
+          {"fees/hgt.csv", "", "H100,HK,00701,0.0003,0.001,0\n"}},
+         "missing-duty",
+         "warning",
+         "fees/hgt.csv,3",
+         "stamp_duty_sell is 0 for 1 instrument, such as HK:00701, and usually 0.001 for HK:007*"},
+        {"OldDutyOfAChargingTerm",
+         {{"charges.csv", "", "stock,,,stamp_duty_own,sell,turnover,0.001,order,CNY,2026-09-01\n"}},
+         "old-duty",
+         "error",
+         "charges.csv,5",
+         "stamp_duty_own 0.001 is a stamp duty of 0.1%, which is out of date"},
         {"PercentInAFuturesCommission",
          {{"fees/commission.csv", "au*,0.00005,", "au*,0.05,"}},
          "percent-rate",

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/feedesk/support/program.h"
 #include "tests/feedesk/support/sample_folder.h"
 
@@ -35,6 +37,35 @@ TEST(Completion, OfADashIsAnOptionOfTheCommandOrOfAll) {
 TEST(Completion, OfAnOptionsValueIsLeftToTheShell) {
     EXPECT_THAT(completionsOf("cost --trades ''"), IsEmpty());
     EXPECT_THAT(completionsOf("fee --xlsx S"), IsEmpty());
+}
+
+struct ValueCase {
+    const char* words;
+    std::vector<std::string> found;
+};
+
+TEST(Completion, OfAnOptionThatTakesSomeWordsIsOneOfThem) {
+    for (const ValueCase& each : std::vector<ValueCase>{
+             {"check --only p", {"percent-rate"}},
+             {"check --off built-in-default look", {"look-alike"}},
+             {"check --only=old", {"--only=old-duty"}},
+             {"check --fail-on ''", {"error", "never", "note", "warning"}},
+             {"check --fail-on error --account F1", {"F100"}},
+             {"check --account S100 --on", {"--only"}},
+             {"fees --accounts H", {"H100", "H200"}},
+             {"stats --accounts H1", {"H100"}},
+             {"diff a b --expect-only S100 S2", {"S200"}},
+             {"fees S100 --only-market S", {"SH", "SHFE", "SHO", "SZ"}},
+             {"cost S100 SH:600519 buy 1@1 --hedge ''", {"arbitrage", "hedging", "speculation"}},
+             {"cost --totals o", {"order"}},
+             {"cost --totals account,d", {"account,day"}},
+             {"cost --totals=account,d", {"--totals=account,day"}},
+             {"reconcile S100 f --encoding u", {"utf-8"}},
+             {"completion ''", {"bash", "zsh"}},
+             {"completion b", {"bash"}},
+         }) {
+        EXPECT_EQ(completionsOf(each.words), each.found) << each.words;
+    }
 }
 
 TEST(Completion, OfAnAccountIsItsNumber) {
@@ -74,6 +105,35 @@ TEST(Completion, IsAskedForByBash) {
     EXPECT_EQ(bashReplies("feedesk fee F"), "F100 F200 F300 F400\n");
     // bash takes what follows the colon for the word.
     EXPECT_EQ(bashReplies("feedesk fee S100 SH:6005"), "600519\n");
+}
+
+TEST(Completion, OfOptionValuesIsAskedForByBash) {
+    EXPECT_EQ(bashReplies("feedesk check --fail-on e"), "error\n");
+    // bash takes what follows the sign for the word.
+    EXPECT_EQ(bashReplies("feedesk check --only=old"), "old-duty\n");
+    EXPECT_EQ(bashReplies("feedesk completion "), "bash zsh\n");
+    EXPECT_EQ(bashReplies("feedesk fees --accounts H"), "H100 H200\n");
+}
+
+TEST(Completion, OfOptionValuesIsAskedForByZsh) {
+    const SampleFolder folder;
+    const std::string program = FEEDESK_PROGRAM;
+    // Stands in for the shell's own function: shows what it is given.
+    const std::string script = folder.path() + "/ask.zsh";
+    folder.write("ask.zsh",
+                 "compdef() { :; }\ncompadd() { shift; print -r -- \"$@\"; }\n"
+                 "eval \"$(" +
+                     program +
+                     " completion zsh)\"\n"
+                     "words=(" +
+                     program +
+                     " check --only=old); CURRENT=3; _feedesk\n"
+                     "words=(" +
+                     program + " fees --accounts H); CURRENT=4; _feedesk\n");
+    std::filesystem::rename(script, folder.path() + ".zsh");
+    EXPECT_EQ(runShell("FEEDESK_MARKET=" + folder.path() + " zsh -f " + folder.path() + ".zsh").out,
+              "--only=old-duty\nH100 H200\n");
+    std::filesystem::remove(folder.path() + ".zsh");
 }
 
 TEST(Completion, OfAnotherShellIsRefused) {

@@ -13,8 +13,8 @@ using testing::StartsWith;
 
 constexpr const char* kChangeHeader =
     "change,accounts,instruments,from,until,part,item,rate,old,new,old_level,old_sources,new_level,new_sources,"
-    "expected,names\n";
-constexpr const char* kNoRate = ",,,,,,,,,,,,,,";  // behind the change, up to what is expected
+    "expected,side,column,names\n";
+constexpr const char* kNoRate = ",,,,,,,,,,,,,,,,";  // behind the change, up to the names
 
 /// Two folders that are the same to begin with, asked as of 2024-01-02.
 class Diff : public testing::Test {
@@ -30,7 +30,7 @@ protected:
                           environment);
     }
 
-    /// The rows of CSV without the header, each without its last cell, which is empty for a rate.
+    /// The rows of CSV without the header, each without its last three cells, which are empty for a rate.
     std::vector<std::string> rows(const std::string& arguments = "") const {
         const Outcome outcome = diff(arguments + " --csv");
         EXPECT_EQ(outcome.err, "");
@@ -38,8 +38,8 @@ protected:
         EXPECT_FALSE(found.empty());
         found.erase(found.begin());
         for (std::string& row : found) {
-            EXPECT_EQ(row.back(), ',');
-            row.pop_back();
+            EXPECT_THAT(row, testing::EndsWith(",,,"));
+            row.resize(row.size() - 3);
         }
         return found;
     }
@@ -81,9 +81,9 @@ TEST_F(Diff, OneChangedLineIsOneRowForEachRate) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.out, std::string(kChangeHeader) +
                                "rate,S100,SH:600519,2024-01-02,,stock,,commission,0.00025,0.0002,own record,"
-                               "fees/stock.csv:2,own record,fees/stock.csv:2,,\n"
+                               "fees/stock.csv:2,own record,fees/stock.csv:2,,,,\n"
                                "rate,S100,SH:600519,2024-01-02,,stock,,stamp_duty,0.0005,0.00025,own record,"
-                               "fees/stock.csv:2,own record,fees/stock.csv:2,,\n");
+                               "fees/stock.csv:2,own record,fees/stock.csv:2,,,,\n");
 }
 
 TEST_F(Diff, AccountsThatChangeAlikeShareARow) {
@@ -91,6 +91,51 @@ TEST_F(Diff, AccountsThatChangeAlikeShareARow) {
     EXPECT_THAT(rows(), ElementsAre("rate,S100 S200 P100 W100,SZ:000001,2024-01-02,,stock,,commission,0.0002,0.0003,"
                                     "configured limit,configured/stock.csv:2,configured limit,"
                                     "configured/stock.csv:2,"));
+}
+
+TEST_F(Diff, CategoryThatTakesInstrumentsFromSeveralLinesIsOneRow) {
+    for (const SampleFolder* folder : {&before, &after}) {
+        folder->write("fees/stock.csv",
+                      "account,market,code,commission,stamp_duty\n"
+                      "S100,SH,600*,0.00025,0.0005\n"
+                      "S100,SZ,*,0.00025,0.0005\n");
+        folder->write("custom/stock.csv", "account,update,category,commission,stamp_duty\nS100,1,1,0.0001,0.0005\n");
+        folder->write("configured/stock.csv", "market,code,commission\n");
+    }
+    after.write("categories.csv",
+                "category,name,market,code\n"
+                "1,Pufa,SH,600000\n1,Pufa,SH,600519\n1,Pufa,SZ,000001\n"
+                "2,Futures,SHFE,*\n3,Options,SHO,*\n4,Rebar,SHFE,rb2610\n");
+    EXPECT_THAT(rows(), ElementsAre("rate,S100,SH:600519 SZ:000001,2024-01-02,,stock,,commission,0.00025,0.0001,"
+                                    "own record,fees/stock.csv:2 fees/stock.csv:3,custom fee,custom/stock.csv:2,"));
+    // Two lines that change alike are two changes.
+    after.write("categories.csv",
+                "category,name,market,code\n1,Pufa,SH,600000\n"
+                "2,Futures,SHFE,*\n3,Options,SHO,*\n4,Rebar,SHFE,rb2610\n");
+    after.write("fees/stock.csv",
+                "account,market,code,commission,stamp_duty\n"
+                "S100,SH,600*,0.0002,0.0005\n"
+                "S100,SZ,*,0.0002,0.0005\n");
+    EXPECT_EQ(rows().size(), 2U);
+}
+
+TEST_F(Diff, ChangeThatSomeAccountsHaveForMoreInstrumentsIsOneRowOfATable) {
+    for (const SampleFolder* folder : {&before, &after}) {
+        folder->write(
+            "fees/stock.csv",
+            "account,market,code,commission\nS100,SH,600*,0.00025\nS100,SZ,*,0.00025\nS200,SH,600*,0.00025\n");
+        folder->write("custom/stock.csv", "account,update,category,commission\nS100,1,1,0.0001\nS200,1,1,0.0001\n");
+        folder->write("configured/stock.csv", "market,code,commission\nSZ,000001,0.0003\n");
+    }
+    after.write("categories.csv",
+                "category,name,market,code\n1,Pufa,SH,600000\n1,Pufa,SH,600519\n1,Pufa,SZ,300750\n"
+                "2,Futures,SHFE,*\n3,Options,SHO,*\n4,Rebar,SHFE,rb2610\n");
+    const std::string table = diff("", "COLUMNS=150").out;
+    EXPECT_THAT(table, HasSubstr("S100, S200: SH:600519, SZ:300750, each account some of them\n"
+                                 "  Commission  0.025%  0.01%  own record        fees/stock.csv:2 and 2 more"));
+    EXPECT_THAT(rows(), testing::IsSupersetOf(
+                            {StartsWith("rate,S100,SH:600519 SZ:300750,2024-01-02,,stock,,commission,0.00025,0.0001,"),
+                             StartsWith("rate,S200,SH:600519,2024-01-02,,stock,,commission,0.00025,0.0001,")}));
 }
 
 TEST_F(Diff, LineThatIsTakenAwayLeavesTheRateBelowIt) {
@@ -170,14 +215,14 @@ TEST_F(Diff, ExpectNoneIsMetByNothingAlone) {
     const Outcome outcome = diff("--expect-none --csv");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "feedesk: not expected: 1 account changed: H100\n");
-    EXPECT_THAT(outcome.out, testing::EndsWith(",no,\n"));
+    EXPECT_THAT(outcome.out, testing::EndsWith(",no,,,\n"));
 }
 
 TEST_F(Diff, ExpectOnlyIsMetByTheNamedAccountsAlone) {
     after.write("configured/stock.csv", "market,code,commission\nSZ,000001,0.0003\n");
     EXPECT_EQ(diff("--expect-only S100 S200 P100 W100").status, 0);
     EXPECT_EQ(diff("--expect-only 'S*' 'P*' --expect-only W100").status, 0);
-    EXPECT_THAT(diff("--expect-only 'S*' P100 W100 --csv").out, testing::EndsWith(",yes,\n"));
+    EXPECT_THAT(diff("--expect-only 'S*' P100 W100 --csv").out, testing::EndsWith(",yes,,,\n"));
     const Outcome outcome = diff("--expect-only 'S*'");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "feedesk: not expected: 2 accounts changed: P100, W100\n");

@@ -47,6 +47,16 @@ protected:
         after.write("charges.csv", charges);
     }
 
+    /// Each line of the folder after gets two empty cells at its end.
+    void addDaysToCharges() const {
+        std::ifstream stream(after.path() + "/charges.csv");
+        std::string charges;
+        for (std::string line; std::getline(stream, line);) {
+            charges += line + (charges.empty() ? ",from,until\n" : ",,\n");
+        }
+        after.write("charges.csv", charges);
+    }
+
     CostFolder before;
     CostFolder after;
 };
@@ -69,8 +79,9 @@ TEST_F(DiffTrades, MayComeInAnyOrderAndThroughStandardInput) {
                        "S100,2024-01-03,SH,600519,sell,100,1500,\nS100,2024-01-02,SH,600519,buy,100,1500,\n");
     const Outcome outcome = diff("--trades - --csv <" + before.tradesFile());
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(lines(outcome.out), ElementsAre(testing::EndsWith("expected,names,account,trades,difference,currency"),
-                                                "costs,,,,,,,,150.00,150.00,,,,,,,S100,2,0.00,CNY"));
+    EXPECT_THAT(lines(outcome.out),
+                ElementsAre(testing::EndsWith("expected,side,column,names,account,trades,difference,currency"),
+                            "costs,,,,,,,,150.00,150.00,,,,,,,,,S100,2,0.00,CNY"));
 }
 
 // The stamp duty was 0.001 until 2023-08-27: a sale of that time pays 150.00 and 37.50, and 75.00 on a later day.
@@ -109,12 +120,43 @@ TEST_F(DiffTrades, ChargingTermThatChangesIsADifferenceToo) {
     replaceInCharges("turnover,,5,order", "turnover,,6,order");
     const Outcome outcome = diff("--csv --expect-none");
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(lines(outcome.out), ElementsAre(StartsWith("change,"), "terms_removed,,,,,,,,,,,,,,no,charges.csv:2",
-                                                "terms_added,,,,,,,,,,,,,,no,charges.csv:2"));
-    EXPECT_EQ(
-        outcome.err,
-        "feedesk: not expected: 1 charging term of the old folder alone; 1 charging term of the new folder alone\n");
+    EXPECT_THAT(lines(outcome.out), ElementsAre(StartsWith("change,"),
+                                                "term,,,2024-01-02,2026-12-31,stock,,commission,5,6,,charges.csv:2,,"
+                                                "charges.csv:2,no,both,minimum,"));
+    EXPECT_EQ(outcome.err, "feedesk: not expected: 1 charging term changed\n");
     EXPECT_THAT(costs("S100,2024-01-02,SH,600000,buy,100,10,\n"), ElementsAre(HasSubstr(R"("old":5.00,"new":6.00,)")));
+}
+
+TEST_F(DiffTrades, ChargingTermIsShownWithWhatWasAndWhatIs) {
+    replaceInCharges("stamp_duty,sell,turnover,,,fill,0.01 half_up", "stamp_duty,sell,turnover,,1,order,1 up");
+    EXPECT_THAT(diff("", "COLUMNS=80").out,
+                testing::EndsWith("\n\n"
+                                  "Charging terms\n"
+                                  "Column               Old    New  Old source     New source\n"
+                                  "stock stamp_duty, sell\n"
+                                  "  minimum              -      1  charges.csv:4  charges.csv:4\n"
+                                  "  per               fill  order  charges.csv:4  charges.csv:4\n"
+                                  "  rounding  0.01 half_up   1 up  charges.csv:4  charges.csv:4\n"));
+}
+
+TEST_F(DiffTrades, ChargingTermOfNewDaysChangesOnThoseDays) {
+    // The term ends, and one with another minimum begins on the next day.
+    addDaysToCharges();
+    replaceInCharges("stock,,,,commission,both,turnover,,5,order,0.01 half_up,,CNY,test,2024-01-02,,\n",
+                     "stock,,,,commission,both,turnover,,5,order,0.01 half_up,,CNY,test,2024-01-02,,2024-06-30\n"
+                     "stock,,,,commission,both,turnover,,3,order,0.01 half_up,,CNY,test,2024-01-02,2024-07-01,\n");
+    EXPECT_THAT(lines(diff("--csv").out), ElementsAre(StartsWith("change,"),
+                                                      "term,,,2024-07-01,2026-12-31,stock,,commission,5,3,,"
+                                                      "charges.csv:2,,charges.csv:3,,both,minimum,"));
+    EXPECT_EQ(diff("--from 2024-01-02 --until 2024-06-30 --expect-none").status, 0);
+}
+
+TEST_F(DiffTrades, ChargingTermThatEndsEarlierIsOfOneFolderAlone) {
+    addDaysToCharges();
+    replaceInCharges("commission,CNY,test,2024-01-02,,\n", "commission,CNY,test,2024-01-02,,2024-06-30\n");
+    EXPECT_THAT(lines(diff("--csv").out),
+                ElementsAre(StartsWith("change,"), "terms_removed,,,,,,,,,,,,,,,,,charges.csv:3"));
+    EXPECT_EQ(diff("--from 2024-01-02 --until 2024-06-30 --expect-none").status, 0);
 }
 
 TEST_F(DiffTrades, TitleOrSourceOfATermThatChangesIsNone) {

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/feedesk/support/program.h"
 #include "tests/feedesk/support/sample_folder.h"
 
@@ -24,7 +26,7 @@ protected:
         std::vector<std::string> found;
         for (const std::string& line : lines(outcome.out)) {
             if (line.rfind("account,", 0) != 0) {
-                found.push_back(cells(line, 5, 8));
+                found.push_back(cells(line, 5, 7) + "," + cells(line, 15, 1));
             }
         }
         return found;
@@ -189,8 +191,31 @@ TEST_F(Explain, IsObjectsInJson) {
         lines(outcome.out).at(2),
         R"({"account":"S100","kind":"stock","instrument":{"market":"SH","code":"600000","name":"浦发银行"},)"
         R"("part":"stock","item":"","turn":2,"level":"own record","source":"fees/stock.csv:2","verdict":"outranked",)"
-        R"("beaten_by":"custom/stock.csv:2","rates":{"commission":0.00025,"transfer_fee":0,"rate3":0,"rate4":0,)"
+        R"("beaten_by":"custom/stock.csv:2","from":null,"until":null,"category":null,"rates":{"commission":0.00025,"transfer_fee":0,"rate3":0,"rate4":0,)"
         R"("rate5":0,"stamp_duty":0.0005,"trade_unit":100}},)");
+}
+
+TEST_F(Explain, TellsProgramsTheDaysAndTheCategoryOfALine) {
+    folder.write("fees/stock.csv",
+                 "account,market,code,commission,from,until\n"
+                 "S100,SH,600*,0.0003,2022-04-29,2023-08-27\n"
+                 "S100,SH,600*,0.00025,2023-08-28,\n");
+    const Outcome outcome = explain("S100 SH:600519 --date 2024-01-02 --json");
+    const auto hasLine = [&](const std::string& source, const std::string& verdict, const std::string& days) {
+        const std::vector<std::string> all = lines(outcome.out);
+        return std::any_of(all.begin(), all.end(), [&](const std::string& line) {
+            return line.find("\"source\":" + source) != std::string::npos &&
+                   line.find("\"verdict\":\"" + verdict + "\"") != std::string::npos &&
+                   line.find(days) != std::string::npos;
+        });
+    };
+    EXPECT_TRUE(
+        hasLine("\"fees/stock.csv:2\"", "not_in_force", R"("from":"2022-04-29","until":"2023-08-27","category":null)"))
+        << outcome.out;
+    EXPECT_TRUE(hasLine("\"fees/stock.csv:3\"", "answers", R"("from":"2023-08-28","until":null)")) << outcome.out;
+    EXPECT_TRUE(hasLine("\"custom/stock.csv:2\"", "other_category", R"("from":null,"until":null,"category":"1")"))
+        << outcome.out;
+    EXPECT_TRUE(hasLine("null", "last", R"("from":null,"until":null,"category":null)")) << outcome.out;
 }
 
 TEST_F(Explain, InstrumentOutsideTheListsIsNoted) {

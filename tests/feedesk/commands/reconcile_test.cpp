@@ -86,7 +86,7 @@ TEST_F(Reconcile, AnswersProgramsWithEveryFigure) {
 
 TEST_F(Reconcile, ShowsOnlyWhatDiffersWhereThatIsAskedFor) {
     EXPECT_EQ(folder.reconcileLines(kAgreeing, "--differing").out,
-              "Account S100 (stock) 股票户, plain\n\n\n2 trades: 2 agree to the fen\n");
+              "Account S100 (stock) 股票户, plain\n\n2 trades: 2 agree to the fen\n");
 }
 
 // 3 x 100 shares at 10: 1000 x 0.00025 = 0.25 each, 0.75 together, at least 5.
@@ -209,6 +209,20 @@ TEST_F(Reconcile, ReportsWhatHasNoAnswer) {
     EXPECT_NE(unfolded(outcome.out).find("Line 4: the folder's schedules are known from 2021-01-01"),
               std::string::npos);
     EXPECT_EQ(outcome.status, 1);
+}
+
+// Sentences of 100 groups are told. Of the others a reader is told what they are.
+TEST_F(Reconcile, CountsWhatItDoesNotTellByCause) {
+    std::string text = "日期,代码,买卖,数量,价格,佣金\n";
+    for (int i = 0; i < 105; ++i) {
+        text += "20240102," + std::to_string(900000 + i) + ",买,100,10,5\n";
+    }
+    text += "20240102,600519,买,100,1000,31\n20240103,600519,买,100,1000,32\n";
+    folder.writeStatement(text);
+    const std::string told = unfolded(folder.reconcile().out);
+    EXPECT_NE(told.find("7 trades more by cause: 5 no answer, 2 other_rate; --json and --csv tell them all"),
+              std::string::npos)
+        << told;
 }
 
 TEST_F(Reconcile, SaysWhatItCannotExplain) {

@@ -40,6 +40,12 @@ const ValueCase kCases[] = {
     {"Count", Unit::kCount, std::size_t{61234}, "61234", "61234", "61,234"},
     {"Money", Unit::kNumber, Money{"-12345678901234567.89"}, "-12345678901234567.89", "-12345678901234567.89",
      "-12345678901234567.89"},
+    {"RateOfTurnover", Unit::kNumber, Rate{"0.00025", Unit::kFraction}, "0.00025", "0.00025", "0.025%"},
+    {"RateInYuan", Unit::kNumber, Rate{"1.3", Unit::kYuan}, "1.3", "1.3", "1.3 yuan"},
+    {"RateOfADouble", Unit::kNumber, asRate(2.3 / 10000, Unit::kFraction), "0.00023", "0.00023", "0.023%"},
+    {"RateThatIsNoNumber", Unit::kNumber, asRate(kNan, Unit::kFraction), "nan", "null", "nan"},
+    {"Sources", Unit::kText, Sources{{"a.csv:1", "b.csv:2"}}, "a.csv:1 b.csv:2", R"(["a.csv:1","b.csv:2"])",
+     "a.csv:1 b.csv:2"},
     {"Source", Unit::kText, Source{"fees/stock.csv:12"}, "fees/stock.csv:12", "\"fees/stock.csv:12\"",
      "fees/stock.csv:12"},
 };

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -58,10 +59,13 @@ TEST_F(Xlsx, HasASheetForEachSectionAndOneForSources) {
                     "Answer|A3|s|=1+1|General|", "Answer|B3|n|0.5|0.0#############%|",
                     "Answer|C3|s|fees/stock.csv:9|General|",  //
                     "Answer|A4|s|x|General|", "Answer|C4|s|fees/stock.csv:12|General|",
-                    "Margin buy sell|A1|s|code|General|", "Margin buy sell|A2|s|600519|General|",
-                    "Sources|A1|s|File|General|", "Sources|B1|s|Line|General|", "Sources|C1|s|Cells|General|",
-                    "Sources|A2|s|fees/stock.csv|General|", "Sources|B2|n|9|General|", "Sources|C2|n|1|General|",
-                    "Sources|A3|s|fees/stock.csv|General|", "Sources|B3|n|12|General|", "Sources|C3|n|2|General|"));
+                    "Margin buy sell|A1|s|Code|General|", "Margin buy sell|A2|s|600519|General|",
+                    "Sources|A1|s|Column|General|", "Sources|B1|s|File|General|", "Sources|C1|s|Line|General|",
+                    "Sources|D1|s|Cells|General|",  //
+                    "Sources|A2|s|From|General|", "Sources|B2|s|fees/stock.csv|General|", "Sources|C2|n|9|General|",
+                    "Sources|D2|n|1|General|",  //
+                    "Sources|A3|s|From|General|", "Sources|B3|s|fees/stock.csv|General|", "Sources|C3|n|12|General|",
+                    "Sources|D3|n|2|General|"));
 }
 
 struct CellCase {
@@ -83,6 +87,11 @@ const CellCase kCellCases[] = {
     {"Money", Unit::kNumber, Money{"-1234.50"}, "n|-1234.5|#,##0.00"},
     {"MoneyWithoutPlaces", Unit::kNumber, Money{"1234"}, "n|1234|#,##0"},
     {"MoneyOfFifteenDigits", Unit::kNumber, Money{"1234567890123.45"}, "n|1234567890123.45|#,##0.00"},
+    {"MoneyBelowAFen", Unit::kNumber, Money{"0.000000000000012"}, "n|1.2e-14|#,##0.000000000000000"},
+    {"RateOfTurnover", Unit::kNumber, Rate{"0.00025", Unit::kFraction}, "n|0.00025|0.0#############%"},
+    {"RateInYuan", Unit::kNumber, Rate{"1.3", Unit::kYuan}, R"(n|1.3|General" yuan")"},
+    {"RateOfSixteenDigits", Unit::kNumber, Rate{"1.234567890123456", Unit::kYuan}, "s|1.234567890123456|General"},
+    {"Places", Unit::kText, Sources{{"a.csv:1", "b.csv:2"}}, "s|a.csv:1 b.csv:2|General"},
     {"MoneyOfSixteenDigits", Unit::kNumber, Money{"12345678901234.56"}, "s|12345678901234.56|General"},
 };
 
@@ -101,6 +110,45 @@ TEST_F(Xlsx, KeepsNumbersAsNumbersAndTextsAsTexts) {
     for (const CellCase& each : kCellCases) {
         EXPECT_THAT(cells, Contains(std::string(each.what) + "|A2|" + each.cell + "|"));
     }
+}
+
+TEST_F(Xlsx, CountsEachOfSeveralSourcesByTheColumnThatNamesIt) {
+    const auto sink = xlsxSink(path("a.xlsx"));
+    sink->begin({{"", {{"old_sources", ""}, {"new", "New"}}}});
+    sink->row({0, {Sources{{"a.csv:2", "a.csv:10"}}, Source{"a.csv:2"}}, false});
+    sink->row({0, {Sources{{"a.csv:2"}}, Nothing()}, false});
+    sink->end();
+    std::vector<std::string> cells = cellsOf(path("a.xlsx"));
+    cells.erase(cells.begin(), std::find(cells.begin(), cells.end(), "Sources|A2|s|New|General|"));
+    EXPECT_THAT(cells, ElementsAre("Sources|A2|s|New|General|", "Sources|B2|s|a.csv|General|",
+                                   "Sources|C2|n|2|General|", "Sources|D2|n|1|General|",  //
+                                   "Sources|A3|s|Old sources|General|", "Sources|B3|s|a.csv|General|",
+                                   "Sources|C3|n|2|General|", "Sources|D3|n|2|General|",  //
+                                   "Sources|A4|s|Old sources|General|", "Sources|B4|s|a.csv|General|",
+                                   "Sources|C4|n|10|General|", "Sources|D4|n|1|General|"));
+}
+
+TEST_F(Xlsx, NamesItsSheetsAsFarAsASpreadsheetAllows) {
+    const std::string tooLong(40, 'x');
+    const auto sink = xlsxSink(path("a.xlsx"));
+    sink->begin({{"", {{"v", "V"}}, "Findings"},
+                 {"'[]'", {{"v", "V"}}, ""},
+                 {"FINDINGS", {{"v", "V"}}, ""},
+                 {tooLong, {{"v", "V"}}, ""},
+                 {tooLong, {{"v", "V"}}, ""}});
+    for (std::size_t i = 0; i < 5; ++i) {
+        sink->row({i, {std::string("a")}, false});
+    }
+    sink->end();
+    std::vector<std::string> names;
+    for (const std::string& cell : cellsOf(path("a.xlsx"))) {
+        const std::string name = cell.substr(0, cell.find('|'));
+        if (names.empty() || names.back() != name) {
+            names.push_back(name);
+        }
+    }
+    EXPECT_THAT(names, ElementsAre("Findings", "Answer", "FINDINGS (2)", std::string(30, 'x') + "…",
+                                   std::string(26, 'x') + "… (2)"));
 }
 
 TEST_F(Xlsx, ShowsInRedWhatMustNotBeOverlooked) {
