@@ -7,7 +7,6 @@
 #include "feedesk/checking/line_faults.h"
 #include "feedesk/checking/topics.h"
 #include "feedesk/text/numbers.h"
-#include "standalone/charged_families.h"
 
 namespace feedesk::checking {
 namespace {

@@ -12,7 +12,6 @@
 #include "feedesk/checking/line_faults.h"
 #include "feedesk/checking/topics.h"
 #include "feedesk/text/numbers.h"
-#include "standalone/charged_families.h"
 #include "standalone/text/numbers.h"
 
 namespace feedesk::checking {

@@ -109,7 +109,7 @@ TEST_F(Spreadsheets, OfFindingsHaveEveryPlaceAmongTheSources) {
 TEST_F(Spreadsheets, OfAStatementHaveTheSolvedRateAsPercent) {
     const Sheets all = sheets("reconcile S100 " + folder.statementFile());
     EXPECT_THAT(all.names, ElementsAre("Trades", "What differs", "Proposed lines", "Sources"));
-    EXPECT_THAT(all.cells.at("Trades"), Contains(std::string("T2 0.00031") + kPercent));
+    EXPECT_THAT(all.cells.at("Trades"), Contains(std::string("U2 0.00031") + kPercent));
     EXPECT_THAT(all.cells.at("Sources"), Contains("B2 fees/stock.csv"));
 }
 
