@@ -23,6 +23,23 @@ protected:
 
     bool nothingStored() { return center.stockAccountTable.empty(); }
 
+    /// What `change` queues keeps account and record alive until it has run, and no longer.
+    template <class Change>
+    void expectOwnedUntilRun(boost::shared_ptr<IData> fee, const Change& change) {
+        auto owner = test::makeAccount(2, 8);
+        const boost::weak_ptr<CAccountInfo> watchedAccount = owner;
+        const boost::weak_ptr<IData> watchedFee = fee;
+        change(owner, fee);
+        owner.reset();
+        fee.reset();
+        EXPECT_FALSE(watchedAccount.expired());
+        EXPECT_FALSE(watchedFee.expired());
+        host.runJobs();
+        EXPECT_EQ(center.stockAccountTable.count(8), 1U);
+        EXPECT_TRUE(watchedAccount.expired());
+        EXPECT_TRUE(watchedFee.expired());
+    }
+
     /// The rate of the instrument now; the default is 0.00015.
     double rate() { return center.getFee(account, "SH", "600000")->stkRateLimit->rate1; }
 
@@ -140,35 +157,12 @@ TEST_F(EntryChangeTest, JobsRunInPostingOrder) {
 }
 
 TEST_F(EntryChangeTest, LoadOwnsAccountAndRecordsUntilItHasRun) {
-    auto owner = test::makeAccount(2, 8);
-    auto fee = record(0.1);
-    const boost::weak_ptr<CAccountInfo> watchedAccount = owner;
-    const boost::weak_ptr<IData> watchedFee = fee;
-    center.initFees(owner, {fee});
-    owner.reset();
-    fee.reset();
-    EXPECT_FALSE(watchedAccount.expired());
-    EXPECT_FALSE(watchedFee.expired());
-    host.runJobs();
-    EXPECT_EQ(center.stockAccountTable.count(8), 1U);
-    EXPECT_TRUE(watchedAccount.expired());
-    EXPECT_TRUE(watchedFee.expired());
+    expectOwnedUntilRun(record(0.1), [this](const auto& owner, const auto& fee) { center.initFees(owner, {fee}); });
 }
 
 TEST_F(EntryChangeTest, UpdateOwnsAccountAndRecordUntilItHasRun) {
-    auto owner = test::makeAccount(2, 8);
-    auto fee = custom(0.2);
-    const boost::weak_ptr<CAccountInfo> watchedAccount = owner;
-    const boost::weak_ptr<IData> watchedFee = fee;
-    center.updateCustomFee(owner, fee);
-    owner.reset();
-    fee.reset();
-    EXPECT_FALSE(watchedAccount.expired());
-    EXPECT_FALSE(watchedFee.expired());
-    host.runJobs();
-    EXPECT_EQ(center.stockAccountTable.count(8), 1U);
-    EXPECT_TRUE(watchedAccount.expired());
-    EXPECT_TRUE(watchedFee.expired());
+    expectOwnedUntilRun(custom(0.2),
+                        [this](const auto& owner, const auto& fee) { center.updateCustomFee(owner, fee); });
 }
 
 TEST_F(EntryChangeTest, JobSharesTheRecordsAndDoesNotCopyThem) {
