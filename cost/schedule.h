@@ -38,9 +38,10 @@ private:
 /// All charging terms of a market folder. Immutable, safe from any thread, cheap to copy.
 class Schedule {
 public:
-    Schedule() : Schedule(std::vector<Term>()) {}
+    /// Without a term and without a file.
+    Schedule() : Schedule({}, "") {}
     /// `file`: where a term that is missing belongs, for messages. Throws Refused with the first of faultsOf(terms).
-    explicit Schedule(std::vector<Term> terms, std::string file = "charges.csv");
+    explicit Schedule(std::vector<Term> terms, std::string file);
 
     /// The terms of a place on a day. It looks at every term, so callers keep the answer for the place and
     /// TermSet::dates(). Throws Refused, naming both, when two equally specific ones charge the same on the same side.

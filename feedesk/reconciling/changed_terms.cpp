@@ -29,7 +29,7 @@ cost::Tariff withTerms(const cost::Tariff& tariff, cost::Date day, const std::fu
         change(terms.back());
     }
     return {tariff.place(), tariff.contract(), tariff.rates(),
-            cost::Schedule(std::move(terms)).termsFor(tariff.place(), day)};
+            cost::Schedule(std::move(terms), tariff.terms().file()).termsFor(tariff.place(), day)};
 }
 
 cost::Tariff withRate(const cost::Tariff& tariff, cost::Date day, const std::string& charge, const std::string& item,

@@ -55,7 +55,7 @@ cost::Schedule schedule(std::vector<cost::Term> terms) {
     for (cost::Term& term : terms) {
         term.where = "charges.csv:" + std::to_string(++line);
     }
-    return cost::Schedule(std::move(terms));
+    return cost::Schedule(std::move(terms), "charges.csv");
 }
 
 cost::Rates rates(const std::vector<NamedRate>& named) {
