@@ -6,7 +6,7 @@
 namespace cost {
 namespace {
 
-/// What no text that a person writes holds, so that keys of several texts differ.
+/// Between the texts of a key. No text that a person writes contains it, so different texts give different keys.
 constexpr char kSeparator = '\0';
 
 void makeOrderKey(const Trade& trade, const Place& place, std::string& key) {

@@ -3,7 +3,7 @@
 namespace cost {
 namespace {
 
-/// What is to be known of a side. The wide term side of one that has none is its own.
+/// The facts of a side. Where no wide term side covers it, `wide` is the term side of its own name.
 struct SideFacts {
     TermSide wide;
     bool opening;

@@ -122,7 +122,8 @@ private:
     }
 
     static void refuseCycle(const ChargeLine& line, const std::vector<ChargeLine>& lines) {
-        // A walk that enters a cycle without passing its start again is cut off: the cycle's own lines find it.
+        // A walk into a cycle that does not return to this line ends after as many steps as there are lines: the lines
+        // of the cycle report it themselves.
         const Term* outer = line.inside;
         for (std::size_t step = 0; outer != nullptr && outer != line.term && step < lines.size(); ++step) {
             outer = std::find_if(lines.begin(), lines.end(), [&](const ChargeLine& other) {

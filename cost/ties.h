@@ -9,8 +9,8 @@
 
 namespace cost {
 
-// Equally specific terms with different patterns contradict each other only where one place matches both. Which places
-// there are, the owner of the terms knows: he asks for the ties, finds a place for each, and asks whether it is settled
+// Equally specific terms with different patterns contradict each other only where one place matches both. The owner of
+// the terms knows the places: it asks for the ties, looks for a place of each, and asks whether the tie is settled
 // there.
 
 /// Two terms for the same charge, side and day that are equally specific by texts of which one differs. Indices of the

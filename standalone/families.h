@@ -10,9 +10,8 @@
 #include "standalone/market.h"
 #include "standalone/market_files.h"
 
-// The families of rates and the kinds of account, each in one table, and how they go with the families that trades are
-// charged in. Every name lives as long as the program. Safe from
-// any number of threads at once.
+// The families of rates and the kinds of account, each in one table, with the families that trades are charged in.
+// Every name lives as long as the program. Safe from any number of threads at once.
 
 namespace standalone {
 

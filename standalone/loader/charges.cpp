@@ -31,7 +31,7 @@ public:
     void read() {
         const bool complete =
             readTable<Term>(load, files::kCharges, chargeColumns(load), [&](ReadCharge& read) { take(read); });
-        // What a line that could not be read would have charged is not known, so that lines are not compared.
+        // A line that could not be read may charge anything, so the lines are not compared.
         if (complete && allWhole) {
             compareLines();
         }
