@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_map>
 #include <utility>
 
 #include "feedesk/text/numbers.h"
@@ -241,17 +242,19 @@ FieldsOf<Proposal> proposalFields() {
 
 std::vector<std::string> causeSentences(const Reconciliation& found, const Statement& statement) {
     std::vector<std::pair<std::string, std::vector<std::string>>> groups;  // sentence, lines
+    std::unordered_map<std::string, std::size_t> places;
     for (const ReconciledOrder& each : found.orders) {
         if (each.outcome == Outcome::kAgrees) {
             continue;
         }
         const std::string sentence = sentenceOf({each, statement});
-        auto group = std::find_if(groups.begin(), groups.end(), [&](const auto& one) { return one.first == sentence; });
-        if (group == groups.end()) {
-            group = groups.insert(groups.end(), {sentence, {}});
+        const auto place = places.emplace(sentence, groups.size());
+        if (place.second) {
+            groups.push_back({sentence, {}});
         }
         const std::vector<std::string> numbers = lineNumbers(each, statement);
-        std::copy(numbers.begin(), numbers.end(), std::back_inserter(group->second));
+        std::vector<std::string>& lines = groups[place.first->second].second;
+        std::copy(numbers.begin(), numbers.end(), std::back_inserter(lines));
     }
     std::vector<std::string> sentences;
     for (const auto& [sentence, lines] : groups) {

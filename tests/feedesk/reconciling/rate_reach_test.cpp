@@ -98,6 +98,20 @@ INSTANTIATE_TEST_SUITE_P(
                "3 of 2024-01-04",
                "Line 3: the schedule from 2021-01-01 until 2023-08-27"},
               ""},
+        // The first fits the second and the third, which do not fit each other.
+        Reach{
+            "ThreeLinesOfWhichNoRateFitsAll",
+            "20240102,600519,买,200,104,6.24,0,0,,1,-20806.24\n"
+            "20240103,600519,买,1000,1000,299.80,0,0,,1,-1000299.80\n"
+            "20240104,600519,买,1000,1000,300.20,0,0,,1,-1000300.20\n",
+            {"Line 2: the commission 0.0003 (any from 0.000299759616 to 0.000300240384) fits this trade, and no rate "
+             "fits "
+             "it and all those after it",
+             "Line 3: the commission 0.0002998 (any from 0.000299795 to 0.000299804999) fits this trade, and not line "
+             "4 of 2024-01-04",
+             "Line 4: the commission 0.0003002 (any from 0.000300195 to 0.000300204999) fits the line from "
+             "2024-01-04 on"},
+            "S100,SH,600*,0.0003002,0.00001,0.0005,2024-01-04,"},
         // An order of no more than the minimum agrees with both rates.
         Reach{"TheFirstDayOfADifferenceAndNotTheMinimaBefore",
               "20240102,600519,买,100,10,5.00,0,0,,1,-1005.00\n"
