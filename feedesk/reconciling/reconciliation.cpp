@@ -8,6 +8,7 @@
 #include "feedesk/reconciling/common_causes.h"
 #include "feedesk/reconciling/rate_causes.h"
 #include "feedesk/terminal/terminal.h"
+#include "feedesk/text/numbers.h"
 
 namespace feedesk {
 namespace {
