@@ -6,11 +6,11 @@
 #include <cstring>
 #include <fstream>
 #include <system_error>
-#include <utility>
 
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
+#include "feedesk/commands/reconcile_notes.h"
 #include "feedesk/commands/reconcile_rows.h"
 #include "feedesk/overwriting.h"
 #include "feedesk/statements/encoding.h"
@@ -80,46 +80,6 @@ std::string sumText(const Reconciliation& found) {
                               part(Outcome::kDiffers, "differs", "differ") +
                               part(Outcome::kNotCharged, "has no answer", "have no answer");
     return counted(found.orders.size(), "trade") + ": " + parts.substr(2);
-}
-
-/// "5, 9 (股息入账)": the lines of each operation.
-std::string passedOverLines(const std::string& operation, const std::vector<std::size_t>& lines) {
-    constexpr std::size_t kMostLines = 10;
-    const std::size_t shown = std::min(lines.size(), kMostLines);
-    const std::vector<std::size_t> first(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(shown));
-    return fmt::format("{}{} ({})", fmt::join(first, ", "),
-                       shown < lines.size() ? fmt::format(" and {} more", grouped(lines.size() - shown)) : "",
-                       operation.empty() ? "a sum or remark" : echoed(operation));
-}
-
-std::string passedOverNote(const Statement& statement) {
-    std::vector<std::pair<std::string, std::vector<std::size_t>>> operations;
-    for (const PassedOver& each : statement.passedOver) {
-        auto known = std::find_if(operations.begin(), operations.end(),
-                                  [&](const auto& one) { return one.first == each.operation; });
-        if (known == operations.end()) {
-            known = operations.insert(operations.end(), {each.operation, {}});
-        }
-        known->second.push_back(each.line);
-    }
-    std::vector<std::string> lines;
-    for (const auto& [operation, numbers] : operations) {
-        lines.push_back(passedOverLines(operation, numbers));
-    }
-    const std::size_t count = statement.passedOver.size();
-    return count == 0
-               ? ""
-               : fmt::format("{} of {} {} no trade and {} passed over: {}", counted(count, "line"), statement.file,
-                             count == 1 ? "is" : "are", count == 1 ? "was" : "were", fmt::join(lines, ", "));
-}
-
-/// Where the signs of what moved are not the statement's own.
-std::string signsNote(const Statement& statement) {
-    return statement.isNetUnsigned ? fmt::format(
-                                         "{} writes what moved on the account without a sign; what its "
-                                         "purchases cost was taken as paid",
-                                         statement.file)
-                                   : "";
 }
 
 void writePatch(const std::string& path, const std::string& patch) {

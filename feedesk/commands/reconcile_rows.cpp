@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <unordered_map>
 #include <utility>
 
 #include "feedesk/text/numbers.h"
@@ -235,7 +236,7 @@ private:
     }
 
     std::vector<SentenceGroup> groups;
-    std::map<std::string, std::size_t> places;  // by sentence
+    std::unordered_map<std::string, std::size_t> places;  // by sentence
 };
 
 }  // namespace

@@ -18,7 +18,7 @@ std::optional<Amounts> amountsByFill(const ReconciledOrder& charged) {
 }
 
 /// Whether its fills may be charged one by one, which is two changes, of the minimum and of the rounding, and leaves no
-/// rate to be told from the order.
+/// rate to be concluded from the order.
 bool mayBeItsFills(const ReconciledOrder& charged, const Layout& layout) {
     const auto byFill = amountsByFill(charged);
     return byFill && agree(figuresOf(charged.order.stated, *byFill, layout));
@@ -79,14 +79,14 @@ std::string wouldFit(const std::vector<SolvedRate>& rates) {
     std::transform(rates.begin(), rates.end(), std::back_inserter(each), [](const SolvedRate& rate) {
         return fmt::format("the {} {}", rate.sought.charge, rate.rate.text());
     });
-    return fmt::format("{} would fit, and the statement does not tell which", fmt::join(each, " or "));
+    return fmt::format("{} would fit, and the statement does not say which", fmt::join(each, " or "));
 }
 
 std::string byFillRemark(const ReconciledOrder& charged) {
     const Span costs = amountsByFill(charged)->costs();
     return fmt::format(
-        "its {} fills, each charged by itself with its minimum and its rounding, cost {}, and what else it may be "
-        "the statement does not tell",
+        "its {} fills, each charged by itself with its minimum and its rounding, cost {}, so that no rate follows from "
+        "it",
         charged.order.fills,
         costs.isExact() ? costs.low.text(2) : fmt::format("from {} to {}", costs.low.text(2), costs.high.text(2)));
 }

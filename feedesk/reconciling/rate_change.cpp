@@ -10,6 +10,9 @@ namespace {
 using Outcome = ReconciledOrder::Outcome;
 using Place = OrdersByDay::const_iterator;
 
+/// How many orders are held against a rate that fits one order, so that a long statement takes no longer for each line.
+constexpr std::ptrdiff_t kMostHeld = 1000;
+
 std::string keyOf(const cost::ChargeLine& line) {
     return fmt::format("{}\n{}\n{}", line.term->charge, line.term->item,
                        line.rate == nullptr ? line.term->where : line.rate->source + '\n' + line.rate->level);
@@ -155,6 +158,25 @@ private:
     std::size_t otherLines = 0;
 };
 
+Place firstFrom(const OrdersByDay& orders, Place end, cost::Date day) {
+    return std::lower_bound(orders.begin(), end, day, [](const ReconciledOrder* each, const cost::Date& first) {
+        return each->order.date() < first;
+    });
+}
+
+/// The first order from the day of this one on that pays another rate; nothing where the next ones do not show it.
+std::optional<OtherLine> firstAgainst(const ChargedLine& line, const ReconciledOrder& charged, const RateRange& range,
+                                      const Layout& layout) {
+    const Place from = firstFrom(line.orders, line.orders.end(), charged.order.date());
+    const Place end = from + std::min(line.orders.end() - from, kMostHeld);
+    const Place other = std::find_if(from, end, [&](const ReconciledOrder* each) {
+        const auto both = Held(*each, line.sought, layout).rangeIn(range);
+        return both ? both->isEmpty() : isByFolder(*each);
+    });
+    return other == end ? std::nullopt
+                        : std::optional(OtherLine{(*other)->order.lines.front(), (*other)->order.date()});
+}
+
 }  // namespace
 
 ChargedLines::ChargedLines(const OrdersByDay& orders) {
@@ -203,16 +225,7 @@ std::optional<SolvedRate> rateOf(const ChargedLine& line, const ReconciledOrder&
     }
     SolvedRate solved = order.solved(*range);
     solved.lines = charged.order.lines.size();
-    const auto other = std::find_if(line.orders.begin(), line.orders.end(), [&](const ReconciledOrder* each) {
-        if (each->order.date() < charged.order.date()) {
-            return false;
-        }
-        const auto both = Held(*each, line.sought, layout).rangeIn(*range);
-        return both ? both->isEmpty() : isByFolder(*each);
-    });
-    if (other != line.orders.end()) {
-        solved.against = OtherLine{(*other)->order.lines.front(), (*other)->order.date()};
-    }
+    solved.against = firstAgainst(line, charged, *range, layout);
     return solved;
 }
 

@@ -88,7 +88,7 @@ Reconciliation Reconciler::reconcile(const Statement& statement) {
     return result;
 }
 
-/// What orders have in common goes before what explains each of them; what remains is told order by order.
+/// What orders have in common goes before what explains each of them; what remains is explained order by order.
 void Reconciler::findCauses(const Layout& layout, Reconciliation& result) {
     const OrdersByDay orders = chargedByDay(result.orders);
     takeCommonCauses(orders);

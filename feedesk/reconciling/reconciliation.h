@@ -36,7 +36,7 @@ struct SolvedRate {
     std::optional<cost::Date> from;
     std::size_t otherLines = 0;        ///< from that day on: lines that differ in other ways, and are not among `lines`
     std::optional<OtherLine> against;  ///< where it fits one order: the first from its day on that it does not fit
-    /// Rates of other charges that explain the same orders: the statement does not tell which one it is.
+    /// Rates of other charges that explain the same orders: the statement does not say which one it is.
     std::vector<SolvedRate> orElse;
 };
 

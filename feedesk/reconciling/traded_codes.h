@@ -19,8 +19,8 @@ public:
     /// many belong there is said by the market's own codes.
     TradedCodes(int accountType, const standalone::Market& market, std::size_t mostDigits);
 
-    /// The line's instrument, by its market where the line tells it: the one whose code is as it is written, or else
-    /// with zeros. An instrument of a told market that accounts of the kind do not trade is handed back as it is
+    /// The line's instrument, by its market where the line has it: the one whose code is as it is written, or else
+    /// with zeros. An instrument of a named market that accounts of the kind do not trade is handed back as it is
     /// written. Throws cost::Refused when there is none, or when it may be several.
     [[nodiscard]] Question instrumentOf(const StatementLine& line) const;
 

@@ -8,6 +8,8 @@
 
 #include "feedesk/statements/cells.h"
 #include "feedesk/statements/header.h"
+#include "feedesk/statements/net_signs.h"
+#include "feedesk/statements/written_values.h"
 #include "feedesk/text/numbers.h"
 #include "feedesk/text/text.h"
 #include "standalone/text/numbers.h"
@@ -203,31 +205,6 @@ private:
     const std::vector<std::string>& titles;
     const std::vector<std::string>* cells = nullptr;
 };
-
-bool isPurchase(const StatementLine& line) {
-    return line.trade.side == cost::Side::kBuy && line.net && !line.net->isZero();
-}
-
-/// What was paid for a purchase is its amount and costs; less than the amount would be what a sale brings.
-bool isPaidWithoutSign(const StatementLine& line) {
-    return *line.net >= line.amount.value_or(line.trade.quantity * line.trade.price);
-}
-
-/// Gives what was paid for purchases its sign where the statement writes none.
-void giveSigns(Statement& statement) {
-    std::vector<StatementLine*> purchases;
-    for (StatementLine& line : statement.lines) {
-        if (isPurchase(line)) {
-            purchases.push_back(&line);
-        }
-    }
-    statement.isNetUnsigned =
-        !purchases.empty() && std::all_of(purchases.begin(), purchases.end(),
-                                          [](const StatementLine* line) { return isPaidWithoutSign(*line); });
-    for (StatementLine* line : statement.isNetUnsigned ? purchases : std::vector<StatementLine*>()) {
-        line->net = -*line->net;
-    }
-}
 
 }  // namespace
 

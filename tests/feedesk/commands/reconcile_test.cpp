@@ -84,6 +84,21 @@ TEST_F(Reconcile, AnswersProgramsWithEveryFigure) {
     EXPECT_EQ(csv.status, 0);
 }
 
+// What explains the very same amounts is told everywhere, and the first in the order of causes is the cause.
+TEST_F(Reconcile, TellsEqualCausesInEveryForm) {
+    const std::string sale = "20240103,600519,卖,100,1000,25.00,0,0,,1,99975.00\n";
+    EXPECT_NE(unfolded(folder.reconcileLines(sale).out)
+                  .find("Line 2: the stamp_duty (charges.csv:4) left out; also fits: charged as buy and not as sell"),
+              std::string::npos);
+    EXPECT_NE(
+        folder.reconcileLines(sale, "--csv")
+            .out.find(",left_out,the stamp_duty (charges.csv:4) left out,other_side,charged as buy and not as sell,"),
+        std::string::npos);
+    EXPECT_NE(folder.reconcileLines(sale, "--json")
+                  .out.find(R"("also_fits":["other_side"],"alternatives":"charged as buy and not as sell")"),
+              std::string::npos);
+}
+
 TEST_F(Reconcile, ShowsOnlyWhatDiffersWhereThatIsAskedFor) {
     EXPECT_EQ(folder.reconcileLines(kAgreeing, "--differing").out,
               "Account S100 (stock) 股票户, plain\n\n2 trades: 2 agree to the fen\n");

@@ -242,7 +242,7 @@ protected:
                                          [&](const Explanation& each) { return each.cause == kind.cause; });
         if (order.cause == kind.cause) {
             ++tally.found;
-        } else if (fitsToo) {
+        } else if (fitsToo && order.cause < kind.cause) {
             ++tally.same;
         } else {
             ++(order.cause == Cause::kNotExplained ? tally.notFound : tally.wrong);
@@ -262,6 +262,7 @@ TEST_F(Faults, StatementWithoutFaultAgrees) { EXPECT_TRUE(reconciled(textWith({}
 
 TEST_F(Faults, AreFoundWithTheirCause) {
     Random random(20210304);
+    int found = 0;
     std::printf("%-26s %5s %12s %5s %9s\n", "fault", "found", "same amounts", "wrong", "not found");
     for (const KindOfFault& kind : kinds()) {
         Tally tally;
@@ -272,13 +273,16 @@ TEST_F(Faults, AreFoundWithTheirCause) {
                 continue;
             }
             ++made;
-            const Reconciliation found = reconciled(textWith({{faulty, text}}));
-            ASSERT_EQ(found.count(ReconciledOrder::Outcome::kDiffers), 1U);
-            judge(found.orders[faulty], kind, tally);
+            const Reconciliation result = reconciled(textWith({{faulty, text}}));
+            ASSERT_EQ(result.count(ReconciledOrder::Outcome::kDiffers), 1U);
+            judge(result.orders[faulty], kind, tally);
         }
         std::printf("%-26s %5d %12d %5d %9d\n", kind.name, tally.found, tally.same, tally.wrong, tally.notFound);
         EXPECT_EQ(tally.found + tally.same, kEach) << kind.name;
+        found += tally.found;
     }
+    EXPECT_TRUE(kEach != 20 || found == 237)
+        << found << "; docs/feedesk.md tells how many of the 240 are found by their own cause";
 }
 
 TEST_F(Faults, AreFoundTogether) {

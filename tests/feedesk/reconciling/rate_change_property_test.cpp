@@ -26,7 +26,7 @@ using naive::Charging;
 using naive::Line;
 using naive::Rates;
 
-constexpr int kStatements = 3;
+constexpr int kStatements = RANDOM_FOLDERS + 1;
 
 struct Instrument {
     const char* market;

@@ -16,7 +16,7 @@ namespace {
 struct Reach {
     const char* name;
     std::string lines;
-    std::vector<const char*> told;
+    std::vector<const char*> reported;
     const char* patched;  ///< part of the patch; empty: none is written
 };
 
@@ -27,12 +27,12 @@ std::string patchIn(const std::string& path) {
 
 class RateReach : public testing::TestWithParam<Reach> {};
 
-TEST_P(RateReach, IsToldAsItIs) {
+TEST_P(RateReach, IsReportedAsItIs) {
     const StatementFolder folder;
     const std::string patch = folder.tradesFile();
     const Outcome outcome = folder.reconcileLines(GetParam().lines, "--patch " + patch);
     const std::string text = unfolded(outcome.out);
-    for (const char* each : GetParam().told) {
+    for (const char* each : GetParam().reported) {
         EXPECT_NE(text.find(each), std::string::npos) << each << "\n" << outcome.out << outcome.err;
     }
     EXPECT_EQ(outcome.status, 1);
@@ -74,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(
                "Line 3: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits this trade, and not line "
                "2 of the same day"},
               "S100,SH,600*,0.0003,0.00001,0.0005,2024-01-03,"},
-        // The old rate stands below the new one of the same day.
+        // The old rate comes after the new one of the same day.
         Reach{"ADayWhoseLinesDisagreeWhicheverComesFirst",
               "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
               "20240102,600519,买,100,1000,25.00,0,0,,1,-100025.00\n",
@@ -98,6 +98,20 @@ INSTANTIATE_TEST_SUITE_P(
                "3 of 2024-01-04",
                "Line 3: the schedule from 2021-01-01 until 2023-08-27"},
               ""},
+        // The first fits the second and the third, which do not fit each other.
+        Reach{
+            "ThreeLinesOfWhichNoRateFitsAll",
+            "20240102,600519,买,200,104,6.24,0,0,,1,-20806.24\n"
+            "20240103,600519,买,1000,1000,299.80,0,0,,1,-1000299.80\n"
+            "20240104,600519,买,1000,1000,300.20,0,0,,1,-1000300.20\n",
+            {"Line 2: the commission 0.0003 (any from 0.000299759616 to 0.000300240384) fits this trade, and no rate "
+             "fits "
+             "it and all those after it",
+             "Line 3: the commission 0.0002998 (any from 0.000299795 to 0.000299804999) fits this trade, and not line "
+             "4 of 2024-01-04",
+             "Line 4: the commission 0.0003002 (any from 0.000300195 to 0.000300204999) fits the line from "
+             "2024-01-04 on"},
+            "S100,SH,600*,0.0003002,0.00001,0.0005,2024-01-04,"},
         // An order of no more than the minimum agrees with both rates.
         Reach{"TheFirstDayOfADifferenceAndNotTheMinimaBefore",
               "20240102,600519,买,100,10,5.00,0,0,,1,-1005.00\n"
@@ -120,13 +134,13 @@ TEST(RateOfANet, IsNotNamedWhereTwoChargesWouldExplainATrade) {
     const Outcome outcome = reconcileNets(folder, "20240103,600519,卖,100,1000,1,99920.00\n");
     EXPECT_NE(unfolded(outcome.out)
                   .find("Line 2: nothing that is known explains it; the commission 0.0003 or the stamp_duty 0.00055 "
-                        "would fit, and the statement does not tell which"),
+                        "would fit, and the statement does not say which"),
               std::string::npos)
         << outcome.out;
 }
 
 // The same of three sales: a rate, but whose?
-TEST(RateOfANet, IsToldWithItsEqualsAndNotProposed) {
+TEST(RateOfANet, IsReportedWithItsEqualsAndNotProposed) {
     const StatementFolder folder;
     const std::string sales =
         "20240103,600519,卖,100,1000,1,99920.00\n"
@@ -181,8 +195,7 @@ TEST_F(FeesOnTop, ByFillLeaveNoRateToBeNamed) {
     const Outcome outcome = reconcileNets(folder, "20240102,600519,买,240,10,3,-2415.03\n");
     EXPECT_NE(unfolded(outcome.out)
                   .find("Line 2: nothing that is known explains it; its 3 fills, each charged by itself with its "
-                        "minimum and its rounding, cost from 15.01 to 15.03, and what else it may be the statement "
-                        "does not tell"),
+                        "minimum and its rounding, cost from 15.01 to 15.03, so that no rate follows from it"),
               std::string::npos)
         << outcome.out;
     EXPECT_EQ(outcome.status, 1);

@@ -1,0 +1,20 @@
+#ifndef FEEDESK_COMMANDS_RECONCILE_NOTES_H
+#define FEEDESK_COMMANDS_RECONCILE_NOTES_H
+
+#include <string>
+
+#include "feedesk/statements/statement.h"
+
+namespace feedesk {
+
+// What a reader of a statement has to know about how it was read, a sentence each; empty where there is nothing.
+
+/// How many lines are no trades, with their numbers and operations.
+std::string passedOverNote(const Statement& statement);
+
+/// Where the signs of what moved on the account are not the statement's own.
+std::string signsNote(const Statement& statement);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_COMMANDS_RECONCILE_NOTES_H
