@@ -37,7 +37,7 @@ std::unique_ptr<RowSink> sinkFor(Format format, const std::string& file, std::st
 }
 
 std::string headingText(const std::string& heading) {
-    return heading.empty() ? "" : shortened(standalone::printable(heading), outputWidth()) + "\n\n";
+    return heading.empty() ? "" : filledText(standalone::printable(heading), outputWidth()) + "\n";
 }
 
 std::string filled(const std::string& note) {

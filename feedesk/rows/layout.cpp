@@ -189,7 +189,7 @@ std::string columnsSideBySide(const TextTable& table, std::size_t width, Squeeze
     for (const TextRow& row : table.rows) {
         if (row.heading != heading) {
             heading = row.heading;
-            text += shortened(heading, width) + "\n";
+            text += filledText(heading, width);
         }
         text += rowText(rowLines(table, row.cells, widths, false), row.marked);
     }
@@ -198,16 +198,23 @@ std::string columnsSideBySide(const TextTable& table, std::size_t width, Squeeze
 
 std::string rowsSideBySide(const TextTable& table, std::size_t width) {
     const Pieces names = uprightTitles(table);
+    const std::size_t namesWidth = widthOfWidestPiece(names);
     std::string text;
     std::vector<Pieces> together;
-    std::size_t used = widthOfWidestPiece(names);
+    std::size_t used = namesWidth;
     const auto finish = [&] {
-        text += (text.empty() ? "" : "\n") + block(names, together);
+        text += (text.empty() || together.empty() ? "" : "\n") + block(names, together);
         together.clear();
-        used = widthOfWidestPiece(names);
+        used = namesWidth;
     };
     for (const TextRow& row : table.rows) {
-        const Pieces texts = upright(row);
+        Pieces texts = upright(row);
+        if (namesWidth + kGap + displayWidth(row.heading) > width) {  // it stands above, and its row alone
+            finish();
+            texts.front().clear();
+            text += (text.empty() ? "" : "\n") + filledText(row.heading, width) + block(names, {texts});
+            continue;
+        }
         if (!together.empty() && used + kGap + widthOfWidestPiece(texts) > width) {
             finish();
         }

@@ -96,4 +96,12 @@ std::vector<std::string> fillLines(const std::vector<std::string>& pieces, std::
     return lines;
 }
 
+std::string filledText(const std::string& text, std::size_t width) {
+    std::string filled;
+    for (const std::string& line : fillLines(words(text), width)) {
+        filled += shortened(line, width) + "\n";
+    }
+    return filled;
+}
+
 }  // namespace feedesk

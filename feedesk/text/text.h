@@ -33,6 +33,10 @@ std::vector<std::string> words(std::string_view text);
 /// A name of programs as people write a title: "old_sources" is "Old sources".
 std::string asTitle(const std::string& name);
 
+/// The text on lines of at most `width` columns, broken between its words; a word that is longer is shortened. Each
+/// line has its end.
+std::string filledText(const std::string& text, std::size_t width);
+
 /// Fills lines of at most `width` columns with `pieces`, a space between two; a piece that is wider has its own line.
 std::vector<std::string> fillLines(const std::vector<std::string>& pieces, std::size_t width);
 

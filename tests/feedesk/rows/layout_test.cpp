@@ -57,6 +57,37 @@ TEST(ColumnsSideBySide, PutsTheSecondPieceOfACellOnANewLine) {
               "au   20 yuan\n");
 }
 
+TEST(ColumnsSideBySide, BreaksAHeadingThatIsTooLong) {
+    TextTable table;
+    table.columns = {{{"A"}}, {{"B"}}};
+    table.rows = {{{{"  1"}, {"2"}}, "F100, F200: SHFE:rb2610 and 11 more"}};
+    EXPECT_EQ(columnsSideBySide(table, 20, Squeeze::kTexts),
+              "A    B\n"
+              "F100, F200:\n"
+              "SHFE:rb2610 and 11\n"
+              "more\n"
+              "  1  2\n");
+}
+
+TEST(RowsSideBySide, PutAHeadingThatIsTooLongAboveItsRow) {
+    TextTable table;
+    table.columns = {{{"A"}}, {{"B"}}};
+    table.rows = {{{{"1"}, {"2"}}, "short"}, {{{"3"}, {"4"}}, "F100, F200: SHFE:rb2610"}, {{{"5"}, {"6"}}, "short"}};
+    EXPECT_EQ(rowsSideBySide(table, 15),
+              "   short\n"
+              "A  1\n"
+              "B  2\n"
+              "\n"
+              "F100, F200:\n"
+              "SHFE:rb2610\n"
+              "A  3\n"
+              "B  4\n"
+              "\n"
+              "   short\n"
+              "A  5\n"
+              "B  6\n");
+}
+
 TEST(ColumnsSideBySide, SaysAHeadingOnceForItsRows) {
     TextTable table;
     table.columns = {{{"Item"}}};
