@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "feedesk/failure.h"
 #include "feedesk/text/text.h"
@@ -55,15 +56,17 @@ cost::DateRange comparedDays(const cost::DateRange& asked, const ComparedFolder&
 
 std::vector<std::string> coverageNotes(const ComparedFolder& before, const ComparedFolder& after,
                                        const cost::DateRange& days) {
-    std::vector<std::string> notes;
+    std::vector<std::pair<std::string, std::vector<std::string>>> told;  // what is known, and in which folders
     for (const ComparedFolder* compared : {&before, &after}) {
         const auto addNote = [&](std::string_view what, std::string_view name, const cost::DateRange& covered) {
-            if (!covers(covered, days)) {
-                notes.push_back(
-                    fmt::format("in {} the schedules of {} {} are known {}; other days of it are not "
-                                "compared",
-                                echoed(compared->folder().name()), what, name, covered.text()));
+            if (covers(covered, days)) {
+                return;
             }
+            const std::string known = fmt::format(
+                "the schedules of {} {} are known {}; other days of it are not compared", what, name, covered.text());
+            auto same = std::find_if(told.begin(), told.end(), [&](const auto& each) { return each.first == known; });
+            same = same == told.end() ? told.insert(same, {known, {}}) : same;
+            same->second.push_back(echoed(compared->folder().name()));
         };
         const standalone::Coverage& coverage = compared->folder().coverage();
         for (std::size_t family = 0; family < coverage.familyDays.size(); ++family) {
@@ -72,6 +75,10 @@ std::vector<std::string> coverageNotes(const ComparedFolder& before, const Compa
         for (const auto& [market, covered] : coverage.marketDays) {
             addNote("market", market, covered);
         }
+    }
+    std::vector<std::string> notes;
+    for (const auto& [known, folders] : told) {
+        notes.push_back(folders.size() == 2 ? known : fmt::format("in {} {}", folders.front(), known));
     }
     return notes;
 }
