@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdlib>
+#include <utility>
 
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/differences.h"
@@ -69,12 +70,12 @@ Expectation expectationOf(const DiffArguments& arguments, const ComparedFolder& 
 }
 
 /// One folder after the other: each has the engine and the services to itself.
-std::vector<AccountCosts> costsOf(const Program& program, const DiffArguments& arguments) {
+std::vector<AccountCosts> costsOf(const Program& program, const DiffArguments& arguments, TradeFileLines trades) {
     SessionOptions before = program.session;
     SessionOptions after = program.session;
     before.folder = arguments.before;
     after.folder = arguments.after;
-    return compareCosts(before, after, arguments.trades);
+    return compareCosts(before, after, std::move(trades));
 }
 
 std::vector<Change> changesOf(const Program& program, const ComparedFolder& before, Comparison& comparison,
@@ -106,6 +107,8 @@ ExitStatus diff(Program& program, const DiffArguments& arguments) {
         refuseToWriteInto(folder, program.file);
     }
     refuseToOverwrite(program.file, arguments.trades, "the file of the trades");
+    // A file that cannot be read is told before thousands of accounts are compared.
+    TradeFileLines trades = arguments.trades.empty() ? TradeFileLines() : readTrades(arguments.trades);
     standalone::ContentNumbers numbers;
     ComparedFolder before(loadedFolder(arguments.before, kHowToName), numbers);
     ComparedFolder after(loadedFolder(arguments.after, kHowToName), numbers);
@@ -133,7 +136,7 @@ ExitStatus diff(Program& program, const DiffArguments& arguments) {
     }
     differences.judge(expectation);
     if (differences.withCosts) {
-        differences.costs = costsOf(program, arguments);
+        differences.costs = costsOf(program, arguments, std::move(trades));
     }
 
     std::vector<std::string> notes = coverageNotes(before, after, days);

@@ -20,23 +20,11 @@
 namespace feedesk {
 namespace {
 
-struct TradeFileLines {
-    std::string name;
-    std::vector<TradeLine> trades;  // by day
-};
-
-/// Days as they are written sort as days do.
-TradeFileLines readTrades(const std::string& file) {
-    TextLines lines(file, false);
-    TradeFileLines read{lines.name(), {}};
-    TradeReader reader(lines, false);
-    for (TradeLine line; reader.next(line);) {
-        read.trades.push_back(line);
-    }
-    std::stable_sort(read.trades.begin(), read.trades.end(), [](const TradeLine& one, const TradeLine& other) {
-        return one.of(TradeColumn::kDate) < other.of(TradeColumn::kDate);
-    });
-    return read;
+/// The day in one of its two ways to be written, "20230828", which sorts as days do.
+std::string compactDay(const TradeLine& line) {
+    std::string day = line.of(TradeColumn::kDate);
+    day.erase(std::remove(day.begin(), day.end(), '-'), day.end());
+    return day;
 }
 
 /// The same trades as of one day.
@@ -104,9 +92,20 @@ void charge(const TradeFileLines& file, const SessionOptions& options, cost::Dec
 
 }  // namespace
 
+TradeFileLines readTrades(const std::string& file) {
+    TextLines lines(file, false);
+    TradeFileLines read{lines.name(), {}};
+    TradeReader reader(lines, false);
+    for (TradeLine line; reader.next(line);) {
+        read.trades.push_back(line);
+    }
+    std::stable_sort(read.trades.begin(), read.trades.end(),
+                     [](const TradeLine& one, const TradeLine& other) { return compactDay(one) < compactDay(other); });
+    return read;
+}
+
 std::vector<AccountCosts> compareCosts(const SessionOptions& before, const SessionOptions& after,
-                                       const std::string& file) {
-    TradeFileLines trades = readTrades(file);
+                                       TradeFileLines trades) {
     if (before.date) {
         moveTo(*before.date, trades);
     }

@@ -7,6 +7,7 @@
 
 #include "cost/decimal.h"
 #include "feedesk/session/session.h"
+#include "feedesk/trades/trade_line.h"
 
 namespace feedesk {
 
@@ -21,12 +22,21 @@ struct AccountCosts {
     [[nodiscard]] cost::Decimal difference() const { return after - before; }
 };
 
-/// Charges the trades of a file ("-": standard input), which name their accounts, by both folders: by account in the
-/// order of their first trades. The trades may come in any order; where the options name a day, all are charged as of
-/// it, orders of different days apart. Throws Failure when one of them cannot be charged by
+/// The trades of a file.
+struct TradeFileLines {
+    std::string name;
+    std::vector<TradeLine> trades;  ///< by day
+};
+
+/// Reads a file ("-": standard input) whose trades name their accounts and may come in any order. Throws Failure when
+/// it cannot be read.
+TradeFileLines readTrades(const std::string& file);
+
+/// Charges the trades by both folders: by account in the order of their first trades. Where the options name a day, all
+/// are charged as of it, orders of different days apart. Throws Failure when one of them cannot be charged by
 /// one of the folders, after all such lines have been reported. No session may be open: each folder has one in turn.
 std::vector<AccountCosts> compareCosts(const SessionOptions& before, const SessionOptions& after,
-                                       const std::string& file);
+                                       TradeFileLines trades);
 
 }  // namespace feedesk
 

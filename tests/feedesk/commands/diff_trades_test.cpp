@@ -159,6 +159,18 @@ TEST_F(DiffTrades, ChargingTermThatEndsEarlierIsOfOneFolderAlone) {
     EXPECT_EQ(diff("--from 2024-01-02 --until 2024-06-30 --expect-none").status, 0);
 }
 
+TEST_F(DiffTrades, MayWriteTheirDaysInBothWays) {
+    EXPECT_THAT(costs("S100,20240103,SH,600519,buy,100,1500,\nS100,2024-01-02,SH,600519,buy,100,1500,\n"
+                      "S100,20240102,SH,600519,buy,100,1500,\n"),
+                ElementsAre(StartsWith(R"({"change":"costs","account":"S100","trades":3,)")));
+}
+
+TEST_F(DiffTrades, FileThatCannotBeReadIsToldBeforeAnythingElse) {
+    const Outcome outcome = runProgram("diff /nowhere /nowhere --trades /nonexistent.csv");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "feedesk: /nonexistent.csv cannot be opened: No such file or directory\n");
+}
+
 TEST_F(DiffTrades, TitleOrSourceOfATermThatChangesIsNone) {
     replaceInCharges("CNY,test,2024-01-02", "CNY,another source,2025-01-02");
     EXPECT_EQ(diff("--expect-none").status, 0);
