@@ -116,6 +116,13 @@ std::string usageProblem(const CLI::App& app, const CLI::ParseError& error) {
     return standalone::printable(error.what());
 }
 
+/// Where the arguments that belong to this command line are described.
+std::string howToAsk(const CLI::App& app) {
+    const std::vector<CLI::App*> named = app.get_subcommands();
+    return fmt::format("; `feedesk {}--help` tells how to ask",
+                       named.empty() || named.front()->get_group().empty() ? "" : named.front()->get_name() + " ");
+}
+
 /// Help and version are answers; everything else that ends the reading of a command line is bad usage.
 ExitStatus usage(const CLI::App& app, const CLI::ParseError& error) {
     std::ostringstream answer;
@@ -126,8 +133,8 @@ ExitStatus usage(const CLI::App& app, const CLI::ParseError& error) {
     }
     const std::vector<std::string> left = app.remaining(true);
     const bool isUnknownCommand = !left.empty() && app.get_subcommands().empty() && left.front().front() != '-';
-    throw Failure(kBadInput, isUnknownCommand ? unknownCommand(app, left.front())
-                                              : usageProblem(app, error) + "; `feedesk --help` tells how to ask");
+    throw Failure(kBadInput,
+                  isUnknownCommand ? unknownCommand(app, left.front()) : usageProblem(app, error) + howToAsk(app));
 }
 
 ExitStatus answerCommandLine(const std::vector<std::string>& words, Program& program) {

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <optional>
 #include <set>
@@ -57,10 +58,13 @@ std::string checkProblem(const std::string& text) {
     if (std::find(names.begin(), names.end(), text) != names.end()) {
         return "";
     }
-    const std::vector<std::string> near = standalone::nearNames(text, names);
+    std::vector<std::string> near;
+    std::copy_if(names.begin(), names.end(), std::back_inserter(near),
+                 [&](const std::string& name) { return !text.empty() && name.find(text) != std::string::npos; });
+    near = near.empty() ? standalone::nearNames(text, names) : near;
     return fmt::format(
         "there is no check {}; {}", echoed(text),
-        near.empty() ? "`feedesk check --list` lists them" : fmt::format("did you mean {}?", fmt::join(near, " or ")));
+        near.empty() ? "`feedesk check --list` lists them" : fmt::format("did you mean {}?", standalone::oneOf(near)));
 }
 
 bool isNamed(const std::vector<std::string>& names, const char* name) {

@@ -136,7 +136,7 @@ void addNew(std::vector<std::string>& notes, const std::vector<std::string>& mor
 ExitStatus feeOfSeveral(Program& program, const FeeArguments& arguments) {
     const std::vector<std::string> texts = withFirst(arguments);
     if (texts.empty()) {
-        throw Failure(kBadInput, "INSTRUMENT is required; `feedesk --help` tells how to ask");
+        throw Failure(kBadInput, "INSTRUMENT is required; `feedesk fee --help` tells how to ask");
     }
     const std::vector<AskedInstrument> instruments = askedInstruments(texts);
     Session& session = program.open();

@@ -147,7 +147,9 @@ TEST(Check, OfAnUnknownAccountHasNoAnswer) {
 
 TEST(Check, WrongQuestionsAreBadInput) {
     const std::vector<std::pair<std::string, std::string>> rows = {
-        {"--off percent", "--off: there is no check percent; `feedesk check --list` lists them"},
+        {"--off percent", "--off: there is no check percent; did you mean percent-rate?"},
+        {"--off dut", "--off: there is no check dut; did you mean old-duty or missing-duty?"},
+        {"--off zzz", "--off: there is no check zzz; `feedesk check --list` lists them"},
         {"--off percent-rates", "--off: there is no check percent-rates; did you mean percent-rate?"},
         {"--only shadow-line", "--only: there is no check shadow-line; did you mean shadowed-line?"},
         {"--only far-rate --off far-rate", "no check is left: every one is switched off with --off"},

@@ -339,17 +339,17 @@ TEST_F(Reconcile, RefusesWrongQuestionsInOneSentence) {
     folder.writeStatement("日期,代码,买卖,数量,价格,佣金\n20240102,600519,买,100,1000,25\n");
     const std::string file = folder.statementFile();
     for (const Wrong& each : std::vector<Wrong>{
-             {"reconcile", "ACCOUNT is required; `feedesk --help` tells how to ask"},
-             {"reconcile S100", "STATEMENT is required; `feedesk --help` tells how to ask"},
+             {"reconcile", "ACCOUNT is required; `feedesk reconcile --help` tells how to ask"},
+             {"reconcile S100", "STATEMENT is required; `feedesk reconcile --help` tells how to ask"},
              {"reconcile S999 F", "the market folder has no account S999; `feedesk accounts` lists the accounts"},
              {"reconcile S100 F --layout no",
               "no is no layout of M/layouts, which has plain, and no file that ends in .toml"},
              {"reconcile S100 F --encoding latin1",
-              "--encoding: latin1 is neither utf-8 nor gb18030; `feedesk --help` tells how to ask"},
+              "--encoding: latin1 is neither utf-8 nor gb18030; `feedesk reconcile --help` tells how to ask"},
              {"reconcile S100 F --date 2024-01-02",
               "--date does not go with reconcile, as each line of a statement has its date"},
              {"reconcile S100 /nowhere", "/nowhere cannot be opened: No such file or directory"},
-             {"reconcile S100 F --json --csv", "--csv excludes --json; `feedesk --help` tells how to ask"}}) {
+             {"reconcile S100 F --json --csv", "--csv excludes --json; `feedesk reconcile --help` tells how to ask"}}) {
         std::string arguments = each.arguments;
         if (const std::size_t place = arguments.find(" F"); place != std::string::npos) {
             arguments.replace(place + 1, 1, file);

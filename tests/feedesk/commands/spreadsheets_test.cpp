@@ -190,7 +190,7 @@ TEST_F(Spreadsheets, NeedAFile) {
     EXPECT_EQ(out.status, 2);
     EXPECT_EQ(out.err,
               "feedesk: --xlsx: a spreadsheet is no text and does not go to standard output; name a file; `feedesk "
-              "--help` tells how to ask\n");
+              "accounts --help` tells how to ask\n");
     EXPECT_THAT(ask(folder.path(), "accounts --xlsx ''").err,
                 StartsWith("feedesk: --xlsx: a spreadsheet needs the name of a file; "));
 }

@@ -155,8 +155,9 @@ constexpr WrongLine kWrong[] = {
     {"Threads", "accounts --threads 3",
      "a shell keeps what it was started with; --threads goes before `shell`: feedesk --threads ... shell"},
     {"ShellInside", "shell", "there is no command shell; did you mean help? `feedesk --help` tells how to ask"},
-    {"ExitWithArgument", "exit 3", "the argument 3 was not expected; `feedesk --help` tells how to ask"},
-    {"UnknownDay", "accounts --date x", "--date: x is not a day such as 2023-08-28; `feedesk --help` tells how to ask"},
+    {"ExitWithArgument", "exit 3", "the argument 3 was not expected; `feedesk exit --help` tells how to ask"},
+    {"UnknownDay", "accounts --date x",
+     "--date: x is not a day such as 2023-08-28; `feedesk accounts --help` tells how to ask"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Lines, WrongShellLine, testing::ValuesIn(kWrong),
