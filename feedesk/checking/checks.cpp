@@ -16,6 +16,9 @@ cost::Family askedFamily(const standalone::Account& account) {
     return family.value_or(cost::Family::kFutures);
 }
 
+/// So many accounts are known at a time: each takes some megabytes, and no one is asked twice.
+constexpr std::size_t kAccountsTogether = 50;
+
 /// An account that trades everything has no list of its own: without lines there is nothing to check.
 bool isWorthAsking(const standalone::Account& account) {
     return standalone::tradedFamily(account.record->accountType) != nullptr || !account.customFees.empty();
@@ -40,6 +43,7 @@ void findInAccounts(Session& session, const FolderFacts& facts, const std::set<s
                     CheckResult& result) {
     Probe probe;
     std::vector<Findings> findings(result.reports.size());
+    std::size_t asked = 0;
     std::vector<std::unique_ptr<AcrossAccounts>> across(result.reports.size());
     for (std::size_t i = 0; i < across.size(); ++i) {
         const auto* look = std::get_if<LookAcrossAccounts>(&result.reports[i].check->find);
@@ -53,6 +57,9 @@ void findInAccounts(Session& session, const FolderFacts& facts, const std::set<s
         if (!refusal.empty()) {
             result.notes.push_back(fmt::format("account {} was not asked: {}", account.record->accountId, refusal));
             continue;
+        }
+        if (++asked % kAccountsTogether == 0) {
+            session.forgetAccounts();
         }
         AccountFacts accountFacts(facts, session, account, probe);
         for (std::size_t i = 0; i < result.reports.size(); ++i) {

@@ -145,6 +145,27 @@ TEST(Check, OfAnUnknownAccountHasNoAnswer) {
     EXPECT_EQ(outcome.err, "feedesk: the market folder has no account S101; did you mean S100?\n");
 }
 
+// More accounts than are known at a time.
+TEST(Check, FindsTheFaultsOfEachOfManyAccounts) {
+    const CheckFolder folder;
+    std::string accounts;
+    std::string fees;
+    for (int number = 100; number < 220; ++number) {
+        const std::string account = "N" + std::to_string(number);
+        accounts += account + ",many,stock\n";
+        fees += account + ",SH,*,,0.0003,0.0005,,\n" + account + ",SZ,*,,0.0003,0.0005,,\n";
+    }
+    fees += "N100,SH,600519,,0.0003,0.0005,,\nN100,SH,600519,,0.0004,0.0005,,\n";
+    fees += "N219,SH,600519,,0.0003,0.0005,,\nN219,SH,600519,,0.0004,0.0005,,\n";
+    folder.append("accounts.csv", accounts);
+    folder.append("fees/stock.csv", fees);
+    const Outcome outcome = folder.check("--csv");
+    EXPECT_THAT(lines(outcome.out), ElementsAre(testing::StartsWith("severity,"),
+                                                testing::StartsWith("warning,shadowed-line,fees/stock.csv,246,N100,"),
+                                                testing::StartsWith("warning,shadowed-line,fees/stock.csv,248,N219,")))
+        << outcome.out;
+}
+
 TEST(Check, WrongQuestionsAreBadInput) {
     const std::vector<std::pair<std::string, std::string>> rows = {
         {"--off percent", "--off: there is no check percent; did you mean percent-rate?"},
