@@ -24,11 +24,18 @@ void takeTurn(Turns& turns, BulkRun<Implementation>& run) {
 }
 
 void work(benchmark::State& state, const Bulk& bulk) {
-    BulkRun<FeeCenter> center(bulk);
-    BulkRun<Floor> byHand(bulk);
+    std::unique_ptr<BulkRun<FeeCenter>> center;
+    std::unique_ptr<BulkRun<Floor>> byHand;
+    if (tossCoin()) {
+        byHand = std::make_unique<BulkRun<Floor>>(bulk);
+    }
+    center = std::make_unique<BulkRun<FeeCenter>>(bulk);
+    if (!byHand) {
+        byHand = std::make_unique<BulkRun<Floor>>(bulk);
+    }
     Turns turns;
-    const std::vector<std::function<void()>> both = {[&] { takeTurn(turns, center); },
-                                                     [&] { takeTurn(turns, byHand); }};
+    const std::vector<std::function<void()>> both = {[&] { takeTurn(turns, *center); },
+                                                     [&] { takeTurn(turns, *byHand); }};
     std::size_t round = 0;
     for (auto _ : state) {
         forEachInTurn(both, round++, [](const auto& turn) { turn(); });

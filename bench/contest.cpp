@@ -86,6 +86,9 @@ const Contest& contestOf(const Mix& mix, Shape shape) {
     if (!contest) {
         contest = std::make_unique<Contest>();
         contest->questions = questionsOf(mix, shape);
+        if (tossCoin()) {
+            filled<Floor>(shape);  // before the fee center's
+        }
         addCenter<FeeCenter>(*contest, mix, shape);
         addCenter<Floor>(*contest, mix, shape);
         addPlain<SharedMutex>(*contest, mix, shape);

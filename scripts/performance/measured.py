@@ -59,11 +59,9 @@ def _rows(path):
 
 
 def read(folder):
-    benchmarks = json.loads((folder / "benchmarks.json").read_text(encoding="utf-8"))
+    files = [json.loads(path.read_text(encoding="utf-8")) for path in sorted(folder.glob("benchmarks-*.json"))]
     lookups, parts, bulks, under_load = (_samples() for _ in range(4))
-    for run in benchmarks["benchmarks"]:
-        if run["run_type"] != "iteration":
-            continue
+    for run in (run for file in files for run in file["benchmarks"]):
         kind, name, *rest = run["name"].split("/")
         if kind == "part":
             # One thread's processor time is not disturbed by what else runs; threads get in each other's way in real time.
@@ -81,5 +79,5 @@ def read(folder):
         _medians(under_load),
         _rows(folder / "memory.csv"),
         {row["mix"]: {name: int(row[name]) for name in (CENTER, FLOOR)} for row in _rows(folder / "instructions.csv")},
-        benchmarks["context"],
+        files[0]["context"],
     )

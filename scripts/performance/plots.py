@@ -12,8 +12,9 @@ set grid ytics lc rgb "#dddddd"
 """
 
 
-def _quoted(text):
-    return '"' + str(text).replace('"', "'") + '"'
+def _quoted(value):
+    """A label in quotes; a number as it is."""
+    return '"' + value.replace('"', "'") + '"' if isinstance(value, str) else f"{value:.8g}"
 
 
 def _block(columns, rows):

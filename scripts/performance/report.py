@@ -13,6 +13,7 @@ import subprocess
 import measured
 import page
 import plots
+from goals import goals_table
 from measured import CENTER, FLOOR
 
 USUAL = "1x5000"
@@ -130,6 +131,7 @@ def main():
     results = measured.read(arguments.results)
     blocks = {
         "machine": machine(results),
+        "goals": goals_table(results),
         "instructions": instructions_table(results),
         "lookups": lookups_table(results),
         "threads": threads_table(results),
