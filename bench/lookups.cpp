@@ -1,5 +1,6 @@
 #include "bench/lookups.h"
 
+#include <atomic>
 #include <boost/thread/barrier.hpp>
 #include <memory>
 #include <string>
@@ -12,7 +13,7 @@ namespace {
 
 constexpr std::size_t kAsked = 512;  ///< some 0.2 ms: most turns are over before the thread loses its processor
 constexpr int kRoundsOfOne = 300;
-constexpr int kRoundsOfSeveral = 100;
+constexpr int kRoundsOfSeveral = 20;
 
 /// A turn of one of them. It asks other questions first: what the one before it has pushed out of the caches, or left
 /// in them, is then of no account.
@@ -33,27 +34,60 @@ void askAlone(benchmark::State& state, const Contest& contest) {
     turns.report(state, kAsked);
 }
 
-/// All threads ask the same implementation at the same time, each from a place of its own.
-void askTogether(benchmark::State& state, const Contest& contest, boost::barrier& barrier) {
+/// What the threads of a benchmark share: they ask one implementation together until the turn ends.
+struct Together {
+    explicit Together(int threads) : barrier(static_cast<unsigned>(threads)) {}
+
+    boost::barrier barrier;
+    std::atomic<long> asked{0};
+    std::atomic<double> end{0};
+};
+
+constexpr std::size_t kAskedAtATime = 64;
+
+/// Nanoseconds between two answers of all threads together, for the first thread; nothing for the others. Longer than
+/// the turns of one thread, so that all threads run in it.
+double askTogether(const Contestant& contestant, bool isFirst, std::size_t& next, Together& together) {
+    constexpr double kTurn = 20e6;
+    if (isFirst) {
+        together.asked = 0;
+        together.end = wallTime() + kTurn;
+    }
+    together.barrier.wait();
+    long asked = 0;
+    while (wallTime() < together.end) {
+        contestant.ask(next, kAskedAtATime);
+        next += kAskedAtATime;
+        asked += kAskedAtATime;
+    }
+    together.asked += asked;
+    together.barrier.wait();
+    return kTurn / static_cast<double>(together.asked);
+}
+
+void askTogether(benchmark::State& state, const Contest& contest, Together& together) {
+    const bool isFirst = state.thread_index() == 0;
     Turns turns;
     std::size_t next = contest.questions.size() / 8 * static_cast<std::size_t>(state.thread_index());
     std::size_t round = 0;
     for (auto _ : state) {
         forEachInTurn(contest.contestants, round++, [&](const auto& contestant) {
-            barrier.wait();
-            takeTurn(turns, contestant, wallTime, next);
+            const double spent = askTogether(contestant, isFirst, next, together);
+            turns.add(contestant.name, spent);
         });
     }
-    turns.report(state, kAsked);
+    if (isFirst) {
+        turns.report(state, 1);
+    }
 }
 
 void add(const Mix& mix, Shape shape, int threads) {
     const std::string name =
         std::string("lookup/") + mix.name + "/" + std::to_string(shape.accounts) + "x" + std::to_string(shape.entries);
-    const auto barrier = std::make_shared<boost::barrier>(static_cast<unsigned>(threads));
-    const auto run = [&mix, shape, threads, barrier](benchmark::State& state) {
+    const auto together = std::make_shared<Together>(threads);
+    const auto run = [&mix, shape, threads, together](benchmark::State& state) {
         const Contest& contest = contestOf(mix, shape);
-        threads == 1 ? askAlone(state, contest) : askTogether(state, contest, *barrier);
+        threads == 1 ? askAlone(state, contest) : askTogether(state, contest, *together);
     };
     benchmark::RegisterBenchmark(name.c_str(), run)
         ->Threads(threads)

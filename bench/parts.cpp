@@ -61,11 +61,7 @@ void askForTradeUnit(benchmark::State& state) {
 }
 
 void add(const char* name, void (*part)(benchmark::State&)) {
-    benchmark::RegisterBenchmark((std::string("part/") + name).c_str(), part)
-        ->Threads(1)
-        ->Threads(2)
-        ->Threads(4)
-        ->UseRealTime();
+    benchmark::RegisterBenchmark((std::string("part/") + name).c_str(), part);
 }
 
 }  // namespace

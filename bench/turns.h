@@ -47,14 +47,16 @@ public:
         const double start = clock();
         run();
         const double spent = clock() - start;
-        timesOf(name).push_back(spent);
+        add(name, spent);
     }
 
-    /// Reports each implementation's median, divided by what a turn holds of what is measured, under its name. Threads
-    /// report their average.
+    /// The same for a turn whose time is known.
+    void add(const char* name, double spent) { timesOf(name).push_back(spent); }
+
+    /// Reports each implementation's median, divided by what a turn holds of what is measured, under its name.
     void report(benchmark::State& state, int inATurn) const {
         for (const Times& one : all) {
-            state.counters[one.name] = {medianOf(one.spent) / inATurn, benchmark::Counter::kAvgThreads};
+            state.counters[one.name] = medianOf(one.spent) / inATurn;
         }
     }
 

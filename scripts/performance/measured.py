@@ -32,8 +32,8 @@ class Case:
 
 @dataclasses.dataclass
 class Measured:
-    lookups: dict  # by Case and implementation: nanoseconds for a lookup
-    parts: dict  # by name and number of threads: nanoseconds
+    lookups: dict  # by Case and implementation: nanoseconds between two answers, of all threads together
+    parts: dict  # by name: {"ns": nanoseconds}
     bulks: dict  # by name and implementation: nanoseconds for an entry
     under_load: dict  # by implementation and share: nanoseconds
     memory: list  # rows of the program's own
@@ -64,8 +64,7 @@ def read(folder):
     for run in (run for file in files for run in file["benchmarks"]):
         kind, name, *rest = run["name"].split("/")
         if kind == "part":
-            # One thread's processor time is not disturbed by what else runs; threads get in each other's way in real time.
-            parts[name][run["threads"]].append(run["cpu_time" if run["threads"] == 1 else "real_time"])
+            parts[name]["ns"].append(run["cpu_time"])
             continue
         times = {who: float(ns) for who, ns in run.items() if who not in _OWN}
         for who, ns in times.items():

@@ -3,7 +3,8 @@
 import subprocess
 
 _HEAD = """
-set terminal svg size {width},480 font "sans-serif,12" background "white"
+set terminal svg size {width},480 font "sans-serif,12" background "white" noenhanced
+set rmargin 8
 set output "{output}"
 set title "{title}"
 set ylabel "{ylabel}"

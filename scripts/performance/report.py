@@ -32,8 +32,10 @@ def lookups_table(results):
 
 def threads_table(results):
     one, two, four = (usual_cases(results, threads) for threads in (1, 2, 4))
-    rows = [[mix, *(f"{page.ratio(by[mix]):.2f}" for by in (one, two, four))] for mix in four]
-    return page.table(["ratio to the floor", "1 thread", "2 threads", "4 threads"], rows)
+    sides = (one, two, four)
+    rows = [[mix, *(f"{page.ratio(by[mix]):.2f}" for by in sides), *(f"{1e3 / by[mix][CENTER]:.2f}" for by in sides)] for mix in four]
+    head = [f"{threads} thread{'s' if threads > 1 else ''}" for threads in (1, 2, 4)]
+    return page.table(["hits", *(f"{text}, ratio to the floor" for text in head), *(f"{text}, million a second" for text in head)], rows)
 
 
 def shape_title(case):
@@ -57,8 +59,7 @@ def sizes_table(results):
 
 
 def parts_table(results):
-    rows = [[name, *(f"{by[threads]:.0f}" for threads in (1, 2, 4))] for name, by in results.parts.items()]
-    return page.table(["ns", "1 thread", "2 threads", "4 threads"], rows)
+    return page.table(["part of a lookup", "ns"], [[name, f"{by['ns']:.0f}"] for name, by in results.parts.items()])
 
 
 def bulks_table(results):
@@ -108,7 +109,7 @@ def draw(results, folder):
     plots.bars(folder / "mixes.svg", "A lookup, by mix", "ns", names, [[mix, *(by[name] for name in names)] for mix, by in usual.items()])
 
     by_threads = {case.threads: by for case, by in results.lookups.items() if case.mix == "stock hit" and case.shape == USUAL}
-    rows = [[threads, *(1e3 * threads / by_threads[threads][name] for name in names)] for threads in sorted(by_threads)]
+    rows = [[threads, *(1e3 / by_threads[threads][name] for name in names)] for threads in sorted(by_threads)]
     plots.lines(folder / "threads.svg", "Stock hits of all threads together", "threads", "million a second", names, rows, "set xtics 1\nset yrange [0:]")
 
     largest = [case for case in sized(results) if case.shape in (USUAL, "1x50000", "100x10000")]
