@@ -1,9 +1,9 @@
 #include "bench/bulk.h"
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
-#include <ctime>
+#include <functional>
+
+#include "bench/turns.h"
 
 namespace bench {
 namespace {
@@ -13,31 +13,34 @@ const Mix& mixCalled(const std::string& name) {
     return *std::find_if(mixes.begin(), mixes.end(), [&](const Mix& mix) { return mix.name == name; });
 }
 
-/// Processor time of this thread: what else runs on the machine is not in it.
-double secondsSpent() {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
-}
+constexpr int kRounds = 20;
 
 template <class Implementation>
+void takeTurn(Turns& turns, BulkRun<Implementation>& run) {
+    run.reset();
+    run.run();  // the caches and the allocator are its own from here on
+    run.reset();
+    turns.take(Implementation::kName, processorTime, [&] { run.run(); });
+}
+
 void work(benchmark::State& state, const Bulk& bulk) {
-    BulkRun<Implementation> run(bulk);
-    for (auto _ : state) {
-        run.reset();
-        const double start = secondsSpent();
-        run.run();
-        state.SetIterationTime(secondsSpent() - start);
+    std::unique_ptr<BulkRun<FeeCenter>> center;
+    std::unique_ptr<BulkRun<Floor>> byHand;
+    if (tossCoin()) {
+        byHand = std::make_unique<BulkRun<Floor>>(bulk);
     }
-    state.SetItemsProcessed(state.iterations() * kBulkEntries);
-}
-
-template <class Implementation>
-void add(const Bulk& bulk) {
-    const std::string name = std::string("bulk/") + bulk.name + "/" + Implementation::kName;
-    benchmark::RegisterBenchmark(name.c_str(), [&bulk](auto& state) {
-        work<Implementation>(state, bulk);
-    })->UseManualTime();
+    center = std::make_unique<BulkRun<FeeCenter>>(bulk);
+    if (!byHand) {
+        byHand = std::make_unique<BulkRun<Floor>>(bulk);
+    }
+    Turns turns;
+    const std::vector<std::function<void()>> both = {[&] { takeTurn(turns, *center); },
+                                                     [&] { takeTurn(turns, *byHand); }};
+    std::size_t round = 0;
+    for (auto _ : state) {
+        forEachInTurn(both, round++, [](const auto& turn) { turn(); });
+    }
+    turns.report(state, kBulkEntries);
 }
 
 }  // namespace
@@ -55,8 +58,10 @@ const std::vector<Bulk>& allBulks() {
 
 void registerBulks() {
     for (const Bulk& bulk : allBulks()) {
-        add<FeeCenter>(bulk);
-        add<Floor>(bulk);
+        const std::string name = std::string("bulk/") + bulk.name;
+        benchmark::RegisterBenchmark(name.c_str(), [&bulk](auto& state) { work(state, bulk); })
+            ->Iterations(kRounds)
+            ->UseRealTime();
     }
 }
 

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <random>
 #include <utility>
 
 #include "bench/fail.h"
@@ -12,6 +13,12 @@
 #include "bench/mixes.h"
 
 namespace bench {
+
+/// Heads or tails, for what should not be the same for all: memory that is asked for first lies closer together.
+inline bool tossCoin() {
+    static std::random_device coin;
+    return coin() % 2 == 0;
+}
 
 /// Hands in the stock records of each account; those of every other family too where the shape is the usual one.
 template <class Implementation>

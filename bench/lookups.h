@@ -4,9 +4,11 @@
 namespace bench {
 
 /// Registers the lookups: every mix by one thread, the hits by two and four, and the stock hit by size of the tables
-/// and by number of accounts; of the fee center, of the floor and of the plain alternatives.
+/// and by number of accounts. An iteration is a round in which all implementations take turns; the counters are the
+/// nanoseconds of a lookup by implementation: processor time for one thread, for several the time on the wall between
+/// two answers of all threads together.
 ///
-/// Names are "lookup/MIX/IMPLEMENTATION/ACCOUNTSxENTRIES".
+/// Names are "lookup/MIX/ACCOUNTSxENTRIES".
 void registerLookups();
 
 }  // namespace bench

@@ -1,7 +1,7 @@
 // What the fee center costs beside the floor and beside plain alternatives. scripts/bench builds this, runs it and
 // makes docs/performance.md of what it prints. Every answer is checked before anything is timed.
 //
-//   fee_bench [--benchmark_OPTION...]   lookups and work on many entries, by Google Benchmark
+//   fee_bench [--benchmark_OPTION...]   lookups, work on many entries and parts of lookups, by Google Benchmark
 //   fee_bench --under-load ROUNDS       single lookups while a load runs
 //   fee_bench --memory                  bytes for each entry
 //   fee_bench --instructions            for callgrind (instructions.h)
@@ -16,6 +16,7 @@
 #include "bench/instructions.h"
 #include "bench/lookups.h"
 #include "bench/memory.h"
+#include "bench/parts.h"
 #include "bench/under_load.h"
 #include "bench/world.h"
 
@@ -24,6 +25,7 @@ namespace {
 int runBenchmarks(int argc, char** argv) {
     bench::registerLookups();
     bench::registerBulks();
+    bench::registerParts();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;

@@ -3,9 +3,9 @@
 
 namespace bench {
 
-/// Loads stock records of many accounts and prints "entries,accounts,bytes per entry,seconds": how much memory the
-/// allocator has given for each entry, its own part included, and how long the loads took. The pools are in it; they
-/// hold kRateSets records.
+/// Loads stock records of many accounts, checks answers and prints "entries,accounts,bytes per entry,seconds,peak": how
+/// much memory the allocator has given for each entry, its own part included, how long the loads took, and the most
+/// that the process has had so far, in MiB. The pools are in the entries; they hold kRateSets records.
 void measureMemory();
 
 }  // namespace bench

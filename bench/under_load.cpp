@@ -20,7 +20,7 @@ using Clock = std::chrono::steady_clock;
 using Times = std::vector<long>;
 
 constexpr int kLoaded = 50000;
-constexpr std::size_t kLookups = 200000;
+constexpr std::size_t kLookups = 40000;
 constexpr int kLoadedAccount = 1;
 constexpr double kShares[] = {0.1, 0.5, 0.75, 0.9, 0.95, 0.99, 0.995, 0.999, 0.9995, 0.9999};
 
