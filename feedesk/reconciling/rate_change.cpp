@@ -11,7 +11,7 @@ using Outcome = ReconciledOrder::Outcome;
 using Place = OrdersByDay::const_iterator;
 
 /// How many orders are held against a rate that fits one order, so that a long statement takes no longer for each line.
-constexpr std::ptrdiff_t kMostHeld = 1000;
+constexpr std::ptrdiff_t kMostHeld = 200;
 
 std::string keyOf(const cost::ChargeLine& line) {
     return fmt::format("{}\n{}\n{}", line.term->charge, line.term->item,
@@ -20,7 +20,9 @@ std::string keyOf(const cost::ChargeLine& line) {
 
 /// Whether the folder's own rates explain the order.
 bool isByFolder(const ReconciledOrder& charged) {
-    return charged.outcome == Outcome::kAgrees || charged.cause != Cause::kNotExplained || !charged.alsoFit.empty();
+    const bool hasRate = charged.cause == Cause::kOtherRate;
+    return charged.outcome == Outcome::kAgrees ||
+           (!hasRate && (charged.cause != Cause::kNotExplained || !charged.alsoFit.empty()));
 }
 
 const std::vector<cost::ChargeLine>& planLines(const ReconciledOrder& charged) {
@@ -48,6 +50,16 @@ public:
     }
 
     [[nodiscard]] bool fitsRate(const cost::Decimal& rate) const { return fits(rate, disputed(), sought, layout); }
+
+    /// Whether the order would cost something else with this rate.
+    [[nodiscard]] bool feels(const cost::Decimal& rate) const {
+        const auto figures = figuresWith(rate, disputed(), sought, layout);
+        const Figures own = figuresOf(charged.order.stated, amounts, layout);
+        return !figures || !std::equal(figures->begin(), figures->end(), own.begin(), own.end(),
+                                       [](const Figure& one, const Figure& other) {
+                                           return one.expected.low == other.expected.low;
+                                       });
+    }
 
     /// Whether more figures differ with this rate than with the folder's.
     [[nodiscard]] bool isWorseWith(const cost::Decimal& rate) const {
@@ -133,13 +145,17 @@ private:
         return true;
     }
 
-    /// Whether the order differs by what neither the rate nor anything else explains. One that the folder explains, or
-    /// that is nearer to it, speaks against the rate.
+    /// Whether the order differs in another way, which says nothing of the rate: by what nothing explains, or by what
+    /// the folder explains while the rate changes nothing. One that is nearer to the folder speaks against the rate.
     bool isOtherwise(const ReconciledOrder& charged) {
-        const bool isUnknown =
-            !isByFolder(charged) && (!charged.remark.empty() || !held(charged).isWorseWith(range->simplest()));
-        otherLines += isUnknown ? charged.order.lines.size() : 0;
-        return isUnknown;
+        if (charged.outcome == Outcome::kAgrees) {
+            return false;
+        }
+        const cost::Decimal rate = range->simplest();
+        const bool isOther = isByFolder(charged) ? !held(charged).feels(rate)
+                                                 : !charged.remark.empty() || !held(charged).isWorseWith(rate);
+        otherLines += isOther ? charged.order.lines.size() : 0;
+        return isOther;
     }
 
     void note(cost::Date from) {
@@ -170,8 +186,12 @@ std::optional<OtherLine> firstAgainst(const ChargedLine& line, const ReconciledO
     const Place from = firstFrom(line.orders, line.orders.end(), charged.order.date());
     const Place end = from + std::min(line.orders.end() - from, kMostHeld);
     const Place other = std::find_if(from, end, [&](const ReconciledOrder* each) {
-        const auto both = Held(*each, line.sought, layout).rangeIn(range);
-        return both ? both->isEmpty() : isByFolder(*each);
+        const Held held(*each, line.sought, layout);
+        if (held.fitsRate(range.low) || held.fitsRate(range.high)) {
+            return false;
+        }
+        const auto own = isByFolder(*each) ? std::nullopt : held.range();
+        return own ? (*own & range).isEmpty() : isByFolder(*each) && held.feels(range.low);
     });
     return other == end ? std::nullopt
                         : std::optional(OtherLine{(*other)->order.lines.front(), (*other)->order.date()});

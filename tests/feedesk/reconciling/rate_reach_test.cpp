@@ -98,6 +98,15 @@ INSTANTIATE_TEST_SUITE_P(
                "3 of 2024-01-04",
                "Line 3: the schedule from 2021-01-01 until 2023-08-27"},
               ""},
+        // The last line pays the minimum by both rates, and twice the stamp duty of 0.50.
+        Reach{
+            "ARateBesidesALineThatItDoesNotReach",
+            "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
+            "20240104,600519,卖,100,10,5.00,1.00,0,,1,994.00\n",
+            {"Line 2: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits 1 of 2 lines from 2024-01-02 "
+             "on (the others differ in other ways)",
+             "Line 3: the schedule from 2021-01-01 until 2023-08-27"},
+            "S100,SH,600*,0.0003,0.00001,0.0005,2024-01-02,"},
         // The first fits the second and the third, which do not fit each other.
         Reach{
             "ThreeLinesOfWhichNoRateFitsAll",
