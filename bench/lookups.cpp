@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kAsked = 512;  ///< some 0.2 ms: most turns are over before the thread loses its processor
 constexpr int kRoundsOfOne = 300;
-constexpr int kRoundsOfSeveral = 20;
+constexpr int kRoundsOfSeveral = 15;
 
 /// A turn of one of them. It asks other questions first: what the one before it has pushed out of the caches, or left
 /// in them, is then of no account.
