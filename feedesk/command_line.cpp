@@ -99,7 +99,7 @@ void describe(CLI::App& app, Program& program) {
         std::for_each(kCommandsOfShell.begin(), kCommandsOfShell.end(), [&](AddCommand* add) { add(app, program); });
     }
     for (CLI::App* command : app.get_subcommands({})) {
-        command->footer("feedesk --help tells more: the market folder, examples, exit status.");
+        command->footer("feedesk --help says more: the market folder, examples, exit status.");
     }
 }
 
@@ -119,7 +119,7 @@ std::string usageProblem(const CLI::App& app, const CLI::ParseError& error) {
 /// Where the arguments that belong to this command line are described.
 std::string howToAsk(const CLI::App& app) {
     const std::vector<CLI::App*> named = app.get_subcommands();
-    return fmt::format("; `feedesk {}--help` tells how to ask",
+    return fmt::format("; `feedesk {}--help` shows how to ask",
                        named.empty() || named.front()->get_group().empty() ? "" : named.front()->get_name() + " ");
 }
 
@@ -154,7 +154,7 @@ bool asksForJson(const std::vector<std::string>& words) {
     return std::find(words.begin(), end, "--json") != end;
 }
 
-/// Tells why there is no answer, or no more of it. A program that asked for JSON and has read nothing yet reads an
+/// Says why there is no answer, or no more of it. A program that asked for JSON and has read nothing yet reads an
 /// empty list.
 ExitStatus withoutAnswer(const std::string& sentence, ExitStatus status, bool readsNothing) {
     tellProblem(sentence, status);

@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "feedesk/overwriting.h"
 #include "feedesk/rows/sinks.h"
+#include "feedesk/session/overwriting.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/terminal/pager.h"
 #include "feedesk/terminal/terminal.h"

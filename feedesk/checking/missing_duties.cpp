@@ -14,9 +14,9 @@
 #include "feedesk/instruments/instrument_text.h"
 #include "feedesk/text/numbers.h"
 
-// Who pays a duty and who does not hangs on what is traded: shares pay it, funds do not. No table tells which is which,
-// so that the answers of all accounts do: where most accounts pay it for instruments of a group, a line that leaves it
-// out is a fault.
+// Who pays a duty and who does not depends on what is traded: shares pay it, funds do not. No table says which is
+// which, so that the answers of all accounts do: where most accounts pay it for instruments of a group, a line that
+// leaves it out is a fault.
 
 namespace feedesk::checking {
 namespace {

@@ -12,7 +12,7 @@
 #include "feedesk/commands/cost_marks.h"
 #include "feedesk/commands/cost_rows.h"
 #include "feedesk/commands/cost_totals.h"
-#include "feedesk/overwriting.h"
+#include "feedesk/session/overwriting.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
@@ -83,7 +83,7 @@ private:
     std::vector<Dated> sorted;
 };
 
-/// Tells wrong lines, so many that a person reads them; beyond them they are only counted.
+/// Reports wrong lines, so many that a person reads them; beyond them they are only counted.
 class WrongLines {
 public:
     /// `sorted`: the lines do not come in the order of the file, and are held until tellHeld().

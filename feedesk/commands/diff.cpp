@@ -10,9 +10,9 @@
 #include "feedesk/comparing/change_list.h"
 #include "feedesk/comparing/compared_days.h"
 #include "feedesk/comparing/instrument_groups.h"
-#include "feedesk/overwriting.h"
 #include "feedesk/program.h"
 #include "feedesk/session/folder_loading.h"
+#include "feedesk/session/overwriting.h"
 #include "feedesk/session/running_engine.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/terminal/terminal.h"
@@ -92,7 +92,7 @@ std::string headingOf(const Differences& differences, const DiffArguments& argum
                        arguments.after);
 }
 
-/// Tells what was not expected; the exit status that follows.
+/// Reports what was not expected; the exit status that follows.
 ExitStatus statusOf(const Expectation& expectation) {
     const std::string problem = expectation.problem();
     if (!problem.empty()) {
@@ -107,7 +107,7 @@ ExitStatus diff(Program& program, const DiffArguments& arguments) {
         refuseToWriteInto(folder, program.file);
     }
     refuseToOverwrite(program.file, arguments.trades, "the file of the trades");
-    // A file that cannot be read is told before thousands of accounts are compared.
+    // A file that cannot be read is refused before thousands of accounts are compared.
     TradeFileLines trades = arguments.trades.empty() ? TradeFileLines() : readTrades(arguments.trades);
     standalone::ContentNumbers numbers;
     ComparedFolder before(loadedFolder(arguments.before, kHowToName), numbers);

@@ -37,7 +37,7 @@ void Differences::judge(Expectation& expectation) {
     }
 }
 
-/// Those of no account in particular are told together.
+/// Those of no account in particular are shown together.
 void Differences::judgeTerms(Expectation& expectation) {
     std::set<const cost::Term*> shared;
     for (TermRow& row : terms) {

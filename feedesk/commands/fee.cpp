@@ -41,7 +41,7 @@ void checkNumber(const std::vector<Question>& questions) {
     }
 }
 
-/// Tells why names have no question, of so many that a person reads them; beyond them it is only counted.
+/// Reports why names have no question, of so many that a person reads them; beyond them it is only counted.
 class Problems {
 public:
     void add(const AskedInstrument& instrument, const std::string& sentence) {
@@ -72,7 +72,7 @@ std::vector<Question> questionsOf(const std::vector<AskedInstrument>& instrument
     return questions;
 }
 
-/// Tells which names have no question for any of these accounts; how many they are. Accounts of the connect channels
+/// Reports which names have no question for any of these accounts; how many they are. Accounts of the connect channels
 /// know further names.
 std::size_t tellUnknown(const std::vector<AskedInstrument>& instruments, const InstrumentNames& names,
                         const Accounts& accounts) {
@@ -136,7 +136,7 @@ void addNew(std::vector<std::string>& notes, const std::vector<std::string>& mor
 ExitStatus feeOfSeveral(Program& program, const FeeArguments& arguments) {
     const std::vector<std::string> texts = withFirst(arguments);
     if (texts.empty()) {
-        throw Failure(kBadInput, "INSTRUMENT is required; `feedesk fee --help` tells how to ask");
+        throw Failure(kBadInput, "INSTRUMENT is required; `feedesk fee --help` shows how to ask");
     }
     const std::vector<AskedInstrument> instruments = askedInstruments(texts);
     Session& session = program.open();

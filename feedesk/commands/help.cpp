@@ -37,7 +37,7 @@ std::string helpText(const CLI::App& app, const std::string& name) {
 
 std::string unknownCommand(const CLI::App& app, const std::string& name) {
     const std::vector<std::string> near = standalone::nearNames(name, commandNames(app));
-    return fmt::format("there is no command {}; {}`feedesk --help` tells how to ask", echoed(name),
+    return fmt::format("there is no command {}; {}`feedesk --help` shows how to ask", echoed(name),
                        near.empty() ? "" : fmt::format("did you mean {}? ", fmt::join(near, " or ")));
 }
 

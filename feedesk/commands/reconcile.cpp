@@ -7,12 +7,13 @@
 #include <fstream>
 #include <system_error>
 
+#include "feedesk/commands/cause_sentences.h"
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/commands/reconcile_notes.h"
 #include "feedesk/commands/reconcile_rows.h"
-#include "feedesk/overwriting.h"
+#include "feedesk/session/overwriting.h"
 #include "feedesk/statements/encoding.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/text/numbers.h"

@@ -26,9 +26,6 @@ FieldsOf<OrderRow> orderFields();
 FieldsOf<FigureRow> figureFields();
 FieldsOf<Proposal> proposalFields();
 
-/// Why the orders differ, a sentence for each cause with the lines that it explains; those beyond a screen are counted.
-std::vector<std::string> causeSentences(const Reconciliation& found, const Statement& statement);
-
 }  // namespace feedesk
 
 #endif  // FEEDESK_COMMANDS_RECONCILE_ROWS_H

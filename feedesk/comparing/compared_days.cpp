@@ -56,7 +56,7 @@ cost::DateRange comparedDays(const cost::DateRange& asked, const ComparedFolder&
 
 std::vector<std::string> coverageNotes(const ComparedFolder& before, const ComparedFolder& after,
                                        const cost::DateRange& days) {
-    std::vector<std::pair<std::string, std::vector<std::string>>> told;  // what is known, and in which folders
+    std::vector<std::pair<std::string, std::vector<std::string>>> joined;  // what is known, and in which folders
     for (const ComparedFolder* compared : {&before, &after}) {
         const auto addNote = [&](std::string_view what, std::string_view name, const cost::DateRange& covered) {
             if (covers(covered, days)) {
@@ -64,8 +64,9 @@ std::vector<std::string> coverageNotes(const ComparedFolder& before, const Compa
             }
             const std::string known = fmt::format(
                 "the schedules of {} {} are known {}; other days of it are not compared", what, name, covered.text());
-            auto same = std::find_if(told.begin(), told.end(), [&](const auto& each) { return each.first == known; });
-            same = same == told.end() ? told.insert(same, {known, {}}) : same;
+            auto same =
+                std::find_if(joined.begin(), joined.end(), [&](const auto& each) { return each.first == known; });
+            same = same == joined.end() ? joined.insert(same, {known, {}}) : same;
             same->second.push_back(echoed(compared->folder().name()));
         };
         const standalone::Coverage& coverage = compared->folder().coverage();
@@ -77,7 +78,7 @@ std::vector<std::string> coverageNotes(const ComparedFolder& before, const Compa
         }
     }
     std::vector<std::string> notes;
-    for (const auto& [known, folders] : told) {
+    for (const auto& [known, folders] : joined) {
         notes.push_back(folders.size() == 2 ? known : fmt::format("in {} {}", folders.front(), known));
     }
     return notes;

@@ -72,7 +72,7 @@ bool sameValue(const std::optional<double>& one, const std::optional<double>& ot
     return one.has_value() == other.has_value() && (!one || *one == *other || plainNumber(*one) == plainNumber(*other));
 }
 
-/// What tells the lines of a rate from others.
+/// What sets the lines of a rate apart.
 std::vector<std::string> lineNames(const AnsweredRate& rate, const char* folder) {
     std::vector<std::string> names;
     for (const std::size_t line : rate.accountLines) {

@@ -50,7 +50,7 @@ std::vector<RateDifference> differencesOf(const LinePair& lines, const AccountDa
 /// Equal for differences of one rate from the same value and level to the same value and level.
 std::string changeOf(const RateDifference& difference);
 
-/// Differences of one account as few as they can be told: those that are the same change and share a line, of either
+/// Differences of one account as few as they can be: those that are the same change and share a line, of either
 /// folder, are one. So a category that takes instruments from several lines to one is one difference, and two lines
 /// that change alike are two.
 std::vector<RateDifference> joined(std::vector<RateDifference> differences);

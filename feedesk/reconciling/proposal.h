@@ -22,7 +22,7 @@ struct Proposals {
 };
 
 /// The lines that say the rates which are solved for from their days on. A rate that no line gives, as the built-in
-/// default, has no proposal, nor one beside which rates of other charges explain the same.
+/// default, has no proposal, nor one besides which rates of other charges explain the same.
 Proposals proposalsFor(const Reconciliation& found, const std::string& marketFolder);
 
 }  // namespace feedesk

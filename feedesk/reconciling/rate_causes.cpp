@@ -66,7 +66,7 @@ Changes takeLargest(Changes& changes) {
     return taken;
 }
 
-/// The first of the rates, with the others beside it.
+/// The first of the rates, with the others next to it.
 std::shared_ptr<const SolvedRate> oneOf(const Changes& changes) {
     auto solved = std::make_shared<SolvedRate>(changes.front().solved);
     std::transform(std::next(changes.begin()), changes.end(), std::back_inserter(solved->orElse),

@@ -15,7 +15,7 @@ enum class Unit {
     kText,
     kFraction,  ///< of turnover or value
     kYuan,      ///< per lot, contract or share
-    kNumber,    ///< of a unit that nobody tells
+    kNumber,    ///< of an unknown unit
     kCount      ///< no rate: how many, a trade unit, a mode
 };
 

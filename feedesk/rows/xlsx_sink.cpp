@@ -82,7 +82,7 @@ struct Cell {
 };
 
 /// Where a workbook's cells say that something is: the column that says so, file and line, and how many cells do. Of
-/// two folders that are compared the column tells which one is meant.
+/// two folders that are compared the column says which one is meant.
 class SourceList {
 public:
     void add(const std::string& column, const Value& value) {
@@ -123,8 +123,8 @@ private:
     std::map<std::tuple<std::string, std::string, std::size_t>, std::size_t> cells;  // column, file and line
 };
 
-/// What stands above the column of a field that programs get: its title, or its name as words where it has none. Where
-/// several have a title, such as a rate by turnover and by lot, it tells the name too.
+/// The heading of the column of a field that programs get: its title, or its name as words where it has none. Where
+/// several have a title, such as a rate by turnover and by lot, it has the name too.
 std::string columnTitle(const Field& field, const std::vector<Field>& all) {
     if (field.title.empty()) {
         return asTitle(field.name);

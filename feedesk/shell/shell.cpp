@@ -90,7 +90,7 @@ Program Shell::lineProgram() {
 ExitStatus Shell::run(const std::string& line) {
     const LineWords cut = lineWords(line);
     if (cut.openQuote != '\0') {
-        tellProblem(cut.openQuote == '\\' ? "the line ends with a backslash; write what stands behind it, or none"
+        tellProblem(cut.openQuote == '\\' ? "the line ends with a backslash; write what follows it, or none"
                                           : fmt::format("the quote {} is not closed; close it, or write \\{}",
                                                         cut.openQuote, cut.openQuote),
                     kBadInput);
@@ -114,7 +114,7 @@ ExitStatus Shell::runTerminal() {
         editor.remember(line);
     }
     writeText(
-        fmt::format("feedesk on {}; `help` tells the commands, `exit` or Ctrl-D ends.\n", echoed(options.folder)));
+        fmt::format("feedesk on {}; `help` lists the commands, `exit` or Ctrl-D ends.\n", echoed(options.folder)));
     while (!isOver) {
         const std::optional<std::string> line = editor.read();
         if (!line) {

@@ -117,7 +117,7 @@ std::string itemsOf(const std::vector<Line>& items, std::size_t trade) {
     return text;
 }
 
-// Published schedules of every family and exchange, both sides, on both days of each change; the file's source tells
+// Published schedules of every family and exchange, both sides, on both days of each change; the file's source says
 // how its amounts were worked out.
 TEST_F(CostOfBundledMarket, PublishedSchedulesComeOutToTheFenItemByItem) {
     const std::vector<Line> published = tableIn(PUBLISHED_COSTS);

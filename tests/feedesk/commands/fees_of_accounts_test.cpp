@@ -139,12 +139,12 @@ constexpr Refused kRefused[] = {
      "the account S100 does not go with --accounts; name accounts in one of the two ways"},
     {"FeeTwice", "fee S100 600519 --accounts 'S*'",
      "the account S100 does not go with --accounts; name accounts in one of the two ways"},
-    {"FeeWithoutInstrument", "fee --accounts 'S*'", "INSTRUMENT is required; `feedesk fee --help` tells how to ask"},
-    {"FeesWithoutAccount", "fees", "ACCOUNT is required; `feedesk fees --help` tells how to ask"},
-    {"FeeWithoutAccount", "fee", "ACCOUNT is required; `feedesk fee --help` tells how to ask"},
-    {"FeeWithoutItsInstrument", "fee S100", "INSTRUMENT is required; `feedesk fee --help` tells how to ask"},
+    {"FeeWithoutInstrument", "fee --accounts 'S*'", "INSTRUMENT is required; `feedesk fee --help` shows how to ask"},
+    {"FeesWithoutAccount", "fees", "ACCOUNT is required; `feedesk fees --help` shows how to ask"},
+    {"FeeWithoutAccount", "fee", "ACCOUNT is required; `feedesk fee --help` shows how to ask"},
+    {"FeeWithoutItsInstrument", "fee S100", "INSTRUMENT is required; `feedesk fee --help` shows how to ask"},
     {"WithoutPattern", "fees --accounts",
-     "--accounts: 1 required PATTERN missing; `feedesk fees --help` tells how to ask"},
+     "--accounts: 1 required PATTERN missing; `feedesk fees --help` shows how to ask"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Arguments, RefusedAccounts, testing::ValuesIn(kRefused),

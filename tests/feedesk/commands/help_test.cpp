@@ -48,13 +48,13 @@ TEST(Help, OfAnUnknownCommandIsBadInput) {
     const Outcome outcome = runProgram("help fex");
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "feedesk: there is no command fex; did you mean fee? `feedesk --help` tells how to ask\n");
+    EXPECT_EQ(outcome.err, "feedesk: there is no command fex; did you mean fee? `feedesk --help` shows how to ask\n");
 }
 
 TEST(Usage, ThatIsWrongNamesTheHelpOfItsCommand) {
-    EXPECT_EQ(runProgram("diff").err, "feedesk: A is required; `feedesk diff --help` tells how to ask\n");
+    EXPECT_EQ(runProgram("diff").err, "feedesk: A is required; `feedesk diff --help` shows how to ask\n");
     EXPECT_EQ(runProgram("--wrong").err,
-              "feedesk: the argument --wrong was not expected; `feedesk --help` tells how to ask\n");
+              "feedesk: the argument --wrong was not expected; `feedesk --help` shows how to ask\n");
 }
 
 TEST(Usage, ThatIsWrongIsBadInput) {
@@ -63,7 +63,7 @@ TEST(Usage, ThatIsWrongIsBadInput) {
         const Outcome outcome = runProgram(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
         EXPECT_EQ(outcome.out, "") << arguments;
-        EXPECT_THAT(outcome.err, MatchesRegex("feedesk: [^\n]+; `feedesk [a-z]* ?--help` tells how to ask\n"))
+        EXPECT_THAT(outcome.err, MatchesRegex("feedesk: [^\n]+; `feedesk [a-z]* ?--help` shows how to ask\n"))
             << arguments;
     }
 }

@@ -84,7 +84,7 @@ TEST_F(Reconcile, AnswersProgramsWithEveryFigure) {
     EXPECT_EQ(csv.status, 0);
 }
 
-// What explains the very same amounts is told everywhere, and the first in the order of causes is the cause.
+// What explains the very same amounts is shown everywhere, and the first in the order of causes is the cause.
 TEST_F(Reconcile, TellsEqualCausesInEveryForm) {
     const std::string sale = "20240103,600519,卖,100,1000,25.00,0,0,,1,99975.00\n";
     EXPECT_NE(unfolded(folder.reconcileLines(sale).out)
@@ -226,18 +226,18 @@ TEST_F(Reconcile, ReportsWhatHasNoAnswer) {
     EXPECT_EQ(outcome.status, 1);
 }
 
-// Sentences of 100 groups are told. Of the others a reader is told what they are.
-TEST_F(Reconcile, CountsWhatItDoesNotTellByCause) {
+// Sentences of 100 groups are shown, and the others counted by what they are.
+TEST_F(Reconcile, CountsByCauseWhatItLeavesOut) {
     std::string text = "日期,代码,买卖,数量,价格,佣金\n";
     for (int i = 0; i < 105; ++i) {
         text += "20240102," + std::to_string(900000 + i) + ",买,100,10,5\n";
     }
     text += "20240102,600519,买,100,1000,31\n20240103,600519,买,100,1000,32\n";
     folder.writeStatement(text);
-    const std::string told = unfolded(folder.reconcile().out);
-    EXPECT_NE(told.find("7 trades more by cause: 5 no answer, 2 other_rate; --json and --csv tell them all"),
+    const std::string reported = unfolded(folder.reconcile().out);
+    EXPECT_NE(reported.find("7 trades more by cause: 5 no answer, 2 other_rate; --json and --csv have them all"),
               std::string::npos)
-        << told;
+        << reported;
 }
 
 TEST_F(Reconcile, SaysWhatItCannotExplain) {
@@ -339,17 +339,17 @@ TEST_F(Reconcile, RefusesWrongQuestionsInOneSentence) {
     folder.writeStatement("日期,代码,买卖,数量,价格,佣金\n20240102,600519,买,100,1000,25\n");
     const std::string file = folder.statementFile();
     for (const Wrong& each : std::vector<Wrong>{
-             {"reconcile", "ACCOUNT is required; `feedesk reconcile --help` tells how to ask"},
-             {"reconcile S100", "STATEMENT is required; `feedesk reconcile --help` tells how to ask"},
+             {"reconcile", "ACCOUNT is required; `feedesk reconcile --help` shows how to ask"},
+             {"reconcile S100", "STATEMENT is required; `feedesk reconcile --help` shows how to ask"},
              {"reconcile S999 F", "the market folder has no account S999; `feedesk accounts` lists the accounts"},
              {"reconcile S100 F --layout no",
               "no is no layout of M/layouts, which has plain, and no file that ends in .toml"},
              {"reconcile S100 F --encoding latin1",
-              "--encoding: latin1 is neither utf-8 nor gb18030; `feedesk reconcile --help` tells how to ask"},
+              "--encoding: latin1 is neither utf-8 nor gb18030; `feedesk reconcile --help` shows how to ask"},
              {"reconcile S100 F --date 2024-01-02",
               "--date does not go with reconcile, as each line of a statement has its date"},
              {"reconcile S100 /nowhere", "/nowhere cannot be opened: No such file or directory"},
-             {"reconcile S100 F --json --csv", "--csv excludes --json; `feedesk reconcile --help` tells how to ask"}}) {
+             {"reconcile S100 F --json --csv", "--csv excludes --json; `feedesk reconcile --help` shows how to ask"}}) {
         std::string arguments = each.arguments;
         if (const std::size_t place = arguments.find(" F"); place != std::string::npos) {
             arguments.replace(place + 1, 1, file);

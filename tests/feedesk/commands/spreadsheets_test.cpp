@@ -161,7 +161,7 @@ TEST_F(Spreadsheets, AreNotWrittenOverWhatIsRead) {
     struct Case {
         std::string command;
         std::string target;
-        std::string told;
+        std::string message;
     };
     for (const Case& wrong : {
              Case{"accounts", table, inFolder},
@@ -174,7 +174,7 @@ TEST_F(Spreadsheets, AreNotWrittenOverWhatIsRead) {
         const std::string before = contentOf(wrong.target);
         const Outcome outcome = ask(folder.path(), wrong.command + " --xlsx " + wrong.target);
         EXPECT_EQ(outcome.status, 2) << wrong.command;
-        EXPECT_EQ(outcome.err, "feedesk: " + wrong.target + wrong.told);
+        EXPECT_EQ(outcome.err, "feedesk: " + wrong.target + wrong.message);
         EXPECT_EQ(contentOf(wrong.target), before);
     }
     for (const std::string& target : {after.path() + "/a.xlsx", table, trades}) {
@@ -190,7 +190,7 @@ TEST_F(Spreadsheets, NeedAFile) {
     EXPECT_EQ(out.status, 2);
     EXPECT_EQ(out.err,
               "feedesk: --xlsx: a spreadsheet is no text and does not go to standard output; name a file; `feedesk "
-              "accounts --help` tells how to ask\n");
+              "accounts --help` shows how to ask\n");
     EXPECT_THAT(ask(folder.path(), "accounts --xlsx ''").err,
                 StartsWith("feedesk: --xlsx: a spreadsheet needs the name of a file; "));
 }

@@ -282,7 +282,7 @@ TEST_F(Faults, AreFoundWithTheirCause) {
         found += tally.found;
     }
     EXPECT_TRUE(kEach != 20 || found == 237)
-        << found << "; docs/feedesk.md tells how many of the 240 are found by their own cause";
+        << found << "; docs/feedesk.md says how many of the 240 are found by their own cause";
 }
 
 TEST_F(Faults, AreFoundTogether) {

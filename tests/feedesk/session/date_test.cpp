@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "the folder's schedules of family stock are known from 2023-01-01 on, and 2022-12-31 lies outside; "
                 "ask for a day within with --date"},
         Refusal{"ThatIsNone", "", "accounts --date 2023-02-29",
-                "--date: 2023-02-29 is not a day such as 2023-08-28; `feedesk accounts --help` tells how to ask"}),
+                "--date: 2023-02-29 is not a day such as 2023-08-28; `feedesk accounts --help` shows how to ask"}),
     [](const auto& refusal) { return refusal.param.name; });
 
 TEST_F(Date, OfAnotherFamilyIsAnsweredWhereOneIsNotCovered) {

@@ -43,7 +43,7 @@ TEST_F(ShellInput, GoesOnBehindALineWithoutAnswerAndHasTheWorstStatus) {
     EXPECT_EQ(outcome.err,
               "feedesk: the market folder has no account like X\n"
               "feedesk: standard input:1: this line has no answer, or not all of it\n"
-              "feedesk: there is no command bad; `feedesk --help` tells how to ask\n"
+              "feedesk: there is no command bad; `feedesk --help` shows how to ask\n"
               "feedesk: standard input:2: this line is wrong\n");
     EXPECT_EQ(shell("accounts X\\naccounts S100\\n").status, 1);
 }
@@ -149,15 +149,15 @@ TEST_P(WrongShellLine, IsBadInput) {
 
 constexpr WrongLine kWrong[] = {
     {"OpenQuote", "accounts 'S100", "the quote ' is not closed; close it, or write \\'"},
-    {"EndingBackslash", "accounts S100\\\\", "the line ends with a backslash; write what stands behind it, or none"},
+    {"EndingBackslash", "accounts S100\\\\", "the line ends with a backslash; write what follows it, or none"},
     {"AnotherFolder", "accounts --market x",
      "a shell keeps what it was started with; --market goes before `shell`: feedesk --market ... shell"},
     {"Threads", "accounts --threads 3",
      "a shell keeps what it was started with; --threads goes before `shell`: feedesk --threads ... shell"},
-    {"ShellInside", "shell", "there is no command shell; did you mean help? `feedesk --help` tells how to ask"},
-    {"ExitWithArgument", "exit 3", "the argument 3 was not expected; `feedesk exit --help` tells how to ask"},
+    {"ShellInside", "shell", "there is no command shell; did you mean help? `feedesk --help` shows how to ask"},
+    {"ExitWithArgument", "exit 3", "the argument 3 was not expected; `feedesk exit --help` shows how to ask"},
     {"UnknownDay", "accounts --date x",
-     "--date: x is not a day such as 2023-08-28; `feedesk accounts --help` tells how to ask"},
+     "--date: x is not a day such as 2023-08-28; `feedesk accounts --help` shows how to ask"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Lines, WrongShellLine, testing::ValuesIn(kWrong),

@@ -21,7 +21,7 @@ protected:
     TerminalSession()
         : terminal("unset FEEDESK_MARKET COLUMNS LINES XDG_STATE_HOME; " FEEDESK_PROGRAM " --market " + folder.path() +
                    " shell; echo $? >\"$STATUS\"; cat") {
-        EXPECT_THAT(terminal.shownWithLineEnd("feedesk>"), HasSubstr("`help` tells the commands"));
+        EXPECT_THAT(terminal.shownWithLineEnd("feedesk>"), HasSubstr("`help` lists the commands"));
     }
 
     SampleFolder folder;

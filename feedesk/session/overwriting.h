@@ -1,5 +1,5 @@
-#ifndef FEEDESK_OVERWRITING_H
-#define FEEDESK_OVERWRITING_H
+#ifndef FEEDESK_SESSION_OVERWRITING_H
+#define FEEDESK_SESSION_OVERWRITING_H
 
 #include <string>
 
@@ -18,4 +18,4 @@ void refuseToWriteInto(const std::string& folder, const std::string& target);
 
 }  // namespace feedesk
 
-#endif  // FEEDESK_OVERWRITING_H
+#endif  // FEEDESK_SESSION_OVERWRITING_H

@@ -1,4 +1,4 @@
-#include "feedesk/overwriting.h"
+#include "feedesk/session/overwriting.h"
 
 #include <fmt/format.h>
 
