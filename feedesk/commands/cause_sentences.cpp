@@ -145,6 +145,7 @@ private:
             trades += groups[i].trades;
         }
         std::vector<std::string> counts;
+        counts.reserve(kinds.size());
         for (const auto& [kind, count] : kinds) {
             counts.push_back(fmt::format("{} {}", grouped(count), kind));
         }

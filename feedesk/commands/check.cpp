@@ -267,6 +267,7 @@ void addNames(CLI::App& command, Program& program, const char* option, std::vect
 
 std::vector<std::string> thresholds() {
     std::vector<std::string> words;
+    words.reserve(std::size(checking::kSeverities) + 1);
     for (const Severity severity : checking::kSeverities) {
         words.emplace_back(wordFor(severity));
     }

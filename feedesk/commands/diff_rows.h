@@ -40,7 +40,7 @@ struct ApartRow {
 FieldsOf<ApartRow> apartFields();
 /// Without those of which there are none.
 std::vector<ApartRow> apartRows(const NamesApart& apart);
-std::vector<ApartRow> apartRows(const TermDifferences& terms);
+std::vector<ApartRow> apartRows(const TermDifferences& differences);
 
 /// A charging term that differs in a column.
 struct TermRow {

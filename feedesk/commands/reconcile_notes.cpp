@@ -35,6 +35,7 @@ std::string passedOverNote(const Statement& statement) {
         known->second.push_back(each.line);
     }
     std::vector<std::string> lines;
+    lines.reserve(operations.size());
     for (const auto& [operation, numbers] : operations) {
         lines.push_back(passedOverLines(operation, numbers));
     }

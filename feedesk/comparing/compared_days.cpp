@@ -78,6 +78,7 @@ std::vector<std::string> coverageNotes(const ComparedFolder& before, const Compa
         }
     }
     std::vector<std::string> notes;
+    notes.reserve(joined.size());
     for (const auto& [known, folders] : joined) {
         notes.push_back(folders.size() == 2 ? known : fmt::format("in {} {}", folders.front(), known));
     }

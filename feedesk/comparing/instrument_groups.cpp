@@ -12,7 +12,7 @@
 namespace feedesk {
 namespace {
 
-constexpr std::size_t kMostNames = 3;
+constexpr std::size_t kMostShown = 3;
 constexpr std::size_t kMostPatterns = 4;
 
 using NameList = std::vector<ListedName>;
@@ -65,11 +65,11 @@ std::vector<std::string> patternsFor(const NameList& sorted) {
 }  // namespace
 
 std::string firstFew(const std::vector<std::string>& names) {
-    if (names.size() <= kMostNames + 1) {
+    if (names.size() <= kMostShown + 1) {
         return fmt::format("{}", fmt::join(names, ", "));
     }
-    return fmt::format("{} and {} more", fmt::join(names.begin(), names.begin() + kMostNames, ", "),
-                       grouped(names.size() - kMostNames));
+    return fmt::format("{} and {} more", fmt::join(names.begin(), names.begin() + kMostShown, ", "),
+                       grouped(names.size() - kMostShown));
 }
 
 std::string instrumentGroup(std::vector<ListedName> list) {
@@ -83,7 +83,7 @@ std::string instrumentGroup(std::vector<ListedName> list) {
         }
     }
     const std::vector<std::string> patterns = patternsFor(list);
-    if (names.size() <= kMostNames || patterns.size() > kMostPatterns || patterns.size() == names.size()) {
+    if (names.size() <= kMostShown || patterns.size() > kMostPatterns || patterns.size() == names.size()) {
         return firstFew(names);
     }
     return fmt::format("{} ({})", fmt::join(patterns, ", "), counted(names.size(), "instrument"));

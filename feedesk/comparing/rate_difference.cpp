@@ -147,7 +147,7 @@ std::vector<RateDifference> joined(std::vector<RateDifference> differences) {
             lines.emplace_back("none");
         }
         for (const std::string& line : lines) {
-            same.share(i, change + '|' + line);
+            same.share(i, fmt::format("{}|{}", change, line));
         }
     }
     std::vector<RateDifference> all;

@@ -98,7 +98,7 @@ public:
     /// Takes the orders of the day before; false when no rate fits them and those of the days behind it.
     bool take(Place first, Place last) {
         const std::size_t fittingBefore = fitting.size();
-        for (Place each = first; each != last; ++each) {
+        for (auto each = first; each != last; ++each) {
             if ((*each)->isOpen() && narrow(**each)) {
                 fitting.push_back(*each);
                 fittingLines += (*each)->order.lines.size();
@@ -183,9 +183,9 @@ Place firstFrom(const OrdersByDay& orders, Place end, cost::Date day) {
 /// The first order from the day of this one on that pays another rate; nothing where the next ones do not show it.
 std::optional<OtherLine> firstAgainst(const ChargedLine& line, const ReconciledOrder& charged, const RateRange& range,
                                       const Layout& layout) {
-    const Place from = firstFrom(line.orders, line.orders.end(), charged.order.date());
-    const Place end = from + std::min(line.orders.end() - from, kMostHeld);
-    const Place other = std::find_if(from, end, [&](const ReconciledOrder* each) {
+    const auto from = firstFrom(line.orders, line.orders.end(), charged.order.date());
+    const auto end = from + std::min(line.orders.end() - from, kMostHeld);
+    const auto other = std::find_if(from, end, [&](const ReconciledOrder* each) {
         const Held held(*each, line.sought, layout);
         if (held.fitsRate(range.low) || held.fitsRate(range.high)) {
             return false;
@@ -221,12 +221,12 @@ std::vector<const ChargedLine*> ChargedLines::of(const ReconciledOrder& charged)
 
 std::optional<RateChange> lastChangeOf(const ChargedLine& line, const Layout& layout) {
     const OrdersByDay& orders = line.orders;
-    const Place firstOpen =
+    const auto firstOpen =
         std::find_if(orders.begin(), orders.end(), [](const ReconciledOrder* each) { return each->isOpen(); });
     Sweep sweep(line, layout);
-    for (Place end = orders.end(); end > firstOpen;) {
+    for (auto end = orders.end(); end > firstOpen;) {
         const cost::Date day = (*std::prev(end))->order.date();
-        const Place begin = std::lower_bound(
+        const auto begin = std::lower_bound(
             orders.begin(), end, day,
             [](const ReconciledOrder* each, const cost::Date& first) { return each->order.date() < first; });
         if (!sweep.take(begin, end)) {

@@ -54,6 +54,7 @@ Question TradedCodes::instrumentOf(const StatementLine& line) const {
     }
     if (found.size() > 1) {
         std::vector<std::string> names;
+        names.reserve(found.size());
         for (const Question& each : found) {
             names.push_back(instrumentText(each.market, each.code));
         }

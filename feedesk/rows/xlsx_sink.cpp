@@ -20,8 +20,6 @@ namespace {
 
 constexpr std::size_t kDigitsOfANumber = 15;  // what a spreadsheet's cell holds exactly
 
-bool isDigit(char each) { return each >= '0' && each <= '9'; }
-
 const char* numberFormat(Unit unit) {
     switch (unit) {
         case Unit::kFraction:

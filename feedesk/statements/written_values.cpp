@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "feedesk/text/numbers.h"
 #include "standalone/text/numbers.h"
 
 namespace feedesk {
@@ -50,8 +51,6 @@ std::string halfWidth(std::string_view text) {
     }
     return plain;
 }
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// Blanks between digits group them as commas do; all others go.
 std::string withoutBlanks(std::string_view text) {

@@ -12,6 +12,9 @@ constexpr int kMoneyDecimals = 2;
 
 // Free of the locale; safe from any thread.
 
+/// One of 0 to 9.
+constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
 /// `value` rounded to 15 significant digits, as short as that is, without an exponent: "0.0000341". So a decimal of up
 /// to 15 digits is shown as it was written, and a quotient without its noise: 2.3 / 10000 is "0.00023". No sign at
 /// zero; "nan", "inf" and "-inf" for what is no number.

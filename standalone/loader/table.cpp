@@ -14,10 +14,10 @@
 
 namespace standalone::loader {
 
-TableReader::TableReader(Load& underWay, const std::string& fileName, std::vector<ColumnHeader> tableColumns,
+TableReader::TableReader(Load& underWay, std::string fileName, std::vector<ColumnHeader> tableColumns,
                          bool unknownColumns)
     : load(underWay),
-      file(fileName),
+      file(std::move(fileName)),
       columns(std::move(tableColumns)),
       fileNumber(load.addFile(file)),
       text(readText(load.folder / file, file, load.errors)) {

@@ -46,8 +46,7 @@ struct ReadLine {
 class TableReader {
 public:
     /// `unknownColumns` false passes over columns with unknown names, which are then no error.
-    TableReader(Load& underWay, const std::string& fileName, std::vector<ColumnHeader> tableColumns,
-                bool unknownColumns);
+    TableReader(Load& underWay, std::string fileName, std::vector<ColumnHeader> tableColumns, bool unknownColumns);
 
     /// Goes to the next line with the right number of cells; false at the end.
     bool next();
