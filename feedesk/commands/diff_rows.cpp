@@ -235,6 +235,24 @@ TermRow termRow(const TermChange& change, const cost::DateRange& compared) {
     return {change, fmt::format("{}", fmt::join(parts, ", ")), Judgement::kNone};
 }
 
+FieldsOf<CoverageRow> coverageFields() {
+    return {
+        {forPrograms("change"), [](const CoverageRow& /*row*/) { return std::string("coverage"); }},
+        {forPeople("Which"),
+         [](const CoverageRow& row) {
+             return Label{"", words(row.loss.sentence)};
+         }},
+        {forPrograms("instruments"),
+         [](const CoverageRow& row) {
+             return row.loss.market.empty() ? Names() : Names{instrumentText(row.loss.market, "*")};
+         }},
+        {forPrograms("from"), [](const CoverageRow& row) { return dayOrNothing(row.loss.days.from); }},
+        {forPrograms("until"), [](const CoverageRow& row) { return dayOrNothing(row.loss.days.until); }},
+        {forPrograms("part"), [](const CoverageRow& row) { return textOrNothing(row.loss.family); }},
+        {forPrograms("expected"), [](const CoverageRow& row) { return expected(row.judgement); }},
+    };
+}
+
 FieldsOf<AccountCosts> costsFields() {
     const auto money = [](const cost::Decimal& amount) { return Money{amount.text(2)}; };
     return {{forPrograms("change"), [](const AccountCosts& /*costs*/) { return std::string("costs"); }},
