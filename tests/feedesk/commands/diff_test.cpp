@@ -247,6 +247,10 @@ TEST_F(Diff, NewInstrumentIsNoAccountsExpectedChange) {
     EXPECT_THAT(outcome.err, HasSubstr("feedesk: not expected: 1 instrument of the new folder alone\n"));
 }
 
+TEST_F(Diff, HelpNamesTheWayToOneDay) {
+    EXPECT_THAT(runProgram("diff --help").out, HasSubstr("--date DAY compares one"));
+}
+
 TEST_F(Diff, IsATable) {
     after.write("configured/stock.csv", "market,code,commission\nSZ,000001,0.0003\n");
     EXPECT_EQ(diff("", "COLUMNS=90").out, "Differences from 2024-01-02 on: " + before.path() + " and " + after.path() +
@@ -333,15 +337,12 @@ TEST_F(Diff, DaysThatTheNewFolderNoLongerAnswersAreAChange) {
              Case{"from = 2021-01-01\nuntil = 2026-10-31",
                   other + "'s schedules end on 2026-10-31, those of " + one + " on 2026-12-31",
                   "coverage,,,2026-11-01,2026-12-31,,,,,,,,,,no,,,"},
-             Case{"from = 2022-01-01\nuntil = 2026-12-31",
-                  other + "'s schedules begin on 2022-01-01, those of " + one + " on 2021-01-01",
-                  "coverage,,,2021-01-01,2021-12-31,,,,,,,,,,no,,,"},
              Case{"from = 2021-01-01\nuntil = 2026-12-31\nhgt = { until = 2026-06-30 }",
                   other + "'s schedules of family hgt end on 2026-06-30, those of " + one + " on 2026-12-31",
                   "coverage,,,2026-07-01,2026-12-31,hgt,,,,,,,,,no,,,"},
-             Case{"from = 2021-01-01\nuntil = 2026-12-31\nmarkets = { SZ = { from = 2022-01-01 } }",
-                  other + "'s schedules of market SZ begin on 2022-01-01, those of " + one + " on 2021-01-01",
-                  "coverage,,SZ:*,2021-01-01,2021-12-31,,,,,,,,,,no,,,"},
+             Case{"from = 2021-01-01\nuntil = 2026-12-31\nmarkets = { SZ = { from = 2024-03-01 } }",
+                  other + "'s schedules of market SZ begin on 2024-03-01, those of " + one + " on 2021-01-01",
+                  "coverage,,SZ:*,2021-01-01,2024-02-29,,,,,,,,,,no,,,"},
          }) {
         cover(after, each.coverage);
         for (const char* expectation : {"--expect-none", "--expect-only S100"}) {
@@ -356,6 +357,18 @@ TEST_F(Diff, DaysThatTheNewFolderNoLongerAnswersAreAChange) {
         EXPECT_THAT(table.out, HasSubstr("Days without answers\n"));
         EXPECT_THAT(table.out, HasSubstr(each.sentence + "\n"));
     }
+}
+
+TEST_F(Diff, NewFolderThatBeginsLaterIsAChangeWhereNoFirstDayIsAsked) {
+    cover(before, "from = 2021-01-01");
+    cover(after, "from = 2022-01-01");
+    const Outcome outcome = runProgram("diff " + before.path() + " " + after.path() + " --expect-none --csv");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err,
+                HasSubstr("feedesk: not expected: " + after.path() + "'s schedules begin on 2022-01-01, those of " +
+                          before.path() + " on 2021-01-01\n"));
+    EXPECT_EQ(outcome.out, std::string(kChangeHeader) + "coverage,,,2021-01-01,2021-12-31,,,,,,,,,,no,,,\n");
+    EXPECT_EQ(diff("--expect-none").status, 0);
 }
 
 TEST_F(Diff, NewFolderThatEndsIsAChangeOfOneThatDoesNot) {
