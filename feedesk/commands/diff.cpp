@@ -172,7 +172,8 @@ void addDiff(CLI::App& app, Program& program) {
     command->add_option("A", arguments.before, "The market folder before")->required()->type_name("");
     command->add_option("B", arguments.after, "The market folder after")->required()->type_name("");
     addDayOption(*command, "--from", arguments.days.from, "Compare from this day on (else from the\nearlier as_of on)");
-    addDayOption(*command, "--until", arguments.days.until, "Compare up to this day (else all that\nboth cover)");
+    addDayOption(*command, "--until", arguments.days.until,
+                 "Compare up to this day (else all that\nboth cover); --date DAY compares one");
     command->add_option("--trades", arguments.trades, "What these trades cost by both folders")->type_name("FILE");
     CLI::Option* none = command->add_flag("--expect-none", arguments.expectNone, "Exit status 1 when anything changes");
     command

@@ -125,7 +125,7 @@ FieldsOf<ApartRow> apartFields() {
          [](const ApartRow& row) { return row.noun + (row.names.size() == 1 ? " " : "s ") + row.words; }},
         {forPeople("Which"),
          [](const ApartRow& row) {
-             return Label{"", words(firstFew(row.names))};
+             return Label{"", words(firstFew(row.shown.empty() ? row.names : row.shown))};
          }},
         {forPrograms("names"),
          [](const ApartRow& row) {
@@ -163,6 +163,7 @@ std::vector<ApartRow> apartRows(const TermDifferences& differences) {
         ApartRow row{change, kTermNoun, words, {}, {}, Judgement::kNone};
         for (const TermApart& term : terms) {
             row.names.push_back(term.place);
+            row.shown.push_back(fmt::format("{} ({})", term.name, term.place));
             row.accounts.push_back(term.account);
         }
         const bool isOfAccounts = std::none_of(

@@ -36,6 +36,7 @@ struct ApartRow {
     std::vector<std::string> names;
     std::vector<std::string> accounts;  ///< whose they are; empty: nobody's or everybody's
     Judgement judgement = Judgement::kNone;
+    std::vector<std::string> shown{};  ///< what people read in place of the names; empty: these
 };
 
 FieldsOf<ApartRow> apartFields();
