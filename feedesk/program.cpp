@@ -29,7 +29,7 @@ std::unique_ptr<RowSink> sinkFor(Format format, const std::string& file, std::st
             writeData(std::string(standalone::kUtf8Mark));
             return csvSink(writeData);
         case Format::kXlsx:
-            return xlsxSink(file);
+            return xlsxSink(file, tellNote);
         case Format::kTable:
             break;
     }

@@ -33,10 +33,11 @@ struct DiffArguments {
 
 constexpr const char* kHowToName = "; `feedesk diff A B` compares two of them";
 
-/// The environment may name a folder for the other commands; the command line may not.
+/// The environment may name a folder for the other commands, and a shell has one for its other lines; the command line
+/// of diff may name none.
 bool namesAnotherFolder(const Program& program) {
     const char* const usual = std::getenv("FEEDESK_MARKET");
-    return program.session.folder != (usual == nullptr ? kUsualFolder : usual);
+    return program.shell == nullptr && program.session.folder != (usual == nullptr ? kUsualFolder : usual);
 }
 
 void refuseContradictions(const Program& program, const DiffArguments& arguments) {
@@ -113,7 +114,8 @@ ExitStatus diff(Program& program, const DiffArguments& arguments) {
     ComparedFolder before(loadedFolder(arguments.before, kHowToName), numbers);
     ComparedFolder after(loadedFolder(arguments.after, kHowToName), numbers);
     const std::optional<cost::Date>& day = program.session.date;
-    const cost::DateRange days = comparedDays(day ? cost::DateRange{day, day} : arguments.days, before, after);
+    const cost::DateRange asked = day ? cost::DateRange{day, day} : arguments.days;
+    const cost::DateRange days = comparedDays(asked, before, after);
     Expectation expectation = expectationOf(arguments, before, after);
     Comparison comparison(before, after);
     const bool forPeople = program.format == Format::kTable;
@@ -134,12 +136,18 @@ ExitStatus diff(Program& program, const DiffArguments& arguments) {
     for (ApartRow& row : apartRows(terms)) {
         differences.apart.push_back(std::move(row));
     }
+    for (CoverageLoss& loss : lostCoverage(before, after, asked)) {
+        differences.coverage.push_back({std::move(loss), Judgement::kNone});
+    }
     differences.judge(expectation);
     if (differences.withCosts) {
         differences.costs = costsOf(program, arguments, std::move(trades));
     }
 
     std::vector<std::string> notes = coverageNotes(before, after, days);
+    for (const CoverageLoss& gain : lostCoverage(after, before, asked)) {
+        notes.push_back(gain.sentence);
+    }
     if (!expectation.unmet().empty()) {
         notes.push_back(
             fmt::format("--expect-only names {}, and nothing changes there", firstFew(expectation.unmet())));
@@ -164,7 +172,8 @@ void addDiff(CLI::App& app, Program& program) {
     command->add_option("A", arguments.before, "The market folder before")->required()->type_name("");
     command->add_option("B", arguments.after, "The market folder after")->required()->type_name("");
     addDayOption(*command, "--from", arguments.days.from, "Compare from this day on (else from the\nearlier as_of on)");
-    addDayOption(*command, "--until", arguments.days.until, "Compare up to this day (else all that\nboth cover)");
+    addDayOption(*command, "--until", arguments.days.until,
+                 "Compare up to this day (else all that\nboth cover); --date DAY compares one");
     command->add_option("--trades", arguments.trades, "What these trades cost by both folders")->type_name("FILE");
     CLI::Option* none = command->add_flag("--expect-none", arguments.expectNone, "Exit status 1 when anything changes");
     command

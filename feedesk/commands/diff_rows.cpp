@@ -125,7 +125,7 @@ FieldsOf<ApartRow> apartFields() {
          [](const ApartRow& row) { return row.noun + (row.names.size() == 1 ? " " : "s ") + row.words; }},
         {forPeople("Which"),
          [](const ApartRow& row) {
-             return Label{"", words(firstFew(row.names))};
+             return Label{"", words(firstFew(row.shown.empty() ? row.names : row.shown))};
          }},
         {forPrograms("names"),
          [](const ApartRow& row) {
@@ -163,6 +163,7 @@ std::vector<ApartRow> apartRows(const TermDifferences& differences) {
         ApartRow row{change, kTermNoun, words, {}, {}, Judgement::kNone};
         for (const TermApart& term : terms) {
             row.names.push_back(term.place);
+            row.shown.push_back(fmt::format("{} ({})", term.name, term.place));
             row.accounts.push_back(term.account);
         }
         const bool isOfAccounts = std::none_of(
@@ -233,6 +234,24 @@ TermRow termRow(const TermChange& change, const cost::DateRange& compared) {
         parts.push_back(change.days.text());
     }
     return {change, fmt::format("{}", fmt::join(parts, ", ")), Judgement::kNone};
+}
+
+FieldsOf<CoverageRow> coverageFields() {
+    return {
+        {forPrograms("change"), [](const CoverageRow& /*row*/) { return std::string("coverage"); }},
+        {forPeople("Which"),
+         [](const CoverageRow& row) {
+             return Label{"", words(row.loss.sentence)};
+         }},
+        {forPrograms("instruments"),
+         [](const CoverageRow& row) {
+             return row.loss.market.empty() ? Names() : Names{instrumentText(row.loss.market, "*")};
+         }},
+        {forPrograms("from"), [](const CoverageRow& row) { return dayOrNothing(row.loss.days.from); }},
+        {forPrograms("until"), [](const CoverageRow& row) { return dayOrNothing(row.loss.days.until); }},
+        {forPrograms("part"), [](const CoverageRow& row) { return textOrNothing(row.loss.family); }},
+        {forPrograms("expected"), [](const CoverageRow& row) { return expected(row.judgement); }},
+    };
 }
 
 FieldsOf<AccountCosts> costsFields() {

@@ -6,6 +6,7 @@
 
 #include "feedesk/comparing/charging_terms.h"
 #include "feedesk/comparing/comparison.h"
+#include "feedesk/comparing/coverage_change.h"
 #include "feedesk/comparing/expectation.h"
 #include "feedesk/comparing/trade_costs.h"
 #include "feedesk/rows/rows.h"
@@ -35,6 +36,7 @@ struct ApartRow {
     std::vector<std::string> names;
     std::vector<std::string> accounts;  ///< whose they are; empty: nobody's or everybody's
     Judgement judgement = Judgement::kNone;
+    std::vector<std::string> shown{};  ///< what people read in place of the names; empty: these
 };
 
 FieldsOf<ApartRow> apartFields();
@@ -55,6 +57,14 @@ struct TermRow {
 FieldsOf<TermRow> termFields();
 /// `compared` as for changeRow().
 TermRow termRow(const TermChange& change, const cost::DateRange& compared);
+
+/// Days that the new folder no longer answers.
+struct CoverageRow {
+    CoverageLoss loss;
+    Judgement judgement = Judgement::kNone;
+};
+
+FieldsOf<CoverageRow> coverageFields();
 
 /// What the trades of an account cost.
 FieldsOf<AccountCosts> costsFields();

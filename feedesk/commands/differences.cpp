@@ -35,6 +35,9 @@ void Differences::judge(Expectation& expectation) {
                             ? expectation.judgeOther(counted(row.names.size(), row.noun) + " " + row.words)
                             : expectation.judge(row.accounts);
     }
+    for (CoverageRow& row : coverage) {
+        row.judgement = expectation.judgeOther(row.loss.sentence);
+    }
 }
 
 /// Those of no account in particular are shown together.
@@ -68,6 +71,9 @@ Sections Differences::sections() const {
     if (shows(apart.size())) {
         all.push_back(sectionOf("In one folder only", apartFields()));
     }
+    if (shows(coverage.size())) {
+        all.push_back(sectionOf("Days without answers", coverageFields()));
+    }
     if (withCosts) {
         all.push_back(sectionOf("Costs of the trades", costsFields()));
     }
@@ -81,6 +87,7 @@ void Differences::giveTo(RowSink& sink) const {
     giveSection(changes, changeFields(), isUnexpected, shows(changes.size()), section, sink);
     giveSection(terms, termFields(), isUnexpected, shows(terms.size()), section, sink);
     giveSection(apart, apartFields(), isUnexpected, shows(apart.size()), section, sink);
+    giveSection(coverage, coverageFields(), isUnexpected, shows(coverage.size()), section, sink);
     giveSection(costs, costsFields(), never, withCosts, section, sink);
 }
 

@@ -10,7 +10,7 @@
 
 namespace feedesk {
 
-/// All that two folders differ in, as rows of up to four sections: people are shown those with rows, and programs get
+/// All that two folders differ in, as rows of up to five sections: people are shown those with rows, and programs get
 /// the same fields whatever differs.
 class Differences {
 public:
@@ -19,12 +19,13 @@ public:
     std::vector<ChangeRow> changes;
     std::vector<TermRow> terms;
     std::vector<ApartRow> apart;
+    std::vector<CoverageRow> coverage;
     std::vector<AccountCosts> costs;  ///< of all accounts with trades
 
     /// Says of each row whether it is expected.
     void judge(Expectation& expectation);
 
-    [[nodiscard]] bool areNone() const { return changes.empty() && terms.empty() && apart.empty(); }
+    [[nodiscard]] bool areNone() const { return changes.empty() && terms.empty() && apart.empty() && coverage.empty(); }
     [[nodiscard]] Sections sections() const;
     void giveTo(RowSink& sink) const;
     /// What all trades cost, a sentence for each currency.

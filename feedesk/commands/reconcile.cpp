@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <system_error>
 
@@ -94,11 +95,14 @@ std::string patchNote(const ReconcileArguments& arguments, const Proposals& prop
     if (proposals.patch.empty()) {
         return arguments.patch.empty()
                    ? ""
-                   : "there is no change to propose; " + echoed(arguments.patch) + " is not written";
+                   : fmt::format("there is no change to propose; {} is not written{}", echoed(arguments.patch),
+                                 std::filesystem::exists(arguments.patch)
+                                     ? ", and what the file holds is of before and not of this statement"
+                                     : "");
     }
-    return arguments.patch.empty()
-               ? "--patch FILE writes the lines of the folder with the other rate, as a patch"
-               : fmt::format("to change the folder so: patch -p1 -d {} <{}", folder, arguments.patch);
+    return arguments.patch.empty() ? "--patch FILE writes the lines of the folder with the other rate, as a patch"
+                                   : fmt::format("to change the folder so: patch -p1 -d {} <{}", shellWord(folder),
+                                                 shellWord(arguments.patch));
 }
 
 /// What one answer is made of.

@@ -101,7 +101,8 @@ std::vector<TermApart> termsApart(const cost::Schedule& schedule, const std::mul
         const auto [begin, end] = others.equal_range(termName(term));
         std::transform(begin, end, std::back_inserter(ranges), [](const auto& other) { return other.second->dates; });
         if (!areCovered(commonDays(term.dates, days), ranges)) {
-            apart.push_back({term.where, std::string(cost::pattern(term.account))});
+            apart.push_back({term.where, std::string(cost::pattern(term.account)),
+                             std::string(cost::wordFor(term.family)) + " " + term.charge});
         }
     }
     return apart;

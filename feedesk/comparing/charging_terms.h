@@ -23,6 +23,7 @@ struct TermChange {
 struct TermApart {
     std::string place;    ///< "charges.csv:12"
     std::string account;  ///< as the term names it
+    std::string name;     ///< "stock stamp_duty"
 };
 
 /// How the charging terms of two folders differ on some days. Terms of one family, place, charge, item and side are the

@@ -38,9 +38,10 @@ constexpr std::size_t kLinesOfASheet = 1'048'576;
 /// An .xlsx workbook: a sheet for each section that has rows, the first where none has, and more where a sheet is full,
 /// with a column for each field that programs get; and a sheet with every source. Texts stay texts, fractions are shown
 /// as percent, amounts with all their places; an amount with more digits than a spreadsheet's number holds is a text.
-/// Rows are written to temporary files as they come, and the file when all of it is there. Throws Failure when it
-/// cannot be written.
-std::unique_ptr<RowSink> xlsxSink(const std::string& file, std::size_t mostLinesOfASheet = kLinesOfASheet);
+/// Rows are written to temporary files as they come, and the file when all of it is there. Where texts are longer than
+/// a cell holds `tell` gets a sentence that says so. Throws Failure when it cannot be written.
+std::unique_ptr<RowSink> xlsxSink(const std::string& file, Write tell = {},
+                                  std::size_t mostLinesOfASheet = kLinesOfASheet);
 
 }  // namespace feedesk
 

@@ -42,9 +42,13 @@ std::string allowedName(const std::string& wanted) {
 }  // namespace
 
 void Sheet::add(std::size_t column, const std::string& text, const CellLook& look) {
-    const std::string shown = shortened(standalone::printable(text), kLongestText);
+    const std::string whole = printableLines(text);
+    const std::string shown = shortened(whole, kLongestText);
+    book->tooLong += shown == whole ? 0 : 1;
+    CellLook own = look;
+    own.wrapped = shown.find('\n') != std::string::npos;
     const auto row = static_cast<lxw_row_t>(next - 1);
-    book->require(worksheet_write_string(sheet, row, columnNumber(column), shown.c_str(), book->formatOf(look)));
+    book->require(worksheet_write_string(sheet, row, columnNumber(column), shown.c_str(), book->formatOf(own)));
     note(column, displayWidth(shown));
 }
 
@@ -142,6 +146,9 @@ lxw_format* Workbook::formatOf(const CellLook& look) {
         }
         if (look.bold) {
             format_set_bold(format);
+        }
+        if (look.wrapped) {
+            format_set_text_wrap(format);
         }
         if (look.marked) {
             format_set_font_color(format, LXW_COLOR_RED);

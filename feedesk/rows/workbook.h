@@ -17,10 +17,12 @@ namespace feedesk {
 struct CellLook {
     std::string number{};  ///< the spreadsheet's format of numbers; empty: as it comes
     bool bold = false;
-    bool marked = false;  ///< not to be overlooked
+    bool marked = false;   ///< not to be overlooked
+    bool wrapped = false;  ///< on several lines
 
     bool operator<(const CellLook& other) const {
-        return std::tie(number, bold, marked) < std::tie(other.number, other.bold, other.marked);
+        return std::tie(number, bold, marked, wrapped) <
+               std::tie(other.number, other.bold, other.marked, other.wrapped);
     }
 };
 
@@ -33,8 +35,8 @@ public:
 
     /// The cells that follow are on the next line.
     void beginLine() { ++next; }
-    /// A text stays a text: "000001" keeps its zeros, "=1" is no formula. What is not UTF-8 or does not print is
-    /// escaped, and a text that is too long for a cell ends in an ellipsis.
+    /// A text stays a text: "000001" keeps its zeros, "=1" is no formula, and its lines stay lines. What is not UTF-8
+    /// or does not print is escaped, and a text that is too long for a cell ends in an ellipsis.
     void add(std::size_t column, const std::string& text, const CellLook& look = {});
     void add(std::size_t column, double number, const CellLook& look);
 
@@ -63,6 +65,9 @@ public:
     /// A sheet with a line of titles. Its name is `wanted` as far as a spreadsheet allows it, and no other sheet's.
     Sheet& addSheet(const std::string& wanted, const std::vector<std::string>& titles);
 
+    /// How many cells were too short for their texts.
+    [[nodiscard]] std::size_t shortenedCells() const { return tooLong; }
+
     /// Writes the file; nothing may follow. Throws Failure when it cannot be written.
     void finish();
 
@@ -78,6 +83,7 @@ private:
     lxw_workbook* book = nullptr;
     std::vector<std::unique_ptr<Sheet>> sheets;
     std::map<CellLook, lxw_format*> formats;
+    std::size_t tooLong = 0;
 };
 
 }  // namespace feedesk

@@ -176,7 +176,8 @@ private:
 
 class XlsxSink : public RowSink {
 public:
-    XlsxSink(const std::string& file, std::size_t mostLinesOfASheet) : book(file), most(mostLinesOfASheet) {}
+    XlsxSink(const std::string& file, Write tellNote, std::size_t mostLinesOfASheet)
+        : book(file), tell(std::move(tellNote)), most(mostLinesOfASheet) {}
 
     void begin(const Sections& newSections) override {
         for (const Section& section : newSections) {
@@ -194,12 +195,20 @@ public:
         }
         sources.write(book);
         book.finish();
+        if (tell && book.shortenedCells() > 0) {
+            tell(fmt::format(
+                "{} of the spreadsheet {} longer than a spreadsheet allows and {} in an ellipsis; --csv and "
+                "--json have the whole texts",
+                counted(book.shortenedCells(), "cell"), book.shortenedCells() == 1 ? "is" : "are",
+                book.shortenedCells() == 1 ? "ends" : "end"));
+        }
     }
 
     void breakOff() override {}
 
 private:
     Workbook book;
+    Write tell;
     std::size_t most;
     std::vector<SectionSheets> sections;
     SourceList sources;
@@ -207,8 +216,8 @@ private:
 
 }  // namespace
 
-std::unique_ptr<RowSink> xlsxSink(const std::string& file, std::size_t mostLinesOfASheet) {
-    return std::make_unique<XlsxSink>(file, mostLinesOfASheet);
+std::unique_ptr<RowSink> xlsxSink(const std::string& file, Write tell, std::size_t mostLinesOfASheet) {
+    return std::make_unique<XlsxSink>(file, std::move(tell), mostLinesOfASheet);
 }
 
 }  // namespace feedesk

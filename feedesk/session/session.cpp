@@ -9,6 +9,7 @@
 
 #include "cost/rates.h"
 #include "feedesk/failure.h"
+#include "feedesk/instruments/instrument_text.h"
 #include "feedesk/session/folder_loading.h"
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
@@ -122,7 +123,8 @@ Question Session::instrument(const Account& account, const std::string& text, co
     }
     if (found.size() > 1) {
         throw Failure(kNoAnswer,
-                      fmt::format("{} stands for {} instruments, and {}", echoed(text), found.size(), whyOne));
+                      fmt::format("{} stands for {} instruments, and {}; name one of them, such as {}", echoed(text),
+                                  grouped(found.size()), whyOne, instrumentText(found.front())));
     }
     return found.front();
 }

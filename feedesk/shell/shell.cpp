@@ -113,8 +113,9 @@ ExitStatus Shell::runTerminal() {
     for (const std::string& line : history.read()) {
         editor.remember(line);
     }
-    writeText(
-        fmt::format("feedesk on {}; `help` lists the commands, `exit` or Ctrl-D ends.\n", echoed(options.folder)));
+    writeText(filledText(
+        fmt::format("feedesk on {}; `help` lists the commands, `exit` or Ctrl-D ends.", echoed(options.folder)),
+        outputWidth()));
     while (!isOver) {
         const std::optional<std::string> line = editor.read();
         if (!line) {

@@ -119,7 +119,7 @@ void convert(const TextLines& file, std::vector<std::string>& lines, bool wasNam
         std::optional<std::string> text = converter.converted(std::move(lines[i]));
         if (!text) {
             refuse(file, i + 1,
-                   wasNamed ? "the line is not GB18030, which --encoding names"
+                   wasNamed ? "the line is not GB18030, which --encoding names; leave --encoding out, or name utf-8"
                             : "the line is neither UTF-8 nor GB18030; save the statement in one of them");
         }
         lines[i] = std::move(*text);
@@ -141,7 +141,7 @@ std::vector<std::string> linesAsUtf8(TextLines& file, std::optional<Encoding> na
     const std::size_t wrong = firstLineNotUtf8(lines);
     const bool isUtf8 = wrong > lines.size();
     if (named == Encoding::kUtf8 && !isUtf8) {
-        refuse(file, wrong, "the line is not UTF-8, which --encoding names");
+        refuse(file, wrong, "the line is not UTF-8, which --encoding names; leave --encoding out, or name gb18030");
     }
     if (named == Encoding::kGb18030 || !isUtf8) {
         convert(file, lines, named.has_value());

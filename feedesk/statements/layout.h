@@ -61,7 +61,7 @@ struct Layout {
     std::string title;  ///< what a person reads
     std::array<Titles, kTradeFacts> facts;
     std::vector<ChargeColumn> charges;
-    std::map<std::string, std::optional<cost::Side>> operations;  ///< by the broker's word; empty: no trade
+    std::map<std::string, std::optional<cost::Side>> operations;  ///< by statedOperation(); empty: no trade
     std::map<std::string, std::string> markets;                   ///< the folder's by the broker's word
     std::vector<std::string> footers;                             ///< a line that begins so is no trade
     std::size_t codeDigits = 0;                                   ///< shorter codes of digits may want zeros in front

@@ -5,6 +5,7 @@
 
 #include "feedesk/failure.h"
 #include "feedesk/statements/layout.h"
+#include "feedesk/statements/written_values.h"
 #include "feedesk/text/text.h"
 #include "standalone/loader/error_log.h"
 #include "standalone/loader/text_file.h"
@@ -75,7 +76,7 @@ private:
             std::vector<std::string> words;
             operations.readTexts(key, KeyNeed::kOptional, words);
             for (const std::string& word : words) {
-                if (!layout.operations.emplace(word, side).second) {
+                if (!layout.operations.emplace(statedOperation(word), side).second) {
                     operations.refuse(ErrorKind::kRepeated, key,
                                       "holds " + echoed(word) + ", which has a meaning already; keep one of them");
                 }

@@ -43,7 +43,7 @@ public:
 
     Read read(const std::vector<std::string>& lineCells) {
         cells = &lineCells;
-        if (isFooter()) {
+        if (isFooter() || *cells == titles) {
             return PassedOver();
         }
         if (cells->size() != titles.size()) {
@@ -86,7 +86,7 @@ private:
 
     [[nodiscard]] std::optional<cost::Side> sideIn() const {
         const std::string& word = of(TradeFact::kOperation);
-        const auto known = layout.operations.find(word);
+        const auto known = layout.operations.find(statedOperation(word));
         if (known != layout.operations.end()) {
             return known->second;
         }
@@ -206,6 +206,12 @@ private:
     const std::vector<std::string>* cells = nullptr;
 };
 
+/// Whether the line stands above the header too: an export in pages repeats what it begins with.
+bool isOfPageHead(const std::vector<std::string>& lines, std::size_t header, std::size_t index) {
+    const auto end = lines.begin() + static_cast<std::ptrdiff_t>(header);
+    return std::find(lines.begin(), end, lines[index]) != end;
+}
+
 }  // namespace
 
 Statement statementIn(const std::vector<std::string>& lines, const std::string& file,
@@ -223,6 +229,10 @@ Statement statementIn(const std::vector<std::string>& lines, const std::string& 
         }
         dropEmptyEnd(*cells, titles.size());
         if (cells->empty()) {
+            continue;
+        }
+        if (isOfPageHead(lines, found.index, i)) {
+            statement.passedOver.push_back({i + 1, ""});
             continue;
         }
         try {

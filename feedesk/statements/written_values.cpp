@@ -148,6 +148,12 @@ std::optional<cost::Date> statedDay(std::string_view cell) {
     return year && month && number ? cost::Date::of(*year, *month, *number) : std::nullopt;
 }
 
+std::string statedOperation(std::string_view cell) {
+    std::string word = halfWidth(cell);
+    word.erase(std::remove(word.begin(), word.end(), ' '), word.end());
+    return word;
+}
+
 std::string statedCode(std::string_view cell) { return halfWidth(cell); }
 
 }  // namespace feedesk

@@ -19,6 +19,9 @@ std::optional<cost::Decimal> statedNumber(std::string_view cell);
 /// The day of "20210304", "2021-03-04", "2021/3/4", "2021.3.4" or "2021年3月4日", with a time behind it or without.
 std::optional<cost::Date> statedDay(std::string_view cell);
 
+/// The broker's word for what was done, without blanks: "买 入" is "买入".
+std::string statedOperation(std::string_view cell);
+
 /// The code of an instrument.
 std::string statedCode(std::string_view cell);
 

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cctype>
 
 #include "standalone/text/escape.h"
 #include "standalone/text/utf8.h"
@@ -61,6 +62,22 @@ std::string echoed(const std::string& text) {
     const bool plain = !text.empty() && text.size() <= kLongestEcho && text.find('"') == std::string::npos &&
                        standalone::printable(text) == text;
     return plain ? text : standalone::inQuotes(text);
+}
+
+std::string shellWord(const std::string& text) {
+    const auto isPlain = [](char each) {
+        const bool isAscii = static_cast<unsigned char>(each) < 0x80U;
+        return !isAscii || std::isalnum(static_cast<unsigned char>(each)) != 0 ||
+               std::string_view("_./:@%+=,-").find(each) != std::string_view::npos;
+    };
+    if (!text.empty() && std::all_of(text.begin(), text.end(), isPlain)) {
+        return text;
+    }
+    std::string quoted = "'";
+    for (const char each : text) {
+        quoted += each == '\'' ? "'\\''" : std::string(1, each);
+    }
+    return quoted + "'";
 }
 
 std::vector<std::string> words(std::string_view text) {

@@ -27,6 +27,10 @@ std::string printableLines(std::string_view text);
 /// in quotes, shortened and escaped.
 std::string echoed(const std::string& text);
 
+/// What a person copies into a command of the system's shell: in quotes where it holds more than letters, digits and
+/// signs without a meaning there.
+std::string shellWord(const std::string& text);
+
 /// The parts of `text` between spaces.
 std::vector<std::string> words(std::string_view text);
 

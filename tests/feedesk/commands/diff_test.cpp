@@ -1,6 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <string>
+
 #include "tests/feedesk/support/program.h"
 #include "tests/feedesk/support/sample_folder.h"
 
@@ -242,6 +247,10 @@ TEST_F(Diff, NewInstrumentIsNoAccountsExpectedChange) {
     EXPECT_THAT(outcome.err, HasSubstr("feedesk: not expected: 1 instrument of the new folder alone\n"));
 }
 
+TEST_F(Diff, HelpNamesTheWayToOneDay) {
+    EXPECT_THAT(runProgram("diff --help").out, HasSubstr("--date DAY compares one"));
+}
+
 TEST_F(Diff, IsATable) {
     after.write("configured/stock.csv", "market,code,commission\nSZ,000001,0.0003\n");
     EXPECT_EQ(diff("", "COLUMNS=90").out, "Differences from 2024-01-02 on: " + before.path() + " and " + after.path() +
@@ -305,6 +314,89 @@ TEST_F(Diff, DayThatOneFolderDoesNotCoverIsRefused) {
     const Outcome refused = diff("--until 2025-01-01");
     EXPECT_EQ(refused.status, 2);
     EXPECT_THAT(refused.err, HasSubstr("2025-01-01 lies outside; ask for a day within with --from and --until"));
+}
+
+/// The sample folder's market.toml, with this coverage.
+void cover(const SampleFolder& folder, const std::string& coverage) {
+    std::ifstream file(folder.path() + "/market.toml");
+    std::string content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    content.resize(std::min(content.size(), content.find("[coverage]")));
+    folder.write("market.toml", content + "[coverage]\n" + coverage + "\n");
+}
+
+TEST_F(Diff, DaysThatTheNewFolderNoLongerAnswersAreAChange) {
+    const std::string one = before.path();
+    const std::string other = after.path();
+    cover(before, "from = 2021-01-01\nuntil = 2026-12-31");
+    struct Case {
+        const char* coverage;
+        std::string sentence;
+        const char* row;
+    };
+    for (const Case& each : {
+             Case{"from = 2021-01-01\nuntil = 2026-10-31",
+                  other + "'s schedules end on 2026-10-31, those of " + one + " on 2026-12-31",
+                  "coverage,,,2026-11-01,2026-12-31,,,,,,,,,,no,,,"},
+             Case{"from = 2021-01-01\nuntil = 2026-12-31\nhgt = { until = 2026-06-30 }",
+                  other + "'s schedules of family hgt end on 2026-06-30, those of " + one + " on 2026-12-31",
+                  "coverage,,,2026-07-01,2026-12-31,hgt,,,,,,,,,no,,,"},
+             Case{"from = 2021-01-01\nuntil = 2026-12-31\nmarkets = { SZ = { from = 2024-03-01 } }",
+                  other + "'s schedules of market SZ begin on 2024-03-01, those of " + one + " on 2021-01-01",
+                  "coverage,,SZ:*,2021-01-01,2024-02-29,,,,,,,,,,no,,,"},
+         }) {
+        cover(after, each.coverage);
+        for (const char* expectation : {"--expect-none", "--expect-only S100"}) {
+            const Outcome outcome = diff(std::string(expectation) + " --csv");
+            EXPECT_EQ(outcome.status, 1) << each.coverage;
+            EXPECT_THAT(outcome.err, HasSubstr("feedesk: not expected: " + each.sentence + "\n"));
+            EXPECT_EQ(outcome.out, std::string(kChangeHeader) + each.row + "\n");
+        }
+        const Outcome table = diff("", "COLUMNS=200");
+        EXPECT_EQ(table.status, 0);
+        EXPECT_THAT(table.out, StartsWith("Differences "));
+        EXPECT_THAT(table.out, HasSubstr("Days without answers\n"));
+        EXPECT_THAT(table.out, HasSubstr(each.sentence + "\n"));
+    }
+}
+
+TEST_F(Diff, NewFolderThatBeginsLaterIsAChangeWhereNoFirstDayIsAsked) {
+    cover(before, "from = 2021-01-01");
+    cover(after, "from = 2022-01-01");
+    const Outcome outcome = runProgram("diff " + before.path() + " " + after.path() + " --expect-none --csv");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err,
+                HasSubstr("feedesk: not expected: " + after.path() + "'s schedules begin on 2022-01-01, those of " +
+                          before.path() + " on 2021-01-01\n"));
+    EXPECT_EQ(outcome.out, std::string(kChangeHeader) + "coverage,,,2021-01-01,2021-12-31,,,,,,,,,,no,,,\n");
+    EXPECT_EQ(diff("--expect-none").status, 0);
+}
+
+TEST_F(Diff, NewFolderThatEndsIsAChangeOfOneThatDoesNot) {
+    cover(before, "from = 2021-01-01");
+    cover(after, "from = 2021-01-01\nuntil = 2026-10-31");
+    const Outcome outcome = diff("--expect-none --csv");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr(after.path() + "'s schedules end on 2026-10-31, those of " + before.path() +
+                                       " have no last day\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("\ncoverage,,,2026-11-01,,,"));
+}
+
+TEST_F(Diff, DaysThatTheNewFolderAnswersBesidesAreNoted) {
+    cover(before, "from = 2021-01-01\nuntil = 2026-10-31");
+    cover(after, "from = 2021-01-01\nuntil = 2026-12-31");
+    const Outcome outcome = diff("--expect-none --csv");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, kChangeHeader);
+    EXPECT_THAT(outcome.err, HasSubstr(before.path() + "'s schedules end on 2026-10-31, those of " + after.path() +
+                                       " on 2026-12-31\n"));
+}
+
+TEST_F(Diff, LostDaysThatNobodyAskedForAreNoChange) {
+    cover(before, "from = 2021-01-01\nuntil = 2026-12-31");
+    cover(after, "from = 2021-01-01\nuntil = 2026-10-31");
+    EXPECT_EQ(diff("--until 2026-10-31 --expect-none").status, 0);
+    const std::string folders = "diff " + before.path() + " " + after.path();
+    EXPECT_EQ(runProgram(folders + " --date 2026-10-31 --expect-none").status, 0);
 }
 
 TEST_F(Diff, BrokenFolderReportsItsErrors) {

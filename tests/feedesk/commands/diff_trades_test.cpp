@@ -156,6 +156,7 @@ TEST_F(DiffTrades, ChargingTermThatEndsEarlierIsOfOneFolderAlone) {
     replaceInCharges("commission,CNY,test,2024-01-02,,\n", "commission,CNY,test,2024-01-02,,2024-06-30\n");
     EXPECT_THAT(lines(diff("--csv").out),
                 ElementsAre(StartsWith("change,"), "terms_removed,,,,,,,,,,,,,,,,,charges.csv:3"));
+    EXPECT_THAT(diff("", "COLUMNS=120").out, HasSubstr("of the old folder alone  stock transfer_fee (charges.csv:3)"));
     EXPECT_EQ(diff("--from 2024-01-02 --until 2024-06-30 --expect-none").status, 0);
 }
 

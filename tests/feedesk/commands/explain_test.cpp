@@ -232,7 +232,9 @@ TEST_F(Explain, WhatHasNoAnswerSaysSo) {
          {Case{"S999 SH:600519", 1, "feedesk: the market folder has no account S999"},
           Case{"S100 SH:600518", 1, "feedesk: the market folder has no instrument SH:600518"},
           Case{"S100 000001", 1, "feedesk: several markets have the code 000001: write SH:000001 or SZ:000001"},
-          Case{"S100 'SH:*'", 1, "feedesk: SH:* stands for 3 instruments, and one is explained at a time"},
+          Case{"S100 'SH:*'", 1,
+               "feedesk: SH:* stands for 3 instruments, and one is explained at a time; name one of them, such as "
+               "SH:000001\n"},
           Case{"S100", 2, "feedesk: INSTRUMENT is required"}, Case{"", 2, "feedesk: ACCOUNT is required"},
           Case{"S100 SH:600519 SH:600000", 2, "feedesk: the argument SH:600000 was not expected"},
           Case{"S100 SH:600519 --csv --json", 2, "{\"error\":\"--json excludes --csv"},

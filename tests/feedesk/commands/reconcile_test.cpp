@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -158,7 +159,9 @@ TEST_F(Reconcile, ReadsWhatBrokersExport) {
     EXPECT_EQ(folder.reconcile().status, 0);
     EXPECT_EQ(folder.reconcile("--encoding gb18030").status, 0);
     EXPECT_EQ(folder.reconcile("--encoding utf-8").err,
-              "feedesk: " + folder.statementFile() + ":1: the line is not UTF-8, which --encoding names\n");
+              "feedesk: " + folder.statementFile() +
+                  ":1: the line is not UTF-8, which --encoding names; leave --encoding out, or name "
+                  "gb18030\n");
 }
 
 TEST_F(Reconcile, ReadsTheLineEndsOfOldSpreadsheets) {
@@ -302,6 +305,30 @@ TEST_F(Reconcile, ProposesNoRateThatLaterTradesDoNotPay) {
               std::string::npos)
         << outcome.out;
     EXPECT_FALSE(std::filesystem::exists(patch));
+}
+
+/// A purchase of 100000 that pays 0.031 %; the folder has 0.025 %.
+constexpr const char* kDearPurchase = "20240102,600519,买,100,1000,31.00,0,0,,1,-100031.00\n";
+
+TEST_F(Reconcile, QuotesTheFilesOfItsCommandForTheShell) {
+    const std::string patch = folder.path() + " z.patch";
+    const Outcome outcome = folder.reconcileLines(kDearPurchase, "--patch '" + patch + "'");
+    EXPECT_NE(unfolded(outcome.out).find("patch -p1 -d " + folder.path() + " <'" + patch + "'"), std::string::npos)
+        << outcome.out;
+    std::filesystem::remove(patch);
+}
+
+TEST_F(Reconcile, SaysThatAPatchOfBeforeIsNotOfThisStatement) {
+    const std::string patch = folder.path() + ".patch";
+    std::ofstream(patch) << "older";
+    const Outcome outcome =
+        folder.reconcileLines("20240102,600519,买,100,1000,25.00,0,0,,1,-100025.00\n", "--patch " + patch);
+    EXPECT_NE(unfolded(outcome.out)
+                  .find(patch + " is not written, and what the file holds is of before and not of "
+                                "this statement"),
+              std::string::npos)
+        << outcome.out;
+    std::filesystem::remove(patch);
 }
 
 // 0.031 % on the first day and 0.022 % from then on; the sale of the second day is charged by nothing that is known.

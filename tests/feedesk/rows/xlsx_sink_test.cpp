@@ -79,6 +79,7 @@ const CellCase kCellCases[] = {
     {"Label", Unit::kText, Label{"own record", {"own record,", "ZERO MARGIN"}}, "s|own record, ZERO MARGIN|General"},
     {"Names", Unit::kText, Names{"not_set", "zero_margin"}, "s|not_set zero_margin|General"},
     {"TextThatIsNotUtf8", Unit::kText, std::string("a\x9B"), R"(s|a\x9b|General)"},
+    {"TextOfTwoLines", Unit::kText, std::string("a\nb"), "s|a<line>b|General"},
     {"TextTooLongForACell", Unit::kText, std::string(32'768, 'x'), "s|" + std::string(32'766, 'x') + "…|General"},
     {"Yuan", Unit::kYuan, 1.3, R"(n|1.3|General" yuan")"},
     {"Number", Unit::kNumber, 9001.0, "n|9001|General"},
@@ -94,6 +95,24 @@ const CellCase kCellCases[] = {
     {"Places", Unit::kText, Sources{{"a.csv:1", "b.csv:2"}}, "s|a.csv:1 b.csv:2|General"},
     {"MoneyOfSixteenDigits", Unit::kNumber, Money{"12345678901234.56"}, "s|12345678901234.56|General"},
 };
+
+TEST_F(Xlsx, SaysHowManyTextsAreTooLong) {
+    const auto told = [&](const std::vector<std::size_t>& lengths) {
+        std::string sentence;
+        const auto sink = xlsxSink(path("long.xlsx"), [&](const std::string& text) { sentence += text; });
+        sink->begin({{"Texts", {{"v", "V"}}}});
+        for (const std::size_t length : lengths) {
+            sink->row({0, {std::string(length, 'x')}, false});
+        }
+        sink->end();
+        return sentence;
+    };
+    EXPECT_EQ(told({32'767, 1}), "");
+    EXPECT_EQ(told({32'768, 1}),
+              "1 cell of the spreadsheet is longer than a spreadsheet allows and ends in an ellipsis; --csv and --json "
+              "have the whole texts");
+    EXPECT_THAT(told({32'768, 50'000}), testing::StartsWith("2 cells of the spreadsheet are longer "));
+}
 
 TEST_F(Xlsx, KeepsNumbersAsNumbersAndTextsAsTexts) {
     Sections sections;
@@ -162,7 +181,7 @@ TEST_F(Xlsx, ShowsInRedWhatMustNotBeOverlooked) {
 }
 
 TEST_F(Xlsx, GoesOnOnAnotherSheetWhereOneIsFull) {
-    const auto sink = xlsxSink(path("a.xlsx"), 3);
+    const auto sink = xlsxSink(path("a.xlsx"), {}, 3);
     sink->begin({{"", {{"v", "V"}}}});
     for (const char* const each : {"a", "b", "c"}) {
         sink->row({0, {std::string(each)}, false});

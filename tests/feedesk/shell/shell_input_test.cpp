@@ -30,6 +30,12 @@ TEST_F(ShellInput, IsAnsweredLineByLineAsByTheProgram) {
               ask(folder.path(), "fee S100 600519").out + ask(folder.path(), "fees S100 --match 600519 --csv").out);
 }
 
+TEST_F(ShellInput, ComparesOtherFoldersThanItsOwn) {
+    const Outcome outcome = shell("diff " + folder.path() + " " + folder.path() + " --csv\\n");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+}
+
 TEST_F(ShellInput, WithoutLinesIsAnswered) {
     const Outcome outcome = shell("\\n  \\n# nothing but a comment\\n");
     EXPECT_EQ(outcome.status, 0);

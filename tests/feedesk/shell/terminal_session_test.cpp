@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "tests/feedesk/support/program.h"
 #include "tests/feedesk/support/sample_folder.h"
 #include "tests/feedesk/support/tmux.h"
 
@@ -27,6 +28,17 @@ protected:
     SampleFolder folder;
     Tmux terminal;
 };
+
+TEST(NarrowTerminal, IsWelcomedWithoutABrokenWord) {
+    const SampleFolder folder;
+    const Tmux terminal("unset FEEDESK_MARKET LINES XDG_STATE_HOME; COLUMNS=60 " FEEDESK_PROGRAM " --market " +
+                        folder.path() + " shell; echo $? >\"$STATUS\"; cat");
+    const std::string shown = terminal.shownWithLineEnd("feedesk>");
+    EXPECT_THAT(shown, HasSubstr("`exit` or Ctrl-D ends."));
+    for (const std::string& line : lines(shown)) {
+        EXPECT_LE(line.size(), 60U) << line;
+    }
+}
 
 TEST_F(TerminalSession, AnswersLineByLineUntilCtrlD) {
     terminal.type("fee S100 600519");

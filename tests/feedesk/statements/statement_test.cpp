@@ -98,6 +98,39 @@ TEST(Statement, NamesWhatHasNoQuantity) {
     EXPECT_EQ(found.wrong[1].column, "操作");
 }
 
+TEST(Statement, PassesOverTheHeadOfALaterPage) {
+    const std::string account = "资金账号：\t123";
+    const Read found = read({account, kHeader, kTrade, account, std::string(kHeader) + "\t\t", kTrade});
+    EXPECT_EQ(found.statement.lines.size(), 2U);
+    EXPECT_EQ(passedOver(found.statement), "4 5");
+    EXPECT_TRUE(found.wrong.empty());
+}
+
+/// The statement of one line with this operation and a quantity.
+Read readOperation(const std::string& operation) {
+    return read({kHeader, "20210304\t000001\t平安银行\t" + operation + "\t100\t5.02\t502\t5\t0\t.01\t0\t-507.01\t1"});
+}
+
+TEST(Statement, KnowsTheUsualOperations) {
+    for (const char* purchase : {"限价买入", "市价买入", "普通买入", "买券还券", "买 入", "买　入", "证券 买入"}) {
+        const Read found = readOperation(purchase);
+        ASSERT_EQ(found.statement.lines.size(), 1U) << purchase;
+        EXPECT_EQ(found.statement.lines.front().trade.side, cost::Side::kBuy) << purchase;
+    }
+    for (const char* sale : {"限价卖出", "市价卖出", "普通卖出", "卖 出"}) {
+        const Read found = readOperation(sale);
+        ASSERT_EQ(found.statement.lines.size(), 1U) << sale;
+        EXPECT_EQ(found.statement.lines.front().trade.side, cost::Side::kSell) << sale;
+    }
+    for (const char* other : {"质押回购拆出", "拆出质押购回", "融券回购", "融券购回", "配售中签", "基金申购",
+                              "基金赎回", "担保品划转", "担保品划入", "ETF申购", "ETF赎回", "直接还券"}) {
+        const Read found = readOperation(other);
+        EXPECT_TRUE(found.statement.lines.empty()) << other;
+        EXPECT_TRUE(found.wrong.empty()) << other;
+        EXPECT_EQ(passedOver(found.statement), "2:" + std::string(other));
+    }
+}
+
 /// A purchase and a sale of 502.00 with this moved on the account.
 Lines tradesThatMoved(const std::string& purchase, const std::string& sale) {
     return {kHeader, "20210304\t000001\t平安银行\t证券买入\t100\t5.02\t502\t5\t0\t.01\t0\t" + purchase + "\t1",
