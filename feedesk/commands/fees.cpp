@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <boost/algorithm/string/case_conv.hpp>
+#include <locale>
 #include <set>
 
 #include "feedesk/commands/account_choice.h"
@@ -11,6 +13,7 @@
 #include "feedesk/commands/fees_of_accounts.h"
 #include "feedesk/commands/only_markets.h"
 #include "feedesk/commands/options.h"
+#include "feedesk/instruments/instrument_text.h"
 #include "feedesk/instruments/traded_instruments.h"
 #include "feedesk/program.h"
 #include "feedesk/text/numbers.h"
@@ -110,13 +113,31 @@ std::string widerPattern(FeesArguments arguments, Session& session, const Accoun
     return "";
 }
 
+/// How to write a pattern that names a market; empty when none of them does.
+std::string marketAdvice(const FeesArguments& arguments, const standalone::Market& market) {
+    for (const std::string& pattern : arguments.patterns) {
+        for (const MarketAndName& reading : readings(pattern)) {
+            const std::string name = boost::to_upper_copy(reading.market, std::locale::classic());
+            const bool isMarket =
+                std::any_of(market.markets.begin(), market.markets.end(),
+                            [&](const standalone::MarketPlace& place) { return place.market == name; });
+            if (isMarket) {
+                return fmt::format("; --match takes no market, write --only-market {} --match '{}'", name,
+                                   reading.name);
+            }
+        }
+    }
+    return "";
+}
+
 std::string whyNoneWanted(const FeesArguments& arguments, Session& session, const Account& account) {
     FeesArguments everything;
     everything.all = arguments.all;
     const std::optional<Replies> replies = askedFees(everything, session, account);
-    return fmt::format("none of the {} {} account {} is wanted by the filters{}",
+    return fmt::format("none of the {} {} account {} is wanted by the filters{}{}",
                        counted(replies->answers.size(), "instrument"), arguments.all ? "for" : "in the list of",
-                       account.record->accountId, widerPattern(arguments, session, account));
+                       account.record->accountId, marketAdvice(arguments, session.market()),
+                       widerPattern(arguments, session, account));
 }
 
 ExitStatus feesOfOne(Program& program, Session& session, const Account& account, const FeesArguments& arguments) {
@@ -156,7 +177,8 @@ ExitStatus feesOfSeveral(Program& program, Session& session, const FeesArguments
                          "none of the {} has a list of fees; --all asks for every instrument that an account "
                          "trades",
                          counted(accounts.size(), "account"))
-                   : fmt::format("the filters want no instrument of the {}", counted(accounts.size(), "account"));
+                   : fmt::format("the filters want no instrument of the {}{}", counted(accounts.size(), "account"),
+                                 marketAdvice(arguments, session.market()));
     };
     return answerOfAccounts(program, session, accounts, {ask, notes, whyNone});
 }

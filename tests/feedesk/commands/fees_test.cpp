@@ -54,6 +54,16 @@ TEST_F(Fees, NameThePatternThatFindsTheTextInside) {
     EXPECT_THAT(fees("S100 --match '0051*'").err, HasSubstr("--match '*0051*' finds"));
 }
 
+TEST_F(Fees, SayHowAMarketIsWanted) {
+    const std::string none = "feedesk: none of the 4 instruments in the list of account S100 is wanted by the filters";
+    for (const char* pattern : {"'SH:6005*'", "'6005*.SH'", "'sh:6005*'"}) {
+        const Outcome outcome = fees("S100 --match " + std::string(pattern));
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.err, none + "; --match takes no market, write --only-market SH --match '6005*'\n");
+    }
+    EXPECT_THAT(instruments("S100 --only-market SH --match '6005*'"), ElementsAre("SH,600519"));
+}
+
 TEST_F(Fees, ThatNoFilterWantsAreNoAnswer) {
     const Outcome outcome = fees("S100 --match 8*");
     EXPECT_EQ(outcome.status, 1);
