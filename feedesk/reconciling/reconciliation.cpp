@@ -113,6 +113,7 @@ void Reconciler::findCauses(const Layout& layout, Reconciliation& result) {
         }
         if (!each->alsoFit.empty()) {
             takeFirstCause(*each);
+            addRatesBesidesLimit(*each, lines, layout);
             continue;
         }
         takeRateOfOrder(*each, lines, layout);

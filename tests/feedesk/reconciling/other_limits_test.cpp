@@ -44,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         // 35100 x 0.00025 = 8.78.
         LimitCase{"AMinimumAboveTheFoldersCharge", "20240102,600519,买,100,351,10.00,0,0,,1,-35110.00\n",
-                  "Line 2: a least commission of 10 and not 5 (charges.csv:2)"},
+                  "Line 2: a least commission of 10 and not 5 (charges.csv:2); also fits: the commission 0.000285"},
         LimitCase{"AMinimumBesideOrdersAboveIt",
                   "20240102,600519,买,100,351,10.00,0,0,,1,-35110.00\n"
                   "20240103,600519,买,100,291,10.00,0,0,,1,-29110.00\n"
