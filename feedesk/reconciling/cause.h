@@ -23,17 +23,18 @@ enum class Cause {
     kOtherSide,
     kOtherCategory,  ///< charged as instruments of another kind are
     kOtherMinimum,   ///< without the minimum, or with another one
-    kOtherRate,      ///< solved for
+    kOtherMaximum,
+    kOtherRate,  ///< solved for
     kNotExplained
 };
 
 }  // namespace feedesk
 
 template <>
-inline constexpr std::array<std::string_view, 13> cost::kWords<feedesk::Cause> = {
+inline constexpr std::array<std::string_view, 14> cost::kWords<feedesk::Cause> = {
     "other_date",    "minimum_per",   "rounding_per_fill", "rounding_mode", "other_level",
     "left_out",      "charged_twice", "other_account",     "other_side",    "other_category",
-    "other_minimum", "other_rate",    "not_explained"};
+    "other_minimum", "other_maximum", "other_rate",        "not_explained"};
 
 namespace feedesk {
 

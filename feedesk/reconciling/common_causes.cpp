@@ -20,6 +20,29 @@ std::string folderLinesOf(const ReconciledOrder& charged) {
     return fmt::format("{}", fmt::join(sources, " "));
 }
 
+/// The terms that an order is charged by.
+std::set<std::string> termsOf(const ReconciledOrder& charged) {
+    std::set<std::string> terms;
+    for (const cost::ChargeLine& line : charged.tariff->planOf(charged.order.side(), charged.order.date()).lines) {
+        terms.insert(line.term->where);
+    }
+    return terms;
+}
+
+/// Whether the change is one of a charging term.
+bool isOfTerm(const Explanation& each) {
+    switch (each.cause) {
+        case Cause::kMinimumPer:
+        case Cause::kRoundingPerFill:
+        case Cause::kRoundingMode:
+        case Cause::kOtherMinimum:
+        case Cause::kOtherMaximum:
+            return true;
+        default:
+            return false;
+    }
+}
+
 bool isSame(const Explanation& one, const Explanation& other) {
     return one.cause == other.cause && one.key == other.key;
 }
@@ -29,10 +52,17 @@ bool has(const Explanations& explanations, const Explanation& wanted) {
                        [&](const Explanation& each) { return isSame(each, wanted); });
 }
 
-/// The first cause that explains every one of the orders; null when none does.
-const Explanation* commonOf(const OrdersByDay& orders) {
+/// Whether the change puts other rates and terms in place of the order's own, all at once.
+bool isOfAll(const Explanation& each) {
+    return each.cause == Cause::kOtherAccount || each.cause == Cause::kOtherSide || each.cause == Cause::kOtherCategory;
+}
+
+/// The first cause that explains every one of the orders and is not left out; null when none does.
+template <class LeftOut>
+const Explanation* commonOf(const OrdersByDay& orders, const LeftOut& leftOut) {
     for (const Explanation& each : orders.front()->alsoFit) {
-        const bool isCommon = std::all_of(orders.begin(), orders.end(),
+        const bool isCommon =
+            !leftOut(each) && std::all_of(orders.begin(), orders.end(),
                                           [&](const ReconciledOrder* order) { return has(order->alsoFit, each); });
         if (isCommon) {
             return &each;
@@ -54,23 +84,58 @@ void choose(ReconciledOrder& charged, const Explanation& chosen) {
                           charged.alsoFit.end());
 }
 
+/// Those of the orders that have no cause yet.
+OrdersByDay openOf(const OrdersByDay& orders) {
+    OrdersByDay open;
+    std::copy_if(orders.begin(), orders.end(), std::back_inserter(open),
+                 [](const ReconciledOrder* each) { return each->isOpen(); });
+    return open;
+}
+
+void chooseAll(const OrdersByDay& orders, const Explanation& common) {
+    const Explanation chosen = common;
+    for (ReconciledOrder* each : orders) {
+        choose(*each, chosen);
+    }
+}
+
+/// A minimum, a maximum or a rounding is the term's, whichever lines give the rates of its orders. One that explains
+/// several orders is a smaller change than everything of another account or kind. The largest terms go first.
+void takeCausesOfTerms(const std::map<std::string, OrdersByDay>& terms) {
+    std::vector<OrdersByDay> groups;
+    std::transform(terms.begin(), terms.end(), std::back_inserter(groups),
+                   [](const auto& each) { return each.second; });
+    std::stable_sort(groups.begin(), groups.end(),
+                     [](const OrdersByDay& one, const OrdersByDay& other) { return one.size() > other.size(); });
+    for (const OrdersByDay& group : groups) {
+        const OrdersByDay orders = openOf(group);
+        const Explanation* common = orders.size() > 1 ? commonOf(orders, isOfAll) : nullptr;
+        if (common != nullptr && isOfTerm(*common)) {
+            chooseAll(orders, *common);
+        }
+    }
+}
+
 }  // namespace
 
 void takeCommonCauses(const OrdersByDay& orders) {
+    std::map<std::string, OrdersByDay> terms;
     std::map<std::string, OrdersByDay> kinds;
     for (ReconciledOrder* each : orders) {
         if (each->isOpen()) {
             kinds[folderLinesOf(*each)].push_back(each);
+            for (const std::string& term : termsOf(*each)) {
+                terms[term].push_back(each);
+            }
         }
     }
+    takeCausesOfTerms(terms);
     for (const auto& [name, kind] : kinds) {
-        const Explanation* common = kind.size() > 1 ? commonOf(kind) : nullptr;
-        if (common == nullptr) {
-            continue;
-        }
-        const Explanation chosen = *common;
-        for (ReconciledOrder* each : kind) {
-            choose(*each, chosen);
+        const OrdersByDay open = openOf(kind);
+        const Explanation* common =
+            open.size() > 1 ? commonOf(open, [](const Explanation&) { return false; }) : nullptr;
+        if (common != nullptr) {
+            chooseAll(open, *common);
         }
     }
 }

@@ -5,7 +5,8 @@
 
 namespace feedesk {
 
-/// Gives the differing orders that one line of the folder charges the first cause that explains them all. Orders that
+/// Gives the differing orders of one charging term the first change of a term, such as of its minimum, that explains
+/// them all; then those that the same lines of the folder charge the first cause that explains them all. Orders that
 /// have none in common, or differ alone, stay as they are.
 void takeCommonCauses(const OrdersByDay& orders);
 

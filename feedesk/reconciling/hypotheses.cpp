@@ -18,9 +18,15 @@ Explanations explanationsOf(const Disputed& disputed, const Layout& layout, Othe
     trial.noteEach(Cause::kOtherAccount, others.ofOtherAccounts(disputed));
     tryOtherSide(trial);
     trial.noteEach(Cause::kOtherCategory, others.ofOtherCategories(disputed));
-    tryOtherMinimum(trial);
-    tryMinimumPerAsRange(trial);  // last: it explains almost anything between its ends
+    tryNoMinimum(trial);
     return std::move(trial.found);
+}
+
+void addRanges(const Disputed& disputed, const Layout& layout, Explanations& explanations) {
+    Trial trial(disputed, layout);
+    trial.found = std::move(explanations);
+    tryMinimumPerAsRange(trial);
+    explanations = std::move(trial.found);
 }
 
 }  // namespace feedesk

@@ -40,8 +40,12 @@ public:
 };
 
 /// Every single change that explains all figures which the statement has of the order, in the order of Cause. What is
-/// solved for is not among them.
+/// solved for is not among them, nor what other orders show, nor a range.
 Explanations explanationsOf(const Disputed& disputed, const Layout& layout, OtherTariffs& others);
+
+/// Adds the changes that leave a range, which goes behind all others because it explains almost anything between its
+/// ends.
+void addRanges(const Disputed& disputed, const Layout& layout, Explanations& explanations);
 
 }  // namespace feedesk
 

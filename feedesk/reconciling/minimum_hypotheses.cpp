@@ -54,26 +54,6 @@ void tryPart(Trial& trial, const Part& part, bool wide) {
     }
 }
 
-/// The least amount that would be what the statement has: a broker's minimum is whole money. Only where the folder's
-/// minimum is charged: any amount above a rate's could be a minimum.
-std::optional<Decimal> minimumStated(const Trial& trial, const Part& part) {
-    if (!part.isPaid() || part.exact > *part.term->minimum) {
-        return std::nullopt;
-    }
-    const Decimal amount = part.amount.low + (trial.statedCosts() - trial.asked().charged.costs().low);
-    return amount.isWhole() && amount > part.exact ? std::optional(amount) : std::nullopt;
-}
-
-void tryMinimum(Trial& trial, const Part& part, const std::optional<Decimal>& minimum) {
-    const cost::Term& term = *part.term;
-    const std::string other = minimum ? "a least " + term.charge + " of " + minimum->text() : "no least " + term.charge;
-    trial.note(Cause::kOtherMinimum, other, fmt::format("{} and not {} ({})", other, term.minimum->text(), term.where),
-               trial.withTermsChanged([&](cost::Term& each) {
-                   const bool isMeant = each.where == term.where && each.charge == term.charge;
-                   each.minimum = isMeant ? minimum : each.minimum;
-               }));
-}
-
 void tryParts(Trial& trial, bool wide) {
     for (const Part& part : trial.parts()) {
         if (part.term->minimum && part.term->basis != cost::Basis::kOrder && part.term->per != Per::kDay) {
@@ -84,15 +64,20 @@ void tryParts(Trial& trial, bool wide) {
 
 }  // namespace
 
-void tryOtherMinimum(Trial& trial) {
+void tryNoMinimum(Trial& trial) {
     for (const Part& part : trial.parts()) {
-        if (!part.term->minimum) {
+        const cost::Term& term = *part.term;
+        if (!term.minimum) {
             continue;
         }
-        tryMinimum(trial, part, std::nullopt);
-        if (const auto minimum = minimumStated(trial, part)) {
-            tryMinimum(trial, part, minimum);
-        }
+        const std::string none = "no least " + term.charge;
+        trial.note(Cause::kOtherMinimum, none,
+                   fmt::format("{} and not {} ({})", none, term.minimum->text(), term.where),
+                   trial.withTermsChanged([&](cost::Term& each) {
+                       if (each.where == term.where && each.charge == term.charge) {
+                           each.minimum.reset();
+                       }
+                   }));
     }
 }
 

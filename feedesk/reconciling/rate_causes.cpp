@@ -127,4 +127,14 @@ void takeRateOfOrder(ReconciledOrder& charged, const ChargedLines& lines, const 
     }
 }
 
+void addRatesBesidesLimit(ReconciledOrder& charged, const ChargedLines& lines, const Layout& layout) {
+    if (charged.cause != Cause::kOtherMinimum && charged.cause != Cause::kOtherMaximum) {
+        return;
+    }
+    for (const SolvedRate& rate : ratesOf(charged, lines, layout)) {
+        charged.alsoFit.push_back(
+            {Cause::kOtherRate, rate.sought.charge, fmt::format("the {} {}", rate.sought.charge, rate.rate.text())});
+    }
+}
+
 }  // namespace feedesk

@@ -17,6 +17,9 @@ std::vector<std::shared_ptr<const SolvedRate>> takeRatesFromDays(const ChargedLi
 /// none to be named: the rates of several charges fit, or its fills may be charged one by one.
 void takeRateOfOrder(ReconciledOrder& charged, const ChargedLines& lines, const Layout& layout);
 
+/// Where the order alone has another minimum or maximum for its cause, adds the rates that fit it as well.
+void addRatesBesidesLimit(ReconciledOrder& charged, const ChargedLines& lines, const Layout& layout);
+
 }  // namespace feedesk
 
 #endif  // FEEDESK_RECONCILING_RATE_CAUSES_H

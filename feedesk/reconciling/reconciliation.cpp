@@ -6,6 +6,7 @@
 
 #include "feedesk/reconciling/charging.h"
 #include "feedesk/reconciling/common_causes.h"
+#include "feedesk/reconciling/other_limits.h"
 #include "feedesk/reconciling/rate_causes.h"
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
@@ -50,6 +51,17 @@ OrdersByDay chargedByDay(std::vector<ReconciledOrder>& orders) {
     return charged;
 }
 
+/// What the orders show together, and then what would explain almost anything.
+void addLastHypotheses(const Layout& layout, const OrdersByDay& orders) {
+    addOtherLimits(orders, layout);
+    for (ReconciledOrder* each : orders) {
+        if (each->isOpen()) {
+            const Amounts amounts = amountsOf(each->order.trades, *each->tariff);
+            addRanges({each->order, amounts}, layout, each->alsoFit);
+        }
+    }
+}
+
 }  // namespace
 
 std::size_t Reconciliation::count(ReconciledOrder::Outcome outcome) const {
@@ -91,6 +103,7 @@ Reconciliation Reconciler::reconcile(const Statement& statement) {
 /// What orders have in common goes before what explains each of them; what remains is explained order by order.
 void Reconciler::findCauses(const Layout& layout, Reconciliation& result) {
     const OrdersByDay orders = chargedByDay(result.orders);
+    addLastHypotheses(layout, orders);
     takeCommonCauses(orders);
     const ChargedLines lines(orders);
     result.rates = takeRatesFromDays(lines, layout);
@@ -100,6 +113,7 @@ void Reconciler::findCauses(const Layout& layout, Reconciliation& result) {
         }
         if (!each->alsoFit.empty()) {
             takeFirstCause(*each);
+            addRatesBesidesLimit(*each, lines, layout);
             continue;
         }
         takeRateOfOrder(*each, lines, layout);

@@ -49,7 +49,7 @@ private:
 
 void tryMinimumPer(Trial& trial);
 void tryMinimumPerAsRange(Trial& trial);
-void tryOtherMinimum(Trial& trial);
+void tryNoMinimum(Trial& trial);
 void tryRoundingPerFill(Trial& trial);
 void tryRoundingModes(Trial& trial);
 void tryLeftOut(Trial& trial);

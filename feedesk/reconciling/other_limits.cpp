@@ -1,0 +1,239 @@
+#include "feedesk/reconciling/other_limits.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <tuple>
+#include <utility>
+
+#include "feedesk/reconciling/trial.h"
+
+namespace feedesk {
+namespace {
+
+using cost::Decimal;
+
+/// What an order and the statement say of one charge.
+struct Said {
+    ReconciledOrder* charged;
+    Decimal exact;     ///< before minimum, maximum and rounding
+    Decimal amount;    ///< by the folder
+    Decimal stated;    ///< what it is while everything else stays
+    Decimal turnover;  ///< of the order
+
+    /// Whether the statement has the amount of this charge, by its sum or in a column.
+    [[nodiscard]] bool has(const Decimal& wanted) const { return stated == wanted || isInColumn(wanted); }
+    [[nodiscard]] bool isInColumn(const Decimal& wanted) const {
+        const auto& columns = charged->order.stated.charges;
+        return std::any_of(columns.begin(), columns.end(), [&](const auto& each) { return each && *each == wanted; });
+    }
+    /// Whether what the charge costs is shown by itself and not concluded from a sum.
+    [[nodiscard]] bool isShown() const { return isInColumn(stated) || charged->statedCosts == stated; }
+};
+
+/// A charging term with what all its orders say, by day.
+struct SaidOfTerm {
+    cost::Term term;
+    std::vector<Said> said;
+};
+
+enum class Limit { kLeast, kMost };
+
+struct OtherLimit {
+    Limit limit = Limit::kLeast;
+    Decimal amount;
+
+    friend bool operator<(const OtherLimit& one, const OtherLimit& other) {
+        return std::tie(one.limit, one.amount) < std::tie(other.limit, other.amount);
+    }
+};
+
+using Claims = std::vector<const Said*>;
+
+std::vector<SaidOfTerm> saidOfTerms(const OrdersByDay& orders) {
+    std::vector<SaidOfTerm> terms;
+    std::map<std::string, std::size_t> places;
+    for (ReconciledOrder* each : orders) {
+        const Amounts amounts = amountsOf(each->order.trades, *each->tariff);
+        for (const Part& part : amounts.parts) {
+            // Of known fills that are charged one by one no sum says what each of them costs.
+            const bool isOne = part.term->per != cost::Per::kFill || each->order.trades.size() == 1;
+            if (!part.isPaid() || !isOne) {
+                continue;
+            }
+            const auto place = places.emplace(part.term->where + ' ' + part.charge, terms.size());
+            if (place.second) {
+                terms.push_back({*part.term, {}});
+            }
+            const Decimal stated = part.amount.low + (each->statedCosts - amounts.costs().low);
+            terms[place.first->second].said.push_back({each, part.exact, part.amount.low, stated, amounts.turnover});
+        }
+    }
+    return terms;
+}
+
+Decimal roundingStepOf(const cost::Term& term) { return term.rounding ? term.rounding->step : Decimal(); }
+
+cost::Term withLimit(const cost::Term& term, const OtherLimit& other) {
+    cost::Term changed = term;
+    (other.limit == Limit::kLeast ? changed.minimum : changed.maximum) = other.amount;
+    return changed;
+}
+
+/// As the charge is worked out: within its limits, then rounded.
+Decimal amountOf(const cost::Term& term, Decimal amount) {
+    amount = term.minimum ? std::max(amount, *term.minimum) : amount;
+    amount = term.maximum ? std::min(amount, *term.maximum) : amount;
+    return term.rounding ? term.rounding->rounded(amount) : amount;
+}
+
+bool isBoundByMinimum(const Said& said, const cost::Term& term) { return term.minimum && said.exact <= *term.minimum; }
+
+/// The limit that the stated amount would be.
+std::optional<OtherLimit> limitOf(const Said& said, const cost::Term& term) {
+    const bool isOpen = said.charged->isOpen() && said.stated != said.amount && Decimal() < said.stated;
+    // The folder's minimum is no sum of others: another one in whole money may be concluded from a sum.
+    if (!isOpen || !(said.isShown() || (isBoundByMinimum(said, term) && said.stated.isWhole()))) {
+        return std::nullopt;
+    }
+    const bool isBoundByMaximum = term.maximum && said.exact >= *term.maximum;
+    if (said.stated > said.exact && (said.stated > said.amount || isBoundByMinimum(said, term))) {
+        return OtherLimit{Limit::kLeast, said.stated};
+    }
+    if (said.stated < said.exact && (said.stated < said.amount || isBoundByMaximum)) {
+        return OtherLimit{Limit::kMost, said.stated};
+    }
+    return std::nullopt;
+}
+
+/// An amount that brokers and exchanges have for a limit. A low maximum of one order is more likely another rate.
+bool isUsual(const OtherLimit& other) {
+    static const std::vector<Decimal> leasts = [] {
+        std::vector<Decimal> amounts;
+        for (const char* text : {"0.1", "0.2", "0.5", "1", "2", "3", "5", "10", "15", "20", "30", "50", "100"}) {
+            amounts.push_back(*Decimal::parse(text));
+        }
+        return amounts;
+    }();
+    const bool isOne = std::find(leasts.begin(), leasts.end(), other.amount) != leasts.end();
+    return isOne && (other.limit == Limit::kLeast || other.amount >= Decimal(10));
+}
+
+/// Whether a rate to a hundred thousandth, as brokers have them, is as good for the order.
+bool isOfUsualRate(const Said& said, const Decimal& amount, const Decimal& step) {
+    static const Decimal grid = *Decimal::parse("0.00001");
+    const Decimal unit = said.turnover * grid;
+    if (unit.isZero()) {
+        return false;
+    }
+    const Decimal near = amount.quotient(unit, cost::RoundingMode::kHalfUp) * unit;
+    return near - amount < step && amount - near < step;
+}
+
+/// Whether the orders are of so different sizes that no rate charges them the same.
+bool areOfSeveralSizes(const Claims& claims, const Decimal& amount, const Decimal& step) {
+    const auto [small, large] = std::minmax_element(
+        claims.begin(), claims.end(), [](const Said* one, const Said* other) { return one->exact < other->exact; });
+    return (amount + step) * (*small)->exact < (amount - step) * (*large)->exact;
+}
+
+/// Whether the amount is the folder's minimum for each fill.
+bool isMinimumOfFills(const Said& said, const Decimal& amount, const cost::Term& term) {
+    const std::size_t fills = said.charged->order.fills;
+    return fills > 1 && term.minimum && amount == Decimal(static_cast<std::int64_t>(fills)) * *term.minimum;
+}
+
+bool isShownBy(Claims claims, const OtherLimit& other, const cost::Term& term) {
+    claims.erase(std::remove_if(claims.begin(), claims.end(),
+                                [&](const Said* each) {
+                                    return each->stated != other.amount || isMinimumOfFills(*each, other.amount, term);
+                                }),
+                 claims.end());
+    const Decimal step = roundingStepOf(term);
+    if (claims.empty() || areOfSeveralSizes(claims, other.amount, step)) {
+        return !claims.empty();
+    }
+    const Said& said = *claims.front();
+    const bool isBound = other.limit == Limit::kLeast && isBoundByMinimum(said, term) && other.amount.isWhole();
+    // Of one order it is a guess, which goes behind whatever explains it.
+    if (!isBound && (!isUsual(other) || !said.charged->alsoFit.empty())) {
+        return false;
+    }
+    // Where several orders of one size cost the same, a usual rate says so more plainly.
+    return claims.size() == 1 || (isBound && other.amount <= *term.minimum) || !isOfUsualRate(said, other.amount, step);
+}
+
+/// The orders that show the limit, of the days from which on no order of the term speaks against it.
+Claims claimsOf(const OtherLimit& other, const SaidOfTerm& all) {
+    const cost::Term changed = withLimit(all.term, other);
+    Claims claims;
+    Claims ofDay;
+    for (auto each = all.said.rbegin(); each != all.said.rend(); ++each) {
+        if (!ofDay.empty() && ofDay.front()->charged->order.date() != each->charged->order.date()) {
+            claims.insert(claims.end(), ofDay.begin(), ofDay.end());
+            ofDay.clear();
+        }
+        const Decimal amount = amountOf(changed, each->exact);
+        if (amount != each->amount && !each->has(amount)) {
+            return claims;
+        }
+        if (each->charged->isOpen() && each->stated == amount && amount != each->amount) {
+            ofDay.push_back(&*each);
+        }
+    }
+    claims.insert(claims.end(), ofDay.begin(), ofDay.end());
+    return claims;
+}
+
+std::string sentenceOf(const OtherLimit& other, const cost::Term& term) {
+    const bool isLeast = other.limit == Limit::kLeast;
+    const std::optional<Decimal>& own = isLeast ? term.minimum : term.maximum;
+    return fmt::format("a {} {} of {}", isLeast ? "least" : "highest", term.charge, other.amount.text()) +
+           (own ? fmt::format(" and not {} ({})", own->text(), term.where)
+                : fmt::format(", where {} has none", term.where));
+}
+
+void note(ReconciledOrder& charged, const OtherLimit& other, const cost::Term& term, const Layout& layout) {
+    const Amounts amounts = amountsOf(charged.order.trades, *charged.tariff);
+    Trial trial({charged.order, amounts}, layout);
+    trial.found = std::move(charged.alsoFit);
+    const std::string sentence = sentenceOf(other, term);
+    trial.note(other.limit == Limit::kLeast ? Cause::kOtherMinimum : Cause::kOtherMaximum, sentence, sentence,
+               trial.withTermsChanged([&](cost::Term& each) {
+                   if (each.where == term.where && each.charge == term.charge) {
+                       each = withLimit(each, other);
+                   }
+               }));
+    charged.alsoFit = std::move(trial.found);
+}
+
+}  // namespace
+
+void addOtherLimits(const OrdersByDay& orders, const Layout& layout) {
+    if (std::none_of(orders.begin(), orders.end(), [](const ReconciledOrder* each) { return each->isOpen(); })) {
+        return;
+    }
+    for (const SaidOfTerm& all : saidOfTerms(orders)) {
+        std::set<OtherLimit> limits;
+        for (const Said& each : all.said) {
+            if (const auto limit = limitOf(each, all.term)) {
+                limits.insert(*limit);
+            }
+        }
+        for (const OtherLimit& each : limits) {
+            const Claims claims = claimsOf(each, all);
+            if (isShownBy(claims, each, all.term)) {
+                for (const Said* claim : claims) {
+                    note(*claim->charged, each, all.term, layout);
+                }
+            }
+        }
+    }
+}
+
+}  // namespace feedesk
