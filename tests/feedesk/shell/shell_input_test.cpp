@@ -90,8 +90,8 @@ Outcome withChange(const SampleFolder& folder, const std::string& file, const st
     const std::string pipe = folder.path() + ".pipe";
     const std::string answer = folder.path() + ".answer";
     const std::string script =
-        "mkfifo " + pipe + "; (unset FEEDESK_MARKET; COLUMNS=80 " FEEDESK_PROGRAM " --market " + folder.path() +
-        " shell <" + pipe + " >" + answer + ") & exec 3>" + pipe +
+        ": >" + answer + "; mkfifo " + pipe + "; (unset FEEDESK_MARKET; COLUMNS=80 " FEEDESK_PROGRAM " --market " +
+        folder.path() + " shell <" + pipe + " >" + answer + ") & exec 3>" + pipe +
         "; echo fee S100 600519 --csv >&3; while [ \"$(wc -l <" + answer +
         ")\" -lt 2 ]; do sleep 0.01; done; printf '" + content + "' >" + folder.path() + "/" + file +
         "; echo reload >&3; echo fee S100 600519 --csv >&3; exec 3>&-; wait $!; status=$?; cat " + answer + "; rm " +
