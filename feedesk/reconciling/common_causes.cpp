@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -57,18 +58,18 @@ bool isOfAll(const Explanation& each) {
     return each.cause == Cause::kOtherAccount || each.cause == Cause::kOtherSide || each.cause == Cause::kOtherCategory;
 }
 
-/// The first cause that explains every one of the orders and is not left out; null when none does.
+/// The first cause that explains every one of the orders and is not left out; nothing when none does.
 template <class LeftOut>
-const Explanation* commonOf(const OrdersByDay& orders, const LeftOut& leftOut) {
+std::optional<Explanation> commonOf(const OrdersByDay& orders, const LeftOut& leftOut) {
     for (const Explanation& each : orders.front()->alsoFit) {
         const bool isCommon =
             !leftOut(each) && std::all_of(orders.begin(), orders.end(),
                                           [&](const ReconciledOrder* order) { return has(order->alsoFit, each); });
         if (isCommon) {
-            return &each;
+            return each;
         }
     }
-    return nullptr;
+    return std::nullopt;
 }
 
 /// Makes the cause the order's, with every change of it that fits; what fits besides stays in alsoFit.
@@ -93,9 +94,8 @@ OrdersByDay openOf(const OrdersByDay& orders) {
 }
 
 void chooseAll(const OrdersByDay& orders, const Explanation& common) {
-    const Explanation chosen = common;
     for (ReconciledOrder* each : orders) {
-        choose(*each, chosen);
+        choose(*each, common);
     }
 }
 
@@ -109,8 +109,8 @@ void takeCausesOfTerms(const std::map<std::string, OrdersByDay>& terms) {
                      [](const OrdersByDay& one, const OrdersByDay& other) { return one.size() > other.size(); });
     for (const OrdersByDay& group : groups) {
         const OrdersByDay orders = openOf(group);
-        const Explanation* common = orders.size() > 1 ? commonOf(orders, isOfAll) : nullptr;
-        if (common != nullptr && isOfTerm(*common)) {
+        const std::optional<Explanation> common = orders.size() > 1 ? commonOf(orders, isOfAll) : std::nullopt;
+        if (common && isOfTerm(*common)) {
             chooseAll(orders, *common);
         }
     }
@@ -132,9 +132,9 @@ void takeCommonCauses(const OrdersByDay& orders) {
     takeCausesOfTerms(terms);
     for (const auto& [name, kind] : kinds) {
         const OrdersByDay open = openOf(kind);
-        const Explanation* common =
-            open.size() > 1 ? commonOf(open, [](const Explanation&) { return false; }) : nullptr;
-        if (common != nullptr) {
+        const std::optional<Explanation> common =
+            open.size() > 1 ? commonOf(open, [](const Explanation&) { return false; }) : std::nullopt;
+        if (common) {
             chooseAll(open, *common);
         }
     }
