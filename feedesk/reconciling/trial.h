@@ -13,6 +13,7 @@ namespace feedesk {
 /// One disputed order, and what of single changes explains it: the workbench of the hypotheses. One thread.
 class Trial {
 public:
+    /// The order, its amounts and the layout must outlive it.
     Trial(const Disputed& disputedOrder, const Layout& statementLayout)
         : disputed(disputedOrder), layout(statementLayout) {}
 
@@ -41,7 +42,7 @@ public:
     Explanations found;
 
 private:
-    const Disputed& disputed;
+    Disputed disputed;
     const Layout& layout;
 };
 
