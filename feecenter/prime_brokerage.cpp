@@ -23,7 +23,8 @@ boost::shared_ptr<CInstrumentFee> CFeeCenter::getPbFullFee(uint64 accountKey, ui
 boost::shared_ptr<CInstrumentFee> CFeeCenter::findFeeByMarket(const std::string& market, uint64 accountKey,
                                                               uint64 instrumentKey, int tradeUnit) {
     if (isStockMarket(market)) {
-        // Rule "A stock answer carries an option rate too". Neither of the two lookups is ever empty.
+        // Rule "A stock answer carries an option rate too". Neither of the two lookups is ever
+        // empty, and both answers are made for this call, so that the rate is taken out of the second.
         auto fee = getStockFee(accountKey, instrumentKey, tradeUnit);
         fee->stkOptionFeeRate = std::move(getStkOptionFee(accountKey, instrumentKey)->stkOptionFeeRate);
         return fee;

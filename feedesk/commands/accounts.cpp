@@ -74,7 +74,7 @@ ExitStatus accounts(Program& program, const AccountsArguments& arguments) {
 void addAccounts(CLI::App& app, Program& program) {
     CLI::App* command = app.add_subcommand("accounts", "The accounts of the market folder");
     AccountsArguments& arguments = argumentsOf(*command, program, accounts);
-    command->add_option("PATTERN", arguments.pattern, "Only numbers or names like this; * is any\ntext")->type_name("");
+    addNumberPattern(*command, arguments.pattern);
     command->add_flag("--levels", arguments.levels, "How many instruments each account is\nanswered on which level");
     addFormatOptions(*command, program);
 }

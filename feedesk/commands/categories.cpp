@@ -198,7 +198,7 @@ ExitStatus categories(Program& program, const CategoriesArguments& arguments) {
 void addCategories(CLI::App& app, Program& program) {
     CLI::App* command = app.add_subcommand("categories", "What system, custom and group categories hold");
     CategoriesArguments& arguments = argumentsOf(*command, program, categories);
-    command->add_option("PATTERN", arguments.pattern, "Only numbers or names like this; * is any\ntext")->type_name("");
+    addNumberPattern(*command, arguments.pattern);
     command->add_flag("--members", arguments.members, "Each instrument, and the line that takes it\nin");
     addFormatOptions(*command, program);
 }

@@ -32,6 +32,10 @@ void addDayOption(CLI::App& command, const std::string& name, std::optional<cost
         ->type_name("DAY");
 }
 
+void addNumberPattern(CLI::App& command, std::string& pattern) {
+    command.add_option("PATTERN", pattern, "Only numbers or names like this; * is any\ntext")->type_name("");
+}
+
 void addFormatOptions(CLI::App& command, Program& program) {
     const auto addForm = [&](const char* name, Format format, const char* description) {
         return command.add_flag_callback(

@@ -14,6 +14,9 @@ namespace feedesk {
 /// Adds the forms of an answer to a command: --json, --csv, --csv-bom, --xlsx.
 void addFormatOptions(CLI::App& command, Program& program);
 
+/// Adds the argument of a command that shows what has a number and a name. `pattern` must outlive the command.
+void addNumberPattern(CLI::App& command, std::string& pattern);
+
 /// Adds an option that names a day.
 void addDayOption(CLI::App& command, const std::string& name, std::optional<cost::Date>& day,
                   const std::string& description);
