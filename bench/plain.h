@@ -21,27 +21,29 @@ namespace bench {
 // instrument is written into the table beforehand. Pools, answers that outlive the table, custom fees and updates of
 // single entries by category are not there.
 
-struct SharedMutex {
-    static constexpr const char* kName = "std::unordered_map, shared_mutex";
-    using Mutex = std::shared_mutex;
-    using ReadLock = std::shared_lock<Mutex>;
+struct StandardMap {
     template <class Value>
     using Table = std::unordered_map<std::string, Value>;
 };
 
-struct OneMutex {
+struct ManyReaders {
+    using Mutex = std::shared_mutex;
+    using ReadLock = std::shared_lock<Mutex>;
+};
+
+struct SharedMutex : StandardMap, ManyReaders {
+    static constexpr const char* kName = "std::unordered_map, shared_mutex";
+};
+
+struct OneMutex : StandardMap {
     static constexpr const char* kName = "std::unordered_map, mutex";
     using Mutex = std::mutex;
     using ReadLock = std::unique_lock<Mutex>;
-    template <class Value>
-    using Table = std::unordered_map<std::string, Value>;
 };
 
 #if BOOST_VERSION >= 108100
-struct FlatMap {
+struct FlatMap : ManyReaders {
     static constexpr const char* kName = "boost::unordered_flat_map, shared_mutex";
-    using Mutex = std::shared_mutex;
-    using ReadLock = std::shared_lock<Mutex>;
     template <class Value>
     using Table = boost::unordered_flat_map<std::string, Value>;
 };
