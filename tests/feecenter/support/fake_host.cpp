@@ -18,6 +18,7 @@ void FakeHost::reset() {
     onInstance = nullptr;
     onHash = nullptr;
     runJobs();
+    callsOfReplaced.clear();
     strands.clear();
     instruments.clear();
     catalogue.clear();

@@ -27,7 +27,7 @@ public:
     /// The one host that the services in this program answer from.
     static FakeHost& instance();
 
-    /// Back to an empty host without jobs.
+    /// Back to an empty host without jobs. The services stay.
     void reset();
 
     /// Adds an instrument to the catalogue, to the lists of `listMask` and to the maps whose type is a bit of `types`.
@@ -38,6 +38,9 @@ public:
 
     /// The catalogue forgets the instrument, for lookups and lists alike.
     void removeInstrument(const qmservice::CInstrument& instrument);
+
+    /// Puts other services in the place of all but the engine. They answer alike.
+    void replaceServices() { inPlace = 1 - inPlace; }
 
     /// Runs queued jobs until none is left; how many ran.
     std::size_t runJobs();
@@ -66,6 +69,9 @@ public:
     std::set<std::pair<int, Name>> systemMembers;  ///< category number and instrument
     std::set<Name> groupMembers;                   ///< whatever the group
 
+    /// The operations that were called on a service after it was replaced, in order.
+    std::vector<std::string> callsOfReplaced;
+
     /// Called at the start of every service operation with its name, such as "findInstrument". Called from whatever
     /// thread the service is called from.
     std::function<void(const std::string&)> onCall;
@@ -93,10 +99,14 @@ public:
     void hashed(const std::string& text) const;
     void instanceAsked(const char* operation) const;
 
+    void replacedServiceCalled(const char* operation) { callsOfReplaced.emplace_back(operation); }
+    [[nodiscard]] std::size_t servicesInPlace() const { return inPlace; }
+
     /// Where the jobs run, for a test that runs them on threads of its own.
     boost::asio::io_service& service() { return io; }
 
 private:
+    std::size_t inPlace = 0;  ///< which of two
     boost::asio::io_service io;
     std::map<std::string, boost::shared_ptr<boost::asio::io_service::strand>> strands;
 };

@@ -14,10 +14,31 @@ using test::FakeHost;
 /// The joined key, without a word to the test.
 std::string joined(const std::string& market, const std::string& code) { return market + "|" + code; }
 
+/// The service of a class that is in place.
+template <class Service>
+boost::shared_ptr<Service> inPlace() {
+    static const boost::shared_ptr<Service> both[] = {boost::make_shared<Service>(), boost::make_shared<Service>()};
+    return both[FakeHost::instance().servicesInPlace()];
+}
+
 /// The host, after the test has seen the call.
 FakeHost& host(const char* operation) {
     FakeHost::instance().called(operation);
     return FakeHost::instance();
+}
+
+template <class Service>
+void noteIfReplaced(const char* operation, const Service* service) {
+    if (service != inPlace<Service>().get()) {
+        FakeHost::instance().replacedServiceCalled(operation);
+    }
+}
+
+/// The host, after the test has seen the call of a service.
+template <class Service>
+FakeHost& host(const char* operation, const Service* service) {
+    noteIfReplaced(operation, service);
+    return host(operation);
 }
 
 template <class Map, class Key>
@@ -29,12 +50,12 @@ typename Map::mapped_type findOr(const Map& map, const Key& key, typename Map::m
 class Catalogue : public qmservice::IInstrumentCenter {
 public:
     boost::shared_ptr<qmservice::CInstrument> findInstrument(qmservice::uint64 instrumentKey) override {
-        return findOr(host("findInstrument").catalogue, instrumentKey, {});
+        return findOr(host("findInstrument", this).catalogue, instrumentKey, {});
     }
 
     void getInstrumentMap(int type,
                           std::map<std::string, boost::shared_ptr<qmservice::CInstrument>>& instruments) override {
-        for (const auto& listed : host("getInstrumentMap").instruments) {
+        for (const auto& listed : host("getInstrumentMap", this).instruments) {
             if ((listed.types & type) != 0) {
                 instruments[listed.mapKey.empty() ? keyOf(listed.instrument.get()) : listed.mapKey] = listed.instrument;
             }
@@ -42,7 +63,7 @@ public:
     }
 
     void getInstrumentList(std::vector<boost::shared_ptr<qmservice::CInstrument>>& instruments, int listMask) override {
-        for (const auto& listed : host("getInstrumentList").instruments) {
+        for (const auto& listed : host("getInstrumentList", this).instruments) {
             if ((listed.listMask & listMask) != 0) {
                 instruments.push_back(listed.instrument);
             }
@@ -59,7 +80,7 @@ private:
 class Accounts : public qmservice::IDataCenter {
 public:
     boost::shared_ptr<qmservice::CAccountData> getAccountData(qmservice::uint64 accountKey) override {
-        return findOr(host("getAccountData").accounts, accountKey, {});
+        return findOr(host("getAccountData", this).accounts, accountKey, {});
     }
 };
 
@@ -93,15 +114,13 @@ qmservice::uint64 hash(const std::string& text) {
 template <>
 qmservice::CppCategory* CSingletonT<qmservice::CppCategory>::instance() {
     FakeHost::instance().instanceAsked("CppCategory::instance");
-    static qmservice::CppCategory category;
-    return &category;
+    return inPlace<qmservice::CppCategory>().get();
 }
 
 template <>
 qmservice::StockTypeCenter* CSingletonT<qmservice::StockTypeCenter>::instance() {
     FakeHost::instance().instanceAsked("StockTypeCenter::instance");
-    static qmservice::StockTypeCenter center;
-    return &center;
+    return inPlace<qmservice::StockTypeCenter>().get();
 }
 
 template <>
@@ -142,56 +161,56 @@ int getTradeMinUnit(const std::string& market, const std::string& code) {
 
 boost::shared_ptr<TraderCenter> TraderCenter::instance() {
     FakeHost::instance().instanceAsked("TraderCenter::instance");
-    static const auto center = boost::make_shared<TraderCenter>();
-    return center;
+    return inPlace<TraderCenter>();
 }
 
 IInstrumentCenter* TraderCenter::getInstCenter() const {
     FakeHost::instance().instanceAsked("getInstCenter");
-    static Catalogue catalogue;
-    return &catalogue;
+    noteIfReplaced("getInstCenter", this);
+    return inPlace<Catalogue>().get();
 }
 
 boost::shared_ptr<IDataCenter> TraderCenter::getDataCenter() const {
     FakeHost::instance().instanceAsked("getDataCenter");
-    static const auto accounts = boost::make_shared<Accounts>();
-    return accounts;
+    noteIfReplaced("getDataCenter", this);
+    return inPlace<Accounts>();
 }
 
 boost::shared_ptr<ConfigCollector> ConfigCollector::instance() {
     FakeHost::instance().instanceAsked("ConfigCollector::instance");
-    static const auto collector = boost::make_shared<ConfigCollector>();
-    return collector;
+    return inPlace<ConfigCollector>();
 }
 
 boost::shared_ptr<CStkExchangeRateLimit> ConfigCollector::getRateLimitPtr(std::string market, std::string code) {
-    return findOr(host("getRateLimitPtr").rateLimits, FakeHost::Name(std::move(market), std::move(code)), {});
+    return findOr(host("getRateLimitPtr", this).rateLimits, FakeHost::Name(std::move(market), std::move(code)), {});
 }
 
 boost::shared_ptr<CCustomHGTExchangeRateLimit> ConfigCollector::getHGTExchangeRateLimitPtr(std::string market,
                                                                                            std::string code) {
-    return findOr(host("getHGTExchangeRateLimitPtr").hgtLimits, FakeHost::Name(std::move(market), std::move(code)), {});
+    return findOr(host("getHGTExchangeRateLimitPtr", this).hgtLimits,
+                  FakeHost::Name(std::move(market), std::move(code)), {});
 }
 
 boost::shared_ptr<CCustomSgtExchangeRateLimit> ConfigCollector::getSgtExchangeRateLimitPtr(std::string market,
                                                                                            std::string code) {
-    return findOr(host("getSgtExchangeRateLimitPtr").sgtLimits, FakeHost::Name(std::move(market), std::move(code)), {});
+    return findOr(host("getSgtExchangeRateLimitPtr", this).sgtLimits,
+                  FakeHost::Name(std::move(market), std::move(code)), {});
 }
 
 bool ConfigCollector::isSimulationPlatform(int platformId) const {
-    return host("isSimulationPlatform").simulationPlatforms.count(platformId) != 0;
+    return host("isSimulationPlatform", this).simulationPlatforms.count(platformId) != 0;
 }
 
 bool CppCategory::isStockInCategoryForTS(const std::string& market, const std::string& code,
                                          const std::string& productId, int category) {
-    const FakeHost& fake = host("isStockInCategoryForTS");
+    const FakeHost& fake = host("isStockInCategoryForTS", this);
     return fake.inSystemCategory ? fake.inSystemCategory(market, code, productId, category)
                                  : fake.systemMembers.count({category, FakeHost::Name(market, code)}) != 0;
 }
 
 bool CppCategory::isStockInCustomCategory(const std::string& market, const std::string& code,
                                           const std::vector<std::string>& members) {
-    const FakeHost& fake = host("isStockInCustomCategory");
+    const FakeHost& fake = host("isStockInCustomCategory", this);
     return fake.inCustomCategory ? fake.inCustomCategory(market, code, members)
                                  : std::find(members.begin(), members.end(), code) != members.end();
 }
@@ -200,17 +219,17 @@ bool CppCategory::isStockInGroupCategory(const std::string& market, const std::s
                                          const std::string& productId,
                                          const std::vector<boost::shared_ptr<CGroupCategorySubInfo>>& parts,
                                          std::map<int, std::vector<std::string>> customCategories) {
-    const FakeHost& fake = host("isStockInGroupCategory");
+    const FakeHost& fake = host("isStockInGroupCategory", this);
     return fake.inGroupCategory ? fake.inGroupCategory(market, code, productId, parts, customCategories)
                                 : fake.groupMembers.count(FakeHost::Name(market, code)) != 0;
 }
 
 int CppCategory::getCategorId(const std::string& name) {
-    return findOr(host("getCategorId").categoryNumbers, name, -1);
+    return findOr(host("getCategorId", this).categoryNumbers, name, -1);
 }
 
 bool StockTypeCenter::isWPMarket(const std::string& market) const {
-    return host("isWPMarket").foreignMarkets.count(market) != 0;
+    return host("isWPMarket", this).foreignMarkets.count(market) != 0;
 }
 
 }  // namespace qmservice
