@@ -231,6 +231,19 @@ TEST_F(ContentKeyTest, ShenzhenConnectLimitFoldsItsFourteenRatesThenTheTradeUnit
     EXPECT_EQ(center.getHashKey(makeConnectLimit<CCustomSgtExchangeRateLimit>(), 500), keyOf(kConnectTexts));
 }
 
+// As the keys of two fee centers are on two threads, here at a place that is the same in each run.
+TEST_F(ContentKeyTest, KeyMadeInTheMidstOfAnotherLeavesItAsItIs) {
+    bool isInside = false;
+    host.onKeyCall = [&](const std::string& call) {
+        if (call == "crc64" && !isInside) {
+            isInside = true;
+            center.getHashKey(test::makeLimit(0.25), 9);
+            isInside = false;
+        }
+    };
+    EXPECT_TRUE(foldsAs(0.0013, "130000"));
+}
+
 TEST_F(ContentKeyTest, NoSeparatorIsBetweenValues) {
     // 1 then 23 and 12 then 3 give the same digits.
     auto a = boost::make_shared<CStkExchangeRateLimit>();
