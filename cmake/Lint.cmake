@@ -1,6 +1,7 @@
 # For clang-tidy alone, never built: all sources of the product as two, for two processors, so that Boost's headers are read
 # and looked through twice and not once for each source. scripts/lint uses it.
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS
+  ${PROJECT_SOURCE_DIR}/conformance/*.cpp
   ${PROJECT_SOURCE_DIR}/cost/*.cpp
   ${PROJECT_SOURCE_DIR}/feecenter/*.cpp
   ${PROJECT_SOURCE_DIR}/feedesk/*.cpp
