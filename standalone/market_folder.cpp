@@ -16,14 +16,14 @@ std::shared_ptr<const loader::CheckedFolder> emptyFolder(const std::string& name
     return content;
 }
 
+}  // namespace
+
 cost::Date today() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
     return cost::Date::of(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday).value_or(cost::Date());
 }
-
-}  // namespace
 
 MarketFolder::MarketFolder(const std::string& name) : MarketFolder(emptyFolder(name)) {}
 

@@ -16,6 +16,9 @@ namespace loader {
 struct CheckedFolder;
 }
 
+/// The machine's day, in its time zone.
+cost::Date today();
+
 /// A market folder that has been read and checked, with the schedules of all its days. Immutable, cheap to copy, safe
 /// from any thread; copies share one content.
 ///

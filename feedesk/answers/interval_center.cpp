@@ -11,22 +11,17 @@ constexpr const char* kStrand = "fees";
 }  // namespace
 
 IntervalCenter::IntervalCenter(standalone::Market dayMarket)
-    : loaded(std::move(dayMarket)), prepared(standalone::prepared(loaded)), fed(std::in_place, kStrand) {}
+    : loaded(std::move(dayMarket)), prepared(standalone::prepared(loaded)), center(kStrand) {}
 
 void IntervalCenter::feedOnce(const standalone::Account& account) {
-    if (fed->accounts.insert(&account).second) {
-        standalone::feed(fed->center, account);
+    if (fedAccounts.insert(&account).second) {
+        standalone::feed(center, account);
         standalone::waitForStrand(kStrand);
     }
 }
 
-void IntervalCenter::forgetAccounts() {
-    tracer.reset();
-    fed.emplace(kStrand);
-}
-
 IntervalCenter::Fees IntervalCenter::ask(const standalone::Account& account, const std::vector<Question>& questions) {
-    qmservice::IFeeCenter& asked = fed->center;
+    qmservice::IFeeCenter& asked = center;
     Fees fees(questions.size());
     std::transform(questions.begin(), questions.end(), fees.begin(), [&](const Question& question) {
         return asked.getFee(account.record, question.market, question.code);
@@ -35,7 +30,7 @@ IntervalCenter::Fees IntervalCenter::ask(const standalone::Account& account, con
 }
 
 std::optional<IntervalCenter::Fees> IntervalCenter::list(const standalone::Account& account) {
-    qmservice::IFeeCenter& asked = fed->center;
+    qmservice::IFeeCenter& asked = center;
     Fees fees;
     return asked.getFees(account.record, fees) ? std::optional<Fees>(std::move(fees)) : std::nullopt;
 }

@@ -44,20 +44,11 @@ public:
     std::vector<std::optional<Answer>> traced(const standalone::Account& account,
                                               const std::vector<Question>& questions, const Fees& fees);
 
-    /// Gives back the memory of all that was handed over: an account is fed again when it is asked for.
-    void forgetAccounts();
-
 private:
-    struct FedCenter {
-        explicit FedCenter(const char* strand) : center(strand) {}
-
-        std::set<const standalone::Account*> accounts;
-        qmservice::CFeeCenter center;
-    };
-
     standalone::Market loaded;
     standalone::PreparedMarket prepared;
-    std::optional<FedCenter> fed;  // always there
+    std::set<const standalone::Account*> fedAccounts;
+    qmservice::CFeeCenter center;
     std::optional<Tracer> tracer;  // made when it is first needed
 };
 

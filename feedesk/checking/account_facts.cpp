@@ -1,42 +1,20 @@
 #include "feedesk/checking/account_facts.h"
 
-#include <algorithm>
 #include <map>
-
-#include "feedesk/instruments/traded_instruments.h"
-#include "standalone/families.h"
+#include <utility>
 
 namespace feedesk::checking {
-namespace {
 
-using standalone::Position;
-
-/// A kind that trades everything has lines of futures alone.
-int kindOfQuestions(int kind) { return standalone::tradedFamily(kind) == nullptr ? qmservice::kFuturesAccount : kind; }
-
-std::vector<Question> coveredQuestions(const FolderFacts& facts, const standalone::Account& account) {
-    std::vector<Question> questions = tradedInstruments(kindOfQuestions(account.record->accountType), facts.market);
-    const standalone::Coverage& coverage = facts.folder.coverage();
-    std::map<std::string, bool> isCovered;
-    for (const standalone::MarketPlace& place : facts.market.markets) {
-        isCovered[place.market] = coverage.refusal(facts.day, place.market).empty();
-    }
-    questions.erase(std::remove_if(questions.begin(), questions.end(),
-                                   [&](const Question& question) { return !isCovered[question.market]; }),
-                    questions.end());
-    return questions;
-}
-
-}  // namespace
-
-AccountFacts::AccountFacts(const FolderFacts& folder, Session& session, const standalone::Account& account,
-                           Probe& usedProbe)
+AccountFacts::AccountFacts(const FolderFacts& folder, std::size_t account, AccountQuestions& usedQuestions,
+                           Probe& usedProbe, AccountAnswers answered)
     : facts(folder),
-      asked(account),
+      accountPlace(account),
+      asked(folder.market.accounts[account]),
+      questionsAsked(usedQuestions),
       probe(usedProbe),
-      replies(session.fees(account, coveredQuestions(folder, account))) {
-    for (const Answer& answer : replies.answers) {
-        for (const FeeLine& line : answer.lines) {
+      replies(std::move(answered)) {
+    for (const AlikeAnswer& alike : replies.answers) {
+        for (const FeeLine& line : alike.answer.lines) {
             if (line.origin.position) {
                 origins.insert(*line.origin.position);
             }
@@ -45,25 +23,48 @@ AccountFacts::AccountFacts(const FolderFacts& folder, Session& session, const st
     addInputs();
 }
 
+const AccountAnswers& AccountFacts::answersOn(cost::Date day) {
+    if (day == facts.day) {
+        return replies;
+    }
+    const auto known = otherDays.find(day);
+    return known != otherDays.end() ? known->second
+                                    : otherDays.emplace(day, questionsAsked.ask(accountPlace, day)).first->second;
+}
+
+const standalone::loader::AccountLines& AccountFacts::lines() const {
+    return facts.folder.content().accountLines[accountPlace];
+}
+
 void AccountFacts::addInputs() {
-    const auto number = static_cast<std::size_t>(&asked - facts.market.accounts.data());
-    const standalone::loader::AccountLines& lines = facts.folder.content().accountLines[number];
-    standalone::loader::forEachInForce(lines.fees, facts.day, [&](const standalone::loader::KeptFeeLine& kept) {
+    standalone::loader::forEachInForce(lines().fees, facts.day, [&](const standalone::loader::KeptFeeLine& kept) {
         given.push_back({&kept, &kept, nullptr, 0, facts.placeOf(kept.position)});
     });
-    std::map<Position, std::pair<const standalone::CustomFee*, std::size_t>> entries;
+    std::map<standalone::Position, std::pair<const standalone::CustomFee*, std::size_t>> entries;
     for (const standalone::CustomFee& fee : asked.customFees) {
         for (std::size_t entry = 0; entry < fee.entries.size(); ++entry) {
             entries[fee.entries[entry]] = {&fee, entry};
         }
     }
-    standalone::loader::forEachInForce(lines.customFees, facts.day, [&](const standalone::loader::KeptLine& kept) {
+    standalone::loader::forEachInForce(lines().customFees, facts.day, [&](const standalone::loader::KeptLine& kept) {
         const auto [fee, entry] = entries.at(kept.position);
         given.push_back({&kept, nullptr, fee, entry, facts.placeOf(kept.position)});
     });
 }
 
 bool AccountFacts::answersFrom(const Input& input) const { return origins.count(input.kept->position) != 0; }
+
+const AlikeAnswer* AccountFacts::answerFor(const qmservice::CInstrument* instrument) {
+    if (byInstrument.empty()) {
+        for (const AlikeAnswer& alike : replies.answers) {
+            for (const qmservice::CInstrument* each : *alike.instruments) {
+                byInstrument.emplace(each, &alike);
+            }
+        }
+    }
+    const auto found = byInstrument.find(instrument);
+    return found == byInstrument.end() ? nullptr : found->second;
+}
 
 InstrumentSet AccountFacts::reachOf(const Input& input) {
     if (input.feeLine == nullptr) {
@@ -80,7 +81,7 @@ std::set<std::string> AccountFacts::builtInItems() {
     if (replies.answers.empty()) {
         return {};
     }
-    const qmservice::CInstrument& any = *replies.answers.front().instrument;
+    const qmservice::CInstrument& any = *replies.answers.front().instruments->front();
     return probe.builtInItems(any.market, any.code);
 }
 

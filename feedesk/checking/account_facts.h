@@ -1,15 +1,17 @@
 #ifndef FEEDESK_CHECKING_ACCOUNT_FACTS_H
 #define FEEDESK_CHECKING_ACCOUNT_FACTS_H
 
+#include <cstddef>
+#include <map>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
-#include "feedesk/answers/answer.h"
+#include "feedesk/checking/account_answers.h"
 #include "feedesk/checking/folder_facts.h"
 #include "feedesk/checking/probe.h"
-#include "feedesk/session/session.h"
 
 namespace feedesk::checking {
 
@@ -25,18 +27,26 @@ struct Input {
 /// What the fee center says to one account, and what it was given for it.
 class AccountFacts {
 public:
-    /// Asks for every instrument that the account trades and the day covers; a kind that trades everything, for
-    /// futures, the only family of which it has lines. All that is given here outlives the object.
-    AccountFacts(const FolderFacts& folder, Session& session, const standalone::Account& account, Probe& usedProbe);
+    /// `account`: its place in the market; `answered`: what it is answered on the day of the facts. The host's services
+    /// hold their market, and all that is given here outlives the object.
+    AccountFacts(const FolderFacts& folder, std::size_t account, AccountQuestions& usedQuestions, Probe& usedProbe,
+                 AccountAnswers answered);
 
     [[nodiscard]] const FolderFacts& folder() const { return facts; }
     [[nodiscard]] const standalone::Account& account() const { return asked; }
     [[nodiscard]] const std::string& number() const { return asked.record->accountId; }
     [[nodiscard]] Place place() const { return facts.placeOf(asked.position); }
     /// How many instruments were asked for.
-    [[nodiscard]] std::size_t questions() const { return replies.answers.size() + replies.unanswered.size(); }
-    [[nodiscard]] const std::vector<Answer>& answers() const { return replies.answers; }
+    [[nodiscard]] std::size_t questions() const { return replies.questions; }
+    [[nodiscard]] const std::vector<AlikeAnswer>& answers() const { return replies.answers; }
+    /// The answer for the instrument; null where there is none.
+    const AlikeAnswer* answerFor(const qmservice::CInstrument* instrument);
 
+    /// What it is answered on any day. The answer lives as long as this object.
+    const AccountAnswers& answersOn(cost::Date day);
+
+    /// All lines of the account, whatever their days.
+    [[nodiscard]] const standalone::loader::AccountLines& lines() const;
     /// The lines of the account that are in force, by table.
     [[nodiscard]] const std::vector<Input>& inputs() const { return given; }
     /// Whether a rate of an answer comes from the line.
@@ -50,11 +60,15 @@ private:
     void addInputs();
 
     const FolderFacts& facts;
+    std::size_t accountPlace;  // its place in the market
     const standalone::Account& asked;
+    AccountQuestions& questionsAsked;
     Probe& probe;
-    Replies replies;
+    AccountAnswers replies;
+    std::map<cost::Date, AccountAnswers> otherDays;
     std::vector<Input> given;
-    std::set<standalone::Position> origins;  // of each rate of the answers
+    std::set<standalone::Position> origins;                                              // of each rate of the answers
+    std::unordered_map<const qmservice::CInstrument*, const AlikeAnswer*> byInstrument;  // empty until it is needed
 };
 
 }  // namespace feedesk::checking

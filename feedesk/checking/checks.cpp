@@ -1,23 +1,16 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <memory>
 
+#include "feedesk/checking/account_answers.h"
 #include "feedesk/checking/check.h"
 #include "feedesk/checking/topics.h"
+#include "feedesk/terminal/terminal.h"
 #include "standalone/families.h"
 
 namespace feedesk::checking {
 namespace {
-
-/// The family in which an account is asked; one that trades everything has lines of futures alone.
-cost::Family askedFamily(const standalone::Account& account) {
-    const standalone::AccountKindInfo* kind = standalone::findAccountKind(account.record->accountType);
-    const auto family = kind == nullptr ? std::nullopt : kind->charged;
-    return family.value_or(cost::Family::kFutures);
-}
-
-/// So many accounts are known at a time: each takes some megabytes, and no one is asked twice.
-constexpr std::size_t kAccountsTogether = 50;
 
 /// An account that trades everything has no list of its own: without lines there is nothing to check.
 bool isWorthAsking(const standalone::Account& account) {
@@ -39,45 +32,78 @@ void keepWanted(std::vector<Finding>& findings, const std::set<std::string>& acc
                    findings.end());
 }
 
-void findInAccounts(Session& session, const FolderFacts& facts, const std::set<std::string>& accounts,
-                    CheckResult& result) {
-    Probe probe;
-    std::vector<Findings> findings(result.reports.size());
-    std::size_t asked = 0;
-    std::vector<std::unique_ptr<AcrossAccounts>> across(result.reports.size());
-    for (std::size_t i = 0; i < across.size(); ++i) {
-        const auto* look = std::get_if<LookAcrossAccounts>(&result.reports[i].check->find);
-        across[i] = look == nullptr ? nullptr : (*look)();
-    }
-    for (const standalone::Account& account : facts.market.accounts) {
+/// The accounts to ask, by place; a note for each that the day does not cover.
+std::vector<std::size_t> accountsToAsk(const FolderFacts& facts, const std::set<std::string>& accounts,
+                                       std::vector<std::string>& notes) {
+    std::vector<std::size_t> places;
+    for (std::size_t place = 0; place < facts.market.accounts.size(); ++place) {
+        const standalone::Account& account = facts.market.accounts[place];
         if (!isWorthAsking(account) || !isWanted(accounts, account.record->accountId)) {
             continue;
         }
         const std::string refusal = facts.folder.coverage().refusal(facts.day, askedFamily(account));
-        if (!refusal.empty()) {
-            result.notes.push_back(fmt::format("account {} was not asked: {}", account.record->accountId, refusal));
-            continue;
+        if (refusal.empty()) {
+            places.push_back(place);
+        } else {
+            notes.push_back(fmt::format("account {} was not asked: {}", account.record->accountId, refusal));
         }
-        if (++asked % kAccountsTogether == 0) {
-            session.forgetAccounts();
+    }
+    return places;
+}
+
+/// The checks that look at accounts, and what each found.
+class AccountChecks {
+public:
+    explicit AccountChecks(std::vector<CheckReport>& checkReports)
+        : reports(checkReports), findings(checkReports.size()), across(checkReports.size()) {
+        for (std::size_t i = 0; i < across.size(); ++i) {
+            const auto* look = std::get_if<LookAcrossAccounts>(&reports[i].check->find);
+            across[i] = look == nullptr ? nullptr : (*look)();
         }
-        AccountFacts accountFacts(facts, session, account, probe);
-        for (std::size_t i = 0; i < result.reports.size(); ++i) {
-            if (const auto* find = std::get_if<FindInAccount>(&result.reports[i].check->find)) {
-                (*find)(accountFacts, findings[i]);
+    }
+
+    void lookAt(AccountFacts& facts) {
+        for (std::size_t i = 0; i < reports.size(); ++i) {
+            if (const auto* find = std::get_if<FindInAccount>(&reports[i].check->find)) {
+                (*find)(facts, findings[i]);
             } else if (across[i]) {
-                across[i]->add(accountFacts);
+                across[i]->add(facts);
             }
         }
     }
-    for (std::size_t i = 0; i < result.reports.size(); ++i) {
-        if (across[i]) {
-            across[i]->findIn(findings[i]);
-        }
-        if (!std::holds_alternative<FindInFolder>(result.reports[i].check->find)) {
-            result.reports[i].findings = findings[i].sorted();
+
+    void report() {
+        for (std::size_t i = 0; i < reports.size(); ++i) {
+            if (across[i]) {
+                across[i]->findIn(findings[i]);
+            }
+            if (!std::holds_alternative<FindInFolder>(reports[i].check->find)) {
+                reports[i].findings = findings[i].sorted();
+            }
         }
     }
+
+private:
+    std::vector<CheckReport>& reports;
+    std::vector<Findings> findings;
+    std::vector<std::unique_ptr<AcrossAccounts>> across;
+};
+
+void findInAccounts(Session& session, const FolderFacts& facts, const std::set<std::string>& accounts,
+                    CheckResult& result) {
+    const Progress progress("asking what the accounts are charged");
+    AccountChecks checks(result.reports);
+    Probe probe;
+    AccountQuestions questions(session);
+    for (const std::vector<std::size_t>& alike : questions.alike(accountsToAsk(facts, accounts, result.notes))) {
+        const AccountAnswers answers = questions.ask(alike.front(), facts.day);
+        for (const std::size_t account : alike) {
+            AccountFacts accountFacts(facts, account, questions, probe,
+                                      questions.sameFor(account, answers, alike.front()));
+            checks.lookAt(accountFacts);
+        }
+    }
+    checks.report();
 }
 
 }  // namespace
@@ -96,9 +122,16 @@ const std::vector<Check>& checks() {
         {"invisible-character", Severity::kError, "a character that nobody sees in an account or code",
          findInvisibleCharacters},
         {"far-rate", Severity::kWarning, "a rate far from all others of its column", findFarRates},
+        {"far-term", Severity::kWarning, "a minimum, maximum or rounding unlike all others of its charge",
+         findFarTerms},
+        {"unexplained-term", Severity::kWarning,
+         "a minimum, maximum or rounding of some accounts alone, for which nobody is named", findUnexplainedTerms},
+        {"free-commission", Severity::kWarning, "a commission of 0 where accounts usually pay one", freeCommissions},
         {"missing-duty", Severity::kWarning, "no stamp duty where accounts usually pay it", missingDuties},
         {"built-in-default", Severity::kWarning, "instruments of an account that fall to a rate built in",
          findDefaults},
+        {"ended-line", Severity::kWarning, "a line that ends, and none answers in its place", findEndedLines},
+        {"ended-term", Severity::kWarning, "a charging term that ends, and none begins in its place", findEndedTerms},
         {"unreached-custom-fee", Severity::kWarning, "a custom fee that reaches no instrument",
          findUnreachedCustomFees},
         {"shadowed-line", Severity::kWarning, "a line of an account from which no answer comes", findShadowedLines},
@@ -112,8 +145,11 @@ const std::vector<Check>& checks() {
          findSpreadsheetNumbers},
         {"look-alike", Severity::kWarning, "accounts or codes that are easily taken for each other", findLookAlikes},
         {"unchecked-schedule", Severity::kWarning, "charging terms not looked up for too long", findUncheckedSchedules},
+        {"future-check", Severity::kWarning, "charging terms that were looked up on a day to come", findFutureChecks},
         {"overridden-record", Severity::kNote, "a line of fees/ that custom fees or limits replace",
          findOverriddenRecords},
+        {"ended-exception", Severity::kNote, "a line that ends, and a wider one answers with other rates",
+         findEndedExceptions},
         {"empty-category-line", Severity::kNote, "a line of a category that holds no instrument",
          findEmptyCategoryLines},
         {"repeated-category-line", Severity::kNote, "a line of a category that adds nothing",
@@ -125,7 +161,8 @@ const std::vector<Check>& checks() {
 
 CheckResult runChecks(Session& session, const std::vector<const Check*>& wanted, const std::set<std::string>& accounts,
                       cost::Date oldestCheck) {
-    const FolderFacts facts{session.folder(), session.market(), session.day(), oldestCheck};
+    const FolderFacts facts{session.folder(), session.market(), session.day(), oldestCheck,
+                            std::max(standalone::today(), session.folder().defaultDay())};
     CheckResult result;
     bool asks = false;
     for (const Check* check : wanted) {

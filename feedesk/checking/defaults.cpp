@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <string_view>
+#include <utility>
 
 #include "feedesk/checking/duty_cuts.h"
 #include "feedesk/checking/topics.h"
@@ -15,9 +17,11 @@ namespace {
 /// How many instruments there are of each market and product, the most first.
 class GroupCounts {
 public:
-    void add(const qmservice::CInstrument& instrument) {
-        ++counts[instrument.productId.empty() ? instrument.market
-                                              : fmt::format("{} {}", instrument.market, instrument.productId)];
+    /// Of the market, which outlives it.
+    void add(const InstrumentList& instruments) {
+        for (const qmservice::CInstrument* instrument : instruments) {
+            ++counts[{instrument->market, instrument->productId}];
+        }
     }
 
     [[nodiscard]] std::size_t total() const {
@@ -31,13 +35,13 @@ public:
     /// "SH ETF 889, BJ BSE 315 and 40 of 3 other groups".
     [[nodiscard]] std::string text() const {
         constexpr std::size_t kShownGroups = 4;
-        std::vector<std::pair<std::string, std::size_t>> ordered(counts.begin(), counts.end());
+        std::vector<std::pair<Group, std::size_t>> ordered(counts.begin(), counts.end());
         std::stable_sort(ordered.begin(), ordered.end(),
                          [](const auto& one, const auto& other) { return one.second > other.second; });
         std::vector<std::string> shown;
         std::size_t rest = total();
         for (std::size_t i = 0; i < std::min(ordered.size(), kShownGroups); ++i) {
-            shown.push_back(fmt::format("{} {}", ordered[i].first, grouped(ordered[i].second)));
+            shown.push_back(fmt::format("{} {}", nameOf(ordered[i].first), grouped(ordered[i].second)));
             rest -= ordered[i].second;
         }
         return fmt::format("{}", fmt::join(shown, ", ")) +
@@ -47,7 +51,13 @@ public:
     }
 
 private:
-    std::map<std::string, std::size_t> counts;
+    using Group = std::pair<std::string_view, std::string_view>;  // market and product
+
+    static std::string nameOf(const Group& group) {
+        return group.second.empty() ? std::string(group.first) : fmt::format("{} {}", group.first, group.second);
+    }
+
+    std::map<Group, std::size_t> counts;
 };
 
 /// What of an account's answers is built in.
@@ -71,9 +81,9 @@ void addOldDuties(const FeeLine& line, cost::Date day, std::set<std::string>& te
 
 Defaults defaultsOf(const AccountFacts& facts) {
     Defaults defaults;
-    for (const Answer& answer : facts.answers()) {
+    for (const AlikeAnswer& alike : facts.answers()) {
         bool isBuiltIn = false;
-        for (const FeeLine& line : answer.lines) {
+        for (const FeeLine& line : alike.answer.lines) {
             if (line.origin.level == Level::kBuiltInDefault) {
                 isBuiltIn = true;
                 defaults.parts.insert(line.part);
@@ -81,7 +91,7 @@ Defaults defaultsOf(const AccountFacts& facts) {
             }
         }
         if (isBuiltIn) {
-            defaults.groups.add(*answer.instrument);
+            defaults.groups.add(*alike.instruments);
         }
     }
     return defaults;
@@ -128,12 +138,12 @@ void findDefaults(AccountFacts& facts, Findings& findings) {
 
 void findUnsetCommissions(AccountFacts& facts, Findings& findings) {
     GroupCounts groups;
-    for (const Answer& answer : facts.answers()) {
-        const auto unset = std::find_if(answer.lines.begin(), answer.lines.end(), [](const FeeLine& line) {
-            return line.part == kCommissionPart && line.origin.level == Level::kNotSet;
-        });
-        if (unset != answer.lines.end()) {
-            groups.add(*answer.instrument);
+    for (const AlikeAnswer& alike : facts.answers()) {
+        const std::vector<FeeLine>& lines = alike.answer.lines;
+        if (std::any_of(lines.begin(), lines.end(), [](const FeeLine& line) {
+                return line.part == kCommissionPart && line.origin.level == Level::kNotSet;
+            })) {
+            groups.add(*alike.instruments);
         }
     }
     if (groups.total() != 0) {

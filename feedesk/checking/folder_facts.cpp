@@ -1,5 +1,6 @@
 #include "feedesk/checking/folder_facts.h"
 
+#include <cmath>
 #include <string_view>
 
 #include "standalone/families.h"
@@ -63,6 +64,10 @@ void forEachLine(const FolderFacts& facts, const std::function<void(const Folder
     for (const KeptLine& kept : lines.configuredLines) {
         visitOne(kept, nullptr);
     }
+}
+
+bool looksLikePercent(const RateCell& cell) {
+    return cell.kind == RateKind::kFraction && std::abs(cell.value) >= kLooksLikePercent;
 }
 
 std::vector<RateCell> rateCells(const FolderFacts& facts, const KeptLine& kept) {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cost/date.h"
@@ -18,6 +19,7 @@ struct FolderFacts {
     const standalone::Market& market;  ///< of the day
     cost::Date day;
     cost::Date oldestCheck;  ///< schedules that were looked at before it have not been for too long
+    cost::Date newestCheck;  ///< no schedule can have been looked at behind it
 
     [[nodiscard]] Place placeOf(standalone::Position position) const;
 };
@@ -50,6 +52,15 @@ struct RateCell {
     RateKind kind;
     double value;
 };
+
+/// A column of a family in all of its tables.
+using RateColumn = std::pair<const standalone::RateFamily*, std::size_t>;
+
+// No charge on these markets takes 1 % of a turnover; the highest, the old stamp duty on stocks, took 0.3 %.
+inline constexpr double kLooksLikePercent = 0.01;
+
+/// Whether a fraction of turnover is so large that it was meant in percent, per mille or per ten thousand.
+bool looksLikePercent(const RateCell& cell);
 
 /// The rates of a line that are not 0.
 std::vector<RateCell> rateCells(const FolderFacts& facts, const standalone::loader::KeptLine& kept);

@@ -49,6 +49,12 @@ Flags flagsBeside(const Flags& flags) {
     return others;
 }
 
+/// How many of the instruments are not in the set.
+std::size_t countOfOthers(const InstrumentList& instruments, const InstrumentSet& set) {
+    return static_cast<std::size_t>(
+        std::count_if(instruments.begin(), instruments.end(), [&](const auto* each) { return set.count(each) == 0; }));
+}
+
 /// The line that gave the answer its first margin.
 Place firstMargin(const AccountFacts& facts, const Answer& answer) {
     for (const FeeLine& line : answer.lines) {
@@ -90,15 +96,16 @@ void findMissingHedgeFlags(AccountFacts& facts, Findings& findings) {
         std::set<Place> places;
     };
     std::map<Flags, Group> groups;  // by the flags that are there
-    for (const Answer& answer : facts.answers()) {
+    for (const AlikeAnswer& alike : facts.answers()) {
         Flags flags;
-        for (const auto& [flag, level] : answeredMargins(answer)) {
+        for (const auto& [flag, level] : answeredMargins(alike.answer)) {
             flags.insert(flag);
         }
-        if (!flags.empty() && !flagsBeside(flags).empty() && losers.count(answer.instrument.get()) == 0) {
+        const std::size_t count = countOfOthers(*alike.instruments, losers);
+        if (!flags.empty() && !flagsBeside(flags).empty() && count != 0) {
             Group& group = groups[flags];
-            ++group.count;
-            group.places.insert(firstMargin(facts, answer));
+            group.count += count;
+            group.places.insert(firstMargin(facts, alike.answer));
         }
     }
     for (const auto& [flags, group] : groups) {

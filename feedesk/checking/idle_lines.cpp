@@ -28,15 +28,18 @@ bool isOfSameKind(const FeeLine& line, const Input& input) {
 }
 
 /// The lines that answer for the instruments in the place of this one, those of most instruments first.
-std::vector<Place> winnersOver(const Input& input, const InstrumentSet& reach, const AccountFacts& facts) {
-    std::map<Place, std::size_t> counts;
-    for (const Answer& answer : facts.answers()) {
-        if (reach.count(answer.instrument.get()) == 0) {
-            continue;
+std::vector<Place> winnersOver(const Input& input, const InstrumentSet& reach, AccountFacts& facts) {
+    std::map<const AlikeAnswer*, std::size_t> reached;
+    for (const qmservice::CInstrument* instrument : reach) {
+        if (const AlikeAnswer* alike = facts.answerFor(instrument)) {
+            ++reached[alike];
         }
-        for (const FeeLine& line : answer.lines) {
+    }
+    std::map<Place, std::size_t> counts;
+    for (const auto& [alike, count] : reached) {
+        for (const FeeLine& line : alike->answer.lines) {
             if (line.origin.position && isOfSameKind(line, input)) {
-                ++counts[facts.folder().placeOf(*line.origin.position)];
+                counts[facts.folder().placeOf(*line.origin.position)] += count;
             }
         }
     }

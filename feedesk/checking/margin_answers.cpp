@@ -31,10 +31,10 @@ std::map<char, Level> answeredMargins(const Answer& answer) {
     return margins;
 }
 
-MarginAnswers::MarginAnswers(const AccountFacts& facts) {
-    for (const Answer& answer : facts.answers()) {
-        if (hasMargins(answer)) {
-            margins.emplace(answer.instrument.get(), answeredMargins(answer));
+MarginAnswers::MarginAnswers(AccountFacts& accountFacts) : facts(accountFacts) {
+    for (const AlikeAnswer& alike : facts.answers()) {
+        if (hasMargins(alike.answer)) {
+            margins.emplace(&alike, answeredMargins(alike.answer));
         }
     }
 }
@@ -42,7 +42,7 @@ MarginAnswers::MarginAnswers(const AccountFacts& facts) {
 InstrumentSet MarginAnswers::lostBy(const Input& input, const InstrumentSet& reach) const {
     InstrumentSet lost;
     for (const qmservice::CInstrument* instrument : reach) {
-        const auto answered = margins.find(instrument);
+        const auto answered = margins.find(facts.answerFor(instrument));
         if (answered != margins.end() && isLost(input, answered->second)) {
             lost.insert(instrument);
         }

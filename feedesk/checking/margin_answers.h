@@ -19,14 +19,16 @@ std::map<char, Level> answeredMargins(const Answer& answer);
 /// The margins with which the fee center answers for an account.
 class MarginAnswers {
 public:
-    explicit MarginAnswers(const AccountFacts& facts);
+    /// The facts outlive it.
+    explicit MarginAnswers(AccountFacts& accountFacts);
 
     /// The instruments among those that a margin line reaches for which its flag has no margin. Also those where the
     /// line is of a custom fee, which goes before the records, and the margin is still that of a record.
     [[nodiscard]] InstrumentSet lostBy(const Input& input, const InstrumentSet& reach) const;
 
 private:
-    std::map<const qmservice::CInstrument*, std::map<char, Level>, ByName> margins;
+    AccountFacts& facts;
+    std::map<const AlikeAnswer*, std::map<char, Level>> margins;
 };
 
 }  // namespace feedesk::checking

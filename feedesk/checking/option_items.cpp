@@ -29,10 +29,10 @@ void findUnaskedItems(AccountFacts& facts, Findings& findings) {
     Keys asked = chargedItems(facts.folder());
     asked.merge(facts.builtInItems());                             // those that clients know
     std::map<std::pair<Place, std::string>, std::size_t> unasked;  // by line and item
-    for (const Answer& answer : facts.answers()) {
-        for (const FeeLine& line : answer.lines) {
+    for (const AlikeAnswer& alike : facts.answers()) {
+        for (const FeeLine& line : alike.answer.lines) {
             if (line.part == kOptionPart && line.origin.position && asked.count(line.item) == 0) {
-                ++unasked[{facts.folder().placeOf(*line.origin.position), line.item}];
+                unasked[{facts.folder().placeOf(*line.origin.position), line.item}] += alike.instruments->size();
             }
         }
     }
@@ -49,10 +49,10 @@ void findUnaskedItems(AccountFacts& facts, Findings& findings) {
 void findMissingItems(AccountFacts& facts, Findings& findings) {
     const Keys charged = chargedItems(facts.folder());
     std::map<Keys, std::pair<std::size_t, std::set<Place>>> groups;  // by what is missing
-    for (const Answer& answer : facts.answers()) {
+    for (const AlikeAnswer& alike : facts.answers()) {
         Keys missing = charged;
         std::set<Place> places;
-        for (const FeeLine& line : answer.lines) {
+        for (const FeeLine& line : alike.answer.lines) {
             missing.erase(line.item);
             if (line.part == kOptionPart && line.origin.position) {
                 places.insert(facts.folder().placeOf(*line.origin.position));
@@ -60,7 +60,7 @@ void findMissingItems(AccountFacts& facts, Findings& findings) {
         }
         if (!places.empty() && !missing.empty()) {
             auto& [count, all] = groups[missing];
-            ++count;
+            count += alike.instruments->size();
             all.merge(places);
         }
     }

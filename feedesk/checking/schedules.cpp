@@ -6,6 +6,7 @@
 #include <optional>
 #include <tuple>
 
+#include "feedesk/checking/line_faults.h"
 #include "feedesk/checking/topics.h"
 #include "feedesk/text/numbers.h"
 #include "standalone/families.h"
@@ -111,12 +112,21 @@ void findUncheckedSchedules(const FolderFacts& facts, Findings& findings) {
             term.checked ? fmt::format("the {} schedule was last checked on {}", cost::wordFor(term.family),
                                        term.checked->text())
                          : fmt::format("the {} schedule does not say when it was checked", cost::wordFor(term.family));
-        findings.add({term.account.empty() ? std::vector<std::string>() : std::vector<std::string>{term.account},
-                      1,
-                      {Place::of(term.where)},
-                      found,
-                      "look it up and write the day in checked"});
+        findings.add({accountsOf(term), 1, {Place::of(term.where)}, found, "look it up and write the day in checked"});
     }
+}
+
+void findFutureChecks(const FolderFacts& facts, Findings& findings) {
+    LineFaults faults;
+    for (const cost::Term& term : facts.folder.schedule().terms()) {
+        if (term.checked && *term.checked > facts.newestCheck) {
+            faults.add(Place::of(term.where), accountsOf(term),
+                       fmt::format("the {} schedule says that it was checked on {}, a day to come",
+                                   cost::wordFor(term.family), term.checked->text()),
+                       "write the day on which it was looked up");
+        }
+    }
+    faults.addTo(findings);
 }
 
 }  // namespace feedesk::checking

@@ -7,13 +7,27 @@
 
 namespace feedesk::checking {
 
-// rate_sizes.cpp
+// rate_slips.cpp
 void findPercents(const FolderFacts& facts, Findings& findings);
-void findFarRates(const FolderFacts& facts, Findings& findings);
 void findNegativeRates(const FolderFacts& facts, Findings& findings);
 
-// missing_duties.cpp
+// far_rates.cpp
+void findFarRates(const FolderFacts& facts, Findings& findings);
+
+// far_terms.cpp
+void findFarTerms(const FolderFacts& facts, Findings& findings);
+void findUnexplainedTerms(const FolderFacts& facts, Findings& findings);
+
+// ended_lines.cpp
+void findEndedLines(AccountFacts& facts, Findings& findings);
+void findEndedExceptions(AccountFacts& facts, Findings& findings);
+
+// ended_terms.cpp
+void findEndedTerms(const FolderFacts& facts, Findings& findings);
+
+// left_out_charges.cpp
 std::unique_ptr<AcrossAccounts> missingDuties();
+std::unique_ptr<AcrossAccounts> freeCommissions();
 
 // duties.cpp
 void findOldDuties(const FolderFacts& facts, Findings& findings);
@@ -45,6 +59,7 @@ void findUnsetCommissions(AccountFacts& facts, Findings& findings);
 // schedules.cpp
 void findExpiredContracts(const FolderFacts& facts, Findings& findings);
 void findUncheckedSchedules(const FolderFacts& facts, Findings& findings);
+void findFutureChecks(const FolderFacts& facts, Findings& findings);
 
 // look_alikes.cpp
 void findInvisibleCharacters(const FolderFacts& facts, Findings& findings);

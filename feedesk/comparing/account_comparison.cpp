@@ -3,30 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "feedesk/answers/interval_center.h"
+#include "feedesk/alike/excerpt_answers.h"
 
 namespace feedesk {
 namespace {
-
-using standalone::FolderExcerpt;
-
-/// What a folder's fee center answers for the account and these instruments, which ascend.
-std::vector<Answer> answersOf(const ComparedFolder& folder, cost::Date day, std::size_t account,
-                              const std::vector<std::size_t>& places) {
-    IntervalCenter center(FolderExcerpt(folder.folder(), account, places).marketOn(day));
-    center.install();
-    const standalone::Account& asked = center.market().accounts.front();
-    center.feedOnce(asked);
-    std::vector<Question> questions;
-    for (const standalone::ListedInstrument& listed : center.market().instruments) {
-        questions.push_back({listed.record->market, listed.record->code});
-    }
-    std::vector<Answer> answers;
-    for (std::optional<Answer>& answer : center.traced(asked, questions, center.ask(asked, questions))) {
-        answers.push_back(std::move(answer).value_or(Answer()));
-    }
-    return answers;
-}
 
 /// The answers for the first of each group, in the groups' order.
 std::vector<Answer> answersOf(const ComparedFolder& folder, cost::Date day, std::size_t account, const Alike& alike,
@@ -39,10 +19,10 @@ std::vector<Answer> answersOf(const ComparedFolder& folder, cost::Date day, std:
     std::sort(asked.begin(), asked.end());
     std::vector<std::size_t> places(asked.size());
     std::transform(asked.begin(), asked.end(), places.begin(), [](const auto& each) { return each.first; });
-    std::vector<Answer> inOrder = answersOf(folder, day, account, places);
+    std::vector<std::optional<Answer>> inOrder = excerptAnswers(folder.folder(), day, account, places);
     std::vector<Answer> answers(alike.size());
     for (std::size_t i = 0; i < asked.size(); ++i) {
-        answers[asked[i].second] = std::move(inOrder[i]);
+        answers[asked[i].second] = std::move(inOrder[i]).value_or(Answer());
     }
     return answers;
 }

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "feedesk/alike/account_inputs.h"
 #include "feedesk/comparing/compared_folder.h"
-#include "feedesk/comparing/rate_difference.h"
 
 namespace feedesk {
 

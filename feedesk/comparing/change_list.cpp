@@ -51,7 +51,7 @@ std::string ChangeList::keyOf(const RateDifference& difference) {
     return fmt::format("{}|{}", changeOf(difference), set.first->second);
 }
 
-void ChangeList::addSources(const AnsweredRate& rate, const Lines& lines, ComparedFolder& folder,
+void ChangeList::addSources(const AnsweredRate& rate, const AccountDayLines& lines, ComparedFolder& folder,
                             std::size_t InstrumentPlaces::*ofFolder, Change& change,
                             std::vector<std::string>& sources) const {
     const standalone::Market& market = folder.folder().everyDay();

@@ -26,8 +26,7 @@ public:
 private:
     [[nodiscard]] std::string keyOf(const RateDifference& difference);
 
-    using Lines = std::vector<standalone::FolderContents::Line>;
-    void addSources(const AnsweredRate& rate, const Lines& lines, ComparedFolder& folder,
+    void addSources(const AnsweredRate& rate, const AccountDayLines& lines, ComparedFolder& folder,
                     std::size_t InstrumentPlaces::*ofFolder, Change& change, std::vector<std::string>& sources) const;
 
     ComparedFolder& before;

@@ -14,23 +14,9 @@
 namespace feedesk {
 namespace {
 
-using standalone::FolderContents;
-using Lines = std::vector<FolderContents::Line>;
-
-bool sameContents(const Lines& one, const Lines& other) {
+bool sameContents(const AccountDayLines& one, const AccountDayLines& other) {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(),
                       [](const auto& a, const auto& b) { return a.content == b.content && a.kind == b.kind; });
-}
-
-/// All that the answers of an account depend on besides what the accounts of a folder share: its number is no part.
-using AccountInputs = std::vector<int>;
-
-void addSide(const qmservice::CAccountInfo& account, const Lines& lines, AccountInputs& inputs) {
-    inputs.push_back(account.accountType);
-    inputs.push_back(account.platformId);
-    inputs.push_back(static_cast<int>(lines.size()));
-    std::transform(lines.begin(), lines.end(), std::back_inserter(inputs),
-                   [](const auto& line) { return line.content; });
 }
 
 /// The first day of each of the folder's intervals, and of its days that are covered, within the days.
@@ -116,8 +102,8 @@ std::vector<Change> Comparison::changesOn(cost::Date day) {
             continue;
         }
         AccountInputs inputs;
-        addSide(accountBefore, sides.linesBefore, inputs);
-        addSide(accountAfter, sides.linesAfter, inputs);
+        addInputs(accountBefore, sides.linesBefore, inputs);
+        addInputs(accountAfter, sides.linesAfter, inputs);
         const auto found = known.emplace(std::move(inputs), std::vector<RateDifference>());
         if (found.second) {
             found.first->second = compareAccount(before, after, day, sides, commonInstruments);

@@ -6,13 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "feedesk/alike/account_inputs.h"
 #include "feedesk/answers/answer.h"
-#include "standalone/folder_contents.h"
 
 namespace feedesk {
-
-/// The lines of an account on a day.
-using AccountDayLines = std::vector<standalone::FolderContents::Line>;
 
 /// What one folder answers.
 struct AnsweredRate {

@@ -111,9 +111,9 @@ public:
     /// again when they are needed.
     void keepOnly(cost::Date date);
 
-    /// Gives back the memory that the accounts take of which the day's fees were asked; they are fed again when they
-    /// are needed. Answers that were given stay.
-    void forgetAccounts() { asked->forgetAccounts(); }
+    /// Puts the day's market into the host's services, where somebody else put another one meanwhile. Only who asks
+    /// fee centers of its own needs it.
+    void install() { installed(askedDay); }
 
     /// The folder's part for the account and this instrument, which the folder has.
     [[nodiscard]] standalone::FolderExcerpt excerpt(const standalone::Account& account, const Question& question) const;

@@ -55,6 +55,12 @@ std::string yearsOfTheOldDuty() {
     return lines;
 }
 
+/// Three terms of other families; each text has the cells from minimum to until.
+std::string termsOfCommission(const std::string& credit, const std::string& neeq, const std::string& hgt) {
+    const std::string cells = ",,,commission,both,turnover,,order,CNY,2026-09-01";
+    return "credit" + cells + credit + "\nneeq" + cells + neeq + "\nhgt" + cells + hgt + "\n";
+}
+
 const std::vector<Fault>& faults() {
     static const std::vector<Fault> all = {
         {"PercentInAFeeTable",
@@ -127,8 +133,86 @@ const std::vector<Fault>& faults() {
          "warning",
          "fees/hgt.csv,3",
          "stamp_duty_sell is 0 for 1 instrument, such as HK:00701, and usually 0.001 for HK:007*"},
+        {"ExchangeWithoutACommission",
+         {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005", "S200,SZ,*,,0,0.0005"}},
+         "free-commission",
+         "warning",
+         "fees/stock.csv,5",
+         "commission is 0 for 1 instrument, such as SZ:300750, and usually 0.0002 for product CHINEXT"},
+        {"FuturesThatAreClosedForNothing",
+         {{"custom/commission.csv", "0.0002,0.0002", "0.0002,0"}},
+         "free-commission",
+         "warning",
+         "custom/commission.csv,2",
+         "close_by_money and close_by_volume are 0 for 1 instrument, such as SHFE:rb2705, and usually close_by_money "
+         "0.0001 for product rb"},
+        {"MinimumTenTimesTheOthers",
+         {{"charges.csv", "", termsOfCommission(",5,,,,,", ",5,,,,,", ",50,,,,,")}},
+         "far-term",
+         "warning",
+         "charges.csv,7",
+         "the minimum 50 of commission is far from all others: 10 times the next lower one, 5"},
+        {"MaximumATenthOfTheOthers",
+         {{"charges.csv", "", termsOfCommission(",,100,,,,", ",,10,,,,", ",,120,,,,")}},
+         "far-term",
+         "warning",
+         "charges.csv,6",
+         "the maximum 10 of commission is far from all others: a 10th of the next higher one, 100"},
+        {"RoundingUnlikeTheOthers",
+         {{"charges.csv", "commission,both,turnover,,order,CNY,2026-09-01,,,",
+           "commission,both,turnover,,order,CNY,2026-09-01,,,0.01 half_up"},
+          {"charges.csv", "", termsOfCommission(",,,0.01 half_up,,,", ",,,0.1 half_up,,,", ",,,0.01 half_up,,,")}},
+         "far-term",
+         "warning",
+         "charges.csv,6",
+         "commission has rounding 0.1 half_up, and 3 of its 4 terms have rounding 0.01 half_up"},
+        {"MinimumOfOneAccountThatNobodyExplains",
+         {{"charges.csv", "", "stock,S200,,commission,both,turnover,,order,CNY,2026-09-01,5,,,,,\n"}},
+         "unexplained-term",
+         "warning",
+         "charges.csv,5,S200",
+         "commission has minimum 5 in place of no minimum of charges.csv:2"},
+        {"MinimumPerFillThatNobodyExplains",
+         {{"charges.csv", "", "stock,S200,,commission,both,turnover,,fill,CNY,2026-09-01,,,,,,\n"}},
+         "unexplained-term",
+         "warning",
+         "charges.csv,5,S200",
+         "commission has per fill in place of per order of charges.csv:2"},
+        {"LineThatEndsAndNoneFollows",
+         {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005,,", "S200,SZ,*,,0.0003,0.0005,,2026-10-31"}},
+         "ended-line",
+         "warning",
+         "fees/stock.csv,5,S200,3",
+         "ends on 2026-10-31, and from 2026-11-01 on no line follows for 3 instruments, such as SZ:000001: built-in "
+         "default"},
+        {"LineThatEndsAndAWiderOneAnswers",
+         {{"fees/stock.csv", "", "S200,SZ,300750,,0.0002,0.0005,,2026-10-31\n"}},
+         "ended-exception",
+         "note",
+         "fees/stock.csv,6,S200,1",
+         "ends on 2026-10-31, and from 2026-11-01 on fees/stock.csv:5 answers for 1 instrument, such as SZ:300750, "
+         "with "
+         "other rates"},
+        {"TermThatEndsAndNoneFollows",
+         {{"charges.csv", "0.00002,order,CNY,2026-09-01,,,,,,", "0.00002,order,CNY,2026-09-01,,,,,,2026-12-31"}},
+         "ended-term",
+         "warning",
+         "charges.csv,3",
+         "ends on 2026-12-31, and no term charges levy from 2027-01-01 on"},
+        {"TermOfOneAccountThatEnds",
+         {{"charges.csv", "", "stock,S200,,commission,both,turnover,,order,CNY,2026-09-01,,,,,,2026-12-31\n"}},
+         "ended-term",
+         "warning",
+         "charges.csv,5,S200",
+         "ends on 2026-12-31, and charges.csv:2 charges commission in its place from 2027-01-01 on"},
+        {"ScheduleThatWasLookedUpOnADayToCome",
+         {{"charges.csv", "0.00002,order,CNY,2026-09-01", "0.00002,order,CNY,2999-01-01"}},
+         "future-check",
+         "warning",
+         "charges.csv,3",
+         "the stock schedule says that it was checked on 2999-01-01, a day to come"},
         {"OldDutyOfAChargingTerm",
-         {{"charges.csv", "", "stock,,,stamp_duty_own,sell,turnover,0.001,order,CNY,2026-09-01\n"}},
+         {{"charges.csv", "", "stock,,,stamp_duty_own,sell,turnover,0.001,order,CNY,2026-09-01,,,,,,\n"}},
          "old-duty",
          "error",
          "charges.csv,5",
@@ -282,7 +366,7 @@ const std::vector<Fault>& faults() {
          "custom/option.csv,4",
          "the item 0X0"},
         {"OptionItemThatIsChargedAndMissing",
-         {{"charges.csv", "", "option,,0D,handling_fee,exercise,quantity,,order,CNY,2026-09-01\n"}},
+         {{"charges.csv", "", "option,,0D,handling_fee,exercise,quantity,,order,CNY,2026-09-01,,,,,,\n"}},
          "missing-item",
          "warning",
          "custom/option.csv,2",
@@ -420,6 +504,56 @@ TEST(CheckFolderWithoutFaults, HasNoFinding) {
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(outcome.out, "severity,check,file,line,accounts,count,found,mend,places\n");
 }
+
+/// What looks like one of the faults above and is none.
+struct Lookalike {
+    std::string name;
+    std::vector<Edit> edits;
+};
+
+std::ostream& operator<<(std::ostream& out, const Lookalike& lookalike) { return out << lookalike.name; }
+
+class CheckLookalikes : public testing::TestWithParam<Lookalike> {};
+
+TEST_P(CheckLookalikes, AreNoFinding) {
+    const CheckFolder folder;
+    for (const Edit& edit : GetParam().edits) {
+        ASSERT_TRUE(put(folder, edit)) << edit.file << " does not hold once: " << edit.from;
+    }
+    const Outcome outcome = folder.check("--fail-on note --csv");
+    EXPECT_EQ(outcome.status, 0) << outcome.out << outcome.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, CheckLookalikes,
+    testing::Values(
+        Lookalike{"AccountsWithTheSameLinesEachOfItsOwn",
+                  {{"accounts.csv", "", "S300,第三户,stock\n"},
+                   {"fees/stock.csv", "", "S300,SH,*,,0.0003,0.0005,,\nS300,SZ,*,,0.0003,0.0005,,\n"}}},
+        Lookalike{"LineThatEndsAndOneFollows",
+                  {{"fees/stock.csv", "", "S200,SZ,300750,,0.0002,0.0005,,2026-10-31\n"},
+                   {"fees/stock.csv", "", "S200,SZ,300750,,0.0004,0.0005,2026-11-01,\n"}}},
+        Lookalike{"LineThatEndsAndAWiderOneHasTheSameRates",
+                  {{"fees/stock.csv", "", "S200,SZ,300750,,0.0003,0.0005,,2026-10-31\n"}}},
+        Lookalike{"LineThatEndsWithTheCoverage",
+                  {{"market.toml", "as_of = 2026-09-30\n", "as_of = 2026-09-30\ncoverage = { until = 2026-10-31 }\n"},
+                   {"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005,,", "S200,SZ,*,,0.0003,0.0005,,2026-10-31"}}},
+        Lookalike{"LineThatHasEnded", {{"fees/stock.csv", "", "S200,SZ,300750,,0.0002,0.0005,,2026-09-29\n"}}},
+        Lookalike{
+            "TermThatEndsAndOneFollows",
+            {{"charges.csv", "0.00002,order,CNY,2026-09-01,,,,,,", "0.00002,order,CNY,2026-09-01,,,,,,2026-12-31"},
+             {"charges.csv", "", "stock,,,levy,both,turnover,0.00003,order,CNY,2026-09-01,,,,,2027-01-01,\n"}}},
+        Lookalike{
+            "MinimumOfOneAccountWithItsSource",
+            {{"charges.csv", "", "stock,S200,,commission,both,turnover,,order,CNY,2026-09-01,5,,,agreed in 2026,,\n"}}},
+        Lookalike{"MinimumOfTenCentsThatIsNone",
+                  {{"charges.csv", "", termsOfCommission(",5,,,,,", ",5,,,,,", ",0.1,,,,,")}}},
+        Lookalike{"FuturesThatAreClosedOnTheSameDayForNothing",
+                  {{"fees/commission.csv", "open_by_money,close_by_money\n",
+                    "open_by_money,close_by_money,close_today_by_money\n"},
+                   {"fees/commission.csv", "rb*,0.0001,0.0001\n", "rb*,0.0001,0.0001,0.0001\n"},
+                   {"fees/commission.csv", "au*,0.00005,0.00005\n", "au*,0.00005,0.00005,0.00005\n"}}}),
+    [](const testing::TestParamInfo<Lookalike>& each) { return each.param.name; });
 
 /// Every check that there is has a fault above, so that none can be silent unnoticed.
 TEST(CheckFolderWithoutFaults, LeavesNoCheckWithoutAFault) {

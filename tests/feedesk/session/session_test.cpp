@@ -42,18 +42,19 @@ TEST(Session, KeepsTheIntervalsThatWereAskedForLast) {
     EXPECT_EQ(session.heldIntervals(), Session::kKeptIntervals);
 }
 
-TEST(Session, AnswersTheSameForAccountsThatItForgot) {
+TEST(Session, PutsItsMarketBackIntoTheServices) {
     const SampleFolder folder;
     writeMonths(folder);
     Session session(SessionOptions{folder.path(), 0, monthOf(3)});
-    const Replies before = session.fees(session.account("H100"), {{"HK", "00700"}});
-    session.forgetAccounts();
-    const Replies after = session.fees(session.account("H100"), {{"HK", "00700"}});
-    for (const Replies* replies : {&before, &after}) {
-        const FeeLine& line = replies->answers.at(0).lines.at(0);
-        EXPECT_EQ(line.rates.at(0).rates.at(0).value, 0.0003);
-        EXPECT_EQ(session.market().where(*line.origin.position), "fees/hgt.csv:4");
-    }
+    qmservice::CFeeCenter center("another");
+    const auto isKnown = [&] {
+        qmservice::IFeeCenter& asked = center;
+        return asked.getFee(session.account("H100").record, "HK", "00700") != nullptr;
+    };
+    standalone::install(standalone::prepared(standalone::Market()));
+    ASSERT_FALSE(isKnown());
+    session.install();
+    EXPECT_TRUE(isKnown());
 }
 
 }  // namespace

@@ -14,6 +14,10 @@ constexpr const char* kCheckedDay = "as_of = 2026-09-30\n";
 constexpr const char* kCheckedRates = R"([rates.stock]
 rate1 = { column = "commission", title = "Commission", unit = "fraction" }
 rate6 = { column = "stamp_duty", title = "Stamp duty", unit = "fraction" }
+[rates.credit]
+rate1 = { column = "commission", title = "Commission", unit = "fraction" }
+[rates.neeq]
+rate1 = { column = "commission", title = "Commission", unit = "fraction" }
 [rates.hgt]
 rate1 = { column = "commission", title = "Commission", unit = "fraction" }
 rate3 = { column = "stamp_duty_buy", title = "Stamp duty on purchases", unit = "fraction" }
@@ -102,15 +106,15 @@ CheckFolder::CheckFolder() {
           "account,update,category,item,handling_fee\n"
           "O100,1,3,000,1.3\n"
           "O100,2,3,011,1.3\n");
-    write("custom/commission.csv", "account,update,category,open_by_money\nF100,1,4,0.0002\n");
+    write("custom/commission.csv", "account,update,category,open_by_money,close_by_money\nF100,1,4,0.0002,0.0002\n");
     write("custom/margin.csv",
           "account,update,category,hedge_flag,long_by_money,short_by_money\n"
           "F100,1,4,3,0.15,0.15\n");
     write("charges.csv",
-          "family,account,item,charge,side,basis,rate,per,currency,checked\n"
-          "stock,,,commission,both,turnover,,order,CNY,2026-09-01\n"
-          "stock,,,levy,both,turnover,0.00002,order,CNY,2026-09-01\n"
-          "option,,000,handling_fee,open_long,quantity,,order,CNY,2026-09-01\n");
+          "family,account,item,charge,side,basis,rate,per,currency,checked,minimum,maximum,rounding,source,from,until\n"
+          "stock,,,commission,both,turnover,,order,CNY,2026-09-01,,,,,,\n"
+          "stock,,,levy,both,turnover,0.00002,order,CNY,2026-09-01,,,,,,\n"
+          "option,,000,handling_fee,open_long,quantity,,order,CNY,2026-09-01,,,,,,\n");
 }
 
 bool CheckFolder::replace(const std::string& file, const std::string& from, const std::string& to) const {
