@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/data.h"
+#include "host/host_export.h"
 
 namespace qmservice {
 
@@ -29,7 +30,7 @@ enum AccountKind : std::int32_t {
 ///
 /// getHashKey(0) is the account's key in every table: it depends on accountId alone, so it stays the same for the
 /// account's life, whatever becomes of the other fields.
-class CAccountInfo : public RecordOf<CAccountInfo> {
+class HOST_EXPORT CAccountInfo : public RecordOf<CAccountInfo> {
 public:
     CAccountInfo() = default;
     CAccountInfo(const CAccountInfo&) = default;
@@ -48,7 +49,7 @@ public:
 };
 
 /// What a host's data center holds for one account. Immutable.
-class CAccountData {
+class HOST_EXPORT CAccountData {
 public:
     explicit CAccountData(boost::shared_ptr<CAccountInfo> accountInfo) : info(std::move(accountInfo)) {}
 

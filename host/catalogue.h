@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/account.h"
+#include "host/host_export.h"
 #include "host/instrument.h"
 
 namespace qmservice {
@@ -28,7 +29,7 @@ enum InstrumentType : int { kFuturesType = 2, kFuturesExtraType = 1024 };
 // must not call back into the fee center from inside one.
 
 /// The host's instrument catalogue. Records handed out are shared with the catalogue.
-class IInstrumentCenter {
+class HOST_EXPORT IInstrumentCenter {
 public:
     IInstrumentCenter() = default;
     IInstrumentCenter(const IInstrumentCenter&) = delete;
@@ -46,7 +47,7 @@ public:
 };
 
 /// The host's account store.
-class IDataCenter {
+class HOST_EXPORT IDataCenter {
 public:
     IDataCenter() = default;
     IDataCenter(const IDataCenter&) = delete;
@@ -58,7 +59,7 @@ public:
 };
 
 /// The host's central object.
-class TraderCenter {
+class HOST_EXPORT TraderCenter {
 public:
     /// Never empty while the host runs.
     static boost::shared_ptr<TraderCenter> instance();

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/category_records.h"
+#include "host/host_export.h"
 
 namespace qmservice {
 
@@ -24,7 +25,7 @@ constexpr CategoryRange kGroupCategories{70001, 80001};   ///< categories made o
 
 /// The host's category service: utils::CSingletonT<CppCategory>::instance(). In every test the third string, where
 /// there is one, is the instrument's productId.
-class CppCategory {
+class HOST_EXPORT CppCategory {
 public:
     /// Whether the instrument is in the numbered system category.
     bool isStockInCategoryForTS(const std::string& market, const std::string& code, const std::string& productId,
@@ -44,7 +45,7 @@ public:
 };
 
 /// The host's classification of markets: utils::CSingletonT<StockTypeCenter>::instance().
-class StockTypeCenter {
+class HOST_EXPORT StockTypeCenter {
 public:
     /// True for a foreign futures market.
     [[nodiscard]] bool isWPMarket(const std::string& market) const;

@@ -4,12 +4,13 @@
 #include <cstdint>
 
 #include "host/data.h"
+#include "host/host_export.h"
 
 namespace qmservice {
 
 /// One part of a group category. An instrument is in the group when at least one part takes it in and no part leaves
 /// it out.
-class CGroupCategorySubInfo : public RecordOf<CGroupCategorySubInfo> {
+class HOST_EXPORT CGroupCategorySubInfo : public RecordOf<CGroupCategorySubInfo> {
 public:
     CGroupCategorySubInfo() = default;
     CGroupCategorySubInfo(const CGroupCategorySubInfo&) = default;

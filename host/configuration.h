@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/connect_records.h"
+#include "host/host_export.h"
 #include "host/stock_records.h"
 
 namespace qmservice {
@@ -15,11 +16,11 @@ namespace qmservice {
 constexpr int kUsualTradeUnit = 100;
 
 /// Minimum trade unit of an instrument, in shares or contracts.
-int getTradeMinUnit(const std::string& market, const std::string& code);
+HOST_EXPORT int getTradeMinUnit(const std::string& market, const std::string& code);
 
 /// The host's configuration. The limits handed out are shared with the configuration: the fee center never writes
 /// into them. An empty answer means that nothing is configured for the instrument.
-class ConfigCollector {
+class HOST_EXPORT ConfigCollector {
 public:
     /// Never empty while the host runs.
     static boost::shared_ptr<ConfigCollector> instance();

@@ -9,13 +9,14 @@
 
 #include "host/category_records.h"
 #include "host/data.h"
+#include "host/host_export.h"
 
 namespace qmservice {
 
 /// Rates of one instrument for a Hong Kong connect channel, with the category that a custom limit applies to.
 /// The two channels' records hold the same fields; they are different classes.
 template <class Record>
-class ConnectExchangeRateLimit : public RecordOf<Record> {
+class HOST_EXPORT ConnectExchangeRateLimit : public RecordOf<Record> {
 public:
     std::string category;  ///< category number as decimal text; not used by a limit that comes with a fee
     double rate1 = 0;
@@ -49,7 +50,7 @@ protected:
 };
 
 /// Rates of the Shanghai-Hong Kong channel.
-class CCustomHGTExchangeRateLimit : public ConnectExchangeRateLimit<CCustomHGTExchangeRateLimit> {
+class HOST_EXPORT CCustomHGTExchangeRateLimit : public ConnectExchangeRateLimit<CCustomHGTExchangeRateLimit> {
 public:
     CCustomHGTExchangeRateLimit() = default;
     CCustomHGTExchangeRateLimit(const CCustomHGTExchangeRateLimit&) = default;
@@ -58,7 +59,7 @@ public:
 };
 
 /// Rates of the Shenzhen-Hong Kong channel.
-class CCustomSgtExchangeRateLimit : public ConnectExchangeRateLimit<CCustomSgtExchangeRateLimit> {
+class HOST_EXPORT CCustomSgtExchangeRateLimit : public ConnectExchangeRateLimit<CCustomSgtExchangeRateLimit> {
 public:
     CCustomSgtExchangeRateLimit() = default;
     CCustomSgtExchangeRateLimit(const CCustomSgtExchangeRateLimit&) = default;

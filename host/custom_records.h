@@ -10,11 +10,12 @@
 #include "host/category_records.h"
 #include "host/connect_records.h"
 #include "host/data.h"
+#include "host/host_export.h"
 
 namespace qmservice {
 
 /// Custom rates of one category for stock, credit, NEEQ and stock-option accounts.
-class CCustomStkExchangeRateLimit : public RecordOf<CCustomStkExchangeRateLimit> {
+class HOST_EXPORT CCustomStkExchangeRateLimit : public RecordOf<CCustomStkExchangeRateLimit> {
 public:
     CCustomStkExchangeRateLimit() = default;
     CCustomStkExchangeRateLimit(const CCustomStkExchangeRateLimit&) = default;
@@ -47,7 +48,7 @@ public:
 };
 
 /// Custom futures commission of one category.
-class CCustomCommissionRateDetail : public RecordOf<CCustomCommissionRateDetail> {
+class HOST_EXPORT CCustomCommissionRateDetail : public RecordOf<CCustomCommissionRateDetail> {
 public:
     CCustomCommissionRateDetail() = default;
     CCustomCommissionRateDetail(const CCustomCommissionRateDetail&) = default;
@@ -72,7 +73,7 @@ public:
 };
 
 /// Custom futures margin of one category and hedge flag.
-class CCustomMarginRateDetail : public RecordOf<CCustomMarginRateDetail> {
+class HOST_EXPORT CCustomMarginRateDetail : public RecordOf<CCustomMarginRateDetail> {
 public:
     CCustomMarginRateDetail() = default;
     CCustomMarginRateDetail(const CCustomMarginRateDetail&) = default;
@@ -97,7 +98,7 @@ public:
 };
 
 /// Custom limits of a stock, credit, NEEQ or stock-option account, in priority order.
-class CCustomStockInstrumentFee : public RecordOf<CCustomStockInstrumentFee> {
+class HOST_EXPORT CCustomStockInstrumentFee : public RecordOf<CCustomStockInstrumentFee> {
 public:
     CCustomStockInstrumentFee() = default;
     CCustomStockInstrumentFee(const CCustomStockInstrumentFee&) = default;
@@ -108,7 +109,7 @@ public:
 };
 
 /// Custom limits of a Shanghai-Hong Kong connect account, in priority order.
-class CCustomHGTInstrumentFee : public RecordOf<CCustomHGTInstrumentFee> {
+class HOST_EXPORT CCustomHGTInstrumentFee : public RecordOf<CCustomHGTInstrumentFee> {
 public:
     CCustomHGTInstrumentFee() = default;
     CCustomHGTInstrumentFee(const CCustomHGTInstrumentFee&) = default;
@@ -119,7 +120,7 @@ public:
 };
 
 /// Custom limits of a Shenzhen-Hong Kong connect account, in priority order.
-class CCustomSgtInstrumentFee : public RecordOf<CCustomSgtInstrumentFee> {
+class HOST_EXPORT CCustomSgtInstrumentFee : public RecordOf<CCustomSgtInstrumentFee> {
 public:
     CCustomSgtInstrumentFee() = default;
     CCustomSgtInstrumentFee(const CCustomSgtInstrumentFee&) = default;
@@ -130,7 +131,7 @@ public:
 };
 
 /// Custom rates of a futures account; both lists in priority order, the first matching entry wins.
-class CCustomFutureInstrumentFee : public RecordOf<CCustomFutureInstrumentFee> {
+class HOST_EXPORT CCustomFutureInstrumentFee : public RecordOf<CCustomFutureInstrumentFee> {
 public:
     CCustomFutureInstrumentFee() = default;
     CCustomFutureInstrumentFee(const CCustomFutureInstrumentFee&) = default;

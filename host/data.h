@@ -7,6 +7,8 @@
 #include <iosfwd>
 #include <string>
 
+#include "host/host_export.h"
+
 struct _bson_t;  // NOLINT(bugprone-reserved-identifier): libbson's document, by the name that <bson/bson.h> gives it
 
 namespace qmservice {
@@ -19,7 +21,7 @@ using uint64 = std::uint64_t;
 /// Ownership: records are held by boost::shared_ptr; nothing returned here points into the record.
 /// A class that adds no fields of its own need only define copy() and getHashKey(); the other operations then describe
 /// a record without fields.
-class IData {
+class HOST_EXPORT IData {
 public:
     IData() = default;
     virtual ~IData();
@@ -65,7 +67,7 @@ protected:
 /// Declares the nine operations for one record class. They are defined once for all classes, from the list of each
 /// class's fields, in the records library.
 template <class Record>
-class RecordOf : public IData {
+class HOST_EXPORT RecordOf : public IData {
 public:
     [[nodiscard]] boost::shared_ptr<IData> copy() const override;
     [[nodiscard]] uint64 getHashKey(uint64 seed) const override;

@@ -6,11 +6,13 @@
 #include <boost/shared_ptr.hpp>
 #include <string>
 
+#include "host/host_export.h"
+
 namespace net {
 
 /// The host's network engine, owner of the threads and of the strands that run on them:
 /// utils::CSingletonT<net::RPCEngine>::instance().
-class RPCEngine {
+class HOST_EXPORT RPCEngine {
 public:
     /// The strand of that name, made on first request and shared by all who name it: the fee centers of that name, and
     /// the client that posts to it. Safe from any thread; never empty.

@@ -8,11 +8,12 @@
 #include <string>
 
 #include "host/data.h"
+#include "host/host_export.h"
 
 namespace qmservice {
 
 /// Futures commission of one instrument. A fee is the sum of its by-money and its by-volume part.
-class CCommissionRateDetail : public RecordOf<CCommissionRateDetail> {
+class HOST_EXPORT CCommissionRateDetail : public RecordOf<CCommissionRateDetail> {
 public:
     CCommissionRateDetail() = default;
     CCommissionRateDetail(const CCommissionRateDetail&) = default;
@@ -44,7 +45,7 @@ constexpr std::optional<std::size_t> hedgeSlot(std::int32_t hedgeFlag) {
 }
 
 /// Futures margin of one instrument for one hedge flag.
-class CMarginRateDetail : public RecordOf<CMarginRateDetail> {
+class HOST_EXPORT CMarginRateDetail : public RecordOf<CMarginRateDetail> {
 public:
     CMarginRateDetail() = default;
     CMarginRateDetail(const CMarginRateDetail&) = default;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/data.h"
+#include "host/host_export.h"
 
 namespace qmservice {
 
@@ -17,7 +18,7 @@ constexpr double kPartsOfTurnover = 10000;
 
 /// An instrument of the catalogue. The catalogue's records are shared with every answer and are not written after they
 /// have been published.
-class CInstrument : public RecordOf<CInstrument> {
+class HOST_EXPORT CInstrument : public RecordOf<CInstrument> {
 public:
     CInstrument() = default;
     CInstrument(const CInstrument&) = default;

@@ -8,6 +8,7 @@
 #include "host/connect_records.h"
 #include "host/data.h"
 #include "host/futures_records.h"
+#include "host/host_export.h"
 #include "host/instrument.h"
 #include "host/stock_records.h"
 
@@ -17,7 +18,7 @@ namespace qmservice {
 ///
 /// An answer belongs to the caller. The rate records inside it may be shared with the fee center, with other answers
 /// and with the host's configuration: they are not to be written. A family fills its own fields; the others stay empty.
-class CInstrumentFee : public RecordOf<CInstrumentFee> {
+class HOST_EXPORT CInstrumentFee : public RecordOf<CInstrumentFee> {
 public:
     CInstrumentFee() = default;
     CInstrumentFee(const CInstrumentFee&) = default;

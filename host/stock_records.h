@@ -7,11 +7,12 @@
 #include <string>
 
 #include "host/data.h"
+#include "host/host_export.h"
 
 namespace qmservice {
 
 /// Rates of one instrument for stock, credit and NEEQ accounts. What each rate is charged for is the host's to say.
-class CStkExchangeRateLimit : public RecordOf<CStkExchangeRateLimit> {
+class HOST_EXPORT CStkExchangeRateLimit : public RecordOf<CStkExchangeRateLimit> {
 public:
     CStkExchangeRateLimit() = default;
     CStkExchangeRateLimit(const CStkExchangeRateLimit&) = default;
@@ -28,7 +29,7 @@ public:
 };
 
 /// One fee item of a stock option, filed under the item key that its three characters make.
-class CStockOptionFeeItem : public RecordOf<CStockOptionFeeItem> {
+class HOST_EXPORT CStockOptionFeeItem : public RecordOf<CStockOptionFeeItem> {
 public:
     CStockOptionFeeItem() = default;
     CStockOptionFeeItem(const CStockOptionFeeItem&) = default;
@@ -46,7 +47,7 @@ public:
 };
 
 /// Stock-option rates: a base rate and the fee items by item key, a text of one to three characters.
-class CStockOptionFeeRate : public RecordOf<CStockOptionFeeRate> {
+class HOST_EXPORT CStockOptionFeeRate : public RecordOf<CStockOptionFeeRate> {
 public:
     CStockOptionFeeRate() = default;
     CStockOptionFeeRate(const CStockOptionFeeRate&) = default;
