@@ -302,7 +302,9 @@ const Hashed kHashed[] = {{"OrdinaryKey", "SH|A", {"SH|A"}},
                           {"ShenzhenConnectKey", "SGT|A", {"SGT|A", "HK|A"}},
                           {"ConnectTextInTheCode", "SH|6HGT1", {"SH|6HGT1", "HK6HGT1"}},
                           {"BothConnectTexts", "HGT|SGT", {"HGT|SGT", "HK|SGT"}},
-                          {"TwoCharacters", "HG", {"HG"}}};
+                          {"TwoCharacters", "HG", {"HG"}},
+                          {"EndOfAConnectText", "GT|A", {"GT|A"}},
+                          {"LastLetterOfAConnectText", "T|A", {"T|A"}}};
 
 class HashedKeyTest : public test::FeeCenterTest, public ::testing::WithParamInterface<Hashed> {};
 
