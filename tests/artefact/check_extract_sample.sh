@@ -40,4 +40,9 @@ printf 'text\n```cpp\n#include <a>\n\na[0];  // b\n#include "c"\nd();\n```\n#inc
 diff "$includes" <(printf '#line 3 "%s"\n#include <a>\n\n\n#include "c"\n\n' "$document") || fail 'the includes are others'
 diff "$body" <(printf '#line 3 "%s"\n\n\na[0];  // b\n\nd();\n' "$document") || fail 'the body is another'
 
+printf '```cpp\n#include <a>\na();\n```\n```cpp two\n#include <b>\nb();\n```\n' >"$document"
+"$extract" "$document" "$includes" "$body" two || fail 'a named sample was refused'
+diff "$body" <(printf '#line 6 "%s"\n\nb();\n' "$document") || fail 'the body of a named sample is another'
+"$extract" "$document" "$includes" "$body" three 2>/dev/null && fail 'a sample that is not there was taken'
+
 ((wrong == 0))

@@ -3,6 +3,7 @@
 # one of the programs', and each rule that a comment names is on the page. The table at the end of MAP has each rule once.
 #   check_rules.sh PAGE MAP SOURCES PROGRAM...
 set -euo pipefail
+here=$(dirname "$(realpath "${BASH_SOURCE[0]}")")
 page=$1
 map=$2
 sources=$3
@@ -12,12 +13,7 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 
-# "Suite.Test" whatever the instance: a suite of types is before the slash, one of values behind it.
-for program in "$@"; do
-  "$program" --gtest_list_tests | awk '
-    /^[^ ].*\./ { parts = split($1, part, "/"); suite = /# TypeParam/ ? part[1] : part[parts]; sub(/\.$/, "", suite) }
-    /^  /       { split($1, test, "/"); print suite "." test[1] }'
-done | sort -u >tests
+"$here"/list_tests.sh "$@" >tests
 
 grep '^### ' "$page" | sed 's/^### //' | sort >rules
 awk '/^### / { rule = substr($0, 5) }

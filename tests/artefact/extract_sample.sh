@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
-# Takes the one ```cpp block out of a document, for a test to compile as it is: its #include lines go to INCLUDES, the
-# rest goes to BODY. Every line keeps its number, so that the compiler's messages name the document's own lines.
-#   extract_sample.sh DOCUMENT INCLUDES BODY
+# Takes the one ```cpp block out of a document, or the one "```cpp NAME", for a test to compile as it is: its #include
+# lines go to INCLUDES, the rest goes to BODY. Every line keeps its number, so that the compiler's messages name the
+# document's own lines.
+#   extract_sample.sh DOCUMENT INCLUDES BODY [NAME]
 set -uo pipefail
 document=$1
 includes=$2
 body=$3
+opening='```cpp'${4:+ $4}
 
 refuse() {
   echo "$document: $1" >&2
@@ -28,15 +30,15 @@ while IFS= read -r line || [[ -n $line ]]; do
   elif [[ -n $inside ]]; then
     hoisted+=$'\n'
     rest+=$line$'\n'
-  elif [[ $line == '```cpp' ]]; then
+  elif [[ $line == "$opening" ]]; then
     inside=yes
     blocks=$((blocks + 1))
     start=$((number + 1))
   fi
 done <"$document"
 
-((blocks == 1)) || refuse "has $blocks \`\`\`cpp blocks, but exactly one was expected: the sample of a client"
-[[ -z $inside ]] || refuse "the \`\`\`cpp block that begins on line $((start - 1)) has no end"
+((blocks == 1)) || refuse "has $blocks $opening blocks, but exactly one was expected: the sample of a client"
+[[ -z $inside ]] || refuse "the $opening block that begins on line $((start - 1)) has no end"
 [[ $hoisted == *'#include'* ]] || refuse "the sample on line $start includes nothing, so no reader could compile it"
 [[ $rest == *[![:space:]]* ]] || refuse "the sample on line $start has no code"
 printf '#line %d "%s"\n%s' "$start" "$document" "$hoisted" >"$includes"

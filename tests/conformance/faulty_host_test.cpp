@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <set>
 #include <sstream>
 #include <string>
@@ -230,6 +232,20 @@ TEST(ConformanceTest, EveryPromiseHasItsFault) {
         faults.emplace_back(fault.promise);
     }
     EXPECT_EQ(faults, conformance::promises());
+}
+
+// A line of the guide's table begins "| `NAME` |".
+TEST(ConformanceTest, HostGuideListsThePromises) {
+    std::ifstream guide(HOST_GUIDE);
+    std::vector<std::string> listed;
+    bool inside = false;
+    for (std::string line; std::getline(guide, line);) {
+        inside = line.empty() ? false : inside || line == "| promise | what is checked |";
+        if (inside && line.rfind("| `", 0) == 0) {
+            listed.push_back(line.substr(3, line.find('`', 3) - 3));
+        }
+    }
+    EXPECT_EQ(listed, conformance::promises());
 }
 
 TEST(ConformanceTest, HostWithoutAFaultKeepsEveryPromise) {

@@ -131,6 +131,25 @@ TEST_P(BadHostTest, EveryCallThatFailedLeavesThingsWholeAndIsRepeated) {
 INSTANTIATE_TEST_SUITE_P(Operations, BadHostTest, ::testing::ValuesIn(test::allOperations()),
                          [](const auto& operation) { return operation.param.name; });
 
+TEST(BadHostListTest, WhatWasAppendedBeforeTheHostThrewStays) {
+    const test::FreshHost freshHost;
+    test::FakeHost& host = test::FakeHost::instance();
+    Scene scene({"A", "B", "C"});
+    OpenFeeCenter center;
+    scene.prepare(center);
+    int asked = 0;
+    host.onCall = [&](const std::string& operation) {
+        if (operation == "findInstrument" && ++asked == 2) {
+            test::throwAt(2, test::Thrown::kError);
+        }
+    };
+    std::vector<boost::shared_ptr<CInstrumentFee>> fees;
+    const auto account = test::makeAccount(kStockAccount, kKnown);
+    EXPECT_THROW(center.getFees(account, fees), test::HostError);
+    EXPECT_EQ(fees.size(), 1U);
+    host.onCall = nullptr;
+}
+
 TEST(BadHostConstructionTest, EngineThatGivesNoStrandLeavesNoFeeCenter) {
     const test::FreshHost freshHost;
     BadHost bad(test::FakeHost::instance());
