@@ -13,6 +13,12 @@ using namespace qmservice;
 
 constexpr double kRate = 0.000123;
 
+/// Final, so that it may be destroyed through a pointer: the destructor is not virtual.
+class OwnFeeCenter final : public CFeeCenter {
+public:
+    using CFeeCenter::CFeeCenter;
+};
+
 boost::shared_ptr<CInstrumentFee> commissionOf(const boost::shared_ptr<CInstrument>& instrument) {
     auto fee = boost::make_shared<CInstrumentFee>();
     fee->instrument = instrument;
@@ -32,7 +38,7 @@ void answersWhatWasLoaded(const Sample& sample, Witness& witness) {
         records.push_back(commissionOf(find(witness, known.market, known.code)));
     }
     // The marker holds the fee center: it must not be destroyed while a job is queued.
-    const auto center = std::make_shared<CFeeCenter>(sample.strand);
+    const auto center = std::make_shared<OwnFeeCenter>(sample.strand);
     witness.call("CFeeCenter::initFees", [&] { center->initFees(account, records); });
     Witness::expect(markerRuns(sample, [center] {}), "queued a job that was not run in time");
 

@@ -41,7 +41,8 @@ std::string callOn(const char* operation) {
 template <class Record>
 boost::shared_ptr<Record> copyOf(Witness& witness, const Record& record) {
     const boost::shared_ptr<IData> copy = witness.call(callOn<Record>("copy()"), [&] { return record.copy(); });
-    Witness::expect(copy && typeid(*copy) == typeid(Record), "gave no record of its own class");
+    const IData* const made = copy.get();
+    Witness::expect(made != nullptr && typeid(*made) == typeid(Record), "gave no record of its own class");
     return boost::static_pointer_cast<Record>(copy);
 }
 
