@@ -303,6 +303,9 @@ const Hashed kHashed[] = {{"OrdinaryKey", "SH|A", {"SH|A"}},
                           {"ConnectTextInTheCode", "SH|6HGT1", {"SH|6HGT1", "HK6HGT1"}},
                           {"BothConnectTexts", "HGT|SGT", {"HGT|SGT", "HK|SGT"}},
                           {"TwoCharacters", "HG", {"HG"}},
+                          {"ConnectTextWithAnotherEnd", "SH|HGX", {"SH|HGX"}},
+                          {"ConnectTextWithAnotherMiddle", "SH|HXT", {"SH|HXT"}},
+                          {"ConnectTextWithAnotherStart", "SH|XGT", {"SH|XGT"}},
                           {"EndOfAConnectText", "GT|A", {"GT|A"}},
                           {"LastLetterOfAConnectText", "T|A", {"T|A"}}};
 

@@ -68,6 +68,22 @@ TEST_F(EntryQueryTest, StockAndCreditTakeTheTradeUnitOfTheKeyAsGiven) {
     }
 }
 
+// As two threads ask, here at a place that is the same in each run.
+TEST_F(EntryQueryTest, QueryInTheMidstOfAnotherLeavesItsTradeUnitAsItIs) {
+    host.addInstrument("SH", "688001");
+    host.addInstrument("SZ", "000001");
+    host.tradeUnits[{"SH", "688001"}] = 200;
+    bool isInside = false;
+    host.onCall = [&](const std::string& call) {
+        if (call == "getTradeMinUnit" && !isInside) {
+            isInside = true;
+            EXPECT_EQ(unitAsked(2, "SZ|000001"), 100);
+            isInside = false;
+        }
+    };
+    EXPECT_EQ(unitAsked(2, "SH|688001"), 200);
+}
+
 TEST_F(EntryQueryTest, OtherKindsTakeTheTradeUnit100) {
     host.addInstrument("SH", "688001");
     host.tradeUnits[{"SH", "688001"}] = 200;

@@ -156,7 +156,8 @@ uint64 crc64(uint64 seed, const char* data, std::size_t length) {
 }
 
 int getTradeMinUnit(const std::string& market, const std::string& code) {
-    return findOr(host("getTradeMinUnit").tradeUnits, FakeHost::Name(market, code), 100);
+    const FakeHost& fake = host("getTradeMinUnit");  // may ask the fee center, before market and code are read
+    return findOr(fake.tradeUnits, FakeHost::Name(market, code), 100);
 }
 
 boost::shared_ptr<TraderCenter> TraderCenter::instance() {
