@@ -109,7 +109,7 @@ endfunction()
 function(install_manual)
   set(pages ${PROJECT_BINARY_DIR}/man)
   set(completion ${PROJECT_BINARY_DIR}/completion.bash)
-  add_custom_command(OUTPUT ${pages}/feedesk.1.gz ${completion} DEPENDS feedesk VERBATIM
+  add_custom_command(OUTPUT ${pages}/feedesk.1.gz ${completion} DEPENDS feedesk ${PROJECT_SOURCE_DIR}/scripts/man VERBATIM
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${pages}
     COMMAND ${PROJECT_SOURCE_DIR}/scripts/man $<TARGET_FILE:feedesk> ${pages}
     COMMAND gzip --recursive --best --no-name ${pages}
