@@ -13,6 +13,7 @@
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/options.h"
 #include "feedesk/program.h"
+#include "feedesk/session/usual_folder.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/terminal/pager.h"
 #include "feedesk/terminal/terminal.h"
@@ -53,8 +54,9 @@ std::string threadsProblem(const std::string& text) {
 
 /// What is loaded, and how.
 void addLoadOptions(CLI::App& app, Program& program) {
-    program.session.folder = kUsualFolder;
-    app.add_option("--market", program.session.folder, "Market folder (FEEDESK_MARKET; else ./market)")
+    program.session.folder = usualFolder();
+    app.add_option("--market", program.session.folder,
+                   "Market folder (FEEDESK_MARKET; else ./market;\nelse the installed one)")
         ->envname("FEEDESK_MARKET")
         ->type_name("DIR")
         ->option_text("DIR");

@@ -15,9 +15,6 @@ namespace feedesk {
 
 enum class Format { kTable, kJson, kJsonLines, kCsv, kCsvWithMark, kXlsx };
 
-/// The market folder where nobody names one.
-constexpr const char* kUsualFolder = "market";
-
 /// What people read with an answer's rows.
 struct Remarks {
     std::string heading;                 ///< above the tables; not with JSON and CSV

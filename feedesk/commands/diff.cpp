@@ -14,6 +14,7 @@
 #include "feedesk/session/folder_loading.h"
 #include "feedesk/session/overwriting.h"
 #include "feedesk/session/running_engine.h"
+#include "feedesk/session/usual_folder.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
@@ -37,7 +38,7 @@ constexpr const char* kHowToName = "; `feedesk diff A B` compares two of them";
 /// of diff may name none.
 bool namesAnotherFolder(const Program& program) {
     const char* const usual = std::getenv("FEEDESK_MARKET");
-    return program.shell == nullptr && program.session.folder != (usual == nullptr ? kUsualFolder : usual);
+    return program.shell == nullptr && program.session.folder != (usual == nullptr ? usualFolder() : usual);
 }
 
 void refuseContradictions(const Program& program, const DiffArguments& arguments) {

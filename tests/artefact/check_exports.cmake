@@ -1,5 +1,5 @@
 # The library exports what EXPECTED lists, one demangled name a line, and nothing else. A C++ symbol may appear several
-# times under one name (complete and base constructors).
+# times under one name (complete and base constructors). Where RENEW is set the list is written there instead.
 execute_process(COMMAND ${NM} -D --defined-only --demangle ${LIBRARY} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE ";" "," output "${output}")
 string(REGEX REPLACE "\n$" "" output "${output}")
@@ -9,6 +9,16 @@ foreach(line IN LISTS lines)
   list(APPEND exported "${name}")
 endforeach()
 list(REMOVE_DUPLICATES exported)
+
+if(RENEW)
+  # Present or not, as said below.
+  list(APPEND exported "vtable for qmservice::IFeeCenter")
+  list(REMOVE_DUPLICATES exported)
+  list(SORT exported)
+  list(JOIN exported "\n" text)
+  file(WRITE ${RENEW} "${text}\n")
+  return()
+endif()
 
 file(STRINGS ${EXPECTED} expected)
 set(missing ${expected})

@@ -21,6 +21,6 @@ says() {
 }
 
 says feedesk.1 'What trading costs an account' '\-\-market' 'Exit status: 0 answered' '贵州茅台'
-says feedesk-fee.1 'INSTRUMENT' '\-\-strict' 'Answer as JSON'
+says feedesk-fee.1 'feedesk-fee \- ' 'INSTRUMENT' '\-\-strict' 'Answer as JSON'
 says feedesk-cost.1 '\-\-break\-even'
 exit "$failed"

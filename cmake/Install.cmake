@@ -1,0 +1,126 @@
+# What is installed, and where. Everything may be moved afterwards: whatever names another file does so from its own place.
+# The components are those of Parts.cmake, `development`, which is what compiling against the library takes, and `market`.
+# Each part that others build against has targets of its own for find_package, and a pkg-config file.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(installed_headers ${CMAKE_INSTALL_INCLUDEDIR}/feecenter)
+set(installed_cmake ${CMAKE_INSTALL_LIBDIR}/cmake/feecenter)
+set(installed_pkgconfig ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+set(installed_market ${CMAKE_INSTALL_DATADIR}/feecenter/market)
+
+# from(OUT FOLDER TO): the way from one installed place to another.
+function(from out folder to)
+  file(RELATIVE_PATH way /prefix/${folder} /prefix/${to})
+  string(REGEX REPLACE "/$" "" way ${way})
+  set(${out} ${way} PARENT_SCOPE)
+endfunction()
+from(FEECENTER_MARKET_FROM_PROGRAM ${CMAKE_INSTALL_BINDIR} ${installed_market})
+
+# install_targets(PART COMPONENT): the file that defines the part's targets for find_package.
+function(install_targets part component)
+  install(EXPORT feecenter-${part} NAMESPACE feecenter:: DESTINATION ${installed_cmake} FILE feecenter-${part}.cmake
+          COMPONENT ${component})
+endfunction()
+
+# install_pkgconfig(NAME COMPONENT DESCRIPTION LIBS libs... [REQUIRES modules...] [CFLAGS flags...])
+function(install_pkgconfig name component description)
+  cmake_parse_arguments(PARSE_ARGV 3 arg "" "" "LIBS;REQUIRES;CFLAGS")
+  from(prefix ${installed_pkgconfig} .)
+  list(JOIN arg_LIBS " " libs)
+  list(JOIN arg_REQUIRES " " requires)
+  list(JOIN arg_CFLAGS " " cflags)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/part.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${installed_pkgconfig} COMPONENT ${component})
+endfunction()
+
+function(install_library)
+  add_library(feecenter::feecenter ALIAS feecenter)
+  if(NOT FEECENTER_INSTALL)
+    return()
+  endif()
+  install(TARGETS feecenter EXPORT feecenter-library
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
+    FILE_SET HEADERS DESTINATION ${installed_headers} COMPONENT development
+    FILE_SET boundary DESTINATION ${installed_headers} COMPONENT development)
+  install_targets(library development)
+  install_pkgconfig(feecenter development "${PROJECT_DESCRIPTION}" LIBS -lfeecenter)
+
+  configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/feecenterConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/feecenterConfig.cmake INSTALL_DESTINATION ${installed_cmake}
+    NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+  write_basic_package_version_file(${PROJECT_BINARY_DIR}/feecenterConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+  install(FILES ${PROJECT_BINARY_DIR}/feecenterConfig.cmake ${PROJECT_BINARY_DIR}/feecenterConfigVersion.cmake
+                ${PROJECT_SOURCE_DIR}/cmake/Libcsv.cmake
+          DESTINATION ${installed_cmake} COMPONENT development)
+endfunction()
+
+# install_part(PART targets... REQUIRES modules... [LIBS libs...])
+# Static libraries, the part's own first, called feecenter_NAME and for users feecenter::NAME. What it REQUIRES are modules
+# of pkg-config, its LIBS those that have none; feecenterConfig.cmake.in says the same for CMake.
+function(install_part part)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "REQUIRES;LIBS")
+  foreach(target IN LISTS arg_UNPARSED_ARGUMENTS)
+    string(REPLACE feecenter_ "" name ${target})
+    add_library(feecenter::${name} ALIAS ${target})
+    set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    list(APPEND libs -l${target})
+  endforeach()
+  if(NOT FEECENTER_INSTALL)
+    return()
+  endif()
+  list(GET arg_UNPARSED_ARGUMENTS 0 own)
+  get_target_property(sets ${own} INTERFACE_HEADER_SETS)
+  set(headers)
+  if(sets)
+    set(headers FILE_SET HEADERS DESTINATION ${installed_headers} COMPONENT ${part})
+  endif()
+  install(TARGETS ${arg_UNPARSED_ARGUMENTS} EXPORT feecenter-${part}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${part}
+    INCLUDES DESTINATION ${installed_headers}
+    ${headers})
+  install_targets(${part} ${part})
+  foreach(property IN ITEMS COMPILE_DEFINITIONS LINK_OPTIONS)
+    get_target_property(${property} ${own} INTERFACE_${property})
+    if(NOT ${property})
+      set(${property})
+    endif()
+  endforeach()
+  list(TRANSFORM COMPILE_DEFINITIONS PREPEND -D)
+  install_pkgconfig(feecenter-${part} ${part} "${PROJECT_DESCRIPTION}: ${part}"
+    LIBS ${LINK_OPTIONS} ${libs} ${arg_LIBS} REQUIRES ${arg_REQUIRES} CFLAGS ${COMPILE_DEFINITIONS})
+endfunction()
+
+function(install_feedesk)
+  if(NOT FEECENTER_INSTALL)
+    return()
+  endif()
+  from(library ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_LIBDIR})
+  set_target_properties(feedesk PROPERTIES INSTALL_RPATH "$ORIGIN/${library}")
+  install(TARGETS feedesk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT feedesk)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/market/ DESTINATION ${installed_market} COMPONENT market)
+  if(FEECENTER_MANUAL)
+    install_manual()
+  endif()
+endfunction()
+
+# Made by running the program: the manual pages from its help, and what bash completes its command lines by.
+function(install_manual)
+  set(pages ${PROJECT_BINARY_DIR}/man)
+  set(completion ${PROJECT_BINARY_DIR}/completion.bash)
+  add_custom_command(OUTPUT ${pages}/feedesk.1.gz ${completion} DEPENDS feedesk ${PROJECT_SOURCE_DIR}/scripts/man VERBATIM
+    COMMAND ${CMAKE_COMMAND} -E rm -rf ${pages}
+    COMMAND ${PROJECT_SOURCE_DIR}/scripts/man $<TARGET_FILE:feedesk> ${pages}
+    COMMAND gzip --recursive --best --no-name ${pages}
+    COMMAND $<TARGET_FILE:feedesk> completion bash > ${completion})
+  add_custom_target(manual ALL DEPENDS ${pages}/feedesk.1.gz ${completion})
+  install(DIRECTORY ${pages}/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT feedesk)
+  install(FILES ${completion} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME feedesk
+          COMPONENT feedesk)
+endfunction()
+
+if(FEECENTER_INSTALL AND PROJECT_IS_TOP_LEVEL)
+  add_custom_target(uninstall VERBATIM
+    COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR} -P ${PROJECT_SOURCE_DIR}/cmake/uninstall.cmake)
+endif()

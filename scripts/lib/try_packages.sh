@@ -1,0 +1,65 @@
+#!/usr/bin/env bash
+# Installs Debian packages in a bare Debian of their own, uses them as their users would, and removes them.
+#   try_packages.sh FOLDER PACKAGES...
+# FOLDER is where that Debian stands for as long as it runs.
+set -euo pipefail
+folder=$1
+shift
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+root=$(realpath "$(mktemp -d "$folder/debian.XXXXXX")")
+trap 'rm -rf "$root"' EXIT
+
+echo "Setting up a bare Debian in $root ..."
+# shellcheck disable=SC1091
+mmdebstrap --quiet --variant=apt "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$root"
+mkdir "$root/tried"
+cp "$@" "$root/tried"
+cp -r examples "$root/tried"
+
+# inside COMMAND: runs it in that Debian, whose programs ask nothing.
+inside() {
+  chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive bash -euc "$1"
+}
+# prints EXPECTED COMMAND: its output holds the text.
+prints() {
+  local output
+  output=$(inside "$2" 2>&1) && [[ $output == *"$1"* ]] && return
+  printf '%s\nprints, and not "%s":\n%s\n' "$2" "$1" "$output" >&2
+  return 1
+}
+# files_left: whatever bears the project's name.
+files_left() {
+  inside "find / -xdev \( -path /proc -o -path /sys -o -path /dev -o -path /tried \) -prune -o \( -path '*feecenter*' -o -path '*feedesk*' \) -print |
+    grep -v '^/var/\(cache\|lib\)/\(apt\|dpkg\)/\|^/var/log/' || true"
+}
+install="apt-get -qq -o Dpkg::Use-Pty=0 install --no-install-recommends"
+
+echo "The program, without a market and with the one of its package"
+inside "$install /tried/libfeecenter0_*.deb /tried/feedesk_*.deb >/dev/null"
+inside "ldd /usr/bin/feedesk | grep -q '/usr/lib/.*/libfeecenter.so.0'"
+if inside "cd / && feedesk accounts" >/dev/null 2>&1; then
+  echo "feedesk finds a market where no package brings one" >&2
+  exit 1
+fi
+inside "$install /tried/feecenter-market_*.deb >/dev/null"
+prints 1000001 "cd / && feedesk accounts"
+prints 0.025% "cd / && feedesk fee 1000001 SH:600519"
+
+echo "The library, built against by the examples"
+inside "$install /tried/libfeecenter-dev_*.deb g++ cmake make pkg-config >/dev/null"
+for example in host host-own-records desktop-loop; do
+  expected=$(<"examples/$example/expected.txt")
+  prints "$expected" "cd /tried/examples/$example && cmake -S . -B /tried/$example >/dev/null && cmake --build /tried/$example >/dev/null &&
+    /tried/$example/$example"
+  command=$(sed -n 's/^#   c++ /c++ /p' "examples/$example/CMakeLists.txt")
+  prints "$expected" "cd /tried/examples/$example && $command && ./$example"
+done
+
+echo "Removing them"
+inside "dpkg --purge feecenter-market feedesk libfeecenter-dev libfeecenter0 >/dev/null"
+left=$(files_left)
+if [[ $left ]]; then
+  printf 'these files were left:\n%s\n' "$left" >&2
+  exit 1
+fi
+echo "The packages were installed, used and removed"

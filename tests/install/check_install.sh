@@ -1,0 +1,128 @@
+#!/usr/bin/env bash
+# What a build installs can be moved, built against and removed. Each project of examples/ is built against the moved copy
+# with CMake and, where it says how, without; by g++ and by clang++. It must print what its expected.txt says.
+#   check_install.sh CMAKE SOURCE BUILD
+#
+# The installed headers are read all at once: what one of them includes must be installed too. That each compiles alone is
+# seen where the project's own are compiled, which are the same files.
+set -uo pipefail
+cmake=$1 source=$2 build=$3
+place=$(realpath "$(mktemp -d)")
+trap 'rm -rf "$place"' EXIT
+unset FEEDESK_MARKET PKG_CONFIG_PATH LD_LIBRARY_PATH CMAKE_PREFIX_PATH DESTDIR
+
+wrong=0
+# must WHAT COMMAND...: runs it; its output is shown when it fails.
+must() {
+  local what=$1 log=$place/log.$BASHPID
+  shift
+  "$@" >"$log" 2>&1 && return
+  echo "$what failed:"
+  tail -n 40 "$log"
+  return 1
+}
+fail() {
+  echo "$1"
+  wrong=$((wrong + 1))
+}
+
+installed=$place/moved/here
+must "installing" "$cmake" --install "$build" --prefix "$place/first" || exit 1
+mkdir "$place/moved"
+mv "$place/first" "$installed"
+
+# No file knows where it was built or first installed.
+if grep -rlF --include='*.cmake' --include='*.pc' -e "$source/" -e "$build/" -e "$place" "$installed"; then
+  fail "these files name a folder of the build"
+fi
+for file in "$installed"/bin/feedesk "$installed"/lib/libfeecenter.so; do
+  path=$(readelf -d "$file" | sed -nE 's/.*(RPATH|RUNPATH).*\[(.*)\]/\2/p')
+  [[ -z $path || $path == '$ORIGIN/'* ]] || fail "$file looks for libraries in $path"
+done
+
+(cd "$installed/include/feecenter" && find . -name '*.h' | sort | sed 's|^\./\(.*\)|#include "\1"|') >"$place/headers.cpp"
+must "reading the installed headers" g++ -std=c++17 -O0 -fsyntax-only -I "$installed/include/feecenter" "$place/headers.cpp" ||
+  wrong=$((wrong + 1))
+
+# Each header of the boundary is there, also one that no other includes.
+diff <(cd "$source" && ls host/*.h && cd include && ls -- *.h) <(cd "$installed/include/feecenter" && ls host/*.h && ls -- *.h) ||
+  fail "the installed headers (>) are not those of the project (<)"
+
+# feedesk finds the market that was moved with it, and goes by one at hand before that.
+shows() {
+  (cd "$place" && must "feedesk $2" "$installed/bin/feedesk" accounts && "$installed/bin/feedesk" accounts | grep -qF "$1") ||
+    fail "feedesk $2 does not show \"$1\""
+}
+shows 1000001 "with the installed market"
+cp -r "$installed/share/feecenter/market" "$place/market"
+sed -i 's/^1000001,[^,]*/1000001,AT HAND/' "$place/market/accounts.csv"
+shows "AT HAND" "with a market at hand"
+
+# prints EXAMPLE PROGRAM: the program prints what is expected of the example.
+prints() {
+  LD_LIBRARY_PATH=$installed/lib "$2" >"$2.txt" && diff "$source/examples/$1/expected.txt" "$2.txt"
+}
+
+# The projects are copied out of the tree, where they could find what is not installed.
+examples=$place/examples
+cp -r "$source/examples" "$examples"
+
+# with_cmake EXAMPLE COMPILER [OPTIONS...]
+with_cmake() {
+  local example=$1 compiler=$2 built=$place/$1-$2-cmake
+  shift 2
+  must "$example: configuring with $compiler" "$cmake" -S "$examples/$example" -B "$built" -G Ninja \
+    -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=None -DCMAKE_PREFIX_PATH="$installed" "$@" &&
+    must "$example: building with CMake and $compiler" "$cmake" --build "$built" -j1 &&
+    must "$example, built with CMake and $compiler," prints "$example" "$built/$example"
+}
+
+# without_cmake EXAMPLE COMPILER: by the command that the project gives.
+without_cmake() {
+  local example=$1 compiler=$2 program=$place/$1-$2
+  local command
+  command=$(sed -n 's/^#   c++ //p' "$source/examples/$example/CMakeLists.txt")
+  [[ -n $command ]] || { echo "$example gives no command with pkg-config" && return 1; }
+  (cd "$examples/$example" &&
+    PKG_CONFIG_PATH=$installed/lib/pkgconfig \
+      must "$example: $compiler with pkg-config" bash -c "$compiler ${command/-o $example /-o $program }") &&
+    must "$example, built with $compiler and pkg-config," prints "$example" "$program"
+}
+
+# As a part of another build, whose tree has no other folder of the project, and which finds nothing but Boost.
+embedded() {
+  local tree=$place/embedding none=() package
+  mkdir "$tree"
+  cp -r "$source"/{CMakeLists.txt,cmake,examples,feecenter,host,include} "$tree"
+  for package in CLI11 PkgConfig fmt; do
+    none+=("-DCMAKE_DISABLE_FIND_PACKAGE_$package=ON")
+  done
+  examples=$tree/examples
+  with_cmake embedded "$1" -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 "${none[@]}"
+}
+
+# all_with COMPILER: its status is how many failed.
+all_with() {
+  local compiler=$1 example bad=0
+  for example in host host-own-records desktop-loop; do
+    with_cmake "$example" "$compiler" || bad=$((bad + 1))
+    without_cmake "$example" "$compiler" || bad=$((bad + 1))
+  done
+  return "$bad"
+}
+all_with g++ &
+lanes=($!)
+all_with clang++ &
+lanes+=($!)
+for lane in "${lanes[@]}"; do
+  wait "$lane" || wrong=$((wrong + $?))
+done
+embedded g++ || wrong=$((wrong + 1))
+
+# Back where it was installed, it is removed: no file stays, and no folder of the project's own.
+mv "$installed" "$place/first"
+must "removing" "$cmake" -DBUILD="$build" -P "$source/cmake/uninstall.cmake" || wrong=$((wrong + 1))
+left=$(find "$place/first" ! -type d -o -path '*feecenter*')
+[[ -z $left ]] || fail "these were left: $left"
+
+((wrong == 0))
