@@ -34,8 +34,9 @@ void answersWhatWasLoaded(const Sample& sample, Witness& witness) {
     account->accountType = kFuturesAccount;
     account->accountId = "conformance: an account of the suite's own";
     std::vector<boost::shared_ptr<IData>> records;
+    records.reserve(sample.instruments.size());
     for (const SampleInstrument& known : instrumentsOf(sample)) {
-        records.push_back(commissionOf(find(witness, known.market, known.code)));
+        records.emplace_back(commissionOf(find(witness, known.market, known.code)));
     }
     // The marker holds the fee center: it must not be destroyed while a job is queued.
     const auto center = std::make_shared<OwnFeeCenter>(sample.strand);
