@@ -18,7 +18,7 @@
 #include "feedesk/terminal/pager.h"
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/text.h"
-#include "standalone/text/escape.h"
+#include "feedesk/usage_problem.h"
 #include "standalone/text/numbers.h"
 
 namespace feedesk {
@@ -105,26 +105,6 @@ void describe(CLI::App& app, Program& program) {
     }
 }
 
-/// What is wrong with a command line. `error` repeats some arguments as they were written.
-std::string usageProblem(const CLI::App& app, const CLI::ParseError& error) {
-    const std::vector<std::string> left = app.remaining(true);
-    const bool noCommand = app.get_subcommands().empty();
-    if (!left.empty()) {
-        return fmt::format("the argument {} was not expected", echoed(left.front()));
-    }
-    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError) && noCommand) {
-        return "a command is needed";
-    }
-    return standalone::printable(error.what());
-}
-
-/// Where the arguments that belong to this command line are described.
-std::string howToAsk(const CLI::App& app) {
-    const std::vector<CLI::App*> named = app.get_subcommands();
-    return fmt::format("; `feedesk {}--help` shows how to ask",
-                       named.empty() || named.front()->get_group().empty() ? "" : named.front()->get_name() + " ");
-}
-
 /// Help and version are answers; everything else that ends the reading of a command line is bad usage.
 ExitStatus usage(const CLI::App& app, const CLI::ParseError& error) {
     std::ostringstream answer;
@@ -133,10 +113,7 @@ ExitStatus usage(const CLI::App& app, const CLI::ParseError& error) {
         writeText(answer.str());
         return kAnswered;
     }
-    const std::vector<std::string> left = app.remaining(true);
-    const bool isUnknownCommand = !left.empty() && app.get_subcommands().empty() && left.front().front() != '-';
-    throw Failure(kBadInput,
-                  isUnknownCommand ? unknownCommand(app, left.front()) : usageProblem(app, error) + howToAsk(app));
+    throw Failure(kBadInput, usageProblem(app, error));
 }
 
 ExitStatus answerCommandLine(const std::vector<std::string>& words, Program& program) {
@@ -188,10 +165,10 @@ ExitStatus runCommand(const std::vector<std::string>& words, Program& program) {
 }
 
 std::vector<std::string> completionsFor(const std::vector<std::string>& words, Program& program,
-                                        const MarketOf& marketOf) {
+                                        const FolderWords& folderWords) {
     CLI::App app(kAbout);
     describe(app, program);
-    return completions(app, program.choices, words, marketOf);
+    return completions(app, program.choices, words, folderWords);
 }
 
 int run(int argc, const char* const* argv) {

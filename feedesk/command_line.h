@@ -16,7 +16,7 @@ ExitStatus runCommand(const std::vector<std::string>& words, Program& program);
 
 /// Which words can stand in the place of the last of `words` for this program.
 std::vector<std::string> completionsFor(const std::vector<std::string>& words, Program& program,
-                                        const MarketOf& marketOf);
+                                        const FolderWords& folderWords);
 
 }  // namespace feedesk
 

@@ -94,8 +94,8 @@ void addComplete(CLI::App& app, Program& program) {
     command->callback([&app, &program, words] {
         program.command = [&app, &program, words] {
             std::string text;
-            const auto marketOf = [&](const auto& before) { return namedMarket(before, program.session.folder); };
-            for (const std::string& each : completions(app, program.choices, *words, marketOf)) {
+            const FolderWords folderWords = namedFolderWords(program.session.folder);
+            for (const std::string& each : completions(app, program.choices, *words, folderWords)) {
                 // The shell's function cuts the line at blanks, whatever quotes there are.
                 text += each.find_first_of(" \t\n") == std::string::npos ? each + "\n" : "";
             }

@@ -13,11 +13,15 @@
 
 namespace feedesk {
 
+/// "yes", "no", or nothing where nobody expects anything.
+Value expected(Judgement judgement);
+
 /// A rate that differs.
 struct ChangeRow {
     const Change& change;
     std::vector<std::string> accounts;     ///< numbers
     std::vector<std::string> instruments;  ///< "SH:600519"
+    std::string instrumentsShort;          ///< as patterns, or the first few, and how many they are
     std::string heading;                   ///< accounts, instruments and days, for people
     Judgement judgement = Judgement::kNone;
 };

@@ -3,8 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
-#include <boost/algorithm/string/case_conv.hpp>
-#include <locale>
 #include <set>
 
 #include "feedesk/commands/account_choice.h"
@@ -13,7 +11,7 @@
 #include "feedesk/commands/fees_of_accounts.h"
 #include "feedesk/commands/only_markets.h"
 #include "feedesk/commands/options.h"
-#include "feedesk/instruments/instrument_text.h"
+#include "feedesk/instruments/instrument_patterns.h"
 #include "feedesk/instruments/traded_instruments.h"
 #include "feedesk/program.h"
 #include "feedesk/text/numbers.h"
@@ -34,6 +32,21 @@ struct FeesArguments {
     bool all = false;
 };
 
+/// The filters with the markets that the patterns may name.
+struct Filters {
+    const std::vector<std::string>& markets;
+    std::vector<PlacedPattern> patterns;
+
+    Filters(const FeesArguments& arguments, const Session& session, const Account& account)
+        : markets(arguments.markets) {
+        const AskedMarkets known =
+            session.instruments().marketsAsked(standalone::tradesThroughConnect(account.record->accountType));
+        for (const std::string& pattern : arguments.patterns) {
+            patterns.push_back(placedPattern(pattern, known));
+        }
+    }
+};
+
 std::string whyNoList(const standalone::Account& account) {
     const std::string& id = account.record->accountId;
     const int kind = account.record->accountType;
@@ -48,37 +61,39 @@ std::string whyNoList(const standalone::Account& account) {
 
 /// The items that the filters want, in their order. `instrumentOf(item)` gives an item's instrument.
 template <class Item, class InstrumentOf>
-std::vector<Item> wanted(const FeesArguments& arguments, const std::vector<Item>& items,
-                         const InstrumentOf& instrumentOf) {
+std::vector<Item> wanted(const Filters& filters, const std::vector<Item>& items, const InstrumentOf& instrumentOf) {
     std::set<const qmservice::CInstrument*> like;
     std::vector<Item> found;
-    std::copy_if(items.begin(), items.end(), std::back_inserter(found),
-                 [&](const Item& item) { return isAmong(arguments.markets, instrumentOf(item).market); });
-    for (const std::string& pattern : arguments.patterns) {
-        for (const Item& item : itemsLike(found, pattern, [&](const Item& each) {
+    for (const PlacedPattern& pattern : filters.patterns) {
+        std::vector<Item> there;
+        std::copy_if(items.begin(), items.end(), std::back_inserter(there), [&](const Item& item) {
+            const std::string& market = instrumentOf(item).market;
+            return isAmong(filters.markets, market) && pattern.isIn(market);
+        });
+        for (const Item& item : itemsLike(there, pattern.name, [&](const Item& each) {
                  const qmservice::CInstrument& instrument = instrumentOf(each);
                  return std::array<std::string_view, 2>{instrument.code, instrument.name};
              })) {
             like.insert(&instrumentOf(item));
         }
     }
-    const auto isUnlike = [&](const Item& item) { return like.count(&instrumentOf(item)) == 0; };
-    found.erase(std::remove_if(found.begin(), found.end(), isUnlike), found.end());
+    std::copy_if(items.begin(), items.end(), std::back_inserter(found),
+                 [&](const Item& item) { return like.count(&instrumentOf(item)) != 0; });
     return found;
 }
 
 using Fee = boost::shared_ptr<qmservice::CInstrumentFee>;
 
-IntervalCenter::Fees wantedFees(const FeesArguments& arguments, const IntervalCenter::Fees& fees) {
-    return wanted(arguments, fees, [](const Fee& fee) -> const qmservice::CInstrument& { return *fee->instrument; });
+IntervalCenter::Fees wantedFees(const Filters& filters, const IntervalCenter::Fees& fees) {
+    return wanted(filters, fees, [](const Fee& fee) -> const qmservice::CInstrument& { return *fee->instrument; });
 }
 
 using Listings = std::vector<const ListedInstrument*>;
 
 /// By market and code.
-Listings wantedListings(const FeesArguments& arguments, const Account& account, const standalone::Market& market) {
+Listings wantedListings(const Filters& filters, const Account& account, const standalone::Market& market) {
     Listings traded =
-        wanted(arguments, tradedListings(account.record->accountType, market),
+        wanted(filters, tradedListings(account.record->accountType, market),
                [](const ListedInstrument* listed) -> const qmservice::CInstrument& { return *listed->record; });
     std::sort(traded.begin(), traded.end(), [](const ListedInstrument* one, const ListedInstrument* other) {
         return std::tie(one->record->market, one->record->code) < std::tie(other->record->market, other->record->code);
@@ -88,11 +103,12 @@ Listings wantedListings(const FeesArguments& arguments, const Account& account, 
 
 /// The fees that the account is asked for; nothing where it has no list.
 std::optional<Replies> askedFees(const FeesArguments& arguments, Session& session, const Account& account) {
+    const Filters filters(arguments, session, account);
     if (!arguments.all) {
-        return session.listedFees(account, [&](const auto& fees) { return wantedFees(arguments, fees); });
+        return session.listedFees(account, [&](const auto& fees) { return wantedFees(filters, fees); });
     }
     std::vector<Question> questions;
-    for (const ListedInstrument* listed : wantedListings(arguments, account, session.market())) {
+    for (const ListedInstrument* listed : wantedListings(filters, account, session.market())) {
         questions.push_back({listed->record->market, listed->record->code});
     }
     return session.fees(account, questions);
@@ -102,10 +118,19 @@ bool isNothing(const std::optional<Replies>& replies) {
     return !replies || (replies->answers.empty() && replies->unanswered.empty());
 }
 
+/// The pattern for texts that hold what it says of instruments anywhere, in the market that it names.
+std::string widenedName(const std::string& pattern, const PlacedPattern& placed) {
+    const std::size_t name = placed.namesMarkets ? pattern.find(placed.name) : std::string::npos;
+    return name == std::string::npos ? widened(pattern)
+                                     : std::string(pattern).replace(name, placed.name.size(), widened(placed.name));
+}
+
 /// How to find what a pattern is only a part of; empty when that finds nothing either.
 std::string widerPattern(FeesArguments arguments, Session& session, const Account& account) {
-    for (const std::string& pattern : std::vector<std::string>(arguments.patterns)) {
-        arguments.patterns = {widened(pattern)};
+    const std::vector<std::string> patterns = arguments.patterns;
+    const Filters filters(arguments, session, account);
+    for (std::size_t i = 0; i < patterns.size(); ++i) {
+        arguments.patterns = {widenedName(patterns[i], filters.patterns[i])};
         if (!isNothing(askedFees(arguments, session, account))) {
             return insideAdvice("--match '" + arguments.patterns.front() + "'");
         }
@@ -113,18 +138,12 @@ std::string widerPattern(FeesArguments arguments, Session& session, const Accoun
     return "";
 }
 
-/// How to write a pattern that names a market; empty when none of them does.
-std::string marketAdvice(const FeesArguments& arguments, const standalone::Market& market) {
-    for (const std::string& pattern : arguments.patterns) {
-        for (const MarketAndName& reading : readings(pattern)) {
-            const std::string name = boost::to_upper_copy(reading.market, std::locale::classic());
-            const bool isMarket =
-                std::any_of(market.markets.begin(), market.markets.end(),
-                            [&](const standalone::MarketPlace& place) { return place.market == name; });
-            if (isMarket) {
-                return fmt::format("; --match takes no market, write --only-market {} --match '{}'", name,
-                                   reading.name);
-            }
+/// Which market of a pattern nobody knows; empty when there is none such.
+std::string unknownMarket(const FeesArguments& arguments, Session& session, const Account& account) {
+    for (const PlacedPattern& pattern : Filters(arguments, session, account).patterns) {
+        if (pattern.namesUnknownMarket()) {
+            return fmt::format("; the market folder has no market {}",
+                               echoed(pattern.name.substr(0, pattern.name.find(':'))));
         }
     }
     return "";
@@ -136,7 +155,7 @@ std::string whyNoneWanted(const FeesArguments& arguments, Session& session, cons
     const std::optional<Replies> replies = askedFees(everything, session, account);
     return fmt::format("none of the {} {} account {} is wanted by the filters{}{}",
                        counted(replies->answers.size(), "instrument"), arguments.all ? "for" : "in the list of",
-                       account.record->accountId, marketAdvice(arguments, session.market()),
+                       account.record->accountId, unknownMarket(arguments, session, account),
                        widerPattern(arguments, session, account));
 }
 
@@ -178,7 +197,7 @@ ExitStatus feesOfSeveral(Program& program, Session& session, const FeesArguments
                          "trades",
                          counted(accounts.size(), "account"))
                    : fmt::format("the filters want no instrument of the {}{}", counted(accounts.size(), "account"),
-                                 marketAdvice(arguments, session.market()));
+                                 unknownMarket(arguments, session, *accounts.front()));
     };
     return answerOfAccounts(program, session, accounts, {ask, notes, whyNone});
 }
@@ -208,7 +227,8 @@ void addFees(CLI::App& app, Program& program) {
     addAccountChoice(*command, arguments.choice);
     addOnlyMarket(*command, arguments.markets);
     command
-        ->add_option("--match", arguments.patterns, "Only codes or names like this; * is any text;\nmay be given again")
+        ->add_option("--match", arguments.patterns,
+                     "Only codes or names like this, such as 60* or\nSH:60*; * is any text; may be given again")
         ->type_name("PATTERN")
         ->allow_extra_args(false);
     command->add_flag("--all", arguments.all, "Every instrument that an account trades, and\nnot only its list");

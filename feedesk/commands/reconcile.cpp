@@ -42,8 +42,8 @@ std::vector<Layout> layoutsFor(const ReconcileArguments& arguments, const std::s
     std::vector<Layout> layouts = layoutsOf(folder);
     if (layouts.empty()) {
         throw Failure(kBadInput,
-                      fmt::format("{}/{} holds no layout of statements; name one with --layout FILE{}", echoed(folder),
-                                  standalone::files::kLayouts, standalone::files::kLayoutEnding));
+                      fmt::format("{}/{} holds no layout of statements; name one with --layout FILE{}",
+                                  pathText(folder), standalone::files::kLayouts, standalone::files::kLayoutEnding));
     }
     return layouts;
 }
@@ -87,7 +87,7 @@ std::string sumText(const Reconciliation& found) {
 void writePatch(const std::string& path, const std::string& patch) {
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     if (!(file << patch << std::flush)) {
-        throw Failure(kBadInput, fmt::format("{} cannot be written: {}", echoed(path), std::strerror(errno)));
+        throw Failure(kBadInput, fmt::format("{} cannot be written: {}", pathText(path), std::strerror(errno)));
     }
 }
 
@@ -95,7 +95,7 @@ std::string patchNote(const ReconcileArguments& arguments, const Proposals& prop
     if (proposals.patch.empty()) {
         return arguments.patch.empty()
                    ? ""
-                   : fmt::format("there is no change to propose; {} is not written{}", echoed(arguments.patch),
+                   : fmt::format("there is no change to propose; {} is not written{}", pathText(arguments.patch),
                                  std::filesystem::exists(arguments.patch)
                                      ? ", and what the file holds is of before and not of this statement"
                                      : "");

@@ -16,7 +16,7 @@ void requireCovered(const ComparedFolder& compared, cost::Date day) {
     const std::string refusal = compared.folder().coverage().refusal(day);
     if (!refusal.empty()) {
         throw Failure(kBadInput,
-                      fmt::format("{}: {} with --from and --until", echoed(compared.folder().name()), refusal));
+                      fmt::format("{}: {} with --from and --until", pathText(compared.folder().name()), refusal));
     }
 }
 
@@ -67,7 +67,7 @@ std::vector<std::string> coverageNotes(const ComparedFolder& before, const Compa
             auto same =
                 std::find_if(joined.begin(), joined.end(), [&](const auto& each) { return each.first == known; });
             same = same == joined.end() ? joined.insert(same, {known, {}}) : same;
-            same->second.push_back(echoed(compared->folder().name()));
+            same->second.push_back(pathText(compared->folder().name()));
         };
         const standalone::Coverage& coverage = compared->folder().coverage();
         for (std::size_t family = 0; family < coverage.familyDays.size(); ++family) {

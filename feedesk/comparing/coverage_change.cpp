@@ -81,8 +81,8 @@ private:
         const std::optional<Date>& old = before.*end.day;
         loss.days = *days;
         loss.sentence =
-            fmt::format("{}'s schedules{} {} on {}, those of {} {}", echoed(to.folder().name()), of, end.verb,
-                        (after.*end.day)->text(), echoed(from.folder().name()), old ? "on " + old->text() : end.none);
+            fmt::format("{}'s schedules{} {} on {}, those of {} {}", pathText(to.folder().name()), of, end.verb,
+                        (after.*end.day)->text(), pathText(from.folder().name()), old ? "on " + old->text() : end.none);
         found.push_back(std::move(loss));
     }
 

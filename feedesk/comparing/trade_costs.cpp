@@ -58,7 +58,7 @@ private:
 /// Adds up what the trades cost by one folder. `isFirst`: the trades have not been counted yet.
 void charge(const TradeFileLines& file, const SessionOptions& options, cost::Decimal AccountCosts::*side, bool isFirst,
             CostTable& table) {
-    const Progress progress("charging the trades of " + file.name + " by " + echoed(options.folder));
+    const Progress progress("charging the trades of " + file.name + " by " + pathText(options.folder));
     Session session(options);
     Tariffs tariffs(session);
     std::size_t wrong = 0;
@@ -69,7 +69,7 @@ void charge(const TradeFileLines& file, const SessionOptions& options, cost::Dec
     };
     const auto refuseDay = [&](cost::Date day, std::size_t trades, const std::string& sentence) {
         wrong += trades;
-        tellProblem(fmt::format("by {} of the trades of {} {}", echoed(options.folder), day.text(), sentence),
+        tellProblem(fmt::format("by {} of the trades of {} {}", pathText(options.folder), day.text(), sentence),
                     kBadInput);
     };
     TradeDays days(tariffs, "", "", {[](cost::Bill bill) { return bill; }, take, refuseDay});
@@ -79,14 +79,14 @@ void charge(const TradeFileLines& file, const SessionOptions& options, cost::Dec
         } catch (const cost::Refused& refused) {
             if (++wrong <= kMostWrongLines) {
                 tellProblem(InputLine{file.name, line.line},
-                            fmt::format("by {} {}", echoed(options.folder), refused.what()), kBadInput);
+                            fmt::format("by {} {}", pathText(options.folder), refused.what()), kBadInput);
             }
         }
     }
     days.finish();
     if (wrong > 0) {
         throw Failure(kBadInput, fmt::format("{} cannot be charged by {}; nothing was answered",
-                                             counted(wrong, "trade"), echoed(options.folder)));
+                                             counted(wrong, "trade"), pathText(options.folder)));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "feedesk/completing/expected_word.h"
+#include "feedesk/statements/layout.h"
 #include "standalone/loader.h"
 
 namespace feedesk {
@@ -60,7 +61,7 @@ void addFrom(const standalone::Market& market, WordKind kind, Candidates& candid
 }  // namespace
 
 std::vector<std::string> completions(const CLI::App& app, const Choices& choices, const std::vector<std::string>& words,
-                                     const MarketOf& marketOf) {
+                                     const FolderWords& folderWords) {
     const std::string begun = words.empty() ? "" : words.back();
     const std::vector<std::string> before(words.begin(), words.empty() ? words.end() : words.end() - 1);
     const ExpectedWord expected = expectedWord(app, choices, before, begun);
@@ -69,8 +70,12 @@ std::vector<std::string> completions(const CLI::App& app, const Choices& choices
     for (const std::string& word : expected.words) {
         candidates.add(word);
     }
-    if (expected.kind != WordKind::kFree && expected.kind != WordKind::kListed) {
-        addFrom(marketOf(before), expected.kind, candidates);
+    if (expected.kind == WordKind::kLayout) {
+        for (const std::string& name : folderWords.layouts(before)) {
+            candidates.add(name);
+        }
+    } else if (expected.kind != WordKind::kFree && expected.kind != WordKind::kListed) {
+        addFrom(folderWords.market(before), expected.kind, candidates);
     }
     std::vector<std::string> found = candidates.words();
     for (std::string& word : found) {
@@ -79,9 +84,13 @@ std::vector<std::string> completions(const CLI::App& app, const Choices& choices
     return found;
 }
 
-standalone::Market namedMarket(const std::vector<std::string>& words, const std::string& folder) {
-    const auto option = std::find(words.begin(), words.end(), "--market");
-    return standalone::loadMarket(words.end() - option > 1 ? *(option + 1) : folder).market;
+FolderWords namedFolderWords(const std::string& folder) {
+    const auto named = [folder](const std::vector<std::string>& words) {
+        const auto option = std::find(words.begin(), words.end(), "--market");
+        return words.end() - option > 1 ? *(option + 1) : folder;
+    };
+    return {[named](const auto& words) { return standalone::loadMarket(named(words)).market; },
+            [named](const auto& words) { return layoutNames(named(words)); }};
 }
 
 }  // namespace feedesk

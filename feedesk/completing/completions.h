@@ -10,17 +10,19 @@
 
 namespace feedesk {
 
-/// Gives the market whose accounts and instruments complete the last of the words.
-using MarketOf = std::function<standalone::Market(const std::vector<std::string>&)>;
+/// What of a market folder completes the last of the words. Each is asked for only where it is expected.
+struct FolderWords {
+    std::function<standalone::Market(const std::vector<std::string>&)> market;
+    std::function<std::vector<std::string>(const std::vector<std::string>&)> layouts;  ///< their names
+};
 
 /// Which words can stand in the place of the last of `words`, which is begun and may be empty. `words` are those of a
-/// command line without the program's name. The market is asked for only where something of it is
-/// expected.
+/// command line without the program's name.
 std::vector<std::string> completions(const CLI::App& app, const Choices& choices, const std::vector<std::string>& words,
-                                     const MarketOf& marketOf);
+                                     const FolderWords& folderWords);
 
-/// The market of the folder that the words name, else of `folder`; an empty one where that cannot be loaded.
-standalone::Market namedMarket(const std::vector<std::string>& words, const std::string& folder);
+/// Those of the folder that the words name, else of `folder`; none where that cannot be loaded.
+FolderWords namedFolderWords(const std::string& folder);
 
 }  // namespace feedesk
 

@@ -92,6 +92,7 @@ WordKind kindOf(const CLI::Option& option) {
         {"ACCOUNT", WordKind::kAccount},       {"--account", WordKind::kAccount},
         {"--accounts", WordKind::kAccount},    {"--expect-only", WordKind::kAccount},
         {"INSTRUMENT", WordKind::kInstrument}, {"--only-market", WordKind::kMarket},
+        {"--layout", WordKind::kLayout},
     };
     const auto found = kinds.find(option.get_name(option.get_positional()));
     return found == kinds.end() ? WordKind::kFree : found->second;

@@ -17,7 +17,8 @@ enum class WordKind {
     kListed,      ///< one of `words`
     kAccount,     ///< the number of an account
     kInstrument,  ///< an instrument
-    kMarket       ///< a market
+    kMarket,      ///< a market
+    kLayout       ///< a layout of statements
 };
 
 /// What may come next on a command line.

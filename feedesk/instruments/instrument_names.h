@@ -35,6 +35,9 @@ public:
     /// Everything that the text may mean or is like; where there is nothing, what has it inside its code or name.
     [[nodiscard]] std::vector<Question> search(const std::string& text) const;
 
+    /// The markets that have instruments, by the names that a person may call them.
+    [[nodiscard]] AskedMarkets marketsAsked(bool connect) const;
+
     /// Why find() finds nothing, and what may be meant, in one sentence. Compares the text with every instrument.
     [[nodiscard]] std::string problem(const std::string& text, bool connect) const;
 
@@ -47,7 +50,6 @@ private:
 
     static const NamedInstruments& under(const Index& index, const std::string& key);
 
-    [[nodiscard]] AskedMarkets marketsAsked(bool connect) const;
     [[nodiscard]] std::vector<Question> meant(const std::string& text, bool connect) const;
     [[nodiscard]] std::vector<Question> withCode(const std::string& code, const AskedMarkets& askedMarkets) const;
     [[nodiscard]] std::vector<Question> asWritten(const std::string& text, const AskedMarkets& askedMarkets) const;

@@ -35,35 +35,10 @@ using Texts = std::array<std::string_view, 2>;
 Texts textsOf(const NamedInstrument& each) { return {each->code, each->name}; }
 Texts foldedTextsOf(const NamedInstrument& each) { return {each->foldedCode, each->foldedName}; }
 
-/// The markets that a pattern names, and what it says of the instruments there.
-struct PlacedPattern {
-    AskedMarkets markets;
-    std::string name;
-    bool namesMarkets = false;  ///< otherwise they are all of them
-
-    /// Folding would take the colon away: "X:6*" would find what is like "x6*".
-    [[nodiscard]] bool namesUnknownMarket() const { return !namesMarkets && name.find(':') != std::string::npos; }
-};
-
-/// A text whose part before a colon or behind a point is no market is a pattern for all markets.
-PlacedPattern placed(const std::string& pattern, const AskedMarkets& markets) {
-    const std::string text = narrowed(pattern);
-    for (const MarketAndName& reading : readings(text)) {
-        AskedMarkets named = marketsLike(reading.market, markets);
-        if (!named.empty()) {
-            return {std::move(named), reading.name, true};
-        }
-    }
-    return {marketsLike("*", markets), text, false};
-}
-
-NamedInstruments instrumentsIn(const AskedMarkets& markets, const NamedInstruments& instruments) {
+NamedInstruments instrumentsIn(const PlacedPattern& pattern, const NamedInstruments& instruments) {
     NamedInstruments found;
     std::copy_if(instruments.begin(), instruments.end(), std::back_inserter(found),
-                 [&](const NamedInstrument& instrument) {
-                     return std::any_of(markets.begin(), markets.end(),
-                                        [&](const AskedMarket& asked) { return asked.market == instrument->market; });
-                 });
+                 [&](const NamedInstrument& instrument) { return pattern.isIn(instrument->market); });
     return found;
 }
 
@@ -74,7 +49,7 @@ NamedInstruments wantedBy(const PlacedPattern& pattern, const NamedInstruments& 
     if (!pattern.namesMarkets) {
         return instrumentsLike(pattern.name, instruments);
     }
-    return instrumentsLike(pattern.name, instrumentsIn(pattern.markets, instruments));
+    return instrumentsLike(pattern.name, instrumentsIn(pattern, instruments));
 }
 
 std::vector<Question> questionsFor(const PlacedPattern& wanted, const NamedInstruments& instruments) {
@@ -105,6 +80,22 @@ std::string widerPattern(const std::string& pattern, const NamedInstruments& ins
 
 }  // namespace
 
+bool PlacedPattern::isIn(const std::string& market) const {
+    return std::any_of(markets.begin(), markets.end(),
+                       [&](const AskedMarket& asked) { return asked.market == market; });
+}
+
+PlacedPattern placedPattern(const std::string& pattern, const AskedMarkets& markets) {
+    const std::string text = narrowed(pattern);
+    for (const MarketAndName& reading : readings(text)) {
+        AskedMarkets named = marketsLike(reading.market, markets);
+        if (!named.empty()) {
+            return {std::move(named), reading.name, true};
+        }
+    }
+    return {marketsLike("*", markets), text, false};
+}
+
 bool isPattern(const std::string& text) { return narrowed(text).find('*') != std::string::npos; }
 
 NamedInstruments instrumentsLike(const std::string& pattern, const NamedInstruments& instruments) {
@@ -113,25 +104,25 @@ NamedInstruments instrumentsLike(const std::string& pattern, const NamedInstrume
 
 std::vector<Question> questionsLike(const std::string& pattern, const NamedInstruments& instruments,
                                     const AskedMarkets& markets) {
-    return questionsFor(placed(pattern, markets), instruments);
+    return questionsFor(placedPattern(pattern, markets), instruments);
 }
 
 std::vector<Question> questionsWith(const std::string& text, const NamedInstruments& instruments,
                                     const AskedMarkets& markets) {
-    PlacedPattern wanted = placed(text, markets);
+    PlacedPattern wanted = placedPattern(text, markets);
     wanted.name = widened(wanted.name);
     return questionsFor(wanted, instruments);
 }
 
 std::string patternProblem(const std::string& pattern, const NamedInstruments& instruments,
                            const AskedMarkets& markets) {
-    const PlacedPattern wanted = placed(pattern, markets);
+    const PlacedPattern wanted = placedPattern(pattern, markets);
     if (wanted.namesUnknownMarket()) {
         return fmt::format("the market folder has no market {}; it has {}",
                            echoed(wanted.name.substr(0, wanted.name.find(':'))), fmt::join(namesOf(markets), ", "));
     }
     return fmt::format("the market folder has no instrument like {}{}", echoed(pattern),
-                       widerPattern(wanted.name, instrumentsIn(wanted.markets, instruments)));
+                       widerPattern(wanted.name, instrumentsIn(wanted, instruments)));
 }
 
 }  // namespace feedesk

@@ -25,7 +25,7 @@ constexpr std::size_t kLongestText = 32'767;  // of a cell, in characters
 constexpr const char* kForbiddenInNames = "[]:*?/\\'";
 
 [[noreturn]] void fail(const std::string& file, const std::string& why) {
-    throw Failure(kBadInput, fmt::format("the spreadsheet {} could not be written: {}", echoed(file), why));
+    throw Failure(kBadInput, fmt::format("the spreadsheet {} could not be written: {}", pathText(file), why));
 }
 
 lxw_col_t columnNumber(std::size_t column) { return static_cast<lxw_col_t>(column); }

@@ -14,7 +14,7 @@
 namespace feedesk {
 
 standalone::MarketFolder loadedFolder(const std::string& folder, const std::string& waysToName) {
-    const Progress progress("loading " + echoed(folder));
+    const Progress progress("loading " + pathText(folder));
     standalone::FolderResult result = standalone::loadFolder(folder);
     if (result.ok()) {
         return std::move(result.folder);

@@ -33,7 +33,7 @@ bool isSameFile(const std::string& one, const std::string& other) {
 void refuseToOverwrite(const std::string& target, const std::string& input, const char* whatItIs) {
     if (input != "-" && isSameFile(target, input)) {
         throw Failure(kBadInput,
-                      fmt::format("{} is {} and would be written over; name another file", echoed(target), whatItIs));
+                      fmt::format("{} is {} and would be written over; name another file", pathText(target), whatItIs));
     }
 }
 
@@ -45,7 +45,7 @@ void refuseToWriteInto(const std::string& folder, const std::string& target) {
     const fs::path root = realPath(folder);
     if (std::mismatch(root.begin(), root.end(), path.begin(), path.end()).first == root.end()) {
         throw Failure(kBadInput, fmt::format("{} is in the market folder, which is not written to; name another file",
-                                             echoed(target)));
+                                             pathText(target)));
     }
 }
 

@@ -76,7 +76,7 @@ void HistoryFile::add(const std::string& line) {
 }
 
 void HistoryFile::tellOnce(const std::string& problem) {
-    tellNote(fmt::format("the lines are not kept: {} cannot be written: {}", echoed(path), problem));
+    tellNote(fmt::format("the lines are not kept: {} cannot be written: {}", pathText(path), problem));
     path.clear();
 }
 

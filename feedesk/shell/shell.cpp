@@ -12,6 +12,7 @@
 #include "feedesk/command_line.h"
 #include "feedesk/shell/history_file.h"
 #include "feedesk/shell/line_words.h"
+#include "feedesk/statements/layout.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/terminal/pager.h"
 #include "feedesk/terminal/terminal.h"
@@ -114,7 +115,7 @@ ExitStatus Shell::runTerminal() {
         editor.remember(line);
     }
     writeText(filledText(
-        fmt::format("feedesk on {}; `help` lists the commands, `exit` or Ctrl-D ends.", echoed(options.folder)),
+        fmt::format("feedesk on {}; `help` lists the commands, `exit` or Ctrl-D ends.", pathText(options.folder)),
         outputWidth()));
     while (!isOver) {
         const std::optional<std::string> line = editor.read();
@@ -159,7 +160,9 @@ LineCompletion Shell::completed(const std::string& before) {
         cut.words.size() > 1 ? withoutProgram(std::move(cut.words)) : std::move(cut.words);
     Program program = lineProgram();
     LineCompletion found;
-    found.choices = completionsFor(words, program, [this](const auto& /*words*/) { return loaded->market(); });
+    const FolderWords folderWords = {[this](const auto& /*words*/) { return loaded->market(); },
+                                     [this](const auto& /*words*/) { return layoutNames(loaded->folder().name()); }};
+    found.choices = completionsFor(words, program, folderWords);
     found.replaced = characters(before.substr(begin));
     if (found.choices.size() == 1) {
         const std::string& only = found.choices.front();

@@ -110,14 +110,21 @@ std::vector<Layout> layoutsOf(const std::string& marketFolder) {
     return layouts;
 }
 
+std::vector<std::string> layoutNames(const std::string& marketFolder) {
+    std::vector<std::string> names;
+    for (const fs::path& file : layoutFiles(marketFolder)) {
+        names.push_back(file.stem().string());
+    }
+    return names;
+}
+
 Layout namedLayout(const std::string& marketFolder, const std::string& name) {
-    std::vector<std::string> known;
     for (const fs::path& file : layoutFiles(marketFolder)) {
         if (file.stem() == name) {
             return readLayout(file.string());
         }
-        known.push_back(file.stem().string());
     }
+    const std::vector<std::string> known = layoutNames(marketFolder);
     if (fs::path(name).extension() == standalone::files::kLayoutEnding) {
         return readLayout(name);
     }

@@ -89,6 +89,9 @@ Layout readLayout(const std::string& path);
 /// The layouts of a market folder, by name.
 std::vector<Layout> layoutsOf(const std::string& marketFolder);
 
+/// Their names alone; none is read.
+std::vector<std::string> layoutNames(const std::string& marketFolder);
+
 /// The layout that a person names: one of the market folder, or a file. Throws Failure when there is none.
 Layout namedLayout(const std::string& marketFolder, const std::string& name);
 

@@ -64,6 +64,11 @@ std::string echoed(const std::string& text) {
     return plain ? text : standalone::inQuotes(text);
 }
 
+std::string pathText(const std::string& path) {
+    const std::string shown = standalone::printable(path);
+    return shown == path ? shellWord(path) : '"' + shown + '"';
+}
+
 std::string shellWord(const std::string& text) {
     const auto isPlain = [](char each) {
         const bool isAscii = static_cast<unsigned char>(each) < 0x80U;
@@ -116,7 +121,7 @@ std::vector<std::string> fillLines(const std::vector<std::string>& pieces, std::
 std::string filledText(const std::string& text, std::size_t width) {
     std::string filled;
     for (const std::string& line : fillLines(words(text), width)) {
-        filled += shortened(line, width) + "\n";
+        filled += (line.find('/') == std::string::npos ? shortened(line, width) : line) + "\n";
     }
     return filled;
 }

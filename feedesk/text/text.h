@@ -27,6 +27,10 @@ std::string printableLines(std::string_view text);
 /// in quotes, shortened and escaped.
 std::string echoed(const std::string& text);
 
+/// A file or folder, for a sentence: whole, so that it can be copied; in quotes where a shell needs them, escaped where
+/// it holds something that does not print.
+std::string pathText(const std::string& path);
+
 /// What a person copies into a command of the system's shell: in quotes where it holds more than letters, digits and
 /// signs without a meaning there.
 std::string shellWord(const std::string& text);
@@ -37,8 +41,8 @@ std::vector<std::string> words(std::string_view text);
 /// A name of programs as people write a title: "old_sources" is "Old sources".
 std::string asTitle(const std::string& name);
 
-/// The text on lines of at most `width` columns, broken between its words; a word that is longer is shortened. Each
-/// line has its end.
+/// The text on lines of at most `width` columns, broken between its words; a word that is longer is shortened, but a
+/// path stays whole. Each line has its end.
 std::string filledText(const std::string& text, std::size_t width);
 
 /// Fills lines of at most `width` columns with `pieces`, a space between two; a piece that is wider has its own line.

@@ -11,6 +11,7 @@
 #include "feedesk/trades/json_trade.h"
 #include "standalone/text/csv_rows.h"
 #include "standalone/text/encoding.h"
+#include "standalone/text/utf8.h"
 #include "standalone/text/wording.h"
 
 namespace feedesk {
@@ -58,9 +59,17 @@ void TradeReader::refuseHeader(const std::string& why) const {
     throw Failure(kBadInput, fmt::format("{}:{}: {}", lines.name(), lines.number(), why));
 }
 
+void TradeReader::refuseEncoding(const std::string& name, const std::string& iconvName) const {
+    refuseHeader(fmt::format("the file looks like {}, but UTF-8 was expected; convert it: iconv -f {} -t UTF-8 FILE",
+                             name, iconvName));
+}
+
 void TradeReader::readHeader(bool accountGiven) {
     if (standalone::beginsAsUtf16(lines.line())) {
-        refuseHeader("the file looks like UTF-16, but UTF-8 was expected; convert it: iconv -f UTF-16 -t UTF-8 FILE");
+        refuseEncoding("UTF-16", "UTF-16");
+    }
+    if (!standalone::isUtf8(lines.line()) && standalone::looksLikeGb18030(lines.line())) {
+        refuseEncoding("GB18030 (GBK)", "GB18030");
     }
     const CsvRow header = rowIn(lines.line());
     if (!header.fault.empty()) {

@@ -25,6 +25,7 @@ public:
 private:
     [[nodiscard]] bool nextFilledLine();
     [[noreturn]] void refuseHeader(const std::string& why) const;
+    [[noreturn]] void refuseEncoding(const std::string& name, const std::string& iconvName) const;
     void readHeader(bool accountGiven);
     void readCells(TradeLine& trade) const;
 

@@ -52,7 +52,7 @@ TEST(Program, AnswersInOneForm) {
          {"--json --csv", "--csv --csv-bom", "--xlsx a.xlsx --json", "--csv-bom --xlsx a.xlsx"}) {
         const Outcome outcome = ask(folder.path(), "accounts " + forms);
         EXPECT_EQ(outcome.status, 2) << forms;
-        EXPECT_THAT(outcome.err, HasSubstr("excludes")) << forms;
+        EXPECT_THAT(outcome.err, HasSubstr(" exclude each other; use one of them; `feedesk ")) << forms;
     }
 }
 

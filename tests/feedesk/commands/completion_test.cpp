@@ -81,6 +81,18 @@ TEST(Completion, OfAnInstrumentGoesFromMarketToCode) {
     EXPECT_THAT(completionsOf("fee S100 ''"), Not(Contains(HasSubstr("600519"))));
 }
 
+TEST(Completion, OfALayoutIsItsNameInTheFolder) {
+    const SampleFolder folder;
+    folder.write("layouts/plain.toml", "");
+    folder.write("layouts/split.toml", "");
+    const auto layouts = [&](const std::string& begun) {
+        return lines(ask(folder.path(), "complete -- reconcile S100 f --layout " + begun).out);
+    };
+    EXPECT_THAT(layouts("''"), ElementsAre("plain", "split"));
+    EXPECT_THAT(layouts("s"), ElementsAre("split"));
+    EXPECT_THAT(layouts("my/file"), IsEmpty());  // the shell completes files
+}
+
 TEST(Completion, IsOfTheFolderThatTheLineNames) {
     const SampleFolder folder;
     EXPECT_THAT(lines(runProgram("complete -- --market " + folder.path() + " fee S1").out), ElementsAre("S100"));

@@ -410,6 +410,8 @@ TEST_F(CostFile, WrongFilesAreRefusedAsAWhole) {
         {"date,market,code,side,quantity,price\n" + line, ":1: the header has no column account"},
         {"[{}]\n", ":1: a JSON array begins here; write one object a line"},
         {"account;date\n", ":1: the column account;date is unknown"},
+        {"\xD5\xCB\xBB\xA7,\xC8\xD5\xC6\xDA\n",  // 账户,日期
+         ":1: the file looks like GB18030 (GBK), but UTF-8 was expected; convert it: iconv -f GB18030 -t UTF-8 FILE"},
     };
     for (const auto& [file, sentence] : wrong) {
         SCOPED_TRACE(file);

@@ -18,8 +18,11 @@ using testing::StartsWith;
 
 constexpr const char* kChangeHeader =
     "change,accounts,instruments,from,until,part,item,rate,old,new,old_level,old_sources,new_level,new_sources,"
-    "expected,side,column,names\n";
-constexpr const char* kNoRate = ",,,,,,,,,,,,,,,,";  // behind the change, up to the names
+    "expected,accounts_count,accounts_short,instruments_count,instruments_short,side,column,names,names_count,"
+    "names_short\n";
+constexpr const char* kNoRate = ",,,,,,,,,,,,,,,,,,,,";  // behind the change, up to the names
+
+constexpr int kExpectedColumn = 15;  // counted from 1
 
 /// Two folders that are the same to begin with, asked as of 2024-01-02.
 class Diff : public testing::Test {
@@ -35,7 +38,7 @@ protected:
                           environment);
     }
 
-    /// The rows of CSV without the header, each without its last three cells, which are empty for a rate.
+    /// The rows of CSV without the header, each up to its column `expected`, which is empty.
     std::vector<std::string> rows(const std::string& arguments = "") const {
         const Outcome outcome = diff(arguments + " --csv");
         EXPECT_EQ(outcome.err, "");
@@ -43,8 +46,12 @@ protected:
         EXPECT_FALSE(found.empty());
         found.erase(found.begin());
         for (std::string& row : found) {
-            EXPECT_THAT(row, testing::EndsWith(",,,"));
-            row.resize(row.size() - 3);
+            std::size_t end = 0;
+            for (int cell = 1; cell < kExpectedColumn; ++cell) {
+                end = row.find(',', end) + 1;
+            }
+            EXPECT_EQ(row.at(end), ',') << row;
+            row.resize(end);
         }
         return found;
     }
@@ -86,9 +93,9 @@ TEST_F(Diff, OneChangedLineIsOneRowForEachRate) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.out, std::string(kChangeHeader) +
                                "rate,S100,SH:600519,2024-01-02,,stock,,commission,0.00025,0.0002,own record,"
-                               "fees/stock.csv:2,own record,fees/stock.csv:2,,,,\n"
+                               "fees/stock.csv:2,own record,fees/stock.csv:2,,1,S100,1,SH:600519,,,,,\n"
                                "rate,S100,SH:600519,2024-01-02,,stock,,stamp_duty,0.0005,0.00025,own record,"
-                               "fees/stock.csv:2,own record,fees/stock.csv:2,,,,\n");
+                               "fees/stock.csv:2,own record,fees/stock.csv:2,,1,S100,1,SH:600519,,,,,\n");
 }
 
 TEST_F(Diff, AccountsThatChangeAlikeShareARow) {
@@ -96,6 +103,24 @@ TEST_F(Diff, AccountsThatChangeAlikeShareARow) {
     EXPECT_THAT(rows(), ElementsAre("rate,S100 S200 P100 W100,SZ:000001,2024-01-02,,stock,,commission,0.0002,0.0003,"
                                     "configured limit,configured/stock.csv:2,configured limit,"
                                     "configured/stock.csv:2,"));
+}
+
+TEST_F(Diff, RowsOfProgramsHaveCountsAndAShortFormToo) {
+    std::string listed = "market,code,name,lists\n";
+    for (int code = 1; code <= 5; ++code) {
+        listed += "SZ,30000" + std::to_string(code) + ",x" + std::to_string(code) + ",stock\n";
+    }
+    for (const SampleFolder* folder : {&before, &after}) {
+        folder->write("instruments/more.csv", listed);
+        folder->write("fees/stock.csv", "account,market,code,commission\nS100,SZ,30000*,0.0001\n");
+    }
+    after.write("fees/stock.csv", "account,market,code,commission\nS100,SZ,30000*,0.0002\n");
+    EXPECT_THAT(diff("--csv").out,
+                HasSubstr("SZ:300001 SZ:300002 SZ:300003 SZ:300004 SZ:300005,2024-01-02,,stock,,commission,"));
+    EXPECT_THAT(diff("--csv").out, HasSubstr(",1,S100,5,SZ:3000* (5 instruments),,,,,\n"));
+    EXPECT_THAT(diff("--json").out, HasSubstr("\"accounts_count\":1,\"accounts_short\":\"S100\","
+                                              "\"instruments_count\":5,"
+                                              "\"instruments_short\":\"SZ:3000* (5 instruments)\"}"));
 }
 
 TEST_F(Diff, CategoryThatTakesInstrumentsFromSeveralLinesIsOneRow) {
@@ -208,9 +233,10 @@ TEST_F(Diff, AccountsAndInstrumentsOfOneFolderAreNamed) {
                 "F300,e,futures,\nO100,f,option,\nO200,g,option,\nH100,h,hgt,\nP100,i,prime_brokerage,\n"
                 "W100,j,income_swap,\nF400,k,futures,\nS300,l,stock,\n");
     after.write("instruments/more.csv", "market,code,name,lists\nSZ,000002,万科,stock\n");
-    EXPECT_EQ(diff("--csv").out, std::string(kChangeHeader) + "accounts_removed" + kNoRate + ",H200\naccounts_added" +
-                                     kNoRate + ",S300\naccounts_of_another_kind" + kNoRate +
-                                     ",S200\ninstruments_added" + kNoRate + ",SZ:000002\n");
+    EXPECT_EQ(diff("--csv").out, std::string(kChangeHeader) + "accounts_removed" + kNoRate +
+                                     ",H200,1,H200\naccounts_added" + kNoRate +
+                                     ",S300,1,S300\naccounts_of_another_kind" + kNoRate +
+                                     ",S200,1,S200\ninstruments_added" + kNoRate + ",SZ:000002,1,SZ:000002\n");
 }
 
 TEST_F(Diff, ExpectNoneIsMetByNothingAlone) {
@@ -220,14 +246,15 @@ TEST_F(Diff, ExpectNoneIsMetByNothingAlone) {
     const Outcome outcome = diff("--expect-none --csv");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "feedesk: not expected: 1 account changed: H100\n");
-    EXPECT_THAT(outcome.out, testing::EndsWith(",no,,,\n"));
+    EXPECT_THAT(outcome.out, testing::EndsWith(",no,1,H100,1,HK:00700,,,,,\n"));
 }
 
 TEST_F(Diff, ExpectOnlyIsMetByTheNamedAccountsAlone) {
     after.write("configured/stock.csv", "market,code,commission\nSZ,000001,0.0003\n");
     EXPECT_EQ(diff("--expect-only S100 S200 P100 W100").status, 0);
     EXPECT_EQ(diff("--expect-only 'S*' 'P*' --expect-only W100").status, 0);
-    EXPECT_THAT(diff("--expect-only 'S*' P100 W100 --csv").out, testing::EndsWith(",yes,,,\n"));
+    EXPECT_THAT(diff("--expect-only 'S*' P100 W100 --csv").out,
+                testing::EndsWith(",yes,4,\"S100, S200, P100, W100\",1,SZ:000001,,,,,\n"));
     const Outcome outcome = diff("--expect-only 'S*'");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "feedesk: not expected: 2 accounts changed: P100, W100\n");
@@ -336,13 +363,13 @@ TEST_F(Diff, DaysThatTheNewFolderNoLongerAnswersAreAChange) {
     for (const Case& each : {
              Case{"from = 2021-01-01\nuntil = 2026-10-31",
                   other + "'s schedules end on 2026-10-31, those of " + one + " on 2026-12-31",
-                  "coverage,,,2026-11-01,2026-12-31,,,,,,,,,,no,,,"},
+                  "coverage,,,2026-11-01,2026-12-31,,,,,,,,,,no,,,,,,,,,"},
              Case{"from = 2021-01-01\nuntil = 2026-12-31\nhgt = { until = 2026-06-30 }",
                   other + "'s schedules of family hgt end on 2026-06-30, those of " + one + " on 2026-12-31",
-                  "coverage,,,2026-07-01,2026-12-31,hgt,,,,,,,,,no,,,"},
+                  "coverage,,,2026-07-01,2026-12-31,hgt,,,,,,,,,no,,,,,,,,,"},
              Case{"from = 2021-01-01\nuntil = 2026-12-31\nmarkets = { SZ = { from = 2024-03-01 } }",
                   other + "'s schedules of market SZ begin on 2024-03-01, those of " + one + " on 2021-01-01",
-                  "coverage,,SZ:*,2021-01-01,2024-02-29,,,,,,,,,,no,,,"},
+                  "coverage,,SZ:*,2021-01-01,2024-02-29,,,,,,,,,,no,,,,,,,,,"},
          }) {
         cover(after, each.coverage);
         for (const char* expectation : {"--expect-none", "--expect-only S100"}) {
@@ -367,7 +394,7 @@ TEST_F(Diff, NewFolderThatBeginsLaterIsAChangeWhereNoFirstDayIsAsked) {
     EXPECT_THAT(outcome.err,
                 HasSubstr("feedesk: not expected: " + after.path() + "'s schedules begin on 2022-01-01, those of " +
                           before.path() + " on 2021-01-01\n"));
-    EXPECT_EQ(outcome.out, std::string(kChangeHeader) + "coverage,,,2021-01-01,2021-12-31,,,,,,,,,,no,,,\n");
+    EXPECT_EQ(outcome.out, std::string(kChangeHeader) + "coverage,,,2021-01-01,2021-12-31,,,,,,,,,,no,,,,,,,,,\n");
     EXPECT_EQ(diff("--expect-none").status, 0);
 }
 

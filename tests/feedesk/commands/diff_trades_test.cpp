@@ -79,9 +79,10 @@ TEST_F(DiffTrades, MayComeInAnyOrderAndThroughStandardInput) {
                        "S100,2024-01-03,SH,600519,sell,100,1500,\nS100,2024-01-02,SH,600519,buy,100,1500,\n");
     const Outcome outcome = diff("--trades - --csv <" + before.tradesFile());
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(lines(outcome.out),
-                ElementsAre(testing::EndsWith("expected,side,column,names,account,trades,difference,currency"),
-                            "costs,,,,,,,,150.00,150.00,,,,,,,,,S100,2,0.00,CNY"));
+    EXPECT_THAT(
+        lines(outcome.out),
+        ElementsAre(testing::EndsWith("side,column,names,names_count,names_short,account,trades,difference,currency"),
+                    "costs,,,,,,,,150.00,150.00,,,,,,,,,,,,,,,S100,2,0.00,CNY"));
 }
 
 // The stamp duty was 0.001 until 2023-08-27: a sale of that time pays 150.00 and 37.50, and 75.00 on a later day.
@@ -122,7 +123,7 @@ TEST_F(DiffTrades, ChargingTermThatChangesIsADifferenceToo) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(lines(outcome.out), ElementsAre(StartsWith("change,"),
                                                 "term,,,2024-01-02,2026-12-31,stock,,commission,5,6,,charges.csv:2,,"
-                                                "charges.csv:2,no,both,minimum,"));
+                                                "charges.csv:2,no,,,,,both,minimum,,,"));
     EXPECT_EQ(outcome.err, "feedesk: not expected: 1 charging term changed\n");
     EXPECT_THAT(costs("S100,2024-01-02,SH,600000,buy,100,10,\n"), ElementsAre(HasSubstr(R"("old":5.00,"new":6.00,)")));
 }
@@ -147,7 +148,7 @@ TEST_F(DiffTrades, ChargingTermOfNewDaysChangesOnThoseDays) {
                      "stock,,,,commission,both,turnover,,3,order,0.01 half_up,,CNY,test,2024-01-02,2024-07-01,\n");
     EXPECT_THAT(lines(diff("--csv").out), ElementsAre(StartsWith("change,"),
                                                       "term,,,2024-07-01,2026-12-31,stock,,commission,5,3,,"
-                                                      "charges.csv:2,,charges.csv:3,,both,minimum,"));
+                                                      "charges.csv:2,,charges.csv:3,,,,,,both,minimum,,,"));
     EXPECT_EQ(diff("--from 2024-01-02 --until 2024-06-30 --expect-none").status, 0);
 }
 
@@ -155,7 +156,7 @@ TEST_F(DiffTrades, ChargingTermThatEndsEarlierIsOfOneFolderAlone) {
     addDaysToCharges();
     replaceInCharges("commission,CNY,test,2024-01-02,,\n", "commission,CNY,test,2024-01-02,,2024-06-30\n");
     EXPECT_THAT(lines(diff("--csv").out),
-                ElementsAre(StartsWith("change,"), "terms_removed,,,,,,,,,,,,,,,,,charges.csv:3"));
+                ElementsAre(StartsWith("change,"), "terms_removed,,,,,,,,,,,,,,,,,,,,,charges.csv:3,1,charges.csv:3"));
     EXPECT_THAT(diff("", "COLUMNS=120").out, HasSubstr("of the old folder alone  stock transfer_fee (charges.csv:3)"));
     EXPECT_EQ(diff("--from 2024-01-02 --until 2024-06-30 --expect-none").status, 0);
 }

@@ -237,7 +237,7 @@ TEST_F(Explain, WhatHasNoAnswerSaysSo) {
                "SH:000001\n"},
           Case{"S100", 2, "feedesk: INSTRUMENT is required"}, Case{"", 2, "feedesk: ACCOUNT is required"},
           Case{"S100 SH:600519 SH:600000", 2, "feedesk: the argument SH:600000 was not expected"},
-          Case{"S100 SH:600519 --csv --json", 2, "{\"error\":\"--json excludes --csv"},
+          Case{"S100 SH:600519 --csv --json", 2, "{\"error\":\"--json and --csv exclude each other"},
           Case{"S100 SH:600519 --date x", 2, "feedesk: --date: x is not a day such as 2023-08-28"}}) {
         const Outcome outcome = explain(wrong.arguments);
         EXPECT_EQ(outcome.status, wrong.status) << wrong.arguments;

@@ -144,7 +144,7 @@ constexpr Refused kRefused[] = {
     {"FeeWithoutAccount", "fee", "ACCOUNT is required; `feedesk fee --help` shows how to ask"},
     {"FeeWithoutItsInstrument", "fee S100", "INSTRUMENT is required; `feedesk fee --help` shows how to ask"},
     {"WithoutPattern", "fees --accounts",
-     "--accounts: 1 required PATTERN missing; `feedesk fees --help` shows how to ask"},
+     "--accounts needs a value behind it: PATTERN; `feedesk fees --help` shows how to ask"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Arguments, RefusedAccounts, testing::ValuesIn(kRefused),

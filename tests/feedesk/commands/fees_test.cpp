@@ -54,14 +54,26 @@ TEST_F(Fees, NameThePatternThatFindsTheTextInside) {
     EXPECT_THAT(fees("S100 --match '0051*'").err, HasSubstr("--match '*0051*' finds"));
 }
 
-TEST_F(Fees, SayHowAMarketIsWanted) {
-    const std::string none = "feedesk: none of the 4 instruments in the list of account S100 is wanted by the filters";
-    for (const char* pattern : {"'SH:6005*'", "'6005*.SH'", "'sh:6005*'"}) {
-        const Outcome outcome = fees("S100 --match " + std::string(pattern));
-        EXPECT_EQ(outcome.status, 1);
-        EXPECT_EQ(outcome.err, none + "; --match takes no market, write --only-market SH --match '6005*'\n");
+TEST_F(Fees, KeepToTheMarketThatAPatternNames) {
+    for (const char* pattern : {"'SH:6005*'", "'6005*.SH'", "'sh:6005*'", "'S*:6005*'", "SH:600519"}) {
+        EXPECT_THAT(instruments("S100 --match " + std::string(pattern)), ElementsAre("SH,600519")) << pattern;
     }
-    EXPECT_THAT(instruments("S100 --only-market SH --match '6005*'"), ElementsAre("SH,600519"));
+    EXPECT_THAT(instruments("S100 --match 'SZ:*' --match 600519"), ElementsAre("SH,600519", "SZ,000001", "SZ,300750"));
+    EXPECT_THAT(instruments("S100 --only-market SZ --match '*:*0*' --all"), ElementsAre("SZ,000001", "SZ,300750"));
+    EXPECT_THAT(instruments("H100 --match 'HGT:00*'"), ElementsAre("HK,00700"));
+    EXPECT_EQ(fees("S100 --match 'SZ:6005*'").status, 1);
+}
+
+TEST_F(Fees, NameThePatternThatFindsTheTextInsideTheMarket) {
+    EXPECT_THAT(fees("S100 --match SH:0051").err,
+                HasSubstr("--match 'SH:*0051*' finds the text inside codes and names\n"));
+}
+
+TEST_F(Fees, NameTheMarketOfAPatternThatNobodyKnows) {
+    EXPECT_EQ(fees("S100 --match 'XX:6*'").err,
+              "feedesk: none of the 4 instruments in the list of account S100 is wanted by the filters; the market "
+              "folder has no market XX\n");
+    EXPECT_THAT(fees("--accounts 'S*' --match 'XX:6*'").err, HasSubstr("; the market folder has no market XX\n"));
 }
 
 TEST_F(Fees, ThatNoFilterWantsAreNoAnswer) {

@@ -376,7 +376,8 @@ TEST_F(Reconcile, RefusesWrongQuestionsInOneSentence) {
              {"reconcile S100 F --date 2024-01-02",
               "--date does not go with reconcile, as each line of a statement has its date"},
              {"reconcile S100 /nowhere", "/nowhere cannot be opened: No such file or directory"},
-             {"reconcile S100 F --json --csv", "--csv excludes --json; `feedesk reconcile --help` shows how to ask"}}) {
+             {"reconcile S100 F --json --csv",
+              "--csv and --json exclude each other; use one of them; `feedesk reconcile --help` shows how to ask"}}) {
         std::string arguments = each.arguments;
         if (const std::size_t place = arguments.find(" F"); place != std::string::npos) {
             arguments.replace(place + 1, 1, file);

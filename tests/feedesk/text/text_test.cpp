@@ -33,6 +33,17 @@ TEST(Shortened, TakesNoLongerForALongText) {
 
 TEST(PrintableLines, KeepsLineEnds) { EXPECT_EQ(printableLines("a\tb\nc\xC2\x85\x9B"), "a\\tb\nc\\xc2\\x85\\x9b"); }
 
+TEST(PathText, IsWholeHoweverLongThePathIs) {
+    const std::string path = "/srv/" + std::string(90, 'x') + "/market";
+    EXPECT_EQ(pathText(path), path);
+    EXPECT_EQ(filledText("the folder " + path + " is asked", 80), "the folder\n" + path + "\nis asked\n");
+}
+
+TEST(PathText, IsAsAShellTakesItOrEscaped) {
+    EXPECT_EQ(pathText("my market/fees"), "'my market/fees'");
+    EXPECT_EQ(pathText("a\nb"), "\"a\\nb\"");
+}
+
 TEST(Echoed, IsPlainTextAsItIs) { EXPECT_EQ(echoed("SH:600519 茅台"), "SH:600519 茅台"); }
 
 TEST(Echoed, IsQuotedWhereItCouldNotBeRead) {
