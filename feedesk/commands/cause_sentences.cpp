@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <iterator>
 #include <map>
 #include <unordered_map>
 
@@ -16,6 +15,7 @@ using Outcome = ReconciledOrder::Outcome;
 
 constexpr std::size_t kMostSentences = 100;
 constexpr std::size_t kMostLinesOfSentence = 12;
+constexpr std::size_t kMostAlternatives = 3;
 
 std::string sentencesOf(const Explanations& explanations, const char* between) {
     std::vector<std::string> sentences;
@@ -25,7 +25,10 @@ std::string sentencesOf(const Explanations& explanations, const char* between) {
     return fmt::format("{}", fmt::join(sentences, between));
 }
 
-std::string lineText(std::size_t lines) { return lines == 1 ? "the line" : fmt::format("all {} lines", lines); }
+std::string lineText(const SolvedRate& solved) {
+    const std::string lines = solved.lines == 1 ? "the line" : fmt::format("all {} lines", solved.lines);
+    return lines + (solved.instrument.empty() ? "" : " of " + solved.instrument);
+}
 
 /// Which other trades the rate fits.
 std::string reachOf(const SolvedRate& solved, const OrderRow& row) {
@@ -37,18 +40,33 @@ std::string reachOf(const SolvedRate& solved, const OrderRow& row) {
     if (!solved.from) {
         return "fits this trade, and no rate fits it and all those after it";
     }
-    return solved.otherLines == 0 ? fmt::format("fits {} from {} on", lineText(solved.lines), solved.from->text())
-                                  : fmt::format("fits {} of {} lines from {} on (the others differ in other ways)",
-                                                solved.lines, solved.lines + solved.otherLines, solved.from->text());
+    return solved.otherLines == 0
+               ? fmt::format("fits {} from {} on", lineText(solved), solved.from->text())
+               : fmt::format("fits {} of {} lines{} from {} on (the others differ in other ways)", solved.lines,
+                             solved.lines + solved.otherLines,
+                             solved.instrument.empty() ? "" : " of " + solved.instrument, solved.from->text());
+}
+
+/// "0.00025, custom/stock.csv:18", and the lines of one rate together.
+std::string folderText(const std::vector<RateSource>& sources) {
+    std::string text;
+    const cost::Decimal* rate = nullptr;
+    for (const RateSource& each : sources) {
+        const bool isNew = rate == nullptr || *rate != each.rate;
+        text += isNew ? (rate == nullptr ? "" : "; and ") + each.rate.text() : "";
+        text += ", " + (each.source.empty() ? "built in, by no line" : each.source);
+        rate = &each.rate;
+    }
+    return text;
 }
 
 std::string rateSentence(const SolvedRate& solved, const OrderRow& row) {
     const std::string which = solved.range.low == solved.range.high || solved.rate.text() == solved.range.text()
                                   ? ""
                                   : fmt::format(" (any from {})", solved.range.text());
-    const std::string line = solved.source.empty() ? "built in, by no line" : solved.source;
-    return fmt::format("the {} {}{} {}; the folder has {}, {}", solved.sought.charge, solved.rate.text(), which,
-                       reachOf(solved, row), solved.folderRate.text(), line);
+    const std::string known = solved.knownFrom.empty() ? "" : fmt::format(", as by {},", solved.knownFrom);
+    return fmt::format("the {} {}{}{} {}; the folder has {}", solved.sought.charge, solved.rate.text(), which, known,
+                       reachOf(solved, row), folderText(solved.sources));
 }
 
 }  // namespace
@@ -77,6 +95,9 @@ std::string explanationOf(const OrderRow& row) {
 
 Explanations alternativesOf(const OrderRow& row) {
     Explanations alternatives = row.reconciled.alsoFit;
+    for (const auto& rate : row.reconciled.ratesToo) {
+        alternatives.push_back({Cause::kOtherRate, rate->sought.charge, rateSentence(*rate, row)});
+    }
     if (row.reconciled.solved) {
         for (const SolvedRate& other : row.reconciled.solved->orElse) {
             alternatives.push_back({Cause::kOtherRate, other.sought.charge, rateSentence(other, row)});
@@ -89,10 +110,19 @@ std::string alternativeSentences(const OrderRow& row) { return sentencesOf(alter
 
 namespace {
 
-std::string sentenceOf(const OrderRow& row) {
-    const std::string alternatives = alternativeSentences(row);
-    return explanationOf(row) + (alternatives.empty() ? "" : "; also fits: " + alternatives);
+/// "3, 9 and 4 more".
+std::string statementLines(const std::vector<std::string>& lines) {
+    const std::size_t shown = std::min(lines.size(), kMostLinesOfSentence);
+    const std::vector<std::string> first(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(shown));
+    return fmt::format("{}{}", fmt::join(first, ", "),
+                       shown < lines.size() ? fmt::format(" and {} more", lines.size() - shown) : "");
 }
+
+/// What explains some of the lines of one explanation as well.
+struct Alternative {
+    std::string sentence;
+    std::vector<std::string> lines;
+};
 
 /// Trades of one explanation, which share one sentence.
 struct SentenceGroup {
@@ -100,28 +130,50 @@ struct SentenceGroup {
     std::string kind;  ///< of the cause, for those that are only counted
     std::size_t trades = 0;
     std::vector<std::string> lines;
+    std::vector<Alternative> alternatives;
+
+    void add(const std::vector<std::string>& numbers, const std::string& alternative) {
+        ++trades;
+        lines.insert(lines.end(), numbers.begin(), numbers.end());
+        if (alternative.empty()) {
+            return;
+        }
+        auto known = std::find_if(alternatives.begin(), alternatives.end(),
+                                  [&](const Alternative& each) { return each.sentence == alternative; });
+        if (known == alternatives.end()) {
+            known = alternatives.insert(alternatives.end(), {alternative, {}});
+        }
+        known->lines.insert(known->lines.end(), numbers.begin(), numbers.end());
+    }
 
     [[nodiscard]] std::string text() const {
-        const std::size_t shown = std::min(lines.size(), kMostLinesOfSentence);
-        const std::vector<std::string> first(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(shown));
-        return fmt::format("{} {}{}: {}", lines.size() == 1 ? "Line" : "Lines", fmt::join(first, ", "),
-                           shown < lines.size() ? fmt::format(" and {} more", lines.size() - shown) : "", sentence);
+        std::string text = fmt::format("{} {}: {}", nounFor(lines), statementLines(lines), sentence);
+        for (std::size_t i = 0; i < std::min(alternatives.size(), kMostAlternatives); ++i) {
+            const Alternative& each = alternatives[i];
+            text += each.lines.size() == lines.size()
+                        ? "; also fits: "
+                        : fmt::format("; also fits {} {}: ", each.lines.size() == 1 ? "line" : "lines",
+                                      statementLines(each.lines));
+            text += each.sentence;
+        }
+        return text + (alternatives.size() > kMostAlternatives ? "; and more, which --json and --csv have" : "");
     }
+
+private:
+    static const char* nounFor(const std::vector<std::string>& lines) { return lines.size() == 1 ? "Line" : "Lines"; }
 };
 
 class SentenceGroups {
 public:
     void add(const ReconciledOrder& order, const Statement& statement) {
-        const std::string sentence = sentenceOf({order, statement});
+        const OrderRow row{order, statement};
+        const std::string sentence = explanationOf(row);
         const auto place = places.emplace(sentence, groups.size());
         if (place.second) {
             const bool hasAnswer = order.outcome == Outcome::kDiffers;
-            groups.push_back({sentence, hasAnswer ? std::string(cost::wordFor(order.cause)) : "no answer", 0, {}});
+            groups.push_back({sentence, hasAnswer ? std::string(cost::wordFor(order.cause)) : "no answer", 0, {}, {}});
         }
-        SentenceGroup& group = groups[place.first->second];
-        ++group.trades;
-        const std::vector<std::string> numbers = lineNumbers(order, statement);
-        std::copy(numbers.begin(), numbers.end(), std::back_inserter(group.lines));
+        groups[place.first->second].add(lineNumbers(order, statement), alternativeSentences(row));
     }
 
     /// The first of them, and how many trades the others are, by the kinds of their causes.

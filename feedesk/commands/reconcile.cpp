@@ -14,6 +14,7 @@
 #include "feedesk/commands/options.h"
 #include "feedesk/commands/reconcile_notes.h"
 #include "feedesk/commands/reconcile_rows.h"
+#include "feedesk/reconciling/proven_proposals.h"
 #include "feedesk/session/overwriting.h"
 #include "feedesk/statements/encoding.h"
 #include "feedesk/terminal/messages.h"
@@ -175,7 +176,7 @@ ExitStatus reconcileStatement(Program& program, const ReconcileArguments& argume
     const standalone::Account& account = session.account(arguments.account);
     const Statement statement = statementFor(arguments, program.session.folder);
     const Reconciliation found = Reconciler(session, arguments.account).reconcile(statement);
-    const Proposals proposals = proposalsFor(found, program.session.folder);
+    const Proposals proposals = provenProposals(found, statement, arguments.account, program.session.folder);
     if (!arguments.patch.empty() && !proposals.patch.empty()) {
         writePatch(arguments.patch, proposals.patch);
     }
@@ -193,6 +194,7 @@ ExitStatus reconcileStatement(Program& program, const ReconcileArguments& argume
                 remarks.notes.push_back(note);
             }
         }
+        remarks.notes.insert(remarks.notes.end(), proposals.withheld.begin(), proposals.withheld.end());
         return remarks;
     });
     return found.agrees() ? kAnswered : kNoAnswer;

@@ -81,6 +81,15 @@ auto ofSolved(const Find& find) {
     };
 }
 
+/// The value of what the folder has in its place.
+template <class Find>
+auto ofSource(const Find& find) {
+    return [find](const OrderRow& row) {
+        return row.reconciled.solved ? find(replacedBySolved(row.reconciled), *row.reconciled.solved)
+                                     : Value(Nothing());
+    };
+}
+
 Rate solvedNumber(const cost::Decimal& rate, const SolvedRate& solved) {
     return {rate.text(), solved.isFraction ? Unit::kFraction : Unit::kNumber};
 }
@@ -139,10 +148,11 @@ FieldsOf<OrderRow> orderFields() {
          ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.range.high, solved); })},
         {forPrograms("rate_from"),
          ofSolved([](const SolvedRate& solved) { return textOrNothing(solved.from ? solved.from->text() : ""); })},
-        {forPrograms("folder_rate"),
-         ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.folderRate, solved); })},
-        {forPrograms("source"), ofSolved([](const SolvedRate& solved) {
-             return solved.source.empty() ? Value(Nothing()) : Value(Source{solved.source});
+        {forPrograms("folder_rate"), ofSource([](const RateSource& source, const SolvedRate& solved) {
+             return Value(solvedNumber(source.rate, solved));
+         })},
+        {forPrograms("source"), ofSource([](const RateSource& source, const SolvedRate& /*solved*/) {
+             return source.source.empty() ? Value(Nothing()) : Value(Source{source.source});
          })},
     };
 }

@@ -85,58 +85,53 @@ void choose(ReconciledOrder& charged, const Explanation& chosen) {
                           charged.alsoFit.end());
 }
 
-/// Those of the orders that have no cause yet.
-OrdersByDay openOf(const OrdersByDay& orders) {
-    OrdersByDay open;
-    std::copy_if(orders.begin(), orders.end(), std::back_inserter(open),
-                 [](const ReconciledOrder* each) { return each->isOpen(); });
-    return open;
-}
+bool isNone(const Explanation& /*each*/) { return false; }
 
-void chooseAll(const OrdersByDay& orders, const Explanation& common) {
-    for (ReconciledOrder* each : orders) {
-        choose(*each, common);
-    }
-}
+}  // namespace
 
 /// A minimum, a maximum or a rounding is the term's, whichever lines give the rates of its orders. One that explains
 /// several orders is a smaller change than everything of another account or kind. The largest terms go first.
-void takeCausesOfTerms(const std::map<std::string, OrdersByDay>& terms) {
+void takeCausesOfTerms(const OrdersByDay& orders) {
+    std::map<std::string, OrdersByDay> terms;
+    for (ReconciledOrder* each : openOf(orders)) {
+        for (const std::string& term : termsOf(*each)) {
+            terms[term].push_back(each);
+        }
+    }
     std::vector<OrdersByDay> groups;
     std::transform(terms.begin(), terms.end(), std::back_inserter(groups),
                    [](const auto& each) { return each.second; });
     std::stable_sort(groups.begin(), groups.end(),
                      [](const OrdersByDay& one, const OrdersByDay& other) { return one.size() > other.size(); });
     for (const OrdersByDay& group : groups) {
-        const OrdersByDay orders = openOf(group);
-        const std::optional<Explanation> common = orders.size() > 1 ? commonOf(orders, isOfAll) : std::nullopt;
+        const OrdersByDay open = openOf(group);
+        const std::optional<Explanation> common = open.size() > 1 ? commonOf(open, isOfAll) : std::nullopt;
         if (common && isOfTerm(*common)) {
-            chooseAll(orders, *common);
+            take({open, *common});
         }
     }
 }
 
-}  // namespace
-
-void takeCommonCauses(const OrdersByDay& orders) {
-    std::map<std::string, OrdersByDay> terms;
+std::vector<CommonCause> commonCausesOf(const OrdersByDay& orders) {
     std::map<std::string, OrdersByDay> kinds;
-    for (ReconciledOrder* each : orders) {
-        if (each->isOpen()) {
-            kinds[folderLinesOf(*each)].push_back(each);
-            for (const std::string& term : termsOf(*each)) {
-                terms[term].push_back(each);
-            }
+    for (ReconciledOrder* each : openOf(orders)) {
+        kinds[folderLinesOf(*each)].push_back(each);
+    }
+    std::vector<CommonCause> causes;
+    for (const auto& [name, kind] : kinds) {
+        const std::optional<Explanation> common = kind.size() > 1 ? commonOf(kind, isNone) : std::nullopt;
+        if (common) {
+            causes.push_back({kind, *common});
         }
     }
-    takeCausesOfTerms(terms);
-    for (const auto& [name, kind] : kinds) {
-        const OrdersByDay open = openOf(kind);
-        const std::optional<Explanation> common =
-            open.size() > 1 ? commonOf(open, [](const Explanation&) { return false; }) : std::nullopt;
-        if (common) {
-            chooseAll(open, *common);
-        }
+    return causes;
+}
+
+bool haveCauseInCommon(const OrdersByDay& orders) { return commonOf(orders, isNone).has_value(); }
+
+void take(const CommonCause& common) {
+    for (ReconciledOrder* each : common.orders) {
+        choose(*each, common.cause);
     }
 }
 

@@ -1,14 +1,31 @@
 #ifndef FEEDESK_RECONCILING_COMMON_CAUSES_H
 #define FEEDESK_RECONCILING_COMMON_CAUSES_H
 
-#include "feedesk/reconciling/rate_change.h"
+#include <vector>
+
+#include "feedesk/reconciling/charged_lines.h"
 
 namespace feedesk {
 
+/// Orders, and one change that explains each of them.
+struct CommonCause {
+    OrdersByDay orders;
+    Explanation cause;
+};
+
 /// Gives the differing orders of one charging term the first change of a term, such as of its minimum, that explains
-/// them all; then those that the same lines of the folder charge the first cause that explains them all. Orders that
-/// have none in common, or differ alone, stay as they are.
-void takeCommonCauses(const OrdersByDay& orders);
+/// them all. Orders that have none in common, or differ alone, stay as they are.
+void takeCausesOfTerms(const OrdersByDay& orders);
+
+/// Of the differing orders that the same lines of the folder charge, two or more, the first cause that explains them
+/// all, where there is one.
+std::vector<CommonCause> commonCausesOf(const OrdersByDay& orders);
+
+/// Whether one change explains each of the orders.
+bool haveCauseInCommon(const OrdersByDay& orders);
+
+/// Gives the orders the cause.
+void take(const CommonCause& common);
 
 /// Gives the order the first cause that explains it.
 void takeFirstCause(ReconciledOrder& charged);

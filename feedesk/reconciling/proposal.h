@@ -1,6 +1,8 @@
 #ifndef FEEDESK_RECONCILING_PROPOSAL_H
 #define FEEDESK_RECONCILING_PROPOSAL_H
 
+#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,17 +15,21 @@ struct Proposal {
     std::string where;   ///< "fees/stock.csv:49": the line that it follows from
     std::string before;  ///< that line
     std::string after;   ///< what replaces it, one line or two
+    std::shared_ptr<const SolvedRate> rate;
 };
 
 /// What to change in the folder, and the same as a patch.
 struct Proposals {
     std::vector<Proposal> lines;
-    std::string patch;  ///< for `patch -p1` in the market folder; empty when there is nothing to propose
+    std::string patch;                         ///< for `patch -p1` in the market folder; empty when nothing is proposed
+    std::map<std::string, std::string> files;  ///< the changed ones with their new texts
+    std::vector<std::string> withheld;         ///< of rates without a proposal: why, a sentence each
 };
 
-/// The lines that say the rates which are solved for from their days on. A rate that no line gives, as the built-in
-/// default, has no proposal, nor one besides which rates of other charges explain the same.
-Proposals proposalsFor(const Reconciliation& found, const std::string& marketFolder);
+/// The lines that say these rates from their days on; of a rate for one instrument alone a line of its own. A rate that
+/// no line gives, as the built-in default, has no proposal, nor one besides which rates of other charges explain the
+/// same.
+Proposals proposalsFor(const SolvedRates& rates, const std::string& marketFolder);
 
 }  // namespace feedesk
 

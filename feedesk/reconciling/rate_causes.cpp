@@ -4,10 +4,12 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 #include <string>
 #include <utility>
 
 #include "feedesk/reconciling/fill_amounts.h"
+#include "feedesk/reconciling/known_rates.h"
 
 namespace feedesk {
 namespace {
@@ -29,49 +31,17 @@ bool needsRate(const ReconciledOrder& charged, const Layout& layout) {
     return charged.isOpen() && charged.alsoFit.empty() && !mayBeItsFills(charged, layout);
 }
 
-std::vector<SolvedRate> ratesOf(const ReconciledOrder& charged, const ChargedLines& lines, const Layout& layout) {
-    std::vector<SolvedRate> rates;
-    for (const ChargedLine* line : lines.of(charged)) {
-        if (auto solved = rateOf(*line, charged, layout)) {
-            rates.push_back(std::move(*solved));
-        }
-    }
-    return rates;
-}
-
-using Changes = std::vector<RateChange>;
-
-Changes changesIn(const ChargedLines& lines, const Layout& layout) {
-    Changes changes;
-    for (const ChargedLine& line : lines.all()) {
-        auto change = lastChangeOf(line, layout);
-        if (change && std::any_of(change->explained.begin(), change->explained.end(),
-                                  [&](const ReconciledOrder* each) { return needsRate(*each, layout); })) {
-            changes.push_back(std::move(*change));
-        }
-    }
-    return changes;
-}
-
 /// Takes the changes out that explain the most orders, all the same ones.
-Changes takeLargest(Changes& changes) {
+RateChanges takeLargest(RateChanges& changes) {
     const auto largest = std::max_element(
         changes.begin(), changes.end(),
         [](const RateChange& one, const RateChange& other) { return one.explained.size() < other.explained.size(); });
     const OrdersByDay explained = largest->explained;
     const auto others = std::stable_partition(changes.begin(), changes.end(),
                                               [&](const RateChange& each) { return each.explained != explained; });
-    Changes taken(std::make_move_iterator(others), std::make_move_iterator(changes.end()));
+    RateChanges taken(std::make_move_iterator(others), std::make_move_iterator(changes.end()));
     changes.erase(others, changes.end());
     return taken;
-}
-
-/// The first of the rates, with the others next to it.
-std::shared_ptr<const SolvedRate> oneOf(const Changes& changes) {
-    auto solved = std::make_shared<SolvedRate>(changes.front().solved);
-    std::transform(std::next(changes.begin()), changes.end(), std::back_inserter(solved->orElse),
-                   [](const RateChange& each) { return each.solved; });
-    return solved;
 }
 
 std::string wouldFit(const std::vector<SolvedRate>& rates) {
@@ -93,15 +63,63 @@ std::string byFillRemark(const ReconciledOrder& charged) {
 
 }  // namespace
 
-std::vector<std::shared_ptr<const SolvedRate>> takeRatesFromDays(const ChargedLines& lines, const Layout& layout) {
-    std::vector<std::shared_ptr<const SolvedRate>> rates;
-    Changes changes = changesIn(lines, layout);
+void RateCauses::removeNeedless(RateChanges& changes) const {
+    const auto isNeedless = [&](const RateChange& change) {
+        return std::none_of(change.explained.begin(), change.explained.end(),
+                            [&](const ReconciledOrder* each) { return needsRate(*each, layout); });
+    };
+    changes.erase(std::remove_if(changes.begin(), changes.end(), isNeedless), changes.end());
+}
+
+std::vector<SolvedRate> RateCauses::ratesOf(const ReconciledOrder& charged) {
+    std::vector<SolvedRate> found;
+    for (const ChargedLine* line : lines.of(charged)) {
+        if (auto solved = rateOf(*line, charged, layout)) {
+            preferKnown(*solved, charged, others);
+            found.push_back(std::move(*solved));
+        }
+    }
+    return found;
+}
+
+/// The first of the rates, with the others next to it.
+std::shared_ptr<const SolvedRate> RateCauses::oneOf(const RateChanges& changes) {
+    SolvedRates all;
+    for (const RateChange& each : changes) {
+        auto solved = std::make_shared<SolvedRate>(each.solved);
+        preferKnown(*solved, *each.explained.back(), others);
+        all.push_back(std::move(solved));
+    }
+    auto first = std::make_shared<SolvedRate>(*all.front());
+    std::transform(std::next(all.begin()), all.end(), std::back_inserter(first->orElse),
+                   [](const auto& each) { return *each; });
+    return first;
+}
+
+void RateCauses::takeBefore(const std::vector<CommonCause>& commonCauses, RateChanges changes) {
+    const auto goesBehind = [&](const RateChange& change) {
+        const std::set<const ReconciledOrder*> explained(change.explained.begin(), change.explained.end());
+        const auto isExplained = [&](const ReconciledOrder* each) { return explained.count(each) != 0; };
+        const auto isMetInPart = [&](const CommonCause& common) {
+            const auto& orders = common.orders;
+            return std::any_of(orders.begin(), orders.end(), isExplained) &&
+                   !std::all_of(orders.begin(), orders.end(), isExplained);
+        };
+        return explained.size() < 2 || haveCauseInCommon(change.explained) ||
+               std::any_of(commonCauses.begin(), commonCauses.end(), isMetInPart);
+    };
+    changes.erase(std::remove_if(changes.begin(), changes.end(), goesBehind), changes.end());
+    take(std::move(changes));
+}
+
+void RateCauses::take(RateChanges changes) {
+    removeNeedless(changes);
     while (!changes.empty()) {
-        const Changes largest = takeLargest(changes);
+        const RateChanges largest = takeLargest(changes);
         const OrdersByDay& explained = largest.front().explained;
         const bool isTaken = std::any_of(explained.begin(), explained.end(),
                                          [](const ReconciledOrder* each) { return !each->isOpen(); });
-        if (isTaken || (explained.size() == 1 && ratesOf(*explained.front(), lines, layout).size() > 1)) {
+        if (isTaken || (explained.size() == 1 && ratesOf(*explained.front()).size() > 1)) {
             continue;
         }
         rates.push_back(oneOf(largest));
@@ -110,30 +128,49 @@ std::vector<std::shared_ptr<const SolvedRate>> takeRatesFromDays(const ChargedLi
             each->solved = rates.back();
         }
     }
-    return rates;
 }
 
-void takeRateOfOrder(ReconciledOrder& charged, const ChargedLines& lines, const Layout& layout) {
+void RateCauses::takeOfOrder(ReconciledOrder& charged) {
     if (mayBeItsFills(charged, layout)) {
         charged.remark = byFillRemark(charged);
         return;
     }
-    std::vector<SolvedRate> rates = ratesOf(charged, lines, layout);
-    if (rates.size() > 1) {
-        charged.remark = wouldFit(rates);
-    } else if (!rates.empty()) {
+    std::vector<SolvedRate> fitting = ratesOf(charged);
+    if (fitting.size() > 1) {
+        charged.remark = wouldFit(fitting);
+    } else if (!fitting.empty()) {
         charged.cause = Cause::kOtherRate;
-        charged.solved = std::make_shared<const SolvedRate>(std::move(rates.front()));
+        charged.solved = std::make_shared<const SolvedRate>(std::move(fitting.front()));
     }
 }
 
-void addRatesBesidesLimit(ReconciledOrder& charged, const ChargedLines& lines, const Layout& layout) {
+void RateCauses::addBesidesLimit(ReconciledOrder& charged) {
     if (charged.cause != Cause::kOtherMinimum && charged.cause != Cause::kOtherMaximum) {
         return;
     }
-    for (const SolvedRate& rate : ratesOf(charged, lines, layout)) {
-        charged.alsoFit.push_back(
-            {Cause::kOtherRate, rate.sought.charge, fmt::format("the {} {}", rate.sought.charge, rate.rate.text())});
+    for (const SolvedRate& rate : ratesOf(charged)) {
+        const bool isKnown = std::any_of(charged.ratesToo.begin(), charged.ratesToo.end(), [&](const auto& each) {
+            return each->sought.charge == rate.sought.charge && each->sought.item == rate.sought.item;
+        });
+        if (!isKnown) {
+            charged.alsoFit.push_back({Cause::kOtherRate, rate.sought.charge,
+                                       fmt::format("the {} {}", rate.sought.charge, rate.rate.text())});
+        }
+    }
+}
+
+void RateCauses::addBesidesCauses(const RateChanges& changes) {
+    for (const RateChange& change : changes) {
+        if (change.explained.size() < 2) {
+            continue;
+        }
+        std::shared_ptr<const SolvedRate> solved;
+        for (ReconciledOrder* each : change.explained) {
+            if (each->cause != Cause::kOtherRate && each->cause != Cause::kNotExplained) {
+                solved = solved ? solved : oneOf({change});
+                each->ratesToo.push_back(solved);
+            }
+        }
     }
 }
 

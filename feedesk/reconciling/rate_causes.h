@@ -4,21 +4,50 @@
 #include <memory>
 #include <vector>
 
-#include "feedesk/reconciling/rate_change.h"
+#include "feedesk/reconciling/common_causes.h"
+#include "feedesk/reconciling/rate_search.h"
 
 namespace feedesk {
 
-/// Gives differing orders without a cause the rates that fit from a day on, those first that explain most of them, and
-/// hands these rates back. Each explains at least one order that no single change does. Where the rates of several
-/// charges explain the same orders, the first of them is given and says so; of a single order none is.
-std::vector<std::shared_ptr<const SolvedRate>> takeRatesFromDays(const ChargedLines& lines, const Layout& layout);
+/// Gives differing orders the rates that are their causes.
+class RateCauses {
+public:
+    /// All three must outlive it.
+    RateCauses(const ChargedLines& chargedLines, const Layout& statementLayout, OtherTariffs& otherTariffs)
+        : lines(chargedLines), layout(statementLayout), others(otherTariffs) {}
 
-/// Gives the order, which no single change explains, the rate that fits it alone, or says in its remark why there is
-/// none to be named: the rates of several charges fit, or its fills may be charged one by one.
-void takeRateOfOrder(ReconciledOrder& charged, const ChargedLines& lines, const Layout& layout);
+    /// Takes those of the changes that explain several orders which no single change explains together, and each of the
+    /// common causes that it meets as a whole: what explains all lines goes before what explains a part of them.
+    void takeBefore(const std::vector<CommonCause>& commonCauses, RateChanges changes);
 
-/// Where the order alone has another minimum or maximum for its cause, adds the rates that fit it as well.
-void addRatesBesidesLimit(ReconciledOrder& charged, const ChargedLines& lines, const Layout& layout);
+    /// Takes the changes, those first that explain most. Each explains at least one order that no single change does.
+    /// Where the rates of several charges explain the same orders, the first of them is given and says so; of a single
+    /// order none is.
+    void take(RateChanges changes);
+
+    /// Gives the order, which no single change explains, the rate that fits it alone, or says in its remark why there
+    /// is none to be named: the rates of several charges fit, or its fills may be charged one by one.
+    void takeOfOrder(ReconciledOrder& charged);
+
+    /// Where the order alone has another minimum or maximum for its cause, adds the rates that fit it as well.
+    void addBesidesLimit(ReconciledOrder& charged);
+
+    /// Adds to orders that have another cause the changes that explain several orders, them among these.
+    void addBesidesCauses(const RateChanges& changes);
+
+    /// The rates that were given and hold from a day on.
+    [[nodiscard]] const SolvedRates& taken() const { return rates; }
+
+private:
+    void removeNeedless(RateChanges& changes) const;
+    [[nodiscard]] std::vector<SolvedRate> ratesOf(const ReconciledOrder& charged);
+    [[nodiscard]] std::shared_ptr<const SolvedRate> oneOf(const RateChanges& changes);
+
+    const ChargedLines& lines;
+    const Layout& layout;
+    OtherTariffs& others;
+    SolvedRates rates;
+};
 
 }  // namespace feedesk
 

@@ -1,99 +1,22 @@
 #include "feedesk/reconciling/rate_change.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
+
+#include "feedesk/reconciling/held_order.h"
 
 namespace feedesk {
 namespace {
 
-using Outcome = ReconciledOrder::Outcome;
 using Place = OrdersByDay::const_iterator;
 
 /// How many orders are held against a rate that fits one order, so that a long statement takes no longer for each line.
 constexpr std::ptrdiff_t kMostHeld = 200;
 
-std::string keyOf(const cost::ChargeLine& line) {
-    return fmt::format("{}\n{}\n{}", line.term->charge, line.term->item,
-                       line.rate == nullptr ? line.term->where : line.rate->source + '\n' + line.rate->level);
-}
-
-/// Whether the folder's own rates explain the order.
-bool isByFolder(const ReconciledOrder& charged) {
-    const bool hasRate = charged.cause == Cause::kOtherRate;
-    return charged.outcome == Outcome::kAgrees ||
-           (!hasRate && (charged.cause != Cause::kNotExplained || !charged.alsoFit.empty()));
-}
-
-const std::vector<cost::ChargeLine>& planLines(const ReconciledOrder& charged) {
-    return charged.tariff->planOf(charged.order.side(), charged.order.date()).lines;
-}
-
-/// One order of a line with what the folder charges for it, to be held against rates.
-class Held {
-public:
-    Held(const ReconciledOrder& heldOrder, const SoughtRate& soughtRate, const Layout& statementLayout)
-        : charged(heldOrder),
-          amounts(amountsOf(heldOrder.order.trades, *heldOrder.tariff)),
-          sought(soughtRate),
-          layout(statementLayout) {}
-
-    [[nodiscard]] std::optional<RateRange> range() const { return ratesThatFit(disputed(), sought, layout); }
-
-    /// Those of the range that fit, which may be none; nothing when no rate at all does.
-    [[nodiscard]] std::optional<RateRange> rangeIn(const RateRange& wide) const {
-        if (fitsRate(wide.low) && fitsRate(wide.high)) {
-            return wide;
-        }
-        const auto own = range();
-        return own ? std::optional(wide & *own) : std::nullopt;
-    }
-
-    [[nodiscard]] bool fitsRate(const cost::Decimal& rate) const { return fits(rate, disputed(), sought, layout); }
-
-    /// Whether the order would cost something else with this rate.
-    [[nodiscard]] bool feels(const cost::Decimal& rate) const {
-        const auto figures = figuresWith(rate, disputed(), sought, layout);
-        const Figures own = figuresOf(charged.order.stated, amounts, layout);
-        return !figures || !std::equal(figures->begin(), figures->end(), own.begin(), own.end(),
-                                       [](const Figure& one, const Figure& other) {
-                                           return one.expected.low == other.expected.low;
-                                       });
-    }
-
-    /// Whether more figures differ with this rate than with the folder's.
-    [[nodiscard]] bool isWorseWith(const cost::Decimal& rate) const {
-        const auto figures = figuresWith(rate, disputed(), sought, layout);
-        return !figures || disagreeing(*figures) > disagreeing(figuresOf(charged.order.stated, amounts, layout));
-    }
-
-    [[nodiscard]] SolvedRate solved(const RateRange& fitting) const {
-        const auto part = std::find_if(amounts.parts.begin(), amounts.parts.end(),
-                                       [&](const Part& each) { return sought.isOf(each); });
-        SolvedRate rate;
-        rate.sought = sought;
-        rate.range = fitting;
-        rate.rate = fitting.simplest();
-        rate.isFraction = part->term->basis == cost::Basis::kTurnover;
-        rate.isTermsOwn = part->rate == nullptr;
-        rate.folderRate = rate.isTermsOwn ? *part->term->rate : part->rate->value;
-        rate.source = rate.isTermsOwn ? part->term->where : part->rate->source;
-        return rate;
-    }
-
-private:
-    [[nodiscard]] Disputed disputed() const { return {charged.order, amounts}; }
-
-    const ReconciledOrder& charged;
-    Amounts amounts;
-    const SoughtRate& sought;
-    const Layout& layout;
-};
-
 /// Goes from the last day of a line's orders back, as long as one rate fits.
 class Sweep {
 public:
-    Sweep(const ChargedLine& chargedLine, const Layout& statementLayout) : line(chargedLine), layout(statementLayout) {}
+    Sweep(const ChargedLine& chargedLine, const Layout& statementLayout, const std::optional<RateRange>& within)
+        : line(chargedLine), layout(statementLayout), range(within) {}
 
     /// Takes the orders of the day before; false when no rate fits them and those of the days behind it.
     bool take(Place first, Place last) {
@@ -121,11 +44,11 @@ public:
     std::optional<RateChange> found;
 
 private:
-    [[nodiscard]] Held held(const ReconciledOrder& charged) const { return {charged, line.sought, layout}; }
+    [[nodiscard]] HeldOrder held(const ReconciledOrder& charged) const { return {charged, line.sought, layout}; }
 
     /// Leaves the rates that fit the order too; false, and all of them, where no rate fits it.
     bool narrow(const ReconciledOrder& charged) {
-        const Held order = held(charged);
+        const HeldOrder order = held(charged);
         const auto narrower = range ? order.rangeIn(*range) : order.range();
         range = narrower ? narrower : range;
         return narrower.has_value();
@@ -148,7 +71,7 @@ private:
     /// Whether the order differs in another way, which says nothing of the rate: by what nothing explains, or by what
     /// the folder explains while the rate changes nothing. One that is nearer to the folder speaks against the rate.
     bool isOtherwise(const ReconciledOrder& charged) {
-        if (charged.outcome == Outcome::kAgrees) {
+        if (charged.outcome == ReconciledOrder::Outcome::kAgrees) {
             return false;
         }
         const cost::Decimal rate = range->simplest();
@@ -159,8 +82,10 @@ private:
     }
 
     void note(cost::Date from) {
-        found = RateChange{held(*fitting.back()).solved(*range), fitting};
+        found = RateChange{held(*fitting.back()).solved(*range), fitting, &line};
         found->solved.from = from;
+        found->solved.sources.front().from = from;
+        found->solved.instrument = line.instrument;
         found->solved.lines = fittingLines;
         found->solved.otherLines = otherLines;
     }
@@ -186,7 +111,7 @@ std::optional<OtherLine> firstAgainst(const ChargedLine& line, const ReconciledO
     const auto from = firstFrom(line.orders, line.orders.end(), charged.order.date());
     const auto end = from + std::min(line.orders.end() - from, kMostHeld);
     const auto other = std::find_if(from, end, [&](const ReconciledOrder* each) {
-        const Held held(*each, line.sought, layout);
+        const HeldOrder held(*each, line.sought, layout);
         if (held.fitsRate(range.low) || held.fitsRate(range.high)) {
             return false;
         }
@@ -199,31 +124,12 @@ std::optional<OtherLine> firstAgainst(const ChargedLine& line, const ReconciledO
 
 }  // namespace
 
-ChargedLines::ChargedLines(const OrdersByDay& orders) {
-    for (ReconciledOrder* each : orders) {
-        for (const cost::ChargeLine& charge : planLines(*each)) {
-            const auto place = places.emplace(keyOf(charge), lines.size());
-            if (place.second) {
-                lines.push_back({{charge.term->charge, charge.term->item}, {}});
-            }
-            lines[place.first->second].orders.push_back(each);
-        }
-    }
-}
-
-std::vector<const ChargedLine*> ChargedLines::of(const ReconciledOrder& charged) const {
-    std::vector<const ChargedLine*> found;
-    for (const cost::ChargeLine& charge : planLines(charged)) {
-        found.push_back(&lines[places.at(keyOf(charge))]);
-    }
-    return found;
-}
-
-std::optional<RateChange> lastChangeOf(const ChargedLine& line, const Layout& layout) {
+std::optional<RateChange> lastChangeOf(const ChargedLine& line, const Layout& layout,
+                                       const std::optional<RateRange>& within) {
     const OrdersByDay& orders = line.orders;
     const auto firstOpen =
         std::find_if(orders.begin(), orders.end(), [](const ReconciledOrder* each) { return each->isOpen(); });
-    Sweep sweep(line, layout);
+    Sweep sweep(line, layout, within);
     for (auto end = orders.end(); end > firstOpen;) {
         const cost::Date day = (*std::prev(end))->order.date();
         const auto begin = std::lower_bound(
@@ -238,7 +144,7 @@ std::optional<RateChange> lastChangeOf(const ChargedLine& line, const Layout& la
 }
 
 std::optional<SolvedRate> rateOf(const ChargedLine& line, const ReconciledOrder& charged, const Layout& layout) {
-    const Held order(charged, line.sought, layout);
+    const HeldOrder order(charged, line.sought, layout);
     const auto range = order.range();
     if (!range) {
         return std::nullopt;

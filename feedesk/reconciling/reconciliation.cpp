@@ -64,6 +64,21 @@ void addLastHypotheses(const Layout& layout, const OrdersByDay& orders) {
 
 }  // namespace
 
+const RateSource& replacedBySolved(const ReconciledOrder& reconciled) {
+    const SolvedRate& solved = *reconciled.solved;
+    for (const cost::ChargeLine& line :
+         reconciled.tariff->planOf(reconciled.order.side(), reconciled.order.date()).lines) {
+        const std::string& source = line.rate == nullptr ? line.term->where : line.rate->source;
+        const auto found = std::find_if(solved.sources.begin(), solved.sources.end(),
+                                        [&](const RateSource& each) { return each.source == source; });
+        const bool isSought = line.term->charge == solved.sought.charge && line.term->item == solved.sought.item;
+        if (isSought && found != solved.sources.end()) {
+            return *found;
+        }
+    }
+    return solved.sources.front();
+}
+
 std::size_t Reconciliation::count(ReconciledOrder::Outcome outcome) const {
     return static_cast<std::size_t>(std::count_if(
         orders.begin(), orders.end(), [&](const ReconciledOrder& each) { return each.outcome == outcome; }));
@@ -104,23 +119,33 @@ Reconciliation Reconciler::reconcile(const Statement& statement) {
 void Reconciler::findCauses(const Layout& layout, Reconciliation& result) {
     const OrdersByDay orders = chargedByDay(result.orders);
     addLastHypotheses(layout, orders);
-    takeCommonCauses(orders);
     const ChargedLines lines(orders);
-    result.rates = takeRatesFromDays(lines, layout);
-    for (ReconciledOrder* each : orders) {
-        if (!each->isOpen()) {
-            continue;
-        }
+    RateSearch search(lines, layout);
+    RateCauses rates(lines, layout, others);
+    const RateChanges ofAll = search.changes();
+    takeCausesOfTerms(orders);
+    rates.takeBefore(commonCausesOf(orders), search.changes());
+    for (const CommonCause& each : commonCausesOf(orders)) {
+        take(each);
+    }
+    rates.take(search.changes());
+    const OrdersByDay alone = openOf(orders);
+    for (ReconciledOrder* each : alone) {
         if (!each->alsoFit.empty()) {
             takeFirstCause(*each);
-            addRatesBesidesLimit(*each, lines, layout);
-            continue;
         }
-        takeRateOfOrder(*each, lines, layout);
+    }
+    rates.addBesidesCauses(ofAll);
+    for (ReconciledOrder* each : alone) {
+        rates.addBesidesLimit(*each);
+        if (each->isOpen()) {
+            rates.takeOfOrder(*each);
+        }
         if (each->isOpen()) {
             each->remark = columnsRemark(*each, layout);
         }
     }
+    result.rates = rates.taken();
 }
 
 }  // namespace feedesk

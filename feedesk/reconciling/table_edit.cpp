@@ -1,5 +1,7 @@
 #include "feedesk/reconciling/table_edit.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "standalone/text/csv_rows.h"
@@ -49,6 +51,14 @@ std::string endOf(const std::string& line) { return !line.empty() && line.back()
 
 std::string withoutEnd(const std::string& line) { return line.substr(0, line.size() - endOf(line).size()); }
 
+std::string joinedLines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& each : lines) {
+        text += (text.empty() ? "" : "\n") + withoutEnd(each);
+    }
+    return text;
+}
+
 }  // namespace
 
 TableEdit::TableEdit(const std::string& text) : table(text) {
@@ -73,25 +83,39 @@ void TableEdit::addDays() {
     daysAreAdded = true;
 }
 
+bool TableEdit::hasDays() {
+    const bool hasFrom = columnNamed(kFrom).has_value();
+    const bool hasUntil = columnNamed(kUntil).has_value();
+    if (!hasFrom && !hasUntil) {
+        addDays();
+    }
+    return hasFrom == hasUntil;
+}
+
+TableEdit::Cells TableEdit::cellsOf(std::size_t line) const {
+    if (line < 2 || line > table.lines.size()) {
+        return {};
+    }
+    Cells cells = cellsIn(table.lines[line - 1]);
+    cells.resize(daysAreAdded ? header.size() : cells.size());
+    return cells.size() == header.size() ? cells : Cells();
+}
+
+std::optional<std::string> TableEdit::cell(std::size_t line, const std::string& column) const {
+    const auto index = columnNamed(column);
+    const Cells cells = cellsOf(line);
+    return index && !cells.empty() ? std::optional(cells[*index]) : std::nullopt;
+}
+
 std::optional<std::pair<std::string, std::string>> TableEdit::succeed(std::size_t line, const std::string& column,
                                                                       const std::string& value, cost::Date from) {
     const auto rate = columnNamed(column);
     const auto before = from.previous();
     const std::size_t index = line - 1;
-    if (!rate || !before || line < 2 || line > table.lines.size() || succeeded.count(index) != 0) {
+    if (!rate || !before || succeeded.count(index) != 0 || cellsOf(line).empty() || !hasDays()) {
         return std::nullopt;
     }
-    if (!columnNamed(kFrom) || !columnNamed(kUntil)) {
-        if (columnNamed(kFrom) || columnNamed(kUntil)) {
-            return std::nullopt;  // one of both is there, and which comes next to it is its writer's to say
-        }
-        addDays();
-    }
-    Cells old = cellsIn(table.lines[index]);
-    old.resize(daysAreAdded ? header.size() : old.size());
-    if (old.size() != header.size()) {
-        return std::nullopt;
-    }
+    Cells old = cellsOf(line);
     const std::string end = endOf(table.lines[index]);
     Cells next = old;
     next[*rate] = value;
@@ -105,11 +129,50 @@ std::optional<std::pair<std::string, std::string>> TableEdit::succeed(std::size_
         made.push_back(lineOf(old, end));
     }
     made.push_back(lineOf(next, end));
-    std::string after;
-    for (const std::string& each : made) {
-        after += (after.empty() ? "" : "\n") + withoutEnd(each);
+    return std::pair(withoutEnd(table.lines[index]), joinedLines(made));
+}
+
+std::optional<std::pair<std::string, std::string>> TableEdit::addFor(std::size_t line, const std::string& market,
+                                                                     const std::string& code, const std::string& column,
+                                                                     const std::string& value, cost::Date from) {
+    const auto rate = columnNamed(column);
+    const auto codes = columnNamed("code");
+    if (!rate || !codes || cellsOf(line).empty() || !hasDays()) {
+        return std::nullopt;
     }
-    return std::pair(withoutEnd(table.lines[index]), after);
+    const std::size_t index = line - 1;
+    Cells next = cellsOf(line);
+    next[*codes] = code;
+    next[*rate] = value;
+    for (const auto& [name, text] : {std::pair("market", market), std::pair("product", std::string())}) {
+        if (const auto place = columnNamed(name)) {
+            next[*place] = text;
+        }
+    }
+    const auto begins = cost::Date::parse(next[*columnNamed(kFrom)]);
+    if (!begins || *begins < from) {
+        next[*columnNamed(kFrom)] = from.text();
+    }
+    std::vector<std::string>& made = replacements[index];
+    made.resize(std::max<std::size_t>(made.size(), 1), table.lines[index]);
+    const std::string end = endOf(table.lines[index]);
+    made.push_back(lineOf(next, end));
+    succeeded.insert(index);
+    return std::pair(withoutEnd(table.lines[index]), joinedLines(made));
+}
+
+std::string TableEdit::text() const {
+    std::vector<std::string> lines;
+    lines.reserve(table.lines.size());
+    for (std::size_t i = 0; i < table.lines.size(); ++i) {
+        const auto replaced = replacements.find(i);
+        if (replaced == replacements.end()) {
+            lines.push_back(table.lines[i]);
+        } else {
+            lines.insert(lines.end(), replaced->second.begin(), replaced->second.end());
+        }
+    }
+    return fmt::format("{}{}", fmt::join(lines, "\n"), table.endsWithLine ? "\n" : "");
 }
 
 std::string TableEdit::patch(const std::string& file) const { return unifiedPatch(file, table, replacements); }

@@ -50,8 +50,12 @@ private:
                 ++newCount;
                 continue;
             }
-            body += line('-', text.lines[i], i);
-            for (std::size_t made = 0; made < replaced->second.size(); ++made) {
+            // A line that others follow now stays.
+            const bool stays =
+                !isUnended(i) && replaced->second.size() > 1 && replaced->second.front() == text.lines[i];
+            body += line(stays ? ' ' : '-', text.lines[i], i);
+            newCount += stays ? 1 : 0;
+            for (std::size_t made = stays ? 1 : 0; made < replaced->second.size(); ++made) {
                 const bool isLast = made + 1 == replaced->second.size();
                 body += isLast ? line('+', replaced->second[made], i) : '+' + replaced->second[made] + '\n';
                 ++newCount;
@@ -63,9 +67,13 @@ private:
         return head + body;
     }
 
+    /// Whether it is the last line, and has no line end.
+    [[nodiscard]] bool isUnended(std::size_t index) const {
+        return !text.endsWithLine && index + 1 == text.lines.size();
+    }
+
     [[nodiscard]] std::string line(char sign, const std::string& content, std::size_t index) const {
-        const bool isUnended = !text.endsWithLine && index + 1 == text.lines.size();
-        return sign + content + (isUnended ? "\n\\ No newline at end of file\n" : "\n");
+        return sign + content + (isUnended(index) ? "\n\\ No newline at end of file\n" : "\n");
     }
 
     const TextOfLines& text;

@@ -92,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "20240102,600519,买,100,10,10.00,0,0,,1,-1010.00\n"
                   "20240103,600519,买,100,20,10.00,0,0,,1,-2010.00\n"
                   "20240104,600000,买,100,600,10.00,0,0,,1,-60010.00\n",
-                  "Line 4: a least commission of 10 and not 5 (charges.csv:2)"}),
+                  "Lines 2, 3, 4: a least commission of 10 and not 5 (charges.csv:2)"}),
     [](const auto& param) { return std::string(param.param.name); });
 
 }  // namespace

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "feedesk/reconciling/proposal.h"
+#include "feedesk/reconciling/proven_proposals.h"
 #include "feedesk/reconciling/reconciliation.h"
 #include "tests/feedesk/support/naive_statement.h"
 
@@ -150,7 +150,7 @@ protected:
         for (const ReconciledOrder& each : found.orders) {
             RC_ASSERT(each.outcome == ReconciledOrder::Outcome::kAgrees || each.cause == Cause::kOtherRate);
         }
-        const Proposals proposals = proposalsFor(found, market());
+        const Proposals proposals = provenProposals(found, statement, "1000005", market());
         RC_ASSERT(proposals.patch.empty() == (reached == 0));
         if (reached == 0) {
             return;

@@ -55,6 +55,25 @@ TEST(TableEdit, WritesChangesFarFromEachOtherAsTwoHunks) {
     EXPECT_NE(patch.find("@@ -17,5 +18,6 @@"), std::string::npos) << patch;
 }
 
+TEST(TableEdit, AddsALineOfOneInstrumentBehindTheLineOfMany) {
+    TableEdit edit("market,code,product,rate,from,until\nSH,*,MAIN,1,2020-01-01,2022-01-01\nSZ,*,MAIN,2,,\n");
+    EXPECT_EQ(edit.addFor(2, "SH", "600519", "rate", "3", kDay)->second,
+              "SH,*,MAIN,1,2020-01-01,2022-01-01\nSH,600519,,3,2021-03-04,2022-01-01");
+    EXPECT_EQ(edit.patch("f.csv"),
+              "--- a/f.csv\n+++ b/f.csv\n@@ -1,3 +1,4 @@\n market,code,product,rate,from,until\n "
+              "SH,*,MAIN,1,2020-01-01,2022-01-01\n+SH,600519,,3,2021-03-04,2022-01-01\n SZ,*,MAIN,2,,\n");
+    EXPECT_EQ(edit.text(),
+              "market,code,product,rate,from,until\nSH,*,MAIN,1,2020-01-01,2022-01-01\n"
+              "SH,600519,,3,2021-03-04,2022-01-01\nSZ,*,MAIN,2,,\n");
+}
+
+TEST(TableEdit, AddsALineOfOneInstrumentBehindAChangedLine) {
+    TableEdit edit("code,rate\n*,1");
+    ASSERT_TRUE(edit.succeed(2, "rate", "2", kDay));
+    ASSERT_TRUE(edit.addFor(2, "SH", "600519", "rate", "3", kDay));
+    EXPECT_EQ(edit.text(), "code,rate,from,until\n*,1,,2021-03-03\n*,2,2021-03-04,\n600519,3,2021-03-04,");
+}
+
 TEST(TableEdit, ChangesNothingThatItDoesNotUnderstand) {
     TableEdit edit("account,rate,from,until\nA,1,,\n");
     EXPECT_FALSE(edit.succeed(2, "other", "2", kDay));
@@ -63,6 +82,7 @@ TEST(TableEdit, ChangesNothingThatItDoesNotUnderstand) {
     EXPECT_TRUE(edit.succeed(2, "rate", "2", kDay));
     EXPECT_FALSE(edit.succeed(2, "rate", "3", kDay));
     EXPECT_FALSE(TableEdit("rate,from\n1,\n").succeed(2, "rate", "2", kDay));
+    EXPECT_FALSE(TableEdit("category,rate,from,until\n1,1,,\n").addFor(2, "SH", "600519", "rate", "2", kDay));
 }
 
 }  // namespace

@@ -1,0 +1,50 @@
+#include "feedesk/reconciling/known_rates.h"
+
+#include <algorithm>
+#include <string>
+
+namespace feedesk {
+namespace {
+
+std::optional<cost::Decimal> rateIn(const OtherTariff& other, const SolvedRate& solved) {
+    const auto& charges = other.tariff.rates().charges;
+    const auto rate = std::find_if(charges.begin(), charges.end(), [&](const cost::Rate& each) {
+        return each.charge == solved.sought.charge && each.item == solved.sought.item;
+    });
+    return rate == charges.end() ? std::nullopt : std::optional(rate->value);
+}
+
+/// The one with the fewest decimals of those that fit; of several the last, which of days is the latest.
+const OtherTariff* bestOf(const OtherTariffList& list, const SolvedRate& solved) {
+    const OtherTariff* found = nullptr;
+    std::size_t length = 0;
+    for (const OtherTariff& each : list) {
+        const auto rate = rateIn(each, solved);
+        if (rate && solved.range.contains(*rate) && (found == nullptr || rate->text().size() <= length)) {
+            found = &each;
+            length = rate->text().size();
+        }
+    }
+    return found;
+}
+
+}  // namespace
+
+void preferKnown(SolvedRate& solved, const ReconciledOrder& charged, OtherTariffs& others) {
+    const Amounts amounts = amountsOf(charged.order.trades, *charged.tariff);
+    const Disputed disputed{charged.order, amounts};
+    if (const OtherTariff* dated = bestOf(others.ofOtherDates(disputed), solved)) {
+        solved.rate = *rateIn(*dated, solved);
+        solved.knownFrom = dated->sentence;
+        return;
+    }
+    for (const auto list :
+         {&OtherTariffs::ofOtherLevels, &OtherTariffs::ofOtherCategories, &OtherTariffs::ofOtherAccounts}) {
+        if (const OtherTariff* other = bestOf((others.*list)(disputed), solved)) {
+            solved.rate = *rateIn(*other, solved);
+            return;
+        }
+    }
+}
+
+}  // namespace feedesk

@@ -1,0 +1,105 @@
+#include "feedesk/reconciling/proven_proposals.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <system_error>
+#include <vector>
+
+#include "feedesk/reconciling/charging.h"
+#include "feedesk/reconciling/patched_folder.h"
+#include "standalone/loader.h"
+
+namespace feedesk {
+namespace {
+
+using Outcome = ReconciledOrder::Outcome;
+/// Whether the order is one that the proposals are made for.
+bool isMeant(const ReconciledOrder& reconciled, const Proposals& proposals) {
+    return reconciled.solved && std::any_of(proposals.lines.begin(), proposals.lines.end(), [&](const Proposal& each) {
+               return each.rate == reconciled.solved && each.where == replacedBySolved(reconciled).source;
+           });
+}
+
+/// Works a statement out by changed folders.
+class Proof {
+public:
+    Proof(const Reconciliation& reconciled, const Statement& reconciledStatement, const std::string& accountNumber,
+          const std::string& folderOfRates)
+        : found(reconciled), statement(reconciledStatement), account(accountNumber), marketFolder(folderOfRates) {}
+
+    /// Why the changes are not to be proposed; nothing where they hold.
+    [[nodiscard]] std::optional<std::string> against(const Proposals& proposals) const try {
+        const PatchedFolder patched(marketFolder, proposals.files);
+        // Read once by itself: a session would tell the errors of a folder that nobody has.
+        if (!standalone::loadFolder(patched.path()).ok()) {
+            return "the folder could not be read with it";
+        }
+        Session session(SessionOptions{patched.path()});
+        return against(chargedOrders(session, account, statement), proposals);
+    } catch (const std::system_error& error) {
+        return fmt::format("it could not be tried: {}", error.what());
+    }
+
+private:
+    [[nodiscard]] std::optional<std::string> against(const std::vector<ReconciledOrder>& orders,
+                                                     const Proposals& proposals) const {
+        if (orders.size() != found.orders.size()) {
+            return "the statement would have other orders with it";
+        }
+        for (std::size_t i = 0; i < orders.size(); ++i) {
+            const ReconciledOrder& before = found.orders[i];
+            const std::size_t line = statement.lines[before.order.lines.front()].line;
+            if (orders[i].outcome != Outcome::kAgrees && before.outcome == Outcome::kAgrees) {
+                return fmt::format("line {}, which agrees, would differ with it", line);
+            }
+            if (orders[i].outcome != Outcome::kAgrees && isMeant(before, proposals)) {
+                return fmt::format("line {} would differ with it as well", line);
+            }
+        }
+        return std::nullopt;
+    }
+
+    const Reconciliation& found;
+    const Statement& statement;
+    const std::string& account;
+    const std::string& marketFolder;
+};
+
+std::string withheldSentence(const SolvedRate& rate, const std::string& why) {
+    return fmt::format("no line is proposed for the {} {}{}, as {}", rate.sought.charge, rate.rate.text(),
+                       rate.instrument.empty() ? "" : " of " + rate.instrument, why);
+}
+
+}  // namespace
+
+Proposals provenProposals(const Reconciliation& found, const Statement& statement, const std::string& account,
+                          const std::string& marketFolder) {
+    const Proof proof(found, statement, account, marketFolder);
+    Proposals all = proposalsFor(found.rates, marketFolder);
+    if (all.patch.empty() || !proof.against(all)) {
+        return all;
+    }
+    SolvedRates kept;
+    std::vector<std::string> withheld;
+    for (const auto& rate : found.rates) {
+        const Proposals one = proposalsFor({rate}, marketFolder);
+        const auto why = one.patch.empty() ? std::nullopt : proof.against(one);
+        if (why) {
+            withheld.push_back(withheldSentence(*rate, *why));
+        } else {
+            kept.push_back(rate);
+        }
+    }
+    Proposals proven = proposalsFor(kept, marketFolder);
+    if (const auto why = proven.patch.empty() ? std::nullopt : proof.against(proven)) {
+        proven = Proposals();
+        withheld = {"no line is proposed: each of the rates would do alone, but with all of them " + *why};
+    }
+    std::copy(withheld.begin(), withheld.end(), std::back_inserter(proven.withheld));
+    return proven;
+}
+
+}  // namespace feedesk

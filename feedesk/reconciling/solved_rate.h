@@ -1,0 +1,54 @@
+#ifndef FEEDESK_RECONCILING_SOLVED_RATE_H
+#define FEEDESK_RECONCILING_SOLVED_RATE_H
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "feedesk/reconciling/rate_range.h"
+
+namespace feedesk {
+
+/// An order that a rate does not fit, by its first line.
+struct OtherLine {
+    std::size_t line = 0;  ///< index into Statement::lines
+    cost::Date date;
+};
+
+/// What gives the rate in the folder that another one would take the place of.
+struct RateSource {
+    cost::Decimal rate;                ///< what the folder has
+    std::string source;                ///< its line; empty where no line gives it
+    bool isTermsOwn = false;           ///< the rate is the term's and not the fee center's
+    std::optional<cost::Date> from{};  ///< the day from which on the other rate fits the orders of this line
+
+    friend bool operator<(const RateSource& one, const RateSource& other) {
+        return one.rate == other.rate ? one.source < other.source : one.rate < other.rate;
+    }
+};
+
+/// A rate that is solved for, and how far it reaches.
+struct SolvedRate {
+    SoughtRate sought;
+    RateRange range;
+    cost::Decimal rate;               ///< of them the one that the folder knows, or else the simplest
+    std::string knownFrom;            ///< the schedule that has it, "the schedule until 2023-08-27"; empty: none has
+    std::vector<RateSource> sources;  ///< of the lines that it fits, by rate and line
+    std::string instrument;           ///< "SH:510310" where it is for this one alone
+    bool isFraction = false;          ///< it is charged on turnover
+    std::size_t lines = 0;            ///< how many lines of the statement it fits
+    /// From this day on it fits every line that is charged by the same lines of the folder; empty: it fits one order.
+    std::optional<cost::Date> from;
+    std::size_t otherLines = 0;        ///< from that day on: lines that differ in other ways, and are not among `lines`
+    std::optional<OtherLine> against;  ///< where it fits one order: the first from its day on that it does not fit
+    /// Rates of other charges that explain the same orders: the statement does not say which one it is.
+    std::vector<SolvedRate> orElse;
+};
+
+using SolvedRates = std::vector<std::shared_ptr<const SolvedRate>>;
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_RECONCILING_SOLVED_RATE_H

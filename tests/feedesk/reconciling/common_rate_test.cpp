@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "tests/feedesk/support/statement_folder.h"
+
+// One rate that explains trades of several lines of the folder, or of one instrument alone, and what is proposed for
+// it.
+
+namespace feedesk::test {
+namespace {
+
+struct RateCase {
+    const char* name;
+    std::string lines;
+    std::vector<const char*> reported;
+    std::vector<const char*> patched;  ///< lines that the patch adds; none: nothing is proposed
+};
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Shanghai pays 0.025 % commission, Shenzhen 0.02 %, and sales 0.05 % stamp duty; until 2023-08-27 they were 0.03 %,
+/// 0.0287 % and 0.1 %. Of 600000 and 601398 the commission is 0.01 %, by a custom fee of their category.
+class CommonRate : public testing::TestWithParam<RateCase> {
+protected:
+    CommonRate() {
+        folder.write("charges.csv",
+                     "family,charge,side,basis,per,rounding,currency,source,checked\n"
+                     "stock,commission,both,turnover,order,0.01 half_up,CNY,test,2024-01-02\n"
+                     "stock,stamp_duty,sell,turnover,order,0.01 half_up,CNY,test,2024-01-02\n"
+                     "stock,transfer_fee,both,turnover,order,0.01 half_up,CNY,test,2024-01-02\n");
+        folder.write("fees/stock.csv",
+                     "account,market,code,commission,transfer_fee,stamp_duty,from,until\n"
+                     "S100,SH,60*,0.00025,0,0.0005,2023-08-28,\n"
+                     "S100,SZ,*,0.0002,0,0.0005,2023-08-28,\n"
+                     "S100,SH,60*,0.0003,0,0.001,,2023-08-27\n"
+                     "S100,SZ,*,0.000287,0,0.001,,2023-08-27\n");
+        folder.write(
+            "instruments/more.csv",
+            "market,code,name,lists\nSH,601398,工商银行,stock\nSH,601088,中国神华,stock\nSZ,300750,宁德时代,stock\n");
+        folder.write("categories.csv",
+                     "category,name,market,code\n1,Banks,SH,600000\n1,Banks,SH,601398\n2,Futures,SHFE,*\n3,Options,SHO,"
+                     "*\n4,Rebar,SHFE,rb2610\n");
+        folder.write("custom/stock.csv", "account,update,category,commission,stamp_duty\nS100,1,1,0.0001,0.0005\n");
+    }
+
+    [[nodiscard]] std::string patch() const { return folder.tradesFile(); }
+
+    [[nodiscard]] bool applyPatch() const {
+        return std::system(("patch -s -p1 -d " + folder.path() + " <" + patch()).c_str()) == 0;
+    }
+
+    StatementFolder folder;
+};
+
+TEST_P(CommonRate, IsReportedAndProposedAsFarAsItReaches) {
+    const Outcome outcome = folder.reconcileLines(GetParam().lines, "--patch " + patch());
+    const std::string text = unfolded(outcome.out);
+    for (const char* each : GetParam().reported) {
+        EXPECT_NE(text.find(each), std::string::npos) << each << '\n' << outcome.out << outcome.err;
+    }
+    EXPECT_EQ(outcome.status, 1);
+    ASSERT_EQ(std::filesystem::exists(patch()), !GetParam().patched.empty()) << outcome.out;
+    if (GetParam().patched.empty()) {
+        return;
+    }
+    std::vector<std::string> added;
+    for (const std::string& line : lines(contentOf(patch()))) {
+        if (line.front() == '+' && line.find("+++") != 0) {
+            added.push_back(line.substr(1));
+        }
+    }
+    EXPECT_EQ(added, std::vector<std::string>(GetParam().patched.begin(), GetParam().patched.end()));
+    ASSERT_TRUE(applyPatch());
+    const Outcome after = folder.reconcile();
+    EXPECT_EQ(after.status, 0) << after.out << after.err;
+}
+
+// The cells: day, code, side, quantity, price, commission, stamp duty, transfer fee, order, fills, net. Of 1010.00 the
+// stamp duty is 0.505, so 0.51, and by the old rate 1.01, which is not twice as much.
+INSTANTIATE_TEST_SUITE_P(
+    Of, CommonRate,
+    testing::Values(
+        RateCase{"TwoLinesGoesBeforeACauseOfOne",
+                 "20240102,600519,卖,100,1000,25.00,100.00,0,,1,99875.00\n"
+                 "20240103,300750,卖,100,10.10,.20,1.01,0,,1,1008.79\n",
+                 {"Lines 2, 3: the stamp_duty 0.001 (any from 0.00099995 to 0.001000049999), as by the schedule from "
+                  "2021-01-01 until 2023-08-27, fits all 2 lines from 2024-01-02 on; the folder has 0.0005, "
+                  "fees/stock.csv:2, fees/stock.csv:3; also fits line 2: the stamp_duty (charges.csv:3) charged twice"},
+                 {"S100,SH,60*,0.00025,0,0.0005,2023-08-28,2024-01-01", "S100,SH,60*,0.00025,0,0.001,2024-01-02,",
+                  "S100,SZ,*,0.0002,0,0.0005,2023-08-28,2024-01-02", "S100,SZ,*,0.0002,0,0.001,2024-01-03,"}},
+        // 100000 and 200000.
+        RateCase{"SeveralTradesIsNamedBesideTheirCause",
+                 "20240102,600519,卖,100,1000,25.00,100.00,0,,1,99875.00\n"
+                 "20240103,600519,卖,100,2000,50.00,200.00,0,,1,199750.00\n",
+                 {"Lines 2, 3: the stamp_duty (charges.csv:3) charged twice; also fits: the stamp_duty 0.001 (any from "
+                  "0.000999975 to 0.001000024999), as by the schedule from 2021-01-01 until 2023-08-27, fits all 2 "
+                  "lines from 2024-01-02 on; the folder has 0.0005, fees/stock.csv:2"},
+                 {}},
+        // 1001 x 0.000287 = 0.29, as by 0.00029, which is simpler.
+        RateCase{
+            "AnotherDayIsNamedBeforeASimplerOne",
+            "20240102,300750,卖,100,10.01,.29,.50,0,,1,1000.21\n",
+            {"Line 2: the commission 0.000287 (any from 0.000284715285 to 0.000294705294), as by the schedule from "
+             "2021-01-01 until 2023-08-27, fits the line from 2024-01-02 on"},
+            {"S100,SZ,*,0.0002,0,0.0005,2023-08-28,2024-01-01", "S100,SZ,*,0.000287,0,0.0005,2024-01-02,"}},
+        // 601088 pays the folder's 0.025 % in between.
+        RateCase{"OneInstrumentHasALineOfItsOwn",
+                 "20240102,600519,买,100,1000,40.00,0,0,,1,-100040.00\n"
+                 "20240102,601088,买,100,1000,25.00,0,0,,1,-100025.00\n"
+                 "20240103,600519,买,100,2000,80.00,0,0,,1,-200080.00\n",
+                 {"Lines 2, 4: the commission 0.0004 (any from 0.000399975 to 0.000400024999) fits all 2 lines of "
+                  "SH:600519 from 2024-01-02 on; the folder has 0.00025, fees/stock.csv:2"},
+                 {"S100,SH,600519,0.0004,0,0.0005,2024-01-02,"}},
+        RateCase{
+            "OneInstrumentOfACategoryHasNoLine",
+            "20240102,600000,买,100,1000,40.00,0,0,,1,-100040.00\n"
+            "20240102,601398,买,100,1000,10.00,0,0,,1,-100010.00\n"
+            "20240103,600000,买,100,2000,80.00,0,0,,1,-200080.00\n",
+            {"Lines 2, 4: the commission 0.0004 (any from 0.000399975 to 0.000400024999) fits all 2 lines of "
+             "SH:600000 from 2024-01-02 on; the folder has 0.0001, custom/stock.csv:2",
+             "no line is proposed for the commission of SH:600000 alone, as custom/stock.csv:2 is a line of several "
+             "instruments and its table has no column for one"},
+            {}}),
+    [](const auto& param) { return std::string(param.param.name); });
+
+}  // namespace
+}  // namespace feedesk::test
