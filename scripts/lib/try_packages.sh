@@ -7,7 +7,11 @@ folder=$1
 shift
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 root=$(realpath "$(mktemp -d "$folder/debian.XXXXXX")")
-trap 'rm -rf "$root"' EXIT
+remove_root() {
+  ! mountpoint -q "$root/proc" || umount "$root/proc"
+  rm -rf --one-file-system "$root"
+}
+trap remove_root EXIT
 
 echo "Setting up a bare Debian in $root ..."
 # From where this machine's packages come, whose versions those that are tried were made for.
@@ -17,6 +21,7 @@ for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.{list,sources}; do
 done
 # shellcheck disable=SC1091
 mmdebstrap --quiet --variant=apt "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$root" "${sources[@]}"
+mount -t proc proc "$root/proc"
 mkdir "$root/tried"
 cp "$@" "$root/tried"
 cp -r examples "$root/tried"
