@@ -57,13 +57,14 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 file(WRITE ${PROJECT_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/triggers)
 
-package(development libfeecenter-dev libdevel COMPONENTS development records cost standalone
+package(development libfeecenter-dev libdevel COMPONENTS development records cost standalone conformance
   DEPENDS "libfeecenter0 ${this_version}, libboost-dev, libboost-thread-dev, libbson-dev, libcsv-dev, libfmt-dev, liblzma-dev, libtomlplusplus-dev, libxxhash-dev"
   SUMMARY "fee, commission and margin rates for trading clients (development files)"
   DESCRIPTION "Headers of the fee center and of its boundary with the host, and the files"
               "that CMake and pkg-config find them by. Static libraries besides: the given"
               "operations of the host's records, the cost library, which makes amounts of"
-              "rates and trades, and a complete standalone host.")
+              "rates and trades, a complete standalone host, and a suite that tells a host"
+              "which promises it breaks.")
 
 package(program feedesk misc ANY COMPONENTS feedesk
   DEPENDS "libfeecenter0 ${this_version}" SUGGESTS "feecenter-market ${this_version}"

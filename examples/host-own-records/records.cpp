@@ -4,18 +4,19 @@
 // the virtual tables name them, so each must be defined. Each is written here once, over the list of a class's fields.
 
 #include <algorithm>
+#include <array>
 #include <boost/make_shared.hpp>
 #include <boost/shared_ptr.hpp>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <iterator>
 #include <map>
 #include <ostream>
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 #include <vector>
@@ -61,27 +62,41 @@ struct Detaching {
     }
 };
 
-// Texts: JSON, with the digits that a number needs to be had back, whatever the locale.
+// Texts, of two forms: a JSON object, and a line for a log. Numbers have the digits that they need to be had back,
+// whatever the locale.
 
-struct Json {
-    std::ostream& out;
+enum class Form { kJson, kLog };
 
-    void write(double number) const {
-        char digits[32];
-        out.write(digits, std::to_chars(std::begin(digits), std::end(digits), number).ptr - digits);
+class Text {
+public:
+    Text(std::ostream& target, Form textForm) : out(target), form(textForm) {}
+
+    /// What is before a field's value.
+    void name(const std::string& field) {
+        if (form == Form::kJson) {
+            value(field);
+            out << ':';
+        } else {
+            out << field << '=';
+        }
     }
 
-    void write(std::int32_t number) const { out << std::to_string(number); }
+    void value(double number) {
+        std::array<char, 32> digits{};
+        out.write(digits.data(), std::to_chars(digits.begin(), digits.end(), number).ptr - digits.data());
+    }
 
-    void write(const std::string& text) const {
+    void value(std::int32_t number) { out << std::to_string(number); }
+
+    void value(const std::string& text) {
         out << '"';
         for (const char letter : text) {
             if (letter == '"' || letter == '\\') {
                 out << '\\' << letter;
             } else if (static_cast<unsigned char>(letter) < 0x20) {
-                char escape[8];
-                std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(letter));
-                out << escape;
+                std::array<char, 8> escape{};
+                std::snprintf(escape.data(), escape.size(), "\\u%04x", static_cast<unsigned>(letter));
+                out << escape.data();
             } else {
                 out << letter;
             }
@@ -90,40 +105,57 @@ struct Json {
     }
 
     template <class Record>
-    void write(const shared_ptr<Record>& record) const {
-        if (record) {
+    void value(const shared_ptr<Record>& record) {
+        if (!record) {
+            out << "null";
+        } else if (form == Form::kJson) {
             record->toStream(out);
         } else {
-            out << "null";
+            record->toLogStream(out);
         }
     }
 
     template <class Value>
-    void write(const std::vector<Value>& values) const {
-        const char* before = "[";
-        for (const Value& value : values) {
+    void value(const std::vector<Value>& values) {
+        const char* before = "";
+        out << '[';
+        for (const Value& each : values) {
             out << before;
-            write(value);
-            before = ",";
+            value(each);
+            before = ", ";
         }
-        out << (values.empty() ? "[]" : "]");
+        out << ']';
     }
 
     template <class Key, class Value>
-    void write(const std::map<Key, Value>& values) const {
-        const char* before = "{";
-        for (const auto& [key, value] : values) {
-            std::ostringstream name;
-            name << key;
+    void value(const std::map<Key, Value>& values) {
+        const char* before = "";
+        out << '{';
+        for (const auto& [key, each] : values) {
+            std::ostringstream keyText;
+            keyText << key;
             out << before;
-            write(name.str());
-            out << ':';
-            write(value);
-            before = ",";
+            value(keyText.str());
+            out << ": ";
+            value(each);
+            before = ", ";
         }
-        out << (values.empty() ? "{}" : "}");
+        out << '}';
     }
+
+private:
+    std::ostream& out;
+    Form form;
 };
+
+/// What a field is, in the description of its class.
+template <class Value>
+std::string typeName(const Value& /*field*/) {
+    return std::is_same_v<Value, double>         ? "double"
+           : std::is_same_v<Value, std::int32_t> ? "int32"
+           : std::is_same_v<Value, std::string>  ? "string"
+                                                 : "records";
+}
 
 // Comparing: by what is behind the pointers.
 
@@ -179,30 +211,40 @@ uint64 RecordOf<Record>::getHashKey(uint64 seed) const {
 
 template <class Record>
 std::string RecordOf<Record>::getStructDes() const {
-    std::string names;
-    records::forEachField<Record>(
-        [&](const auto& field) { names += (names.empty() ? "" : ",") + std::string(field.name); });
-    return std::string(records::RecordFields<Record>::className) + '{' + names + '}';
+    const auto& record = static_cast<const Record&>(*this);
+    std::string fields;
+    records::forEachField<Record>([&](const auto& field) {
+        fields += (fields.empty() ? "" : ",") + std::string(field.name) + ':' + typeName(record.*field.member);
+    });
+    return std::string(records::RecordFields<Record>::className) + '{' + fields + '}';
 }
 
 template <class Record>
 void RecordOf<Record>::toLogStream(std::ostream& out) const {
-    toStream(out);
+    const auto& record = static_cast<const Record&>(*this);
+    Text text(out, Form::kLog);
+    const char* before = "{";
+    out << records::RecordFields<Record>::className;
+    records::forEachField<Record>([&](const auto& field) {
+        out << before;
+        text.name(field.name);
+        text.value(record.*field.member);
+        before = ", ";
+    });
+    out << '}';
 }
 
 template <class Record>
 void RecordOf<Record>::toStream(std::ostream& out) const {
     const auto& record = static_cast<const Record&>(*this);
-    const Json json{out};
+    Text text(out, Form::kJson);
     out << '{';
-    json.write(std::string("class"));
-    out << ':';
-    json.write(std::string(records::RecordFields<Record>::className));
+    text.name("_type");
+    text.value(std::string(records::RecordFields<Record>::className));
     records::forEachField<Record>([&](const auto& field) {
         out << ',';
-        json.write(std::string(field.name));
-        out << ':';
-        json.write(record.*field.member);
+        text.name(field.name);
+        text.value(record.*field.member);
     });
     out << '}';
 }

@@ -3,10 +3,12 @@
 // The records' operations are given (feecenter::records). A host with record classes of its own defines those too; see
 // ../host-own-records.
 
+#include <algorithm>
 #include <boost/asio/io_service.hpp>
 #include <boost/asio/io_service_strand.hpp>
 #include <boost/make_shared.hpp>
 #include <boost/shared_ptr.hpp>
+#include <exception>
 #include <future>
 #include <iostream>
 #include <map>
@@ -149,23 +151,38 @@ shared_ptr<CCustomSgtExchangeRateLimit> ConfigCollector::getSgtExchangeRateLimit
 
 bool ConfigCollector::isSimulationPlatform(int /*platformId*/) const { return false; }
 
-// The categories that custom fees are for: this host has none.
+// The categories that custom fees are for. This host has no system categories; what a custom fee brings with it, a list
+// of instruments or a group of such lists, is looked up in it.
 
 bool CppCategory::isStockInCategoryForTS(const std::string& /*market*/, const std::string& /*code*/,
                                          const std::string& /*productId*/, int /*category*/) {
     return false;
 }
 
-bool CppCategory::isStockInCustomCategory(const std::string& /*market*/, const std::string& /*code*/,
-                                          const std::vector<std::string>& /*members*/) {
-    return false;
+bool CppCategory::isStockInCustomCategory(const std::string& market, const std::string& code,
+                                          const std::vector<std::string>& members) {
+    return std::find(members.begin(), members.end(), utils::voStockKey(market, code)) != members.end();
 }
 
-bool CppCategory::isStockInGroupCategory(const std::string& /*market*/, const std::string& /*code*/,
-                                         const std::string& /*productId*/,
-                                         const std::vector<shared_ptr<CGroupCategorySubInfo>>& /*parts*/,
-                                         std::map<int, std::vector<std::string>> /*customCategories*/) {
-    return false;
+bool CppCategory::isStockInGroupCategory(const std::string& market, const std::string& code,
+                                         const std::string& productId,
+                                         const std::vector<shared_ptr<CGroupCategorySubInfo>>& parts,
+                                         std::map<int, std::vector<std::string>> customCategories) {
+    bool takenIn = false;
+    for (const shared_ptr<CGroupCategorySubInfo>& part : parts) {
+        if (!part) {
+            continue;
+        }
+        const auto custom = customCategories.find(part->category);
+        const bool holds = custom != customCategories.end()
+                               ? isStockInCustomCategory(market, code, custom->second)
+                               : isStockInCategoryForTS(market, code, productId, part->category);
+        if (holds && part->excluded != 0) {
+            return false;
+        }
+        takenIn = takenIn || holds;
+    }
+    return takenIn;
 }
 
 int CppCategory::getCategorId(const std::string& /*name*/) { return 0; }
@@ -180,7 +197,7 @@ namespace {
 
 class Engine {
 public:
-    Engine() : thread([this] { jobs.run(); }) {}
+    Engine() : thread([this] { runJobs(); }) {}
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
     ~Engine() { stop(); }
@@ -203,6 +220,18 @@ public:
     }
 
 private:
+    /// A job that throws ends by itself and not the others: a service of this host may throw inside it.
+    void runJobs() {
+        for (bool ended = false; !ended;) {
+            try {
+                jobs.run();
+                ended = true;
+            } catch (const std::exception& error) {
+                std::cerr << "a job ended early: " << error.what() << '\n';
+            }
+        }
+    }
+
     boost::asio::io_service jobs;
     std::unique_ptr<boost::asio::io_service::work> waitsForMore = std::make_unique<boost::asio::io_service::work>(jobs);
     std::mutex mutex;

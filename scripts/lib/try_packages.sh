@@ -10,8 +10,13 @@ root=$(realpath "$(mktemp -d "$folder/debian.XXXXXX")")
 trap 'rm -rf "$root"' EXIT
 
 echo "Setting up a bare Debian in $root ..."
+# From where this machine's packages come, whose versions those that are tried were made for.
+sources=()
+for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.{list,sources}; do
+  [[ ! -s $file ]] || sources+=("$file")
+done
 # shellcheck disable=SC1091
-mmdebstrap --quiet --variant=apt "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$root"
+mmdebstrap --quiet --variant=apt "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$root" "${sources[@]}"
 mkdir "$root/tried"
 cp "$@" "$root/tried"
 cp -r examples "$root/tried"
@@ -32,21 +37,29 @@ files_left() {
   inside "find / -xdev \( -path /proc -o -path /sys -o -path /dev -o -path /tried \) -prune -o \( -path '*feecenter*' -o -path '*feedesk*' \) -print |
     grep -v '^/var/\(cache\|lib\)/\(apt\|dpkg\)/\|^/var/log/' || true"
 }
-install="apt-get -qq -o Dpkg::Use-Pty=0 install --no-install-recommends"
+# quietly COMMAND: what it says is shown only when it fails.
+quietly() {
+  inside "$1" >"$root/said" 2>&1 && return
+  printf '%s\nfailed:\n' "$1" >&2
+  tail -n 40 "$root/said" >&2
+  return 1
+}
+install="apt-get -y -o Dpkg::Use-Pty=0 install --no-install-recommends"
+quietly "apt-get -q update"
 
 echo "The program, without a market and with the one of its package"
-inside "$install /tried/libfeecenter0_*.deb /tried/feedesk_*.deb >/dev/null"
-inside "ldd /usr/bin/feedesk | grep -q '/usr/lib/.*/libfeecenter.so.0'"
+quietly "$install /tried/libfeecenter0_*.deb /tried/feedesk_*.deb"
+prints "libfeecenter.so.0 => /" "ldd /usr/bin/feedesk"
 if inside "cd / && feedesk accounts" >/dev/null 2>&1; then
   echo "feedesk finds a market where no package brings one" >&2
   exit 1
 fi
-inside "$install /tried/feecenter-market_*.deb >/dev/null"
+quietly "$install /tried/feecenter-market_*.deb"
 prints 1000001 "cd / && feedesk accounts"
 prints 0.025% "cd / && feedesk fee 1000001 SH:600519"
 
 echo "The library, built against by the examples"
-inside "$install /tried/libfeecenter-dev_*.deb g++ cmake make pkg-config >/dev/null"
+quietly "$install /tried/libfeecenter-dev_*.deb g++ cmake make pkg-config"
 for example in host host-own-records desktop-loop; do
   expected=$(<"examples/$example/expected.txt")
   prints "$expected" "cd /tried/examples/$example && cmake -S . -B /tried/$example >/dev/null && cmake --build /tried/$example >/dev/null &&
@@ -56,7 +69,7 @@ for example in host host-own-records desktop-loop; do
 done
 
 echo "Removing them"
-inside "dpkg --purge feecenter-market feedesk libfeecenter-dev libfeecenter0 >/dev/null"
+quietly "dpkg --purge feecenter-market feedesk libfeecenter-dev libfeecenter0"
 left=$(files_left)
 if [[ $left ]]; then
   printf 'these files were left:\n%s\n' "$left" >&2

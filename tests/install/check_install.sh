@@ -37,6 +37,8 @@ if grep -rlF --include='*.cmake' --include='*.pc' -e "$source/" -e "$build/" -e 
 fi
 for file in "$installed"/bin/feedesk "$installed"/lib/libfeecenter.so; do
   path=$(readelf -d "$file" | sed -nE 's/.*(RPATH|RUNPATH).*\[(.*)\]/\2/p')
+  # The loader's own word, not the shell's.
+  # shellcheck disable=SC2016
   [[ -z $path || $path == '$ORIGIN/'* ]] || fail "$file looks for libraries in $path"
 done
 
@@ -89,6 +91,14 @@ without_cmake() {
     must "$example, built with $compiler and pkg-config," prints "$example" "$program"
 }
 
+# The examples' host and its own record operations keep what a host promises, by the installed suite.
+promises() {
+  PKG_CONFIG_PATH=$installed/lib/pkgconfig must "linking the conformance suite" \
+    bash -c "$1 -std=c++17 -Wno-return-type -I '$examples' '$source/tests/install/host_promises.cpp' \
+      '$examples/host-own-records/records.cpp' -o '$place/promises' \$(pkg-config --cflags --libs feecenter-conformance)" &&
+    LD_LIBRARY_PATH=$installed/lib must "the examples' host" "$place/promises"
+}
+
 # As a part of another build, whose tree has no other folder of the project, and which finds nothing but Boost.
 embedded() {
   local tree=$place/embedding none=() package
@@ -117,6 +127,7 @@ lanes+=($!)
 for lane in "${lanes[@]}"; do
   wait "$lane" || wrong=$((wrong + $?))
 done
+promises clang++ || wrong=$((wrong + 1))
 embedded g++ || wrong=$((wrong + 1))
 
 # Back where it was installed, it is removed: no file stays, and no folder of the project's own.
