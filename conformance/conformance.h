@@ -16,10 +16,10 @@ namespace conformance {
 
 /// An instrument that the host's catalogue knows at the time of the check.
 struct SampleInstrument {
-    std::string market;
-    std::string code;
-    int lists = 0;  ///< bits of qmservice::InstrumentList: lists that hold it; 0 where that is not to be checked
-    int types = 0;  ///< bits of qmservice::InstrumentType: maps that hold it; likewise
+    std::string market;  ///< as its record has it
+    std::string code;    ///< as its record has it
+    int lists = 0;       ///< bits of qmservice::InstrumentList: lists that hold it; 0 where that is not to be checked
+    int types = 0;       ///< bits of qmservice::InstrumentType: maps that hold it; likewise
 };
 
 /// What the suite may ask the host for. The host keeps all of it unchanged during the check; the suite changes nothing.
@@ -42,12 +42,13 @@ struct Sample {
     std::chrono::milliseconds patience{10000};
 };
 
+/// What became of a promise.
 enum class Verdict { kKept, kBroken, kNotChecked };
 
 /// What became of one promise.
 struct Outcome {
-    std::string promise;  ///< its name, such as "keys.split"
-    Verdict verdict = Verdict::kKept;
+    std::string promise;               ///< its name, such as "keys.split"
+    Verdict verdict = Verdict::kKept;  ///< what became of it
     /// One sentence. Of a broken promise: what was called, what came back, what is required and how to mend it. Of one
     /// that was not checked: why. Empty for one that is kept.
     std::string sentence;

@@ -22,28 +22,30 @@ struct BillItem {
     std::size_t trades = 1;        ///< how many fills the basis is of
 };
 
+/// What has to stand beside every Margin that is shown.
 constexpr const char* kMarginLabel = "rate of this contract, not the account's requirement";
 
 /// What opening a futures position asks for by the rates of the contract: see kMarginLabel.
 struct Margin {
-    Decimal amount;  ///< value x by money + quantity x by volume
-    Decimal byMoney;
-    Decimal byVolume;
-    const MarginRate* rate = nullptr;
+    Decimal amount;                    ///< value x by money + quantity x by volume
+    Decimal byMoney;                   ///< fraction of the value, of the trade's side
+    Decimal byVolume;                  ///< money per lot, likewise
+    const MarginRate* rate = nullptr;  ///< the answer's, with level and source; lives as long as the bill's tariff
 };
 
 /// What one trade costs. A plain value.
 struct Bill {
+    /// A bill without items.
     explicit Bill(Tariff usedTariff) : tariff(std::move(usedTariff)) {}
 
-    Tariff tariff;
-    std::vector<BillItem> items;
-    Decimal turnover;  ///< of options: the premium
-    Decimal costs;     ///< the items that are not inside others
+    Tariff tariff;                ///< what it was charged by
+    std::vector<BillItem> items;  ///< in the order of the plan's lines
+    Decimal turnover;             ///< of options: the premium
+    Decimal costs;                ///< the items that are not inside others
     /// What moves on the account, below 0 when it pays. Shares and premiums move with their turnover; futures and an
     /// exercise with the costs alone.
     Decimal net;
-    std::string currency;
+    std::string currency;          ///< of all its amounts, such as "CNY"
     std::optional<Margin> margin;  ///< opening of futures, where the answer has margin rates of the hedge flag
     /// Of a day's bills, each once and ascending: the indices of those that show charges of an order or the day which
     /// this trade shares. Empty where it shares none, or shows them itself.

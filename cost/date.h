@@ -22,10 +22,10 @@ public:
     /// 9999-12-31.
     static Date last() { return Date(99991231); }
 
-    [[nodiscard]] int year() const { return number / 10000; }
-    [[nodiscard]] int month() const { return number / 100 % 100; }
-    [[nodiscard]] int day() const { return number % 100; }
-    [[nodiscard]] std::string text() const;  ///< "2023-08-28"
+    [[nodiscard]] int year() const { return number / 10000; }       ///< such as 2026
+    [[nodiscard]] int month() const { return number / 100 % 100; }  ///< 1 to 12
+    [[nodiscard]] int day() const { return number % 100; }          ///< 1 to 31
+    [[nodiscard]] std::string text() const;                         ///< "2023-08-28"
 
     /// The day after; empty after the last day.
     [[nodiscard]] std::optional<Date> next() const;
@@ -47,10 +47,12 @@ private:
 
 /// Days from one to another, both included; an empty end is no bound.
 struct DateRange {
-    std::optional<Date> from;
-    std::optional<Date> until;
+    std::optional<Date> from;   ///< the first day; empty: from ever
+    std::optional<Date> until;  ///< the last day, included; empty: for ever
 
+    /// Whether the day is in the range.
     [[nodiscard]] bool contains(Date date) const { return !(from && date < *from) && !(until && date > *until); }
+    /// Whether any day is in both.
     [[nodiscard]] bool overlaps(const DateRange& other) const;
     /// "from 2022-04-29 until 2023-08-27", "from 2023-08-28 on", "until 2022-04-28", "of every day".
     [[nodiscard]] std::string text() const;

@@ -16,6 +16,7 @@ namespace cost {
 /// trades and no more. One thread at a time; distinct objects are independent.
 class Day {
 public:
+    /// A day without fills.
     explicit Day(Date date) : day(date) {}
 
     /// Adds a fill. All fills of one account and instrument come with the same tariff or a copy of it. Throws Refused,
@@ -26,8 +27,8 @@ public:
     /// A bill for each fill in the order in which they were added. Throws Refused when sums grow too large.
     [[nodiscard]] std::vector<Bill> bills() const;
 
-    [[nodiscard]] Date date() const { return day; }
-    [[nodiscard]] std::size_t size() const { return fills.size(); }
+    [[nodiscard]] Date date() const { return day; }                  ///< the day that all fills are of
+    [[nodiscard]] std::size_t size() const { return fills.size(); }  ///< how many fills were added
 
 private:
     static constexpr std::size_t kNoGroup = static_cast<std::size_t>(-1);

@@ -11,6 +11,7 @@
 
 namespace cost {
 
+/// Which way an amount between two steps goes.
 enum class RoundingMode {
     kHalfUp,    ///< to the nearest step; a half away from zero
     kHalfEven,  ///< to the nearest step; a half to the even one
@@ -18,6 +19,7 @@ enum class RoundingMode {
     kDown       ///< toward zero
 };
 
+/// Its words.
 template <>
 inline constexpr std::array<std::string_view, 4> kWords<RoundingMode> = {"half_up", "half_even", "up", "down"};
 
@@ -28,6 +30,7 @@ inline constexpr std::array<std::string_view, 4> kWords<RoundingMode> = {"half_u
 class Decimal {
 public:
     Decimal() = default;
+    /// A whole number.
     explicit Decimal(std::int64_t whole) : mantissa(whole) {}
 
     /// Reads plain notation: a sign or none, digits, a point with digits behind it or none; ".5" is a half. At most 18
@@ -42,17 +45,21 @@ public:
     /// Plain notation with as few decimals as the number needs, but at least so many: "4.5", "4.50", "-0.00001".
     [[nodiscard]] std::string text(int decimals = 0) const;
 
-    [[nodiscard]] bool isZero() const { return mantissa.is_zero(); }
-    [[nodiscard]] bool isNegative() const { return mantissa.sign() < 0; }
+    [[nodiscard]] bool isZero() const { return mantissa.is_zero(); }       ///< equal to 0
+    [[nodiscard]] bool isNegative() const { return mantissa.sign() < 0; }  ///< below 0
+    /// Whether it has no decimals but zeros.
     [[nodiscard]] bool isWhole() const;
 
     /// How often `by` goes into this number, rounded to a whole number. `by` may not be 0.
     [[nodiscard]] Decimal quotient(const Decimal& by, RoundingMode mode) const;
 
+    /// @{
+    /// Exact; throw std::overflow_error where more than 256 bits are needed.
     Decimal operator-() const { return {-mantissa, places}; }
     Decimal& operator+=(const Decimal& other);
     Decimal& operator-=(const Decimal& other) { return *this += -other; }
     Decimal& operator*=(const Decimal& other);
+    /// @}
 
     friend Decimal operator+(Decimal a, const Decimal& b) { return a += b; }
     friend Decimal operator-(Decimal a, const Decimal& b) { return a -= b; }
@@ -86,13 +93,15 @@ private:
 
 /// To what an amount is rounded, and which way.
 struct Rounding {
-    Decimal step = Decimal(1);  ///< above 0; need not be a power of ten
-    RoundingMode mode = RoundingMode::kHalfUp;
+    Decimal step = Decimal(1);                  ///< above 0; need not be a power of ten
+    RoundingMode mode = RoundingMode::kHalfUp;  ///< which way between two multiples
 
     /// Reads "0.01 half_up", "1 up": step and mode with one space between them. Empty for any other text.
     static std::optional<Rounding> parse(std::string_view text);
+    /// "0.01 half_up": the step and the word of the mode.
     [[nodiscard]] std::string text() const;
 
+    /// The multiple of the step that the mode chooses.
     [[nodiscard]] Decimal rounded(const Decimal& amount) const { return amount.quotient(step, mode) * step; }
 };
 

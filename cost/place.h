@@ -11,11 +11,11 @@ namespace cost {
 
 /// Where a trade is charged: an account's instrument.
 struct Place {
-    Family family = Family::kStock;
-    std::string account;
-    std::string market;
-    std::string code;
-    std::string product;
+    Family family = Family::kStock;  ///< whose charges are asked for
+    std::string account;             ///< the account's number
+    std::string market;              ///< as the instrument has it
+    std::string code;                ///< within the market
+    std::string product;             ///< product or board; may be empty
 
     /// "SH:600519".
     [[nodiscard]] std::string instrument() const { return market + ':' + code; }
@@ -26,11 +26,15 @@ struct Place {
 /// and every pattern above an empty text. The greater array is the more specific term.
 using Specificity = std::array<int, 5>;
 
+/// Whether the term is for that place: its family, and its four texts. Not its days, nor its side.
 bool appliesTo(const Term& term, const Place& place);
-// Both halves of it, whatever the family.
+/// @{
+/// Both halves of it, whatever the family.
 bool isForAccount(const Term& term, std::string_view account);
 bool isForInstrument(const Term& term, std::string_view market, std::string_view code, std::string_view product);
+/// @}
 
+/// How exactly the term names a place.
 Specificity specificity(const Term& term);
 
 /// A term's text with "*" read as empty, since both stand for any.

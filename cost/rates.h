@@ -18,32 +18,32 @@ namespace cost {
 struct Rate {
     std::string charge;  ///< its name, which a term's `charge` is looked up by
     std::string item;    ///< options: key of the fee item that holds it; else empty
-    Decimal value;
-    std::string level;
-    std::string source;
+    Decimal value;       ///< a plain number: a fraction of turnover, or money, as its term says
+    std::string level;   ///< the level that answered, as the asker calls it
+    std::string source;  ///< where it comes from, likewise
 };
 
 /// The margin rates of a futures answer for one hedge flag.
 struct MarginRate {
-    char hedgeFlag = qmservice::kSpeculation;
-    Decimal longByMoney;    ///< fraction of the value
-    Decimal longByVolume;   ///< money per lot
-    Decimal shortByMoney;   ///< fraction of the value
-    Decimal shortByVolume;  ///< money per lot
-    std::string level;
-    std::string source;
+    char hedgeFlag = qmservice::kSpeculation;  ///< a qmservice::HedgeFlag
+    Decimal longByMoney;                       ///< fraction of the value
+    Decimal longByVolume;                      ///< money per lot
+    Decimal shortByMoney;                      ///< fraction of the value
+    Decimal shortByVolume;                     ///< money per lot
+    std::string level;                         ///< as in Rate
+    std::string source;                        ///< as in Rate
 };
 
 /// All rates of one answer, those of 0 too.
 struct Rates {
-    std::vector<Rate> charges;
-    std::vector<MarginRate> margins;
+    std::vector<Rate> charges;        ///< in the order of the record
+    std::vector<MarginRate> margins;  ///< futures: one for each hedge flag that the answer has
 };
 
 /// What a host calls one rate field of its records, such as "rate1" or "fee3".
 struct RateName {
-    std::string field;
-    std::string charge;
+    std::string field;   ///< the record's field
+    std::string charge;  ///< what terms call it
 };
 /// A field that is not named is called as the field itself. Futures' rates are always called as follows.
 using RateNames = std::map<Family, std::vector<RateName>>;

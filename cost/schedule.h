@@ -47,6 +47,7 @@ public:
     /// TermSet::dates(). Throws Refused, naming both, when two equally specific ones charge the same on the same side.
     [[nodiscard]] TermSet termsFor(const Place& place, Date date) const;
 
+    /// All terms, in the order of the file; live as long as a copy of the schedule.
     [[nodiscard]] const std::vector<Term>& terms() const { return *kept; }
 
 private:

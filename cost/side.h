@@ -12,6 +12,7 @@ namespace cost {
 /// Whose rates a trade pays. An income-swap or prime-brokerage account trades in one of these.
 enum class Family { kStock, kCredit, kNeeq, kOption, kHgt, kSgt, kFutures };
 
+/// Its words.
 template <>
 inline constexpr std::array<std::string_view, 7> kWords<Family> = {"stock", "credit", "neeq",   "option",
                                                                    "hgt",   "sgt",    "futures"};
@@ -29,6 +30,7 @@ enum class Side {
     kExercise
 };
 
+/// Its words.
 template <>
 inline constexpr std::array<std::string_view, 9> kWords<Side> = {
     "buy",     "sell", "open_long", "open_short", "close_long", "close_short", "close_today_long", "close_today_short",
@@ -52,8 +54,10 @@ enum class TermSide {
     kExercise
 };
 
+/// The words of the sides of terms that name several.
 constexpr std::array<std::string_view, 4> kWideTermSides = {"both", "open", "close", "close_today"};
 
+/// Its words: these, then those of the sides of trades.
 template <>
 inline constexpr std::array<std::string_view, kWideTermSides.size() + kWords<Side>.size()> kWords<TermSide> = [] {
     std::array<std::string_view, kWideTermSides.size() + kWords<Side>.size()> words{};
@@ -67,9 +71,12 @@ inline constexpr std::array<std::string_view, kWideTermSides.size() + kWords<Sid
     return words;
 }();
 
+/// @{
+/// Sides as places of an array that has one for each.
 constexpr std::size_t kSideCount = kWords<Side>.size();
 constexpr std::size_t indexOf(Side side) { return static_cast<std::size_t>(side); }
 constexpr Side sideAt(std::size_t index) { return static_cast<Side>(index); }
+/// @}
 
 /// Whether a term of that side is for this trade.
 bool covers(TermSide term, Side trade);
@@ -77,6 +84,7 @@ bool covers(TermSide term, Side trade);
 bool namesOneSide(TermSide term);
 /// Whether the family has trades of that side.
 bool has(Family family, Side side);
+/// Whether the family has trades of a side that a term of that side is for.
 bool has(Family family, TermSide side);
 /// "buy, sell": the sides of the family's trades.
 std::string sidesOf(Family family);

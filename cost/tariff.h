@@ -25,7 +25,7 @@ struct Contract {
 
 /// What one side of trades pays of one term. Plan::lines names its fields' meaning in full.
 struct ChargeLine {
-    const Term* term = nullptr;
+    const Term* term = nullptr;    ///< how it is charged; lives as long as the tariff
     const Rate* rate = nullptr;    ///< the fee center's; empty where the term has a rate of its own
     Decimal value;                 ///< the rate that applies; never 0
     const Term* inside = nullptr;  ///< the term that already contains this one; empty: it is paid by itself
@@ -36,10 +36,10 @@ struct Plan {
     /// In the order of the answer's rates, then of the schedule. A rate of 0 has no line: it charges nothing, no
     /// minimum either.
     std::vector<ChargeLine> lines;
-    std::string currency;
+    std::string currency;  ///< of all lines; empty without lines
     /// Not empty: no answer, and the sentence around the date that says why.
     std::string problem;
-    std::string afterDate;
+    std::string afterDate;  ///< what follows the date in that sentence
 };
 
 /// What one account is charged on one instrument while neither its rates nor its terms change: rates and terms brought
@@ -47,12 +47,17 @@ struct Plan {
 /// one content, which pointers handed out by them live as long as.
 class Tariff {
 public:
+    /// Brings them together. Throws nothing but std::bad_alloc and std::overflow_error: what is missing is told by
+    /// planOf.
     Tariff(Place place, Contract contract, Rates rates, TermSet terms);
 
+    /// @{
+    /// What it was made of; live as long as a copy of the tariff.
     [[nodiscard]] const Place& place() const { return content->place; }
     [[nodiscard]] const Contract& contract() const { return content->contract; }
     [[nodiscard]] const Rates& rates() const { return content->rates; }
     [[nodiscard]] const TermSet& terms() const { return content->terms; }
+    /// @}
 
     /// What a trade of that side and day pays. Throws Refused, in a sentence that says what is missing:
     /// - the family has no such side, or no term charges it;

@@ -14,11 +14,11 @@ namespace cost {
 
 /// One order or one fill of an order. A plain value.
 struct Trade {
-    Side side = Side::kBuy;
+    Side side = Side::kBuy;                    ///< what is done
     char hedgeFlag = qmservice::kSpeculation;  ///< futures: a qmservice::HedgeFlag; which margin rates open a position
     Decimal quantity;                          ///< shares, lots, contracts
     Decimal price;                             ///< for one share or unit of the underlying; an exercise needs none
-    Date date;
+    Date date;                                 ///< the day on which it is charged
     /// The order that it is a fill of, within the account; empty: an order of its own.
     std::string order;
     /// Above 0: the money that was traded, where the price is an average that was rounded. Empty: quantity x price x

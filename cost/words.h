@@ -14,6 +14,7 @@ namespace cost {
 template <class Enum>
 inline constexpr std::array<std::string_view, 0> kWords{};
 
+/// The word of a value.
 template <class Enum>
 constexpr std::string_view wordFor(Enum value) {
     return kWords<Enum>[static_cast<std::size_t>(value)];

@@ -51,6 +51,7 @@ public:
 /// What a host's data center holds for one account. Immutable.
 class HOST_EXPORT CAccountData {
 public:
+    /// The account record may be empty.
     explicit CAccountData(boost::shared_ptr<CAccountInfo> accountInfo) : info(std::move(accountInfo)) {}
 
     /// The account record, shared with the data center; may be empty.

@@ -13,9 +13,10 @@ namespace qmservice {
 
 /// A range of category numbers, both ends included. Every other number is that of a system category.
 struct CategoryRange {
-    int first;
-    int last;
+    int first;  ///< included
+    int last;   ///< included
 
+    /// Whether the number is in the range.
     [[nodiscard]] constexpr bool holds(int category) const { return category >= first && category <= last; }
 };
 constexpr CategoryRange kCustomCategories{10001, 20001};  ///< categories that a user lists

@@ -25,9 +25,12 @@ public:
     /// Never empty while the host runs.
     static boost::shared_ptr<ConfigCollector> instance();
 
+    /// @{
+    /// The configured limit of one instrument, shared with the configuration; empty where nothing is configured.
     boost::shared_ptr<CStkExchangeRateLimit> getRateLimitPtr(std::string market, std::string code);
     boost::shared_ptr<CCustomHGTExchangeRateLimit> getHGTExchangeRateLimitPtr(std::string market, std::string code);
     boost::shared_ptr<CCustomSgtExchangeRateLimit> getSgtExchangeRateLimitPtr(std::string market, std::string code);
+    /// @}
 
     /// True when the platform simulates trading.
     [[nodiscard]] bool isSimulationPlatform(int platformId) const;

@@ -23,6 +23,8 @@ public:
     ~CCustomStkExchangeRateLimit() override;
 
     std::string category;  ///< category number as decimal text
+    /// @{
+    /// A plain number, as its family charges it; what each is charged for is the host's to say.
     double rate1 = 0;
     double unusedRate1 = 0;  ///< not read by the fee center
     double rate2 = 0;
@@ -36,6 +38,7 @@ public:
     double optionFee3 = 0;
     double optionFee4 = 0;
     double optionFee5 = 0;
+    /// @}
     std::int32_t optionSecondKeyCode = 0;  ///< character code of the option item key's second character
     std::int32_t optionThirdKeyCode = 0;   ///< character code of the option item key's third character
     std::int32_t optionFirstKeyCode = 0;   ///< character code of the option item key's first character
@@ -105,7 +108,8 @@ public:
     CCustomStockInstrumentFee& operator=(const CCustomStockInstrumentFee&) = default;
     ~CCustomStockInstrumentFee() override;
 
-    std::vector<boost::shared_ptr<CCustomStkExchangeRateLimit>> rateLimits;
+    std::vector<boost::shared_ptr<CCustomStkExchangeRateLimit>>
+        rateLimits;  ///< the first that matches an instrument wins; empty ones are passed over
 };
 
 /// Custom limits of a Shanghai-Hong Kong connect account, in priority order.
@@ -116,7 +120,8 @@ public:
     CCustomHGTInstrumentFee& operator=(const CCustomHGTInstrumentFee&) = default;
     ~CCustomHGTInstrumentFee() override;
 
-    std::vector<boost::shared_ptr<CCustomHGTExchangeRateLimit>> rateLimits;
+    std::vector<boost::shared_ptr<CCustomHGTExchangeRateLimit>>
+        rateLimits;  ///< the first that matches an instrument wins; empty ones are passed over
 };
 
 /// Custom limits of a Shenzhen-Hong Kong connect account, in priority order.
@@ -127,7 +132,8 @@ public:
     CCustomSgtInstrumentFee& operator=(const CCustomSgtInstrumentFee&) = default;
     ~CCustomSgtInstrumentFee() override;
 
-    std::vector<boost::shared_ptr<CCustomSgtExchangeRateLimit>> rateLimits;
+    std::vector<boost::shared_ptr<CCustomSgtExchangeRateLimit>>
+        rateLimits;  ///< the first that matches an instrument wins; empty ones are passed over
 };
 
 /// Custom rates of a futures account; both lists in priority order, the first matching entry wins.
@@ -138,8 +144,8 @@ public:
     CCustomFutureInstrumentFee& operator=(const CCustomFutureInstrumentFee&) = default;
     ~CCustomFutureInstrumentFee() override;
 
-    std::vector<boost::shared_ptr<CCustomCommissionRateDetail>> commissionDetails;
-    std::vector<boost::shared_ptr<CCustomMarginRateDetail>> marginDetails;
+    std::vector<boost::shared_ptr<CCustomCommissionRateDetail>> commissionDetails;  ///< commissions by category
+    std::vector<boost::shared_ptr<CCustomMarginRateDetail>> marginDetails;  ///< margins by category and hedge flag
 };
 
 }  // namespace qmservice

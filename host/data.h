@@ -69,6 +69,8 @@ protected:
 template <class Record>
 class HOST_EXPORT RecordOf : public IData {
 public:
+    /// @{
+    /// As IData says, for the fields of this class and nothing else.
     [[nodiscard]] boost::shared_ptr<IData> copy() const override;
     [[nodiscard]] uint64 getHashKey(uint64 seed) const override;
     [[nodiscard]] std::string getStructDes() const override;
@@ -78,6 +80,7 @@ public:
     [[nodiscard]] std::ptrdiff_t getOffset(const std::string& field) const override;
     void toBsonWithBson(_bson_t* document) const override;
     void appendElementsWithNoTypeIdWithBson(_bson_t* document) const override;
+    /// @}
 
 protected:
     RecordOf() = default;

@@ -14,6 +14,7 @@ enum ExchangeFeeType : std::int32_t {
     kPerLotFee = 1,      ///< in yuan per lot
     kPerTurnoverFee = 2  ///< in parts of turnover, of which kPartsOfTurnover are the whole
 };
+/// So many parts are the whole turnover.
 constexpr double kPartsOfTurnover = 10000;
 
 /// An instrument of the catalogue. The catalogue's records are shared with every answer and are not written after they
@@ -27,11 +28,13 @@ public:
 
     /// An ExchangeFeeType; any other value for an instrument that the exchange charges nothing.
     [[nodiscard]] virtual std::int32_t getFeeType() const;
+    /// @{
     /// The exchange's own fee for opening, closing and closing on the same day, in yuan per lot or ten-thousandths of
     /// turnover as getFeeType() tells; -1.0 when not set.
     [[nodiscard]] virtual double getOpenFee() const;
     [[nodiscard]] virtual double getCloseFee() const;
     [[nodiscard]] virtual double getCloseTodayFee() const;
+    /// @}
 
     std::string market;         ///< exchange code, such as "SH", "HK", "SHFE"
     std::string code;           ///< code within the market

@@ -25,10 +25,10 @@ public:
     CInstrumentFee& operator=(const CInstrumentFee&) = default;
     ~CInstrumentFee() override;
 
-    boost::shared_ptr<CInstrument> instrument;
+    boost::shared_ptr<CInstrument> instrument;                        ///< what the fee is of; shared with the catalogue
     boost::shared_ptr<CCommissionRateDetail> commissionDetail;        ///< futures
     std::vector<boost::shared_ptr<CMarginRateDetail>> marginDetails;  ///< futures, by hedge flag; an entry may be empty
-    boost::shared_ptr<CAccountInfo> account;
+    boost::shared_ptr<CAccountInfo> account;                      ///< whose fee it is; empty in what a host hands in
     boost::shared_ptr<CStkExchangeRateLimit> stkRateLimit;        ///< stock, credit, NEEQ
     boost::shared_ptr<CStockOptionFeeRate> stkOptionFeeRate;      ///< stock option
     boost::shared_ptr<CCustomHGTExchangeRateLimit> hgtRateLimit;  ///< Shanghai-Hong Kong connect

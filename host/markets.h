@@ -8,7 +8,7 @@ namespace qmservice {
 constexpr const char* kHgtMarket = "HGT";      ///< Shanghai connect, in the key of an instrument of kHongKongMarket
 constexpr const char* kSgtMarket = "SGT";      ///< Shenzhen connect, the same
 constexpr const char* kHongKongMarket = "HK";  ///< the instruments that both channels trade
-constexpr const char* kNeeqMarket = "NEEQ";
+constexpr const char* kNeeqMarket = "NEEQ";    ///< the over-the-counter market
 
 }  // namespace qmservice
 

@@ -13,12 +13,14 @@
 
 namespace qmservice::records {
 
+/// A field of a record class.
 template <class Owner, class Value>
 struct RecordField {
-    const char* name;
-    Value Owner::*member;
+    const char* name;      ///< as the class calls it; lives as long as the program
+    Value Owner::*member;  ///< where it is
 };
 
+/// A field by its name and place.
 template <class Owner, class Value>
 RecordField(const char*, Value Owner::*) -> RecordField<Owner, Value>;
 
@@ -57,6 +59,7 @@ bool forAllFields(Test test) {
     return std::apply([&test](const auto&... fields) { return (test(fields) && ...); }, RecordFields<Record>::list);
 }
 
+/// @cond
 // A list has the name of what it holds, in the style of the fields themselves.
 // NOLINTBEGIN(readability-identifier-naming)
 // One field per line.
@@ -346,6 +349,7 @@ struct RecordFields<CCustomFutureInstrumentFee> {
 
 // clang-format on
 // NOLINTEND(readability-identifier-naming)
+/// @endcond
 
 }  // namespace qmservice::records
 

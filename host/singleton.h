@@ -10,6 +10,7 @@ namespace utils {
 template <class T>
 class HOST_EXPORT CSingletonT {
 public:
+    /// Not owned by the caller.
     static T* instance();
 };
 

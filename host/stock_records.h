@@ -19,12 +19,15 @@ public:
     CStkExchangeRateLimit& operator=(const CStkExchangeRateLimit&) = default;
     ~CStkExchangeRateLimit() override;
 
+    /// @{
+    /// A plain number, as its family charges it; what each is charged for is the host's to say.
     double rate1 = 0;
     double rate2 = 0;
     double rate3 = 0;
     double rate4 = 0;
     double rate5 = 0;
     double rate6 = 0;
+    /// @}
     std::int32_t unitVolume = 0;  ///< minimum trade unit, in shares
 };
 
@@ -36,11 +39,14 @@ public:
     CStockOptionFeeItem& operator=(const CStockOptionFeeItem&) = default;
     ~CStockOptionFeeItem() override;
 
+    /// @{
+    /// A plain number, as its family charges it; what each is charged for is the host's to say.
     double fee1 = 0;
     double fee2 = 0;
     double fee3 = 0;
     double fee4 = 0;
     double fee5 = 0;
+    /// @}
     std::int32_t secondKeyCode = 0;  ///< character code of the item key's second character
     std::int32_t thirdKeyCode = 0;   ///< character code of the item key's third character
     std::int32_t firstKeyCode = 0;   ///< character code of the item key's first character
@@ -54,8 +60,8 @@ public:
     CStockOptionFeeRate& operator=(const CStockOptionFeeRate&) = default;
     ~CStockOptionFeeRate() override;
 
-    double baseRate = 0;
-    std::map<std::string, boost::shared_ptr<CStockOptionFeeItem>> items;
+    double baseRate = 0;                                                  ///< a plain number
+    std::map<std::string, boost::shared_ptr<CStockOptionFeeItem>> items;  ///< by item key; an answer has no empty item
 };
 
 }  // namespace qmservice

@@ -32,6 +32,7 @@ class CStkExchangeRateLimit;
 class CStockOptionFeeItem;
 class CStockOptionFeeRate;
 
+/// A key: of an account, an instrument, or a record's contents.
 using uint64 = std::uint64_t;
 
 // A host may compile with -Wnon-virtual-dtor; here it is known and documented.
@@ -87,7 +88,9 @@ public:
                  std::vector<boost::shared_ptr<CInstrumentFee>>& out) override;
 
 protected:
-    // Loads: store an account's fee records. Run on the strand.
+    /// @{
+    /// Loads: store an account's fee records of one family. Run on the strand, one at a time; a record without what the
+    /// family keeps is passed over. Throw what the host's services throw, with the entries stored so far in place.
     void doInitStockFee(const boost::shared_ptr<CAccountInfo>& account,
                         const std::vector<boost::shared_ptr<IData>>& records);
     void doInitCreditFee(const boost::shared_ptr<CAccountInfo>& account,
@@ -102,8 +105,12 @@ protected:
                       const std::vector<boost::shared_ptr<IData>>& records);
     void doInitSgtFee(const boost::shared_ptr<CAccountInfo>& account,
                       const std::vector<boost::shared_ptr<IData>>& records);
+    /// @}
 
-    // Updates: apply one custom fee to the catalogue's instruments. Run on the strand.
+    /// @{
+    /// Updates: apply one custom fee to the catalogue's instruments, or a plain fee to one futures instrument. Run on
+    /// the strand, one at a time; the fee may be written (IFeeCenter). Throw what the host's services throw, with the
+    /// entries stored so far in place.
     void doUpdateStockCustomFee(const boost::shared_ptr<CAccountInfo>& account,
                                 const boost::shared_ptr<CCustomStockInstrumentFee>& fee);
     void doUpdateCreditCustomFee(const boost::shared_ptr<CAccountInfo>& account,
@@ -121,9 +128,13 @@ protected:
     void doUpdateSgtCustomFee(const boost::shared_ptr<CAccountInfo>& account,
                               const boost::shared_ptr<CCustomSgtInstrumentFee>& fee);
 
-    // Lookups of one instrument: a new fee whose account is empty, or an empty pointer where there is no fee. Those of
-    // stock, credit, NEEQ, stock option and the connect channels are never empty. The trade unit is what the limit of a
-    // fallback answer must carry in unitVolume.
+    /// @}
+
+    /// @{
+    /// Lookups of one instrument: a new fee whose account is empty, or an empty pointer where there is no fee. Those of
+    /// stock, credit, NEEQ, stock option and the connect channels are never empty. The keys are those of the account
+    /// and of the instrument; the trade unit, in shares, is what the limit of a fallback answer must carry in
+    /// unitVolume. Safe from any thread, under the family's lock in shared mode.
     boost::shared_ptr<CInstrumentFee> getStockFee(uint64 accountKey, uint64 instrumentKey, int tradeUnit);
     boost::shared_ptr<CInstrumentFee> getCreditFee(uint64 accountKey, uint64 instrumentKey, int tradeUnit);
     boost::shared_ptr<CInstrumentFee> getNeeqFee(uint64 accountKey, uint64 instrumentKey, int tradeUnit);
@@ -134,7 +145,10 @@ protected:
     boost::shared_ptr<CInstrumentFee> getHgtFee(uint64 accountKey, uint64 instrumentKey);
     boost::shared_ptr<CInstrumentFee> getSgtFee(uint64 accountKey, uint64 instrumentKey);
 
-    // Lists: as getFees, for one family.
+    /// @}
+
+    /// @{
+    /// Lists: as getFees, for one family.
     bool getStockFees(const boost::shared_ptr<CAccountInfo>& account,
                       std::vector<boost::shared_ptr<CInstrumentFee>>& fees);
     bool getCreditFees(const boost::shared_ptr<CAccountInfo>& account,
@@ -167,8 +181,9 @@ protected:
     /// Builds the eight default records; the constructor's last step.
     void initDefaultFees();
 
-    // Content keys: records whose rates agree after scaling by 1e8 and truncating, and whose trade units are equal,
-    // have equal keys. The record must not be empty. The integer is the trade unit.
+    /// @{
+    /// Content keys: records whose rates agree after scaling by 1e8 and truncating, and whose trade units are equal,
+    /// have equal keys. The record must not be empty. The integer is the trade unit. Safe from any thread.
     uint64 getHashKey(const boost::shared_ptr<CCommissionRateDetail>& detail);
     uint64 getHashKey(const boost::shared_ptr<CCustomCommissionRateDetail>& detail);
     uint64 getHashKey(const boost::shared_ptr<CMarginRateDetail>& detail);
@@ -177,40 +192,59 @@ protected:
     uint64 getHashKey(const boost::shared_ptr<CCustomStkExchangeRateLimit>& limit, int n);
     uint64 getHashKey(const boost::shared_ptr<CCustomHGTExchangeRateLimit>& limit, int n);
     uint64 getHashKey(const boost::shared_ptr<CCustomSgtExchangeRateLimit>& limit, int n);
+    /// @}
 
-    // Every change runs here.
+    /// Every change runs here.
     boost::shared_ptr<boost::asio::io_service::strand> strand;
 
     // Each mutex guards the tables that follow it, up to the default. The defaults are constant after construction and
     // read without a lock.
+    /// @{
+    /// The stock tables: lock, rate records by content key, content key by account and instrument, default.
     boost::shared_mutex stockMutex;
     RecordPool<CStkExchangeRateLimit> stockRateLimitPool;
     EntryTable<uint64> stockAccountTable;
     boost::shared_ptr<CStkExchangeRateLimit> defaultStockRateLimit;
+    /// @}
 
+    /// @{
+    /// The credit tables: lock, rate records by content key, content key by account and instrument, default.
     boost::shared_mutex creditMutex;
     RecordPool<CStkExchangeRateLimit> creditRateLimitPool;
     EntryTable<uint64> creditAccountTable;
     boost::shared_ptr<CStkExchangeRateLimit> defaultCreditRateLimit;
+    /// @}
 
+    /// @{
+    /// The Shanghai connect tables: lock, rate records by content key, content key by account and instrument, default.
     boost::shared_mutex hgtMutex;
     RecordPool<CCustomHGTExchangeRateLimit> hgtRateLimitPool;
     EntryTable<uint64> hgtAccountTable;
     boost::shared_ptr<CCustomHGTExchangeRateLimit> defaultHgtRateLimit;
+    /// @}
 
+    /// @{
+    /// The Shenzhen connect tables: lock, rate records by content key, content key by account and instrument, default.
     boost::shared_mutex sgtMutex;
     RecordPool<CCustomSgtExchangeRateLimit> sgtRateLimitPool;
     EntryTable<uint64> sgtAccountTable;
     boost::shared_ptr<CCustomSgtExchangeRateLimit> defaultSgtRateLimit;
+    /// @}
 
-    // Queries hold this lock, the update holds stockMutex. stkOptionTableMutex keeps the tables whole between the two:
-    // a query waits for an update no longer than one write of the tables takes.
+    /// @{
+    /// The stock-option tables: lock, fee items by content key, content keys by account, instrument and item key,
+    /// default. Queries hold this lock, the update holds stockMutex. stkOptionTableMutex keeps the tables whole between
+    /// the two: a query waits for an update no longer than one write of the tables takes.
     boost::shared_mutex stkOptionMutex;
     RecordPool<CStockOptionFeeItem> stkOptionItemPool;
     EntryTable<std::map<std::string, uint64>> stkOptionAccountTable;
     EntryTable<double> stkOptionBaseRateTable;  ///< read, filled by nothing
     boost::shared_ptr<CStockOptionFeeRate> defaultStkOptionFeeRate;
+    /// @}
 
+    /// @{
+    /// The futures tables: lock, commissions and margins by content key, their content keys by account and instrument
+    /// (of margins one for each hedge flag), the defaults of futures and of income swap.
     boost::shared_mutex futureMutex;
     RecordPool<CCommissionRateDetail> futureCommissionDetails;
     EntryTable<uint64> futureCommissionKeys;
@@ -218,11 +252,15 @@ protected:
     EntryTable<std::vector<uint64>> futureMarginKeys;
     boost::shared_ptr<CInstrumentFee> defaultFutureFee;
     boost::shared_ptr<CInstrumentFee> defaultIncomeSwapFutureFee;
+    /// @}
 
+    /// @{
+    /// The NEEQ tables: lock, rate records by content key, content key by account and instrument, default.
     boost::shared_mutex neeqMutex;
     RecordPool<CStkExchangeRateLimit> neeqRateLimitPool;
     EntryTable<uint64> neeqAccountTable;
     boost::shared_ptr<CStkExchangeRateLimit> defaultNeeqRateLimit;
+    /// @}
 
     /// Empty for the object's whole life: the answer where a lookup has none.
     boost::shared_ptr<CInstrumentFee> emptyFee;

@@ -19,6 +19,7 @@ struct Coverage {
     /// Of the markets that have days of their own, such as one that opened later; no wider than those of the folder.
     std::map<std::string, cost::DateRange> marketDays;
 
+    /// The days for which the schedules of the family are known.
     [[nodiscard]] const cost::DateRange& of(cost::Family family) const {
         return familyDays[static_cast<std::size_t>(family)];
     }

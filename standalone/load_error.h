@@ -61,10 +61,10 @@ struct LoadError {
 
 /// Errors of one kind that are counted and not shown one by one.
 struct FurtherErrors {
-    ErrorKind kind{};
-    std::size_t count = 0;
-    std::string file;  ///< where the first of them is, as in LoadError
-    std::size_t line{};
+    ErrorKind kind{};       ///< what they have in common
+    std::size_t count = 0;  ///< how many
+    std::string file;       ///< where the first of them is, as in LoadError
+    std::size_t line{};     ///< its line from 1; 0: the file as a whole
 
     /// "path:line: " and one sentence that says how many errors of which kind follow from here on.
     [[nodiscard]] std::string text(const std::string& folder) const;

@@ -20,13 +20,16 @@ struct LoadErrors {
     std::vector<FurtherErrors> further;  ///< those behind them, one for each kind, by the place of the first
     std::size_t errorCount = 0;          ///< of all of them
 
+    /// Whether nothing is wrong.
     [[nodiscard]] bool ok() const { return errors.empty(); }
 };
 
+/// A folder, or what is wrong in it.
 struct FolderResult : LoadErrors {
     MarketFolder folder;  ///< whole when there are no errors, otherwise empty but for its name
 };
 
+/// The market of a day, or what is wrong in its folder.
 struct LoadResult : LoadErrors {
     Market market;  ///< whole when there are no errors, otherwise empty but for its folder
 };

@@ -28,8 +28,10 @@ class MarketFolder {
 public:
     /// A folder of that name with nothing in it.
     explicit MarketFolder(const std::string& name = "");
+    /// What the loader read; not for others.
     explicit MarketFolder(std::shared_ptr<const loader::CheckedFolder> content);
 
+    /// The folder's path as it was given.
     [[nodiscard]] const std::string& name() const;
     /// The days that may be asked for. Nothing here refuses another one; programs that answer people do.
     [[nodiscard]] const Coverage& coverage() const;
