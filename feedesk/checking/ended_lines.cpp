@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -18,35 +19,44 @@ namespace {
 
 using standalone::Position;
 
-/// The days of each line that can give the account rates.
-using LineDays = std::map<Position, cost::DateRange>;
-
-LineDays lineDays(const AccountFacts& facts) {
-    LineDays days;
-    const auto add = [&](const standalone::loader::KeptLine& kept) { days[kept.position] = kept.line.days; };
+/// Calls `visit` with each line that can give the account rates, whatever its days.
+template <class Visit>
+void forEachLineOf(const AccountFacts& facts, const Visit& visit) {
     const standalone::loader::AccountLines& own = facts.lines();
-    std::for_each(own.fees.begin(), own.fees.end(), add);
-    std::for_each(own.customFees.begin(), own.customFees.end(), add);
+    std::for_each(own.fees.begin(), own.fees.end(), visit);
+    std::for_each(own.customFees.begin(), own.customFees.end(), visit);
     const standalone::RateFamily* traded = standalone::tradedFamily(facts.account().record->accountType);
     for (const standalone::loader::ConfiguredLine& kept : facts.folder().folder.content().configuredLines) {
         if (traded != nullptr && kept.family->records == traded->records) {
-            add(kept);
+            visit(kept);
         }
     }
-    return days;
 }
 
 /// The last days of lines from the asked day on behind which the account's schedules go on.
-std::set<cost::Date> lastDays(const AccountFacts& facts, const LineDays& days) {
+std::set<cost::Date> lastDays(const AccountFacts& facts) {
+    const cost::DateRange covered = facts.folder().folder.coverage().of(askedFamily(facts.account()));
     std::set<cost::Date> last;
-    for (const auto& [position, range] : days) {
-        const auto next = range.until ? range.until->next() : std::nullopt;
-        if (next && *range.until >= facts.folder().day &&
-            facts.folder().folder.coverage().of(askedFamily(facts.account())).contains(*next)) {
-            last.insert(*range.until);
+    forEachLineOf(facts, [&](const standalone::loader::KeptLine& kept) {
+        const std::optional<cost::Date>& until = kept.line.days.until;
+        const auto next = until && *until >= facts.folder().day ? until->next() : std::nullopt;
+        if (next && covered.contains(*next)) {
+            last.insert(*until);
         }
-    }
+    });
     return last;
+}
+
+/// The days of each line.
+using LineDays = std::map<Position, cost::DateRange>;
+
+/// None where no line ends.
+LineDays lineDays(const AccountFacts& facts) {
+    LineDays days;
+    if (!lastDays(facts).empty()) {
+        forEachLineOf(facts, [&](const standalone::loader::KeptLine& kept) { days[kept.position] = kept.line.days; });
+    }
+    return days;
 }
 
 /// A line of an answer that ended, and the answer for the next day where it stood; null where there is none.
@@ -108,7 +118,7 @@ void forEachStep(AccountFacts& facts, const LineDays& days, cost::Date last, con
 
 template <class Visit>
 void forEachStep(AccountFacts& facts, const LineDays& days, const Visit& visit) {
-    for (const cost::Date last : lastDays(facts, days)) {
+    for (const cost::Date last : lastDays(facts)) {
         forEachStep(facts, days, last, visit);
     }
 }

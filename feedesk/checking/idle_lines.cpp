@@ -8,7 +8,7 @@
 #include "feedesk/checking/topics.h"
 #include "feedesk/instruments/instrument_text.h"
 #include "feedesk/text/numbers.h"
-#include "standalone/services/category_book.h"
+#include "standalone/families.h"
 
 // Lines that change no answer: what they say is not what anybody is charged.
 
@@ -97,44 +97,6 @@ void forEachShadow(AccountFacts& facts, const Visit& visit) {
     }
 }
 
-// --- lines of categories
-
-/// Whether a line of a category takes an instrument in, as the host's category service answers.
-class RuleTest {
-public:
-    RuleTest(const standalone::CategoryRule& rule, standalone::Market& scratch)
-        : category(rule.category), book((scratch.categories = {rule}, scratch)) {}
-
-    [[nodiscard]] bool holds(const qmservice::CInstrument& instrument) const {
-        return book.holds(category, instrument.market, instrument.code, instrument.productId);
-    }
-
-private:
-    int category;
-    standalone::CategoryBook book;
-};
-
-/// Calls `visit` with each line of the categories, the instruments that it holds, and those of them that the lines of
-/// the category before it do not hold.
-template <class Visit>
-void forEachCategoryLine(const FolderFacts& facts, const Visit& visit) {
-    standalone::Market scratch;
-    std::map<int, InstrumentSet> before;
-    for (const standalone::CategoryRule& rule : facts.market.categories) {
-        const RuleTest test(rule, scratch);
-        InstrumentSet& category = before[rule.category];
-        std::size_t held = 0;
-        std::size_t added = 0;
-        for (const standalone::ListedInstrument& listed : facts.market.instruments) {
-            if (test.holds(*listed.record)) {
-                ++held;
-                added += category.insert(listed.record.get()).second ? 1 : 0;
-            }
-        }
-        visit(rule, held, added);
-    }
-}
-
 // --- configured limits
 
 /// The families whose accounts ask for the configured limits of this one: those that have its class of records.
@@ -184,31 +146,6 @@ void findOverriddenRecords(AccountFacts& facts, Findings& findings) {
                  "no answer comes from this line: custom fees or configured limits go before it for all of its "
                  "instruments",
                  "see that this is meant"});
-        }
-    });
-}
-
-void findEmptyCategoryLines(const FolderFacts& facts, Findings& findings) {
-    forEachCategoryLine(facts, [&](const standalone::CategoryRule& rule, std::size_t held, std::size_t /*added*/) {
-        if (held == 0) {
-            findings.add({{},
-                          1,
-                          {facts.placeOf(rule.position)},
-                          fmt::format("the line holds no instrument for the category {} {}", rule.category, rule.name),
-                          "correct market, code and product, or remove the line"});
-        }
-    });
-}
-
-void findRepeatedCategoryLines(const FolderFacts& facts, Findings& findings) {
-    forEachCategoryLine(facts, [&](const standalone::CategoryRule& rule, std::size_t held, std::size_t added) {
-        if (held != 0 && added == 0) {
-            findings.add({{},
-                          held,
-                          {facts.placeOf(rule.position)},
-                          fmt::format("{} of this line {} in the category {} {} by the lines before it",
-                                      counted(held, "instrument"), held == 1 ? "is" : "are", rule.category, rule.name),
-                          "remove the line, or correct what it was meant to add"});
         }
     });
 }

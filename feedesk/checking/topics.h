@@ -44,9 +44,11 @@ void findMissingHedgeFlags(AccountFacts& facts, Findings& findings);
 void findUnreachedCustomFees(AccountFacts& facts, Findings& findings);
 void findShadowedLines(AccountFacts& facts, Findings& findings);
 void findOverriddenRecords(AccountFacts& facts, Findings& findings);
+void findUnlistedLimits(const FolderFacts& facts, Findings& findings);
+
+// category_lines.cpp
 void findEmptyCategoryLines(const FolderFacts& facts, Findings& findings);
 void findRepeatedCategoryLines(const FolderFacts& facts, Findings& findings);
-void findUnlistedLimits(const FolderFacts& facts, Findings& findings);
 
 // option_items.cpp
 void findUnaskedItems(AccountFacts& facts, Findings& findings);

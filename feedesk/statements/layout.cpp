@@ -111,10 +111,10 @@ std::vector<Layout> layoutsOf(const std::string& marketFolder) {
 }
 
 std::vector<std::string> layoutNames(const std::string& marketFolder) {
-    std::vector<std::string> names;
-    for (const fs::path& file : layoutFiles(marketFolder)) {
-        names.push_back(file.stem().string());
-    }
+    const std::vector<fs::path> files = layoutFiles(marketFolder);
+    std::vector<std::string> names(files.size());
+    std::transform(files.begin(), files.end(), names.begin(),
+                   [](const fs::path& file) { return file.stem().string(); });
     return names;
 }
 

@@ -56,5 +56,29 @@ TEST(Program, AnswersInOneForm) {
     }
 }
 
+TEST(Program, SaysWhatACommandLineLacks) {
+    const SampleFolder folder;
+    struct Case {
+        const char* arguments;
+        const char* reported;
+    };
+    for (const Case& wrong : {
+             Case{"fee S100 SH:600519 --thread 3",
+                  "the argument --thread was not expected; did you mean --threads? `feedesk fee --help` shows how to "
+                  "ask"},
+             Case{"fees S100 --only-markt=SZ",
+                  "the argument --only-markt=SZ was not expected; did you mean --only-market? `feedesk fees --help`"},
+             Case{"fees S100 --match", "--match needs a value behind it: PATTERN; `feedesk fees --help` shows"},
+             Case{"check --only", "--only needs a value behind it: NAME...; `feedesk check --help` shows"},
+             Case{"check --only percent", "did you mean percent-rate? `feedesk check --help` shows how to ask"},
+             Case{"fee S100 x --zzzzzz",
+                  "the argument --zzzzzz was not expected; `feedesk fee --help` shows how to ask"},
+         }) {
+        const Outcome outcome = ask(folder.path(), wrong.arguments);
+        EXPECT_EQ(outcome.status, 2) << wrong.arguments;
+        EXPECT_THAT(outcome.err, HasSubstr(wrong.reported)) << wrong.arguments;
+    }
+}
+
 }  // namespace
 }  // namespace feedesk::test
