@@ -3,14 +3,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
-#include "cost/pattern.h"
 #include "cost/refused.h"
 #include "feedesk/instruments/instrument_text.h"
+#include "feedesk/reconciling/representatives.h"
 #include "feedesk/trades/tariffs.h"
-#include "standalone/families.h"
 
 namespace feedesk {
 namespace {
@@ -57,6 +55,22 @@ std::string inputOf(const cost::Tariff& tariff) {
     }
     const cost::Rate& rate = charges.front();
     return rate.source.empty() ? rate.level : rate.level + ", " + rate.source;
+}
+
+/// What is given for custom categories is the same in every market and product.
+std::string categoryKeyOf(const cost::Tariff& tariff, const std::string& customCategories) {
+    return customCategories.empty() ? tariff.place().market + ' ' + tariff.place().product
+                                    : customCategories + ' ' + inputOf(tariff);
+}
+
+/// "charged as SH:600036 (MAIN, custom category 10001) is, by the custom fee, custom/stock.csv:8".
+std::string categorySentenceOf(const cost::Tariff& tariff, const std::string& customCategories) {
+    const cost::Place& place = tariff.place();
+    const std::string custom = customCategories.empty() ? "" : "custom category " + customCategories;
+    const std::string between = place.product.empty() || custom.empty() ? "" : ", ";
+    const std::string kind = place.product + between + custom;
+    return fmt::format("charged as {}{} is{}", place.instrument(), kind.empty() ? "" : fmt::format(" ({})", kind),
+                       custom.empty() ? "" : ", by the " + inputOf(tariff));
 }
 
 }  // namespace
@@ -188,46 +202,24 @@ OtherTariffList FolderTariffs::otherAccounts(const Disputed& disputed) {
 OtherTariffList FolderTariffs::otherCategories(const Disputed& disputed) {
     const cost::Date date = disputed.order.date();
     const cost::Tariff& own = disputed.charged.tariff;
-    const std::vector<Question> questions = representatives(own.place().family);
+    const std::vector<Representative> representatives = representativesOf(own.place().family, session.market());
+    std::vector<Question> questions;
+    questions.reserve(representatives.size());
+    for (const Representative& each : representatives) {
+        questions.push_back(each.question);
+    }
     const auto tariffs = tariffsFrom(excerptOf(account, questions).marketOn(date), date, questions);
     OtherTariffList list;
-    for (const auto& tariff : tariffs) {
+    for (std::size_t i = 0; i < tariffs.size(); ++i) {
+        const auto& tariff = tariffs[i];
         if (!tariff || chargeAlike(*tariff, own)) {
             continue;
         }
-        const cost::Place& place = tariff->place();
-        list.push_back({place.market + ' ' + place.product,
-                        fmt::format("charged as {}{} is", place.instrument(),
-                                    place.product.empty() ? "" : fmt::format(" ({})", place.product)),
-                        cost::Tariff(place, own.contract(), tariff->rates(), tariff->terms()), date});
+        list.push_back({categoryKeyOf(*tariff, representatives[i].categories),
+                        categorySentenceOf(*tariff, representatives[i].categories),
+                        cost::Tariff(tariff->place(), own.contract(), tariff->rates(), tariff->terms()), date});
     }
     return list;
-}
-
-std::vector<Question> FolderTariffs::representatives(cost::Family family) const {
-    const standalone::Lists& traded = standalone::rateFamilyOf(family).lists;
-    const standalone::Market& market = session.market();
-    std::vector<Question> chosen;
-    std::set<std::string> kinds;
-    std::set<std::size_t> categories;
-    for (const standalone::ListedInstrument& one : market.instruments) {
-        if (!traded.hold(one)) {
-            continue;
-        }
-        const qmservice::CInstrument& record = *one.record;
-        bool isNew = kinds.insert(record.market + ' ' + record.productId).second;
-        for (std::size_t i = 0; i < market.categories.size(); ++i) {
-            const standalone::CategoryRule& rule = market.categories[i];
-            const bool matches = (rule.market.empty() || rule.market == record.market) &&
-                                 (rule.product.empty() || rule.product == record.productId) &&
-                                 (rule.code.empty() || cost::matchesPattern(record.code, rule.code));
-            isNew = (matches && categories.insert(i).second) || isNew;
-        }
-        if (isNew) {
-            chosen.push_back({record.market, record.code});
-        }
-    }
-    return chosen;
 }
 
 standalone::FolderExcerpt FolderTariffs::excerptOf(const std::string& accountId,

@@ -40,8 +40,6 @@ private:
 
     /// The days for which the schedules of the place's family and market are known, cut at the folder's change dates.
     [[nodiscard]] std::vector<cost::DateRange> intervals(const cost::Place& place) const;
-    /// Instruments of the family that stand for the markets, products and categories of all of them.
-    [[nodiscard]] std::vector<Question> representatives(cost::Family family) const;
 
     [[nodiscard]] standalone::FolderExcerpt excerptOf(const std::string& accountId,
                                                       const std::vector<Question>& questions) const;

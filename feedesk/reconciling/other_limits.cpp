@@ -42,7 +42,11 @@ struct SaidOfTerm {
     std::vector<Said> said;
 };
 
-enum class Limit { kLeast, kMost };
+enum class Limit {
+    kLeast,
+    kMost,
+    kBoth  ///< every order costs the same
+};
 
 struct OtherLimit {
     Limit limit = Limit::kLeast;
@@ -81,7 +85,12 @@ Decimal roundingStepOf(const cost::Term& term) { return term.rounding ? term.rou
 
 cost::Term withLimit(const cost::Term& term, const OtherLimit& other) {
     cost::Term changed = term;
-    (other.limit == Limit::kLeast ? changed.minimum : changed.maximum) = other.amount;
+    if (other.limit != Limit::kMost) {
+        changed.minimum = other.amount;
+    }
+    if (other.limit != Limit::kLeast) {
+        changed.maximum = other.amount;
+    }
     return changed;
 }
 
@@ -148,12 +157,25 @@ bool isMinimumOfFills(const Said& said, const Decimal& amount, const cost::Term&
     return fills > 1 && term.minimum && amount == Decimal(static_cast<std::int64_t>(fills)) * *term.minimum;
 }
 
+/// Whether orders of several sizes, some above the amount, show that it is neither a minimum nor a maximum alone.
+bool isShownAsBoth(const Claims& claims, const Decimal& amount, const cost::Term& term) {
+    const Decimal step = roundingStepOf(term);
+    const bool isAbove =
+        std::any_of(claims.begin(), claims.end(), [&](const Said* each) { return each->exact > amount + step; });
+    const bool isBelow =
+        std::any_of(claims.begin(), claims.end(), [&](const Said* each) { return each->exact < amount - step; });
+    return isAbove && (isBelow || (term.minimum && *term.minimum > amount)) && areOfSeveralSizes(claims, amount, step);
+}
+
 bool isShownBy(Claims claims, const OtherLimit& other, const cost::Term& term) {
     claims.erase(std::remove_if(claims.begin(), claims.end(),
                                 [&](const Said* each) {
                                     return each->stated != other.amount || isMinimumOfFills(*each, other.amount, term);
                                 }),
                  claims.end());
+    if (other.limit == Limit::kBoth) {
+        return !claims.empty() && isShownAsBoth(claims, other.amount, term);
+    }
     const Decimal step = roundingStepOf(term);
     if (claims.empty() || areOfSeveralSizes(claims, other.amount, step)) {
         return !claims.empty();
@@ -191,6 +213,11 @@ Claims claimsOf(const OtherLimit& other, const SaidOfTerm& all) {
 }
 
 std::string sentenceOf(const OtherLimit& other, const cost::Term& term) {
+    if (other.limit == Limit::kBoth) {
+        return fmt::format("a {} of {} for each {}, whatever its size{} ({})", term.charge, other.amount.text(),
+                           cost::wordFor(term.per),
+                           term.minimum ? fmt::format(", and not at least {}", term.minimum->text()) : "", term.where);
+    }
     const bool isLeast = other.limit == Limit::kLeast;
     const std::optional<Decimal>& own = isLeast ? term.minimum : term.maximum;
     return fmt::format("a {} {} of {}", isLeast ? "least" : "highest", term.charge, other.amount.text()) +
@@ -203,7 +230,7 @@ void note(ReconciledOrder& charged, const OtherLimit& other, const cost::Term& t
     Trial trial({charged.order, amounts}, layout);
     trial.found = std::move(charged.alsoFit);
     const std::string sentence = sentenceOf(other, term);
-    trial.note(other.limit == Limit::kLeast ? Cause::kOtherMinimum : Cause::kOtherMaximum, sentence, sentence,
+    trial.note(other.limit == Limit::kMost ? Cause::kOtherMaximum : Cause::kOtherMinimum, sentence, sentence,
                trial.withTermsChanged([&](cost::Term& each) {
                    if (each.where == term.where && each.charge == term.charge) {
                        each = withLimit(each, other);
@@ -223,6 +250,7 @@ void addOtherLimits(const OrdersByDay& orders, const Layout& layout) {
         for (const Said& each : all.said) {
             if (const auto limit = limitOf(each, all.term)) {
                 limits.insert(*limit);
+                limits.insert({Limit::kBoth, limit->amount});
             }
         }
         for (const OtherLimit& each : limits) {

@@ -65,8 +65,8 @@ public:
     Reconciliation reconcile(const Statement& statement);
 
 private:
-    void tryHypotheses(const Layout& layout, std::vector<ReconciledOrder>& orders);
-    void findCauses(const Layout& layout, Reconciliation& result);
+    void tryHypotheses(const Statement& statement, std::vector<ReconciledOrder>& orders);
+    void findCauses(const Statement& statement, Reconciliation& result);
 
     Session& session;
     std::string account;

@@ -1,5 +1,5 @@
-// Every type that a host and the library share, so that one file's debug information describes them all. abidw reads it; the
-// functions are never called.
+// Every type that a host and the library share, so that one file's debug information describes them all. abidw reads
+// it; the functions are never called.
 #include "CFeeCenter.h"
 #include "IFeeCenter.h"
 #include "host/markets.h"

@@ -1,6 +1,6 @@
-// Classes of Boost and of the standard library as the public headers need them to be read, with nothing inside but what they
-// are of. With these the ABI's description is of this project's own types and small enough to be read, and it stays the same
-// with another Boost, whose layouts are Boost's.
+// Classes of Boost and of the standard library as the public headers need them to be read, with nothing inside but what
+// they are of. With these the ABI's description is of this project's own types and small enough to be read, and it
+// stays the same with another Boost, whose layouts are Boost's.
 #pragma once
 
 #include <cstddef>
