@@ -109,7 +109,7 @@ ExitStatus reconcileStatement(Program& program, const ReconcileArguments& argume
     return found.agrees() ? kAnswered : kNoAnswer;
 }
 
-std::string encodingProblem(const std::string& text) {
+std::string whyNoEncoding(const std::string& text) {
     return encodingFrom(text) ? "" : fmt::format("{} is neither utf-8 nor gb18030", echoed(text));
 }
 
@@ -131,7 +131,7 @@ void addReconcile(CLI::App& app, Program& program) {
     program.choices[command
                         ->add_option("--encoding", arguments.statement.encoding,
                                      "utf-8 or gb18030 (else what the bytes are)")
-                        ->check(CLI::Validator(encodingProblem, ""))
+                        ->check(CLI::Validator(whyNoEncoding, ""))
                         ->type_name("E")] = {{"utf-8", "gb18030"}};
     command->add_flag("--differing", arguments.differing, "Only the trades that do not agree");
     command->add_option("--patch", arguments.patch, "Write the proposed change of the folder here")->type_name("FILE");

@@ -48,8 +48,10 @@ std::string passedOverNote(const Statement& statement) {
 }
 
 std::string repeatedNote(const Statement& statement) {
+    const std::size_t shown = std::min(statement.repeated.size(), kMostLines);
     std::vector<std::string> lines;
-    for (std::size_t i = 0; i < std::min(statement.repeated.size(), kMostLines); ++i) {
+    lines.reserve(shown);
+    for (std::size_t i = 0; i < shown; ++i) {
         lines.push_back(fmt::format("{} (as {})", statement.repeated[i].line, statement.repeated[i].first));
     }
     const std::size_t count = statement.repeated.size();

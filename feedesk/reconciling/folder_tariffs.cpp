@@ -5,10 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "cost/refused.h"
-#include "feedesk/instruments/instrument_text.h"
 #include "feedesk/reconciling/representatives.h"
-#include "feedesk/trades/tariffs.h"
 
 namespace feedesk {
 namespace {
@@ -76,11 +73,7 @@ std::string categorySentenceOf(const cost::Tariff& tariff, const std::string& cu
 }  // namespace
 
 FolderTariffs::FolderTariffs(Session& openedSession, std::string accountOfStatement)
-    : session(openedSession), account(std::move(accountOfStatement)) {
-    for (const standalone::ListedInstrument& one : session.market().instruments) {
-        instrumentPlaces.emplace(instrumentText(one.record->market, one.record->code), instrumentPlaces.size());
-    }
-}
+    : session(openedSession), account(std::move(accountOfStatement)), excerpts(openedSession) {}
 
 const OtherTariffList& FolderTariffs::ofOtherDates(const Disputed& disputed) {
     return kept(Cause::kOtherDate, disputed, &FolderTariffs::otherDates);
@@ -128,7 +121,7 @@ OtherTariffList FolderTariffs::otherDates(const Disputed& disputed) {
     std::optional<cost::DateRange> days;  // of the last one in the list
     for (const cost::DateRange& interval : intervals(disputed.charged.tariff.place())) {
         const cost::Date date = interval.from.value_or(interval.until.value_or(disputed.order.date()));
-        const auto tariff = tariffOn(date, account, questionOf(disputed));
+        const auto tariff = excerpts.tariffOn(date, account, questionOf(disputed));
         if (!tariff || chargeAlike(*tariff, disputed.charged.tariff)) {
             days.reset();
             continue;
@@ -146,7 +139,7 @@ OtherTariffList FolderTariffs::otherDates(const Disputed& disputed) {
 OtherTariffList FolderTariffs::otherLevels(const Disputed& disputed) {
     const cost::Date date = disputed.order.date();
     const Question question = questionOf(disputed);
-    const standalone::FolderExcerpt excerpt = excerptOf(account, {question});
+    const standalone::FolderExcerpt excerpt = excerpts.excerptOf(account, {question});
     std::vector<bool> keptLines;
     for (const standalone::RateInput& line : excerpt.lines()) {
         keptLines.push_back(line.days.contains(date));
@@ -155,7 +148,7 @@ OtherTariffList FolderTariffs::otherLevels(const Disputed& disputed) {
     std::string above = inputOf(disputed.charged.tariff);
     for (std::size_t step = 0; step < keptLines.size(); ++step) {
         // What the answer names is taken away, and the fee center says which input is next.
-        const auto current = tariffsFrom(excerpt.market(keptLines), date, {question}).front();
+        const auto current = excerpts.tariffsFrom(excerpt.market(keptLines), date, {question}).front();
         const standalone::Market& market = session.market();
         bool taken = false;
         for (std::size_t i = 0; current && i < keptLines.size(); ++i) {
@@ -170,7 +163,7 @@ OtherTariffList FolderTariffs::otherLevels(const Disputed& disputed) {
         if (!taken) {
             break;
         }
-        if (auto next = tariffsFrom(excerpt.market(keptLines), date, {question}).front()) {
+        if (auto next = excerpts.tariffsFrom(excerpt.market(keptLines), date, {question}).front()) {
             const std::string input = inputOf(*next);
             list.push_back(
                 {input, fmt::format("the rates of the {}, which {} goes before", input, above), *next, date});
@@ -190,7 +183,7 @@ OtherTariffList FolderTariffs::otherAccounts(const Disputed& disputed) {
         if (number == account || other.record->accountType != kind) {
             continue;
         }
-        if (const auto tariff = tariffOn(date, number, questionOf(disputed))) {
+        if (const auto tariff = excerpts.tariffOn(date, number, questionOf(disputed))) {
             list.push_back({number, fmt::format("the rates and terms of account {}", number), *tariff, date});
             list.push_back({number, fmt::format("the rates of account {}", number),
                             cost::Tariff(own.place(), own.contract(), tariff->rates(), own.terms()), date});
@@ -208,11 +201,13 @@ OtherTariffList FolderTariffs::otherCategories(const Disputed& disputed) {
     for (const Representative& each : representatives) {
         questions.push_back(each.question);
     }
-    const auto tariffs = tariffsFrom(excerptOf(account, questions).marketOn(date), date, questions);
+    const auto tariffs = excerpts.tariffsFrom(excerpts.excerptOf(account, questions).marketOn(date), date, questions);
     OtherTariffList list;
     for (std::size_t i = 0; i < tariffs.size(); ++i) {
         const auto& tariff = tariffs[i];
-        if (!tariff || chargeAlike(*tariff, own)) {
+        const auto isLike = [&](const OtherTariff& other) { return chargeAlike(*tariff, other.tariff); };
+        // What charges alike explains the same, and the first of them is named.
+        if (!tariff || chargeAlike(*tariff, own) || std::any_of(list.begin(), list.end(), isLike)) {
             continue;
         }
         list.push_back({categoryKeyOf(*tariff, representatives[i].categories),
@@ -220,48 +215,6 @@ OtherTariffList FolderTariffs::otherCategories(const Disputed& disputed) {
                         cost::Tariff(tariff->place(), own.contract(), tariff->rates(), tariff->terms()), date});
     }
     return list;
-}
-
-standalone::FolderExcerpt FolderTariffs::excerptOf(const std::string& accountId,
-                                                   const std::vector<Question>& questions) const {
-    const standalone::Market& market = session.market();
-    const auto place = std::find_if(market.accounts.begin(), market.accounts.end(),
-                                    [&](const auto& each) { return each.record->accountId == accountId; });
-    std::vector<std::size_t> instruments;
-    instruments.reserve(questions.size());
-    for (const Question& question : questions) {
-        instruments.push_back(instrumentPlaces.at(instrumentText(question.market, question.code)));
-    }
-    std::sort(instruments.begin(), instruments.end());
-    return {session.folder(), static_cast<std::size_t>(place - market.accounts.begin()), instruments};
-}
-
-std::vector<std::optional<cost::Tariff>> FolderTariffs::tariffsFrom(standalone::Market market, cost::Date date,
-                                                                    const std::vector<Question>& questions) const {
-    IntervalCenter center(std::move(market));
-    center.install();
-    const standalone::Account& asked = center.market().accounts.front();
-    center.feedOnce(asked);
-    const IntervalCenter::Fees fees = center.ask(asked, questions);
-    std::vector<std::optional<Answer>> answers = center.traced(asked, questions, fees);
-    std::vector<std::optional<cost::Tariff>> tariffs(questions.size());
-    for (std::size_t i = 0; i < questions.size(); ++i) {
-        try {
-            if (answers[i]) {
-                tariffs[i] = chargedBy(session, {fees[i], std::move(*answers[i]), &center.market()},
-                                       asked.record->accountId, date)
-                                 .tariff;
-            }
-        } catch (const cost::Refused&) {
-            tariffs[i].reset();  // what cannot be charged explains nothing
-        }
-    }
-    return tariffs;
-}
-
-std::optional<cost::Tariff> FolderTariffs::tariffOn(cost::Date date, const std::string& accountId,
-                                                    const Question& question) const {
-    return tariffsFrom(excerptOf(accountId, {question}).marketOn(date), date, {question}).front();
 }
 
 }  // namespace feedesk

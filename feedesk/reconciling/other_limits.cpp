@@ -3,44 +3,19 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdint>
-#include <map>
 #include <optional>
 #include <set>
 #include <string>
 #include <tuple>
 #include <utility>
 
+#include "feedesk/reconciling/said_amounts.h"
 #include "feedesk/reconciling/trial.h"
 
 namespace feedesk {
 namespace {
 
 using cost::Decimal;
-
-/// What an order and the statement say of one charge.
-struct Said {
-    ReconciledOrder* charged;
-    Decimal exact;     ///< before minimum, maximum and rounding
-    Decimal amount;    ///< by the folder
-    Decimal stated;    ///< what it is while everything else stays
-    Decimal turnover;  ///< of the order
-
-    /// Whether the statement has the amount of this charge, by its sum or in a column.
-    [[nodiscard]] bool has(const Decimal& wanted) const { return stated == wanted || isInColumn(wanted); }
-    [[nodiscard]] bool isInColumn(const Decimal& wanted) const {
-        const auto& columns = charged->order.stated.charges;
-        return std::any_of(columns.begin(), columns.end(), [&](const auto& each) { return each && *each == wanted; });
-    }
-    /// Whether what the charge costs is shown by itself and not concluded from a sum.
-    [[nodiscard]] bool isShown() const { return isInColumn(stated) || charged->statedCosts == stated; }
-};
-
-/// A charging term with what all its orders say, by day.
-struct SaidOfTerm {
-    cost::Term term;
-    std::vector<Said> said;
-};
 
 enum class Limit {
     kLeast,
@@ -58,28 +33,6 @@ struct OtherLimit {
 };
 
 using Claims = std::vector<const Said*>;
-
-std::vector<SaidOfTerm> saidOfTerms(const OrdersByDay& orders) {
-    std::vector<SaidOfTerm> terms;
-    std::map<std::string, std::size_t> places;
-    for (ReconciledOrder* each : orders) {
-        const Amounts amounts = amountsOf(each->order.trades, *each->tariff);
-        for (const Part& part : amounts.parts) {
-            // Of known fills that are charged one by one no sum says what each of them costs.
-            const bool isOne = part.term->per != cost::Per::kFill || each->order.trades.size() == 1;
-            if (!part.isPaid() || !isOne) {
-                continue;
-            }
-            const auto place = places.emplace(part.term->where + ' ' + part.charge, terms.size());
-            if (place.second) {
-                terms.push_back({*part.term, {}});
-            }
-            const Decimal stated = part.amount.low + (each->statedCosts - amounts.costs().low);
-            terms[place.first->second].said.push_back({each, part.exact, part.amount.low, stated, amounts.turnover});
-        }
-    }
-    return terms;
-}
 
 Decimal roundingStepOf(const cost::Term& term) { return term.rounding ? term.rounding->step : Decimal(); }
 

@@ -29,7 +29,7 @@ struct ReconciledOrder {
 
     Order order;
     Outcome outcome = Outcome::kNotCharged;
-    std::string problem;                 ///< why the folder has no answer
+    std::string whyNotCharged;           ///< why the folder has no answer
     std::optional<cost::Tariff> tariff;  ///< by which it is charged
     std::string currency;
     cost::Decimal statedCosts;

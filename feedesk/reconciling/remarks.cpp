@@ -73,7 +73,7 @@ std::optional<Decimal> ratioOfAll(const ReconciledOrder& charged, const Statemen
     const auto amounts = amountsIfAny(trades, *charged.tariff);
     const auto ratio = amounts ? ratioOfCosts(charged.statedCosts, *amounts) : std::nullopt;
     const bool fits = ratio && isRatioOfAmounts(charged, statement, *ratio) &&
-                      agree(figuresOf(charged.order.stated, scaled(*amounts, *ratio, turnover), statement.layout));
+                      agree(charged.order.stated, scaled(*amounts, *ratio, turnover), statement.layout);
     return fits ? ratio : std::nullopt;
 }
 
@@ -98,9 +98,8 @@ std::string amountRemark(const ReconciledOrder& charged, const Statement& statem
 std::string ratioRemark(const ReconciledOrder& charged, const Statement& statement) {
     const Amounts amounts = amountsOf(charged.order.trades, *charged.tariff);
     const auto ratio = ratioOfCosts(charged.statedCosts, amounts);
-    const bool fits =
-        ratio && chargesIn(charged.order.stated) > 1 &&
-        agree(figuresOf(charged.order.stated, scaled(amounts, *ratio, amounts.turnover), statement.layout));
+    const bool fits = ratio && chargesIn(charged.order.stated) > 1 &&
+                      agree(charged.order.stated, scaled(amounts, *ratio, amounts.turnover), statement.layout);
     if (!fits) {
         return "";
     }
