@@ -82,7 +82,7 @@ std::vector<std::string> lineNumbers(const ReconciledOrder& reconciled, const St
 std::string explanationOf(const OrderRow& row) {
     const ReconciledOrder& reconciled = row.reconciled;
     if (reconciled.outcome == Outcome::kNotCharged) {
-        return reconciled.problem;
+        return reconciled.whyNotCharged;
     }
     if (reconciled.solved) {
         return rateSentence(*reconciled.solved, row);

@@ -1,7 +1,6 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -12,15 +11,14 @@
 #include "feedesk/commands/commands.h"
 #include "feedesk/commands/fee_answer.h"
 #include "feedesk/commands/options.h"
+#include "feedesk/commands/reconcile_answer.h"
 #include "feedesk/commands/reconcile_notes.h"
-#include "feedesk/commands/reconcile_rows.h"
+#include "feedesk/commands/statement_file.h"
 #include "feedesk/reconciling/proven_proposals.h"
 #include "feedesk/session/overwriting.h"
 #include "feedesk/statements/encoding.h"
-#include "feedesk/terminal/messages.h"
 #include "feedesk/text/numbers.h"
 #include "feedesk/text/text.h"
-#include "standalone/market_files.h"
 
 namespace feedesk {
 namespace {
@@ -29,50 +27,10 @@ using Outcome = ReconciledOrder::Outcome;
 
 struct ReconcileArguments {
     std::string account;
-    std::string statement;
-    std::string layout;
-    std::string encoding;
+    StatementFile statement;
     std::string patch;
     bool differing = false;
 };
-
-std::vector<Layout> layoutsFor(const ReconcileArguments& arguments, const std::string& folder) {
-    if (!arguments.layout.empty()) {
-        return {namedLayout(folder, arguments.layout)};
-    }
-    std::vector<Layout> layouts = layoutsOf(folder);
-    if (layouts.empty()) {
-        throw Failure(kBadInput,
-                      fmt::format("{}/{} holds no layout of statements; name one with --layout FILE{}",
-                                  pathText(folder), standalone::files::kLayouts, standalone::files::kLayoutEnding));
-    }
-    return layouts;
-}
-
-void refuseWrongLines(const std::vector<WrongLine>& wrong, const std::string& file) {
-    for (std::size_t i = 0; i < std::min(wrong.size(), kMostWrongLines); ++i) {
-        const std::string column = wrong[i].column.empty() ? "" : fmt::format("column {} ", echoed(wrong[i].column));
-        tellProblem(InputLine{file, wrong[i].line}, column + wrong[i].sentence, kBadInput);
-    }
-    if (!wrong.empty()) {
-        const std::string reported =
-            wrong.size() > kMostWrongLines ? fmt::format(", of which {} are named", kMostWrongLines) : "";
-        throw Failure(kBadInput, counted(wrong.size(), "wrong line") + reported + "; nothing was compared");
-    }
-}
-
-Statement statementFor(const ReconcileArguments& arguments, const std::string& folder) {
-    const std::vector<Layout> layouts = layoutsFor(arguments, folder);
-    TextLines file(arguments.statement, false);
-    const std::vector<std::string> lines = linesAsUtf8(file, encodingFrom(arguments.encoding));
-    std::vector<WrongLine> wrong;
-    Statement statement = statementIn(lines, file.name(), layouts, wrong);
-    refuseWrongLines(wrong, file.name());
-    if (statement.lines.empty()) {
-        throw Failure(kBadInput, fmt::format("{} has no trade below its header", file.name()));
-    }
-    return statement;
-}
 
 std::string sumText(const Reconciliation& found) {
     const auto part = [&](Outcome outcome, const char* one, const char* many) {
@@ -106,60 +64,11 @@ std::string patchNote(const ReconcileArguments& arguments, const Proposals& prop
                                                  shellWord(arguments.patch));
 }
 
-/// What one answer is made of.
-struct Wanted {
-    const ReconcileArguments& arguments;
-    const Reconciliation& found;
-    const Statement& statement;
-    const std::vector<Proposal>& proposals;
-};
-
-/// A table has no section that would be empty, and says below what it proposes.
-Sections sectionsOf(const Wanted& wanted, Format format) {
-    const Section orders = sectionOf("", orderFields(), "Trades");
-    const Section figures = sectionOf("What differs", figureFields());
-    if (format != Format::kTable) {
-        return {orders, figures, sectionOf("", proposalFields(), "Proposed lines")};
-    }
-    if (wanted.found.count(Outcome::kDiffers) > 0) {
-        return {orders, figures};
-    }
-    return wanted.arguments.differing && wanted.found.agrees() ? Sections() : Sections{orders};
-}
-
-void giveRows(const Wanted& wanted, const Sections& sections, RowSink& sink) {
-    const auto orders = orderFields();
-    const auto figures = figureFields();
-    const auto proposals = proposalFields();
-    for (const ReconciledOrder& each : wanted.found.orders) {
-        if (each.outcome != Outcome::kAgrees || !wanted.arguments.differing) {
-            Row row = rowOf(orders, OrderRow{each, wanted.statement});
-            row.marked = each.outcome != Outcome::kAgrees;
-            sink.row(row);
-        }
-    }
-    for (const ReconciledOrder& each : wanted.found.orders) {
-        const OrderRow order{each, wanted.statement};
-        for (const Figure& figure : each.figures) {
-            if (!figure.agrees()) {
-                Row row = rowOf(figures, FigureRow{order, figure});
-                row.section = 1;
-                sink.row(row);
-            }
-        }
-    }
-    for (const Proposal& proposal : sections.size() > 2 ? wanted.proposals : std::vector<Proposal>()) {
-        Row row = rowOf(proposals, proposal);
-        row.section = 2;
-        sink.row(row);
-    }
-}
-
 /// What is read is not written over.
 void refuseOverwriting(const ReconcileArguments& arguments, const Program& program) {
     for (const std::string& target : {arguments.patch, program.file}) {
-        refuseToOverwrite(target, arguments.statement, "the statement");
-        refuseToOverwrite(target, arguments.layout, "the layout");
+        refuseToOverwrite(target, arguments.statement.path, "the statement");
+        refuseToOverwrite(target, arguments.statement.layout, "the layout");
         refuseToWriteInto(program.session.folder, target);
     }
     if (isSameFile(arguments.patch, program.file)) {
@@ -174,13 +83,13 @@ ExitStatus reconcileStatement(Program& program, const ReconcileArguments& argume
     refuseOverwriting(arguments, program);
     Session& session = program.open();
     const standalone::Account& account = session.account(arguments.account);
-    const Statement statement = statementFor(arguments, program.session.folder);
+    const Statement statement = readStatement(arguments.statement, program.session.folder);
     const Reconciliation found = Reconciler(session, arguments.account).reconcile(statement);
     const Proposals proposals = provenProposals(found, statement, arguments.account, program.session.folder);
     if (!arguments.patch.empty() && !proposals.patch.empty()) {
         writePatch(arguments.patch, proposals.patch);
     }
-    const Wanted wanted{arguments, found, statement, proposals.lines};
+    const ReconcileAnswer wanted{found, statement, proposals.lines, arguments.differing};
     const Sections sections = sectionsOf(wanted, program.format);
     program.answer(session, sections, [&](RowSink& sink) {
         giveRows(wanted, sections, sink);
@@ -188,7 +97,7 @@ ExitStatus reconcileStatement(Program& program, const ReconcileArguments& argume
         remarks.heading = accountHeading(account) + ", " + statement.layout.title;
         remarks.footing = causeSentences(found, statement);
         remarks.footing.insert(remarks.footing.begin(), sumText(found));
-        for (const std::string& note : {signsNote(statement), passedOverNote(statement),
+        for (const std::string& note : {signsNote(statement), passedOverNote(statement), repeatedNote(statement),
                                         patchNote(arguments, proposals, program.session.folder)}) {
             if (!note.empty()) {
                 remarks.notes.push_back(note);
@@ -200,7 +109,7 @@ ExitStatus reconcileStatement(Program& program, const ReconcileArguments& argume
     return found.agrees() ? kAnswered : kNoAnswer;
 }
 
-std::string encodingProblem(const std::string& text) {
+std::string whyNoEncoding(const std::string& text) {
     return encodingFrom(text) ? "" : fmt::format("{} is neither utf-8 nor gb18030", echoed(text));
 }
 
@@ -211,16 +120,18 @@ void addReconcile(CLI::App& app, Program& program) {
     ReconcileArguments& arguments = argumentsOf(*command, program, reconcileStatement);
     command->add_option("ACCOUNT", arguments.account, "Number of the account")->required()->type_name("");
     command
-        ->add_option("STATEMENT", arguments.statement,
+        ->add_option("STATEMENT", arguments.statement.path,
                      "The broker's statement, commas or tabs between\ncells; - is standard input")
         ->required()
         ->type_name("");
     command
-        ->add_option("--layout", arguments.layout,
+        ->add_option("--layout", arguments.statement.layout,
                      "How the statement is laid out: a name of the\nfolder's layouts/, or a file (else by header)")
         ->type_name("LAYOUT");
-    program.choices[command->add_option("--encoding", arguments.encoding, "utf-8 or gb18030 (else what the bytes are)")
-                        ->check(CLI::Validator(encodingProblem, ""))
+    program.choices[command
+                        ->add_option("--encoding", arguments.statement.encoding,
+                                     "utf-8 or gb18030 (else what the bytes are)")
+                        ->check(CLI::Validator(whyNoEncoding, ""))
                         ->type_name("E")] = {{"utf-8", "gb18030"}};
     command->add_flag("--differing", arguments.differing, "Only the trades that do not agree");
     command->add_option("--patch", arguments.patch, "Write the proposed change of the folder here")->type_name("FILE");

@@ -12,9 +12,10 @@
 namespace feedesk {
 namespace {
 
+constexpr std::size_t kMostLines = 10;
+
 /// "5, 9 (股息入账)": the lines of each operation.
 std::string passedOverLines(const std::string& operation, const std::vector<std::size_t>& lines) {
-    constexpr std::size_t kMostLines = 10;
     const std::size_t shown = std::min(lines.size(), kMostLines);
     const std::vector<std::size_t> first(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(shown));
     return fmt::format("{}{} ({})", fmt::join(first, ", "),
@@ -44,6 +45,22 @@ std::string passedOverNote(const Statement& statement) {
                ? ""
                : fmt::format("{} of {} {} no trade and {} passed over: {}", counted(count, "line"), statement.file,
                              count == 1 ? "is" : "are", count == 1 ? "was" : "were", fmt::join(lines, ", "));
+}
+
+std::string repeatedNote(const Statement& statement) {
+    const std::size_t shown = std::min(statement.repeated.size(), kMostLines);
+    std::vector<std::string> lines;
+    lines.reserve(shown);
+    for (std::size_t i = 0; i < shown; ++i) {
+        lines.push_back(fmt::format("{} (as {})", statement.repeated[i].line, statement.repeated[i].first));
+    }
+    const std::size_t count = statement.repeated.size();
+    return count == 0
+               ? ""
+               : fmt::format(
+                     "{} of {} {} the same as an earlier one to the letter, and the trade may be there twice: {}{}",
+                     counted(count, "line"), statement.file, count == 1 ? "is" : "are", fmt::join(lines, ", "),
+                     count > kMostLines ? fmt::format(" and {} more", grouped(count - kMostLines)) : "");
 }
 
 std::string signsNote(const Statement& statement) {

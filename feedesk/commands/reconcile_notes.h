@@ -12,6 +12,9 @@ namespace feedesk {
 /// How many lines are no trades, with their numbers and operations.
 std::string passedOverNote(const Statement& statement);
 
+/// Which lines are the same to the letter, so that a trade may be in the statement twice.
+std::string repeatedNote(const Statement& statement);
+
 /// Where the signs of what moved on the account are not the statement's own.
 std::string signsNote(const Statement& statement);
 

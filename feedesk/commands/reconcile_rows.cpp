@@ -52,6 +52,7 @@ std::string differenceText(const cost::Decimal& stated, const Span& expected) {
 
 std::string plainDifference(const std::string& text) { return text.front() == '+' ? text.substr(1) : text; }
 
+/// The result for programs, and its word for people where the difference has a column of its own.
 Value resultOf(const OrderRow& row) {
     switch (row.reconciled.outcome) {
         case Outcome::kAgrees:
@@ -61,8 +62,14 @@ Value resultOf(const OrderRow& row) {
         case Outcome::kDiffers:
             break;
     }
+    return Label{"differs", {"differs"}};
+}
+
+/// The result with the difference in it.
+Value shownResultOf(const OrderRow& row) {
     const std::string difference = differenceText(row.reconciled.statedCosts, Span(row.reconciled.costs));
-    return Label{"differs", {difference == "0.00" ? "differs" : difference}};
+    const bool hasSum = row.reconciled.outcome == Outcome::kDiffers && difference != "0.00";
+    return hasSum ? Value(difference) : resultOf(row);
 }
 
 /// The value of an order that has an answer.
@@ -117,7 +124,7 @@ FieldsOf<OrderRow> orderFields() {
         {forPrograms("row"), [](const OrderRow&) { return std::string("order"); }},
         {{"line", "Line", Unit::kCount}, [](const OrderRow& row) { return firstLine(row).line; }},
         {forPrograms("lines"), [](const OrderRow& row) { return lineNumbers(row.reconciled, row.statement); }},
-        {{"date", "Date"}, [](const OrderRow& row) { return firstLine(row).trade.date.text(); }},
+        {{"date", "Date"}, [](const OrderRow& row) { return firstLine(row).trade.date; }},
         {forPrograms("market"), [](const OrderRow& row) { return textOrNothing(marketOf(row)); }},
         {forPrograms("code"), codeOf},
         {forPeople("Instrument"), tradedInstrument},
@@ -132,7 +139,8 @@ FieldsOf<OrderRow> orderFields() {
         {forPrograms("difference"),
          ofCharged([](const OrderRow& row) { return money(row.reconciled.statedCosts - row.reconciled.costs); })},
         {forPrograms("currency"), [](const OrderRow& row) { return textOrNothing(row.reconciled.currency); }},
-        {{"result", "Result", Unit::kNumber}, resultOf},
+        {forPrograms("result"), resultOf},
+        {Field{"", "Result", Unit::kNumber}, shownResultOf},
         {forPrograms("cause"), causeOf},
         {forPrograms("explanation"),
          [](const OrderRow& row) {
@@ -146,8 +154,7 @@ FieldsOf<OrderRow> orderFields() {
          ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.range.low, solved); })},
         {forPrograms("rate_high"),
          ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.range.high, solved); })},
-        {forPrograms("rate_from"),
-         ofSolved([](const SolvedRate& solved) { return textOrNothing(solved.from ? solved.from->text() : ""); })},
+        {forPrograms("rate_from"), ofSolved([](const SolvedRate& solved) { return dayOrNothing(solved.from); })},
         {forPrograms("folder_rate"), ofSource([](const RateSource& source, const SolvedRate& solved) {
              return Value(solvedNumber(source.rate, solved));
          })},

@@ -31,6 +31,39 @@ Side opposite(Side side) {
     }
 }
 
+/// Puts what is inside another charge on top of it as well.
+void addOnTop(Amounts& amounts, const Part& part) {
+    amounts.parts.push_back(part);
+    amounts.parts.back().inside.clear();
+    amounts.parts.back().again = true;
+}
+
+/// Everything that one charge contains.
+void tryAllInsideTwice(Trial& trial, const Part& around) {
+    std::optional<Amounts> changed = trial.copy();
+    std::vector<std::string> names;
+    for (const Part& part : trial.parts()) {
+        if (part.inside == around.charge) {
+            addOnTop(*changed, part);
+            names.push_back(nameOf(part));
+        }
+    }
+    if (names.size() > 1) {
+        trial.note(
+            Cause::kChargedTwice, "inside " + around.charge,
+            fmt::format("{} charged twice, inside the {} and on top of it", fmt::join(names, " and "), around.charge),
+            changed);
+    }
+}
+
+void tryAllTwice(Trial& trial) {
+    std::optional<Amounts> changed = trial.copy();
+    for (Part& part : changed->parts) {
+        part.amount += Span(part.amount);
+    }
+    trial.note(Cause::kChargedTwice, "all", "every charge charged twice", changed);
+}
+
 }  // namespace
 
 void tryLeftOut(Trial& trial) {
@@ -43,6 +76,11 @@ void tryLeftOut(Trial& trial) {
         changed->parts.erase(std::remove_if(changed->parts.begin(), changed->parts.end(), goes), changed->parts.end());
         trial.note(Cause::kLeftOut, part.charge, nameOf(part) + " left out", changed);
     }
+    if (trial.parts().size() > 1) {
+        std::optional<Amounts> none = trial.copy();
+        none->parts.clear();
+        trial.note(Cause::kLeftOut, "all", "nothing charged at all", none);
+    }
 }
 
 void tryChargedTwice(Trial& trial) {
@@ -53,11 +91,15 @@ void tryChargedTwice(Trial& trial) {
             continue;
         }
         std::optional<Amounts> changed = trial.copy();
-        changed->parts.push_back(part);
-        changed->parts.back().inside.clear();
-        changed->parts.back().again = true;
+        addOnTop(*changed, part);
         trial.note(Cause::kChargedTwice, part.charge,
                    fmt::format("{} charged twice, inside the {} and on top of it", nameOf(part), part.inside), changed);
+    }
+    for (const Part& part : trial.parts()) {
+        tryAllInsideTwice(trial, part);
+    }
+    if (trial.parts().size() > 1) {
+        tryAllTwice(trial);
     }
 }
 

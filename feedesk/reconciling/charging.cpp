@@ -78,7 +78,7 @@ void attempt(ReconciledOrder& charged, const Step& step) {
     try {
         step();
     } catch (const Refused& refused) {
-        charged.problem = refused.what();
+        charged.whyNotCharged = refused.what();
         charged.outcome = Outcome::kNotCharged;
         charged.tariff.reset();
     }

@@ -114,4 +114,10 @@ std::size_t disagreeing(const Figures& figures) {
 
 bool agree(const Figures& figures) { return disagreeing(figures) == 0; }
 
+bool agree(const StatedAmounts& stated, const Amounts& expected, const Layout& layout) {
+    Figures sums;
+    addSums(stated, expected, layout, sums);
+    return agree(sums) && agree(figuresOf(stated, expected, layout));
+}
+
 }  // namespace feedesk

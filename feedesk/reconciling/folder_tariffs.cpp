@@ -3,14 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
-#include "cost/pattern.h"
-#include "cost/refused.h"
-#include "feedesk/instruments/instrument_text.h"
-#include "feedesk/trades/tariffs.h"
-#include "standalone/families.h"
+#include "feedesk/reconciling/representatives.h"
 
 namespace feedesk {
 namespace {
@@ -59,14 +54,26 @@ std::string inputOf(const cost::Tariff& tariff) {
     return rate.source.empty() ? rate.level : rate.level + ", " + rate.source;
 }
 
+/// What is given for custom categories is the same in every market and product.
+std::string categoryKeyOf(const cost::Tariff& tariff, const std::string& customCategories) {
+    return customCategories.empty() ? tariff.place().market + ' ' + tariff.place().product
+                                    : customCategories + ' ' + inputOf(tariff);
+}
+
+/// "charged as SH:600036 (MAIN, custom category 10001) is, by the custom fee, custom/stock.csv:8".
+std::string categorySentenceOf(const cost::Tariff& tariff, const std::string& customCategories) {
+    const cost::Place& place = tariff.place();
+    const std::string custom = customCategories.empty() ? "" : "custom category " + customCategories;
+    const std::string between = place.product.empty() || custom.empty() ? "" : ", ";
+    const std::string kind = place.product + between + custom;
+    return fmt::format("charged as {}{} is{}", place.instrument(), kind.empty() ? "" : fmt::format(" ({})", kind),
+                       custom.empty() ? "" : ", by the " + inputOf(tariff));
+}
+
 }  // namespace
 
 FolderTariffs::FolderTariffs(Session& openedSession, std::string accountOfStatement)
-    : session(openedSession), account(std::move(accountOfStatement)) {
-    for (const standalone::ListedInstrument& one : session.market().instruments) {
-        instrumentPlaces.emplace(instrumentText(one.record->market, one.record->code), instrumentPlaces.size());
-    }
-}
+    : session(openedSession), account(std::move(accountOfStatement)), excerpts(openedSession) {}
 
 const OtherTariffList& FolderTariffs::ofOtherDates(const Disputed& disputed) {
     return kept(Cause::kOtherDate, disputed, &FolderTariffs::otherDates);
@@ -114,7 +121,7 @@ OtherTariffList FolderTariffs::otherDates(const Disputed& disputed) {
     std::optional<cost::DateRange> days;  // of the last one in the list
     for (const cost::DateRange& interval : intervals(disputed.charged.tariff.place())) {
         const cost::Date date = interval.from.value_or(interval.until.value_or(disputed.order.date()));
-        const auto tariff = tariffOn(date, account, questionOf(disputed));
+        const auto tariff = excerpts.tariffOn(date, account, questionOf(disputed));
         if (!tariff || chargeAlike(*tariff, disputed.charged.tariff)) {
             days.reset();
             continue;
@@ -132,7 +139,7 @@ OtherTariffList FolderTariffs::otherDates(const Disputed& disputed) {
 OtherTariffList FolderTariffs::otherLevels(const Disputed& disputed) {
     const cost::Date date = disputed.order.date();
     const Question question = questionOf(disputed);
-    const standalone::FolderExcerpt excerpt = excerptOf(account, {question});
+    const standalone::FolderExcerpt excerpt = excerpts.excerptOf(account, {question});
     std::vector<bool> keptLines;
     for (const standalone::RateInput& line : excerpt.lines()) {
         keptLines.push_back(line.days.contains(date));
@@ -141,7 +148,7 @@ OtherTariffList FolderTariffs::otherLevels(const Disputed& disputed) {
     std::string above = inputOf(disputed.charged.tariff);
     for (std::size_t step = 0; step < keptLines.size(); ++step) {
         // What the answer names is taken away, and the fee center says which input is next.
-        const auto current = tariffsFrom(excerpt.market(keptLines), date, {question}).front();
+        const auto current = excerpts.tariffsFrom(excerpt.market(keptLines), date, {question}).front();
         const standalone::Market& market = session.market();
         bool taken = false;
         for (std::size_t i = 0; current && i < keptLines.size(); ++i) {
@@ -156,7 +163,7 @@ OtherTariffList FolderTariffs::otherLevels(const Disputed& disputed) {
         if (!taken) {
             break;
         }
-        if (auto next = tariffsFrom(excerpt.market(keptLines), date, {question}).front()) {
+        if (auto next = excerpts.tariffsFrom(excerpt.market(keptLines), date, {question}).front()) {
             const std::string input = inputOf(*next);
             list.push_back(
                 {input, fmt::format("the rates of the {}, which {} goes before", input, above), *next, date});
@@ -176,7 +183,7 @@ OtherTariffList FolderTariffs::otherAccounts(const Disputed& disputed) {
         if (number == account || other.record->accountType != kind) {
             continue;
         }
-        if (const auto tariff = tariffOn(date, number, questionOf(disputed))) {
+        if (const auto tariff = excerpts.tariffOn(date, number, questionOf(disputed))) {
             list.push_back({number, fmt::format("the rates and terms of account {}", number), *tariff, date});
             list.push_back({number, fmt::format("the rates of account {}", number),
                             cost::Tariff(own.place(), own.contract(), tariff->rates(), own.terms()), date});
@@ -188,88 +195,26 @@ OtherTariffList FolderTariffs::otherAccounts(const Disputed& disputed) {
 OtherTariffList FolderTariffs::otherCategories(const Disputed& disputed) {
     const cost::Date date = disputed.order.date();
     const cost::Tariff& own = disputed.charged.tariff;
-    const std::vector<Question> questions = representatives(own.place().family);
-    const auto tariffs = tariffsFrom(excerptOf(account, questions).marketOn(date), date, questions);
+    const std::vector<Representative> representatives = representativesOf(own.place().family, session.market());
+    std::vector<Question> questions;
+    questions.reserve(representatives.size());
+    for (const Representative& each : representatives) {
+        questions.push_back(each.question);
+    }
+    const auto tariffs = excerpts.tariffsFrom(excerpts.excerptOf(account, questions).marketOn(date), date, questions);
     OtherTariffList list;
-    for (const auto& tariff : tariffs) {
-        if (!tariff || chargeAlike(*tariff, own)) {
+    for (std::size_t i = 0; i < tariffs.size(); ++i) {
+        const auto& tariff = tariffs[i];
+        const auto isLike = [&](const OtherTariff& other) { return chargeAlike(*tariff, other.tariff); };
+        // What charges alike explains the same, and the first of them is named.
+        if (!tariff || chargeAlike(*tariff, own) || std::any_of(list.begin(), list.end(), isLike)) {
             continue;
         }
-        const cost::Place& place = tariff->place();
-        list.push_back({place.market + ' ' + place.product,
-                        fmt::format("charged as {}{} is", place.instrument(),
-                                    place.product.empty() ? "" : fmt::format(" ({})", place.product)),
-                        cost::Tariff(place, own.contract(), tariff->rates(), tariff->terms()), date});
+        list.push_back({categoryKeyOf(*tariff, representatives[i].categories),
+                        categorySentenceOf(*tariff, representatives[i].categories),
+                        cost::Tariff(tariff->place(), own.contract(), tariff->rates(), tariff->terms()), date});
     }
     return list;
-}
-
-std::vector<Question> FolderTariffs::representatives(cost::Family family) const {
-    const standalone::Lists& traded = standalone::rateFamilyOf(family).lists;
-    const standalone::Market& market = session.market();
-    std::vector<Question> chosen;
-    std::set<std::string> kinds;
-    std::set<std::size_t> categories;
-    for (const standalone::ListedInstrument& one : market.instruments) {
-        if (!traded.hold(one)) {
-            continue;
-        }
-        const qmservice::CInstrument& record = *one.record;
-        bool isNew = kinds.insert(record.market + ' ' + record.productId).second;
-        for (std::size_t i = 0; i < market.categories.size(); ++i) {
-            const standalone::CategoryRule& rule = market.categories[i];
-            const bool matches = (rule.market.empty() || rule.market == record.market) &&
-                                 (rule.product.empty() || rule.product == record.productId) &&
-                                 (rule.code.empty() || cost::matchesPattern(record.code, rule.code));
-            isNew = (matches && categories.insert(i).second) || isNew;
-        }
-        if (isNew) {
-            chosen.push_back({record.market, record.code});
-        }
-    }
-    return chosen;
-}
-
-standalone::FolderExcerpt FolderTariffs::excerptOf(const std::string& accountId,
-                                                   const std::vector<Question>& questions) const {
-    const standalone::Market& market = session.market();
-    const auto place = std::find_if(market.accounts.begin(), market.accounts.end(),
-                                    [&](const auto& each) { return each.record->accountId == accountId; });
-    std::vector<std::size_t> instruments;
-    instruments.reserve(questions.size());
-    for (const Question& question : questions) {
-        instruments.push_back(instrumentPlaces.at(instrumentText(question.market, question.code)));
-    }
-    std::sort(instruments.begin(), instruments.end());
-    return {session.folder(), static_cast<std::size_t>(place - market.accounts.begin()), instruments};
-}
-
-std::vector<std::optional<cost::Tariff>> FolderTariffs::tariffsFrom(standalone::Market market, cost::Date date,
-                                                                    const std::vector<Question>& questions) const {
-    IntervalCenter center(std::move(market));
-    center.install();
-    const standalone::Account& asked = center.market().accounts.front();
-    center.feedOnce(asked);
-    const IntervalCenter::Fees fees = center.ask(asked, questions);
-    std::vector<std::optional<Answer>> answers = center.traced(asked, questions, fees);
-    std::vector<std::optional<cost::Tariff>> tariffs(questions.size());
-    for (std::size_t i = 0; i < questions.size(); ++i) {
-        try {
-            if (answers[i]) {
-                tariffs[i] = chargedBy(session, {fees[i], std::move(*answers[i]), &center.market()},
-                                       asked.record->accountId, date)
-                                 .tariff;
-            }
-        } catch (const cost::Refused&) {
-            tariffs[i].reset();  // what cannot be charged explains nothing
-        }
-    }
-    return tariffs;
-}
-
-std::optional<cost::Tariff> FolderTariffs::tariffOn(cost::Date date, const std::string& accountId,
-                                                    const Question& question) const {
-    return tariffsFrom(excerptOf(accountId, {question}).marketOn(date), date, {question}).front();
 }
 
 }  // namespace feedesk

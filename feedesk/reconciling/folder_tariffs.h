@@ -2,20 +2,16 @@
 #define FEEDESK_RECONCILING_FOLDER_TARIFFS_H
 
 #include <map>
-#include <optional>
 #include <string>
 #include <tuple>
 #include <vector>
 
+#include "feedesk/reconciling/excerpt_tariffs.h"
 #include "feedesk/reconciling/hypotheses.h"
-#include "feedesk/session/session.h"
-#include "standalone/folder_excerpt.h"
 
 namespace feedesk {
 
-/// The other tariffs of a market folder: fee centers are asked that are fed with excerpts of it, so that no rule about
-/// which input wins is known here. Each excerpt takes the place of the session's market in the process's services.
-/// Keeps what was asked. One thread.
+/// The other tariffs of a market folder, of excerpts of it. Keeps what was asked. One thread.
 class FolderTariffs : public OtherTariffs {
 public:
     /// The account is one that the session's folder has.
@@ -40,21 +36,11 @@ private:
 
     /// The days for which the schedules of the place's family and market are known, cut at the folder's change dates.
     [[nodiscard]] std::vector<cost::DateRange> intervals(const cost::Place& place) const;
-    /// Instruments of the family that stand for the markets, products and categories of all of them.
-    [[nodiscard]] std::vector<Question> representatives(cost::Family family) const;
-
-    [[nodiscard]] standalone::FolderExcerpt excerptOf(const std::string& accountId,
-                                                      const std::vector<Question>& questions) const;
-    /// What the account is charged on the instruments; nothing where that has no answer.
-    std::vector<std::optional<cost::Tariff>> tariffsFrom(standalone::Market market, cost::Date date,
-                                                         const std::vector<Question>& questions) const;
-    [[nodiscard]] std::optional<cost::Tariff> tariffOn(cost::Date date, const std::string& accountId,
-                                                       const Question& question) const;
 
     Session& session;
     std::string account;
     std::map<Key, OtherTariffList> lists;
-    std::map<std::string, std::size_t> instrumentPlaces;  // in the market, by instrumentText()
+    ExcerptTariffs excerpts;
 };
 
 }  // namespace feedesk

@@ -3,14 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdint>
-#include <map>
 #include <optional>
 #include <set>
 #include <string>
 #include <tuple>
 #include <utility>
 
+#include "feedesk/reconciling/said_amounts.h"
 #include "feedesk/reconciling/trial.h"
 
 namespace feedesk {
@@ -18,31 +17,11 @@ namespace {
 
 using cost::Decimal;
 
-/// What an order and the statement say of one charge.
-struct Said {
-    ReconciledOrder* charged;
-    Decimal exact;     ///< before minimum, maximum and rounding
-    Decimal amount;    ///< by the folder
-    Decimal stated;    ///< what it is while everything else stays
-    Decimal turnover;  ///< of the order
-
-    /// Whether the statement has the amount of this charge, by its sum or in a column.
-    [[nodiscard]] bool has(const Decimal& wanted) const { return stated == wanted || isInColumn(wanted); }
-    [[nodiscard]] bool isInColumn(const Decimal& wanted) const {
-        const auto& columns = charged->order.stated.charges;
-        return std::any_of(columns.begin(), columns.end(), [&](const auto& each) { return each && *each == wanted; });
-    }
-    /// Whether what the charge costs is shown by itself and not concluded from a sum.
-    [[nodiscard]] bool isShown() const { return isInColumn(stated) || charged->statedCosts == stated; }
+enum class Limit {
+    kLeast,
+    kMost,
+    kBoth  ///< every order costs the same
 };
-
-/// A charging term with what all its orders say, by day.
-struct SaidOfTerm {
-    cost::Term term;
-    std::vector<Said> said;
-};
-
-enum class Limit { kLeast, kMost };
 
 struct OtherLimit {
     Limit limit = Limit::kLeast;
@@ -55,33 +34,16 @@ struct OtherLimit {
 
 using Claims = std::vector<const Said*>;
 
-std::vector<SaidOfTerm> saidOfTerms(const OrdersByDay& orders) {
-    std::vector<SaidOfTerm> terms;
-    std::map<std::string, std::size_t> places;
-    for (ReconciledOrder* each : orders) {
-        const Amounts amounts = amountsOf(each->order.trades, *each->tariff);
-        for (const Part& part : amounts.parts) {
-            // Of known fills that are charged one by one no sum says what each of them costs.
-            const bool isOne = part.term->per != cost::Per::kFill || each->order.trades.size() == 1;
-            if (!part.isPaid() || !isOne) {
-                continue;
-            }
-            const auto place = places.emplace(part.term->where + ' ' + part.charge, terms.size());
-            if (place.second) {
-                terms.push_back({*part.term, {}});
-            }
-            const Decimal stated = part.amount.low + (each->statedCosts - amounts.costs().low);
-            terms[place.first->second].said.push_back({each, part.exact, part.amount.low, stated, amounts.turnover});
-        }
-    }
-    return terms;
-}
-
 Decimal roundingStepOf(const cost::Term& term) { return term.rounding ? term.rounding->step : Decimal(); }
 
 cost::Term withLimit(const cost::Term& term, const OtherLimit& other) {
     cost::Term changed = term;
-    (other.limit == Limit::kLeast ? changed.minimum : changed.maximum) = other.amount;
+    if (other.limit != Limit::kMost) {
+        changed.minimum = other.amount;
+    }
+    if (other.limit != Limit::kLeast) {
+        changed.maximum = other.amount;
+    }
     return changed;
 }
 
@@ -148,12 +110,25 @@ bool isMinimumOfFills(const Said& said, const Decimal& amount, const cost::Term&
     return fills > 1 && term.minimum && amount == Decimal(static_cast<std::int64_t>(fills)) * *term.minimum;
 }
 
+/// Whether orders of several sizes, some above the amount, show that it is neither a minimum nor a maximum alone.
+bool isShownAsBoth(const Claims& claims, const Decimal& amount, const cost::Term& term) {
+    const Decimal step = roundingStepOf(term);
+    const bool isAbove =
+        std::any_of(claims.begin(), claims.end(), [&](const Said* each) { return each->exact > amount + step; });
+    const bool isBelow =
+        std::any_of(claims.begin(), claims.end(), [&](const Said* each) { return each->exact < amount - step; });
+    return isAbove && (isBelow || (term.minimum && *term.minimum > amount)) && areOfSeveralSizes(claims, amount, step);
+}
+
 bool isShownBy(Claims claims, const OtherLimit& other, const cost::Term& term) {
     claims.erase(std::remove_if(claims.begin(), claims.end(),
                                 [&](const Said* each) {
                                     return each->stated != other.amount || isMinimumOfFills(*each, other.amount, term);
                                 }),
                  claims.end());
+    if (other.limit == Limit::kBoth) {
+        return !claims.empty() && isShownAsBoth(claims, other.amount, term);
+    }
     const Decimal step = roundingStepOf(term);
     if (claims.empty() || areOfSeveralSizes(claims, other.amount, step)) {
         return !claims.empty();
@@ -191,6 +166,11 @@ Claims claimsOf(const OtherLimit& other, const SaidOfTerm& all) {
 }
 
 std::string sentenceOf(const OtherLimit& other, const cost::Term& term) {
+    if (other.limit == Limit::kBoth) {
+        return fmt::format("a {} of {} for each {}, whatever its size{} ({})", term.charge, other.amount.text(),
+                           cost::wordFor(term.per),
+                           term.minimum ? fmt::format(", and not at least {}", term.minimum->text()) : "", term.where);
+    }
     const bool isLeast = other.limit == Limit::kLeast;
     const std::optional<Decimal>& own = isLeast ? term.minimum : term.maximum;
     return fmt::format("a {} {} of {}", isLeast ? "least" : "highest", term.charge, other.amount.text()) +
@@ -203,7 +183,7 @@ void note(ReconciledOrder& charged, const OtherLimit& other, const cost::Term& t
     Trial trial({charged.order, amounts}, layout);
     trial.found = std::move(charged.alsoFit);
     const std::string sentence = sentenceOf(other, term);
-    trial.note(other.limit == Limit::kLeast ? Cause::kOtherMinimum : Cause::kOtherMaximum, sentence, sentence,
+    trial.note(other.limit == Limit::kMost ? Cause::kOtherMaximum : Cause::kOtherMinimum, sentence, sentence,
                trial.withTermsChanged([&](cost::Term& each) {
                    if (each.where == term.where && each.charge == term.charge) {
                        each = withLimit(each, other);
@@ -223,6 +203,7 @@ void addOtherLimits(const OrdersByDay& orders, const Layout& layout) {
         for (const Said& each : all.said) {
             if (const auto limit = limitOf(each, all.term)) {
                 limits.insert(*limit);
+                limits.insert({Limit::kBoth, limit->amount});
             }
         }
         for (const OtherLimit& each : limits) {

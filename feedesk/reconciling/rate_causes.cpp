@@ -23,7 +23,7 @@ std::optional<Amounts> amountsByFill(const ReconciledOrder& charged) {
 /// rate to be concluded from the order.
 bool mayBeItsFills(const ReconciledOrder& charged, const Layout& layout) {
     const auto byFill = amountsByFill(charged);
-    return byFill && agree(figuresOf(charged.order.stated, *byFill, layout));
+    return byFill && agree(charged.order.stated, *byFill, layout);
 }
 
 /// Whether only another rate explains the order.

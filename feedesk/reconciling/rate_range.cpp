@@ -73,7 +73,7 @@ bool mayBe(const Decimal& amount, const Part& part, const Disputed& disputed, co
     }
     Amounts changed = disputed.charged;
     changed.parts[static_cast<std::size_t>(&part - disputed.charged.parts.data())].amount = Span(amount);
-    return agree(figuresOf(disputed.order.stated, changed, layout));
+    return agree(disputed.order.stated, changed, layout);
 }
 
 /// The first step from which on `holds`, which stays true once it is; kMostSteps + 1 when it never is.
@@ -120,8 +120,8 @@ std::optional<Figures> figuresWith(const Decimal& rate, const Disputed& disputed
 }
 
 bool fits(const Decimal& rate, const Disputed& disputed, const SoughtRate& sought, const Layout& layout) {
-    const auto figures = figuresWith(rate, disputed, sought, layout);
-    return figures && agree(*figures);
+    const auto amounts = withSought(disputed, sought, rate);
+    return amounts && agree(disputed.order.stated, *amounts, layout);
 }
 
 std::optional<RateRange> ratesThatFit(const Disputed& disputed, const SoughtRate& sought, const Layout& layout) {

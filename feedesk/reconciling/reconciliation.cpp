@@ -1,13 +1,12 @@
 #include "feedesk/reconciling/reconciliation.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
 #include "feedesk/reconciling/charging.h"
 #include "feedesk/reconciling/common_causes.h"
 #include "feedesk/reconciling/other_limits.h"
 #include "feedesk/reconciling/rate_causes.h"
+#include "feedesk/reconciling/remarks.h"
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
 
@@ -15,28 +14,6 @@ namespace feedesk {
 namespace {
 
 using Outcome = ReconciledOrder::Outcome;
-
-/// What a statement says of the amount where that is not quantity x price: then no change of the folder explains it.
-std::string amountRemark(const ReconciledOrder& charged) {
-    for (const Figure& figure : charged.figures) {
-        if (figure.name == kAmountFigure && !figure.agrees()) {
-            return fmt::format("the amount {} is not quantity x price, which is {} to {}", figure.stated.text(2),
-                               figure.expected.low.text(2), figure.expected.high.text(2));
-        }
-    }
-    return "";
-}
-
-/// Where the columns of what was paid do not add up to what moved.
-std::string columnsRemark(const ReconciledOrder& charged, const Layout& layout) {
-    StatedAmounts columns = charged.order.stated;
-    columns.net.reset();
-    const cost::Decimal sum = columns.costs(layout, Amounts(*charged.tariff));
-    const bool hasSum = !sum.isZero() && charged.order.stated.net.has_value();
-    return !hasSum || sum == charged.statedCosts ? ""
-                                                 : fmt::format("its columns add up to {}, and by its net it cost {}",
-                                                               sum.text(2), charged.statedCosts.text(2));
-}
 
 OrdersByDay chargedByDay(std::vector<ReconciledOrder>& orders) {
     OrdersByDay charged;
@@ -90,15 +67,15 @@ Reconciler::Reconciler(Session& openedSession, const std::string& accountOfState
     : session(openedSession), account(accountOfStatements), others(openedSession, accountOfStatements) {}
 
 /// Leaves what explains each differing order in its alsoFit, by cause; where nothing can, why not in its remark.
-void Reconciler::tryHypotheses(const Layout& layout, std::vector<ReconciledOrder>& orders) {
+void Reconciler::tryHypotheses(const Statement& statement, std::vector<ReconciledOrder>& orders) {
     for (ReconciledOrder& charged : orders) {
         if (charged.outcome != Outcome::kDiffers) {
             continue;
         }
-        charged.remark = amountRemark(charged);
+        charged.remark = amountRemark(charged, statement);
         if (charged.remark.empty()) {
             const Amounts amounts = amountsOf(charged.order.trades, *charged.tariff);
-            charged.alsoFit = explanationsOf({charged.order, amounts}, layout, others);
+            charged.alsoFit = explanationsOf({charged.order, amounts}, statement.layout, others);
         }
     }
 }
@@ -110,13 +87,14 @@ Reconciliation Reconciler::reconcile(const Statement& statement) {
         result.orders = chargedOrders(session, account, statement);
     }
     const Progress progress("looking for causes");
-    tryHypotheses(statement.layout, result.orders);
-    findCauses(statement.layout, result);
+    tryHypotheses(statement, result.orders);
+    findCauses(statement, result);
     return result;
 }
 
 /// What orders have in common goes before what explains each of them; what remains is explained order by order.
-void Reconciler::findCauses(const Layout& layout, Reconciliation& result) {
+void Reconciler::findCauses(const Statement& statement, Reconciliation& result) {
+    const Layout& layout = statement.layout;
     const OrdersByDay orders = chargedByDay(result.orders);
     addLastHypotheses(layout, orders);
     const ChargedLines lines(orders);
@@ -140,6 +118,9 @@ void Reconciler::findCauses(const Layout& layout, Reconciliation& result) {
         rates.addBesidesLimit(*each);
         if (each->isOpen()) {
             rates.takeOfOrder(*each);
+        }
+        if (each->isOpen()) {
+            each->remark = ratioRemark(*each, statement);
         }
         if (each->isOpen()) {
             each->remark = columnsRemark(*each, layout);

@@ -29,7 +29,7 @@ struct ReconciledOrder {
 
     Order order;
     Outcome outcome = Outcome::kNotCharged;
-    std::string problem;                 ///< why the folder has no answer
+    std::string whyNotCharged;           ///< why the folder has no answer
     std::optional<cost::Tariff> tariff;  ///< by which it is charged
     std::string currency;
     cost::Decimal statedCosts;
@@ -65,8 +65,8 @@ public:
     Reconciliation reconcile(const Statement& statement);
 
 private:
-    void tryHypotheses(const Layout& layout, std::vector<ReconciledOrder>& orders);
-    void findCauses(const Layout& layout, Reconciliation& result);
+    void tryHypotheses(const Statement& statement, std::vector<ReconciledOrder>& orders);
+    void findCauses(const Statement& statement, Reconciliation& result);
 
     Session& session;
     std::string account;

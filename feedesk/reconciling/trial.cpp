@@ -23,7 +23,7 @@ void Trial::note(Cause cause, const std::string& key, const std::string& sentenc
     // Of alike changes, such as charging as one of two funds is charged, the first is named.
     const bool isKnown = std::any_of(found.begin(), found.end(),
                                      [&](const Explanation& each) { return each.cause == cause && each.key == key; });
-    if (!isKnown && amounts && agree(figuresOf(order().stated, *amounts, layout))) {
+    if (!isKnown && amounts && agree(order().stated, *amounts, layout)) {
         found.push_back({cause, key, sentence});
     }
 }

@@ -59,6 +59,7 @@ struct WriteValue {
     void operator()(const std::string& text) const { writeRaw(writer, quotedJson(text), rapidjson::kStringType); }
     void operator()(const Label& label) const { (*this)(label.name); }
     void operator()(const Source& source) const { (*this)(source.place); }
+    void operator()(const cost::Date& day) const { (*this)(day.text()); }
     void operator()(std::size_t count) const { writer.Uint64(count); }
     void operator()(const Money& money) const { writeRaw(writer, money.decimal, rapidjson::kNumberType); }
     void operator()(const Rate& rate) const { writeRaw(writer, rate.decimal, rapidjson::kNumberType); }

@@ -40,6 +40,7 @@ struct ShownText {
     }
     Pieces operator()(const Sources& sources) const { return printablePieces(sources.places); }
     Pieces operator()(const Source& source) const { return {standalone::printable(source.place)}; }
+    Pieces operator()(const cost::Date& day) const { return {day.text()}; }
 };
 
 }  // namespace

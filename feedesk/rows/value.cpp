@@ -19,6 +19,7 @@ struct PlainText {
     std::string operator()(const Rate& rate) const { return rate.decimal; }
     std::string operator()(const Sources& sources) const { return (*this)(Names(sources.places)); }
     std::string operator()(const Source& source) const { return source.place; }
+    std::string operator()(const cost::Date& day) const { return day.text(); }
 };
 
 }  // namespace
@@ -27,7 +28,7 @@ bool isNothing(const Value& value) { return std::holds_alternative<Nothing>(valu
 
 Value textOrNothing(const std::string& text) { return text.empty() ? Value(Nothing()) : Value(text); }
 
-Value dayOrNothing(const std::optional<cost::Date>& day) { return textOrNothing(day ? day->text() : ""); }
+Value dayOrNothing(const std::optional<cost::Date>& day) { return day ? Value(*day) : Nothing(); }
 
 Value asRate(double rate, Unit unit) { return std::isfinite(rate) ? Value(Rate{plainNumber(rate), unit}) : rate; }
 

@@ -56,14 +56,15 @@ using Names = std::vector<std::string>;
 
 /// What a row has under one field. A double is a rate or another number, in the unit of its field; a size_t is how many
 /// there are of something.
-using Value = std::variant<Nothing, std::string, Label, Names, double, std::size_t, Money, Rate, Source, Sources>;
+using Value =
+    std::variant<Nothing, std::string, Label, Names, double, std::size_t, Money, Rate, Source, Sources, cost::Date>;
 
 bool isNothing(const Value& value);
 
 /// `text`, or nothing where it is empty.
 Value textOrNothing(const std::string& text);
 
-/// "2024-01-02", or nothing where there is no day.
+/// The day, which is shown as "2024-01-02", or nothing where there is none.
 Value dayOrNothing(const std::optional<cost::Date>& day);
 
 /// A Rate; a double where it is no number, which every form has its own word for.

@@ -49,6 +49,22 @@ std::string moneyFormat(const std::string& decimal) {
     return "#,##0" + (places == 0 ? "" : "." + std::string(places, '0'));
 }
 
+/// The first of January 1901; a spreadsheet's own count of the days before March 1900 is off by one.
+const cost::Date& firstSpreadsheetDay() {
+    static const cost::Date day = *cost::Date::of(1901, 1, 1);
+    return day;
+}
+
+/// The number by which a spreadsheet knows the day: of days since 1899-12-30. Months count from March here, so that the
+/// day that leap years have more is the last of a year.
+double spreadsheetDay(cost::Date date) {
+    constexpr int kUntilYear0 = 693900;  // 1899-12-30 counted so from March of year 0
+    const int year = date.month() > 2 ? date.year() : date.year() - 1;
+    const int month = date.month() > 2 ? date.month() - 3 : date.month() + 9;
+    const int days = 365 * year + year / 4 - year / 100 + year / 400 + (153 * month + 2) / 5 + date.day();
+    return days - kUntilYear0;
+}
+
 /// Writes a value into a cell.
 struct Cell {
     Sheet& sheet;
@@ -64,6 +80,9 @@ struct Cell {
     void operator()(const Label& label) const { text(fmt::format("{}", fmt::join(label.shown, " "))); }
     void operator()(const Names& names) const { text(plainText(names)); }
     void operator()(const Source& source) const { text(source.place); }
+    void operator()(const cost::Date& day) const {
+        day < firstSpreadsheetDay() ? text(day.text()) : number(spreadsheetDay(day), "yyyy-mm-dd");
+    }
     void operator()(const Sources& sources) const { text(plainText(sources)); }
     void operator()(std::size_t count) const { number(static_cast<double>(count), numberFormat(Unit::kCount)); }
     void operator()(double value) const {

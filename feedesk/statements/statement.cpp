@@ -9,6 +9,7 @@
 #include "feedesk/statements/cells.h"
 #include "feedesk/statements/header.h"
 #include "feedesk/statements/net_signs.h"
+#include "feedesk/statements/repeated_lines.h"
 #include "feedesk/statements/written_values.h"
 #include "feedesk/text/numbers.h"
 #include "feedesk/text/text.h"
@@ -219,7 +220,7 @@ Statement statementIn(const std::vector<std::string>& lines, const std::string& 
     const FoundHeader found = findHeader(lines, file, layouts);
     std::vector<std::string> titles = *cellsOf(lines[found.index], found.separator);
     dropEmptyEnd(titles, 0);
-    Statement statement{file, *found.layout, {}, {}, false};
+    Statement statement{file, *found.layout, {}, {}, {}, false};
     LineReader reader(found, titles);
     for (std::size_t i = found.index + 1; i < lines.size(); ++i) {
         auto cells = cellsOf(lines[i], found.separator);
@@ -248,6 +249,7 @@ Statement statementIn(const std::vector<std::string>& lines, const std::string& 
         }
     }
     giveSigns(statement);
+    statement.repeated = repeatedLines(statement.lines, lines);
     return statement;
 }
 

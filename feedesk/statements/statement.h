@@ -32,12 +32,21 @@ struct PassedOver {
     std::string operation;  ///< the broker's word for it; empty for a sum or a remark
 };
 
+/// A trade's line that is another one's to the letter.
+struct RepeatedLine {
+    std::size_t line = 0;   ///< of the file, from 1
+    std::size_t first = 0;  ///< the line that it repeats
+};
+
 /// A statement of one account. A plain value.
 struct Statement {
     std::string file;  ///< for messages
     Layout layout;
     std::vector<StatementLine> lines;
     std::vector<PassedOver> passedOver;
+    /// Trades that may be in it twice. Equal lines of one order that follow each other are its fills and not among
+    /// them.
+    std::vector<RepeatedLine> repeated;
     /// The column of what moved on the account has no signs: it was above 0 in every purchase, and is below 0 in
     /// `lines`.
     bool isNetUnsigned = false;

@@ -188,6 +188,17 @@ TEST_F(Reconcile, NamesWhatIsNoTrade) {
     EXPECT_NE(folder.reconcile("--json").err.find("{\"note\":\"4 lines of"), std::string::npos);
 }
 
+TEST_F(Reconcile, SaysThatATradeMayBeThereTwice) {
+    const std::string line = "20240102,600519,买,100,1000,25.00,0,0,,1,-100025.00\n";
+    const Outcome outcome = folder.reconcileLines(line + line);
+    EXPECT_NE(unfolded(outcome.out)
+                  .find("1 line of " + folder.statementFile() +
+                        " is the same as an earlier one to the letter, and the trade may be there twice: 3 (as 2)"),
+              std::string::npos)
+        << outcome.out;
+    EXPECT_EQ(outcome.status, 0);
+}
+
 TEST_F(Reconcile, SaysThatWhatMovedHasNoSigns) {
     const Outcome outcome = folder.reconcileLines(
         "20240102,600519,买,100,1000,25.00,0,0,,1,\"¥100,025.00\"\n"

@@ -109,8 +109,18 @@ TEST_F(Spreadsheets, OfFindingsHaveEveryPlaceAmongTheSources) {
 TEST_F(Spreadsheets, OfAStatementHaveTheSolvedRateAsPercent) {
     const Sheets all = sheets("reconcile S100 " + folder.statementFile());
     EXPECT_THAT(all.names, ElementsAre("Trades", "What differs", "Proposed lines", "Sources"));
-    EXPECT_THAT(all.cells.at("Trades"), Contains(std::string("U2 0.00031") + kPercent));
+    EXPECT_THAT(all.cells.at("Trades"),
+                AllOf(Contains(std::string("U2 0.00031") + kPercent), Contains("O1 Result"), Contains("O2 differs")));
     EXPECT_THAT(all.cells.at("Sources"), Contains("B2 fees/stock.csv"));
+}
+
+TEST_F(Spreadsheets, OfAStatementHaveDaysThatASpreadsheetKnows) {
+    folder.writeStatement(
+        "日期,代码,买卖,数量,价格,佣金\n20240229,600519,买,100,1000,31\n20240301,600519,买,100,1000,31\n"
+        "20231231,600519,买,100,1000,31\n");
+    const Sheets all = sheets("reconcile S100 " + folder.statementFile());
+    EXPECT_THAT(all.cells.at("Trades"), AllOf(Contains("D2 2024-02-29 00:00:00"), Contains("D3 2024-03-01 00:00:00"),
+                                              Contains("D4 2023-12-31 00:00:00")));
 }
 
 TEST_F(Spreadsheets, OfCostsHaveRatesAsPercentAndTheirLines) {

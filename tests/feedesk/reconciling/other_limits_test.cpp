@@ -82,6 +82,12 @@ INSTANTIATE_TEST_SUITE_P(
                   "20240102,600519,买,1000,600,100.00,0,0,,1,-600100.00\n"
                   "20240103,600519,买,1000,1200,100.00,0,0,,1,-1200100.00\n",
                   "Lines 2, 3: a highest commission of 100, where charges.csv:2 has none"},
+        // 0.25 and 2.00 by the rate, which neither another minimum nor a maximum makes 1.
+        LimitCase{
+            "AnAmountThatEveryOrderCosts",
+            "20240102,600519,买,100,10,1.00,0,0,,1,-1001.00\n"
+            "20240103,600519,买,100,80,1.00,0,0,,1,-8001.00\n",
+            "Lines 2, 3: a commission of 1 for each order, whatever its size, and not at least 5 (charges.csv:2)"},
         // Three fills of 5 each, or from 15.00 to 18.78, as 35100 x 0.00025 = 8.78.
         LimitCase{"NoOtherMinimumWhereEachFillHasItsOwn", "20240102,600519,买,100,351,15.00,0,0,,3,-35115.00\n",
                   "Line 2: the least commission of 5 charged for each fill and not for each order (charges.csv:2), a "

@@ -111,6 +111,18 @@ Read readOperation(const std::string& operation) {
     return read({kHeader, "20210304\t000001\t平安银行\t" + operation + "\t100\t5.02\t502\t5\t0\t.01\t0\t-507.01\t1"});
 }
 
+TEST(Statement, TellsWhichTradesItHasTwice) {
+    const std::string other = "20210304\t000002\t\t证券买入\t100\t5.020\t502.00\t5.00\t0\t.01\t0\t-507.01\t78";
+    const std::string unnumbered = "20210304\t000003\t\t证券买入\t100\t5.020\t502.00\t5.00\t0\t.01\t0\t-507.01\t";
+    // The second of the first two is a fill of the same order.
+    const Read found = read({kHeader, kTrade, kTrade, other, unnumbered, unnumbered, kTrade});
+    ASSERT_EQ(found.statement.repeated.size(), 2U);
+    EXPECT_EQ(found.statement.repeated[0].line, 6U);
+    EXPECT_EQ(found.statement.repeated[0].first, 5U);
+    EXPECT_EQ(found.statement.repeated[1].line, 7U);
+    EXPECT_EQ(found.statement.repeated[1].first, 2U);
+}
+
 TEST(Statement, KnowsTheUsualOperations) {
     for (const char* purchase : {"限价买入", "市价买入", "普通买入", "买券还券", "买 入", "买　入", "证券 买入"}) {
         const Read found = readOperation(purchase);

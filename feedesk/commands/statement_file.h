@@ -1,0 +1,23 @@
+#ifndef FEEDESK_COMMANDS_STATEMENT_FILE_H
+#define FEEDESK_COMMANDS_STATEMENT_FILE_H
+
+#include <string>
+
+#include "feedesk/statements/statement.h"
+
+namespace feedesk {
+
+/// A statement as a command names it.
+struct StatementFile {
+    std::string path;      ///< "-" is standard input
+    std::string layout;    ///< a name of the folder's layouts or a file; empty: by the header
+    std::string encoding;  ///< empty: what the bytes are
+};
+
+/// Reads its trades. Throws Failure where it or its layout cannot be read or it has no trade, and, after each of them
+/// has been told on standard error, where it has wrong lines.
+Statement readStatement(const StatementFile& file, const std::string& marketFolder);
+
+}  // namespace feedesk
+
+#endif  // FEEDESK_COMMANDS_STATEMENT_FILE_H
