@@ -49,7 +49,8 @@ function(install_library)
   configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/feecenterConfig.cmake.in
     ${PROJECT_BINARY_DIR}/feecenterConfig.cmake INSTALL_DESTINATION ${installed_cmake}
     NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
-  write_basic_package_version_file(${PROJECT_BINARY_DIR}/feecenterConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+  # While the first number of the version is 0, the second one changes with what programs rely on.
+  write_basic_package_version_file(${PROJECT_BINARY_DIR}/feecenterConfigVersion.cmake COMPATIBILITY SameMinorVersion)
   install(FILES ${PROJECT_BINARY_DIR}/feecenterConfig.cmake ${PROJECT_BINARY_DIR}/feecenterConfigVersion.cmake
                 ${PROJECT_SOURCE_DIR}/cmake/Libcsv.cmake
           DESTINATION ${installed_cmake} COMPONENT development)
