@@ -315,4 +315,5 @@ int main() {
     show(fees, "SH", "600519");
     show(fees, "SH", "600000");
     engine().stop();  // before the fee center ends: no job may run behind it
+    return 0;
 }
