@@ -48,7 +48,7 @@ boost::shared_ptr<Record> copyOf(Witness& witness, const Record& record) {
 
 /// The account and the instrument of a fee are the host's own: a copy shares them.
 template <class Field>
-constexpr bool isShared =
+constexpr bool kIsShared =
     std::is_same_v<Field, records::RecordField<CInstrumentFee, boost::shared_ptr<CAccountInfo>>> ||
     std::is_same_v<Field, records::RecordField<CInstrumentFee, boost::shared_ptr<CInstrument>>>;
 
@@ -72,7 +72,7 @@ void copyIsIndependent(const Sample& /*sample*/, Witness& witness) {
         const auto untouched = filled<Record>();
         const auto copy = copyOf(witness, *record);
         forEachField<Record>([&](const auto& field) {
-            if constexpr (isShared<std::decay_t<decltype(field)>>) {
+            if constexpr (kIsShared<std::decay_t<decltype(field)>>) {
                 Witness::expect((*copy).*field.member == (*record).*field.member,
                                 std::string("gave a record with a ") + field.name + " of its own");
             } else {

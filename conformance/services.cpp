@@ -9,7 +9,7 @@ using qmservice::TraderCenter;
 
 void present(const Sample& /*sample*/, Witness& witness) {
     const auto isThere = [&](const char* description, const auto& ask) {
-        const auto service = witness.call(description, ask);
+        auto service = witness.call(description, ask);
         Witness::expect(service != nullptr, "gave an empty pointer");
         return service;
     };
