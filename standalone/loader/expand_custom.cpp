@@ -57,7 +57,7 @@ Fee& feeOf(CustomFee& customFee) {
 
 template <class Records>
 void addEntry(const CategoryRegister& categories, const KeptLine& kept, CustomFees& fees) {
-    const RateLine& line = kept.line;
+    const RateLine& line = *kept.line;
     const auto limit = boost::make_shared<typename Records::CustomLimit>();
     (*limit).*Records::kCategory = std::to_string(line.category);
     setRates(*limit, Records::kCustomRates, line);
@@ -87,7 +87,7 @@ std::vector<CustomFee> expandCustomFees(const CheckedFolder& folder, cost::Date 
 std::size_t countCustomFees(const CheckedFolder& folder, cost::Date day, std::size_t account) {
     std::set<int> updates;
     forEachInForce(folder.accountLines[account].customFees, day,
-                   [&](const KeptLine& kept) { updates.insert(kept.line.update); });
+                   [&](const KeptLine& kept) { updates.insert(kept.line->update); });
     return updates.size();
 }
 

@@ -40,7 +40,7 @@ private:
             return (*fees.back().record).*Records::kSlot;
         }
         const auto limit = boost::make_shared<typename Records::Limit>();
-        setRates(*limit, Records::kRates, kept.line);
+        setRates(*limit, Records::kRates, *kept.line);
         return limit;
     }
 

@@ -13,7 +13,7 @@ namespace {
 boost::shared_ptr<CCommissionRateDetail> commissionOf(const KeptFeeLine& line, const std::string& code) {
     const auto detail = boost::make_shared<CCommissionRateDetail>();
     detail->instrumentId = code;
-    setRates(*detail, records::commissionRates<CCommissionRateDetail>, line.line);
+    setRates(*detail, records::commissionRates<CCommissionRateDetail>, *line.line);
     return detail;
 }
 
@@ -32,11 +32,11 @@ void FuturesFees::add(const KeptFeeLine& line) {
 // All instruments of a line share one detail.
 void FuturesFees::addMargins(const KeptFeeLine& line) {
     const auto detail = boost::make_shared<CMarginRateDetail>();
-    detail->hedgeFlag = line.line.hedgeFlag;
-    detail->marginMode = line.line.marginMode;
-    setRates(*detail, records::marginRates<CMarginRateDetail>, line.line);
+    detail->hedgeFlag = line.line->hedgeFlag;
+    detail->marginMode = line.line->marginMode;
+    setRates(*detail, records::marginRates<CMarginRateDetail>, *line.line);
     for (const std::size_t place : *line.places) {
-        fees[place].margins[*hedgeSlot(line.line.hedgeFlag)] = {detail, line.position};
+        fees[place].margins[*hedgeSlot(line.line->hedgeFlag)] = {detail, line.position};
     }
 }
 
