@@ -31,7 +31,7 @@ public:
 };
 
 Bytes bytesOf(const loader::KeptLine& kept) {
-    const loader::RateLine& line = kept.line;
+    const loader::RateLine& line = *kept.line;
     Bytes bytes;
     bytes.add(std::string(kept.family->name)).add(line.item);
     bytes.add(line.update).add(line.category).add(line.hedgeFlag).add(line.marginMode).add(line.unitVolume);
@@ -163,13 +163,13 @@ std::vector<FolderContents::Line> FolderContents::linesOn(cost::Date day, std::s
     std::vector<Line> found;
     for (std::size_t i = 0; i < lines.fees.size(); ++i) {
         const loader::KeptFeeLine& line = lines.fees[i];
-        if (line.line.days.contains(day)) {
+        if (line.line->days.contains(day)) {
             found.push_back({feeLines[account][i], InputKind::kFeeLine, line.position, line.places});
         }
     }
     for (std::size_t i = 0; i < lines.customFees.size(); ++i) {
         const loader::KeptLine& line = lines.customFees[i];
-        if (line.line.days.contains(day)) {
+        if (line.line->days.contains(day)) {
             found.push_back({customLines[account][i], InputKind::kCustomFee, line.position, nullptr});
         }
     }
@@ -180,7 +180,7 @@ int FolderContents::sharedOn(cost::Date day) {
     int shared = sameOnAllDays;
     for (std::size_t i = 0; i < configuredLines.size(); ++i) {
         const loader::ConfiguredLine& line = content().configuredLines[i];
-        if (line.line.days.contains(day)) {
+        if (line.line->days.contains(day)) {
             shared = numbers.of(shared, numbers.of(names[line.place], configuredLines[i]));
         }
     }
@@ -220,7 +220,7 @@ const std::vector<int>& FolderContents::instrumentsOn(cost::Date day) {
         instruments = inCategories;
         for (std::size_t i = 0; i < configuredLines.size(); ++i) {
             const loader::ConfiguredLine& line = content().configuredLines[i];
-            if (line.line.days.contains(day)) {
+            if (line.line->days.contains(day)) {
                 int& instrument = instruments[line.place];
                 instrument = numbers.of(instrument, configuredLines[i]);
             }
@@ -243,7 +243,7 @@ std::vector<Position> FolderContents::linesLike(cost::Date day, const Position& 
     }
     const int meant = configuredLines[static_cast<std::size_t>(line - lines.begin())];
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (configuredLines[i] == meant && lines[i].line.days.contains(day) &&
+        if (configuredLines[i] == meant && lines[i].line->days.contains(day) &&
             std::binary_search(places.begin(), places.end(), lines[i].place)) {
             found.push_back(lines[i].position);
         }

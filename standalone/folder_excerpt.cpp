@@ -14,6 +14,7 @@ using loader::AccountLines;
 using loader::CheckedFolder;
 using loader::ConfiguredLine;
 using loader::KeptLine;
+using loader::RateLine;
 
 /// The market without instruments and accounts.
 Market frameOf(const Market& whole) {
@@ -83,7 +84,7 @@ std::shared_ptr<const CheckedFolder> cutOut(const CheckedFolder& whole, std::siz
 bool hasExchangeFee(const ListedInstrument& instrument) { return instrument.record->feeType != 0; }
 
 RateInput inputOf(InputKind kind, const KeptLine& line) {
-    return {kind, line.family, line.position, line.line.days, line.line.update, line.line.category};
+    return {kind, line.family, line.position, line.line->days, line.line->update, line.line->category};
 }
 
 std::vector<RateInput> inputsOf(const CheckedFolder& cut) {
@@ -111,7 +112,9 @@ void keep(const std::vector<Line>& lines, std::vector<bool>::const_iterator& kep
     for (const Line& line : lines) {
         if (*kept++) {
             made.push_back(line);
-            made.back().line.days = {};
+            RateLine always = *line.line;
+            always.days = {};
+            made.back().line = std::make_shared<const RateLine>(std::move(always));
         }
     }
 }

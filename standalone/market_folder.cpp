@@ -48,4 +48,18 @@ const Market& MarketFolder::everyDay() const { return checked->market; }
 
 Market MarketFolder::marketOn(cost::Date day) const { return loader::expand(*checked, day); }
 
+Market MarketFolder::sharedMarketOn(cost::Date day) const { return loader::expandShared(*checked, day); }
+
+Account MarketFolder::accountOn(cost::Date day, std::size_t account) const {
+    return loader::expandAccount(*checked, day, account);
+}
+
+std::vector<CustomFee> MarketFolder::customFeesOn(cost::Date day, std::size_t account) const {
+    return loader::expandCustomFees(*checked, day, account);
+}
+
+FeeCounts MarketFolder::feeCountsOn(cost::Date day, std::size_t account) const {
+    return {loader::countFees(*checked, day, account), loader::countCustomFees(*checked, day, account)};
+}
+
 }  // namespace standalone

@@ -19,6 +19,12 @@ struct CheckedFolder;
 /// The machine's day, in its time zone.
 cost::Date today();
 
+/// How much is handed to a fee center for an account.
+struct FeeCounts {
+    std::size_t records = 0;
+    std::size_t customFees = 0;
+};
+
 /// A market folder that has been read and checked, with the schedules of all its days. Immutable, cheap to copy, safe
 /// from any thread; copies share one content.
 ///
@@ -49,6 +55,16 @@ public:
     /// records of instruments and accounts, whose places are the same in all of them; fees, custom fees and configured
     /// limits are made anew by each call. Throws nothing but std::bad_alloc.
     [[nodiscard]] Market marketOn(cost::Date day) const;
+
+    /// The same without the fees and custom fees of its accounts: what they are answered from is made by accountOn(),
+    /// one account at a time.
+    [[nodiscard]] Market sharedMarketOn(cost::Date day) const;
+    /// The account at a place of the market with its fees and custom fees of the day, made anew by each call.
+    [[nodiscard]] Account accountOn(cost::Date day, std::size_t account) const;
+    /// The custom fees of that account alone.
+    [[nodiscard]] std::vector<CustomFee> customFeesOn(cost::Date day, std::size_t account) const;
+    /// How many fee records and custom fees that account has; none is made.
+    [[nodiscard]] FeeCounts feeCountsOn(cost::Date day, std::size_t account) const;
 
     /// What is the same on every day: the market without fees, custom fees and configured limits.
     [[nodiscard]] const Market& everyDay() const;

@@ -13,9 +13,20 @@ constexpr const char* kStrand = "fees";
 IntervalCenter::IntervalCenter(standalone::Market dayMarket)
     : loaded(std::move(dayMarket)), prepared(standalone::prepared(loaded)), center(kStrand) {}
 
+IntervalCenter::IntervalCenter(const standalone::MarketFolder& folder, cost::Date day)
+    : loaded(folder.sharedMarketOn(day)),
+      source(Source{folder, day}),
+      prepared(standalone::prepared(loaded)),
+      center(kStrand) {}
+
+standalone::Account IntervalCenter::whole(const standalone::Account& account) const {
+    return source ? source->folder.accountOn(source->day, static_cast<std::size_t>(&account - loaded.accounts.data()))
+                  : account;
+}
+
 void IntervalCenter::feedOnce(const standalone::Account& account) {
     if (fedAccounts.insert(&account).second) {
-        standalone::feed(center, account);
+        standalone::feed(center, whole(account));
         standalone::waitForStrand(kStrand);
     }
 }
@@ -39,6 +50,9 @@ std::vector<std::optional<Answer>> IntervalCenter::traced(const standalone::Acco
                                                           const std::vector<Question>& questions, const Fees& fees) {
     if (!tracer) {
         tracer.emplace(loaded, prepared);
+    }
+    if (!tracer->knows(account)) {
+        tracer->feed(account, whole(account));
     }
     const Fees dyed = tracer->ask(account, questions);
     std::vector<std::optional<Answer>> answers(fees.size());

@@ -11,6 +11,7 @@
 #include "feedesk/answers/provenance.h"
 #include "standalone/host.h"
 #include "standalone/market.h"
+#include "standalone/market_folder.h"
 
 namespace feedesk {
 
@@ -24,6 +25,9 @@ public:
     using Fees = std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>;
 
     explicit IntervalCenter(standalone::Market dayMarket);
+    /// Of the folder as of the day. The fees of an account are made when it is fed, and no one keeps them: its entry in
+    /// market() has none.
+    IntervalCenter(const standalone::MarketFolder& folder, cost::Date day);
 
     [[nodiscard]] const standalone::Market& market() const { return loaded; }
 
@@ -45,7 +49,16 @@ public:
                                               const std::vector<Question>& questions, const Fees& fees);
 
 private:
+    struct Source {
+        standalone::MarketFolder folder;
+        cost::Date day;
+    };
+
+    /// With its fees.
+    [[nodiscard]] standalone::Account whole(const standalone::Account& account) const;
+
     standalone::Market loaded;
+    std::optional<Source> source;  // of the accounts' fees; empty: they are in the market
     standalone::PreparedMarket prepared;
     std::set<const standalone::Account*> fedAccounts;
     qmservice::CFeeCenter center;

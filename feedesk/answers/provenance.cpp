@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <boost/make_shared.hpp>
 #include <cmath>
+#include <unordered_map>
 #include <utility>
 
 #include "host/records.h"
@@ -37,79 +38,102 @@ void paint(CCustomStkExchangeRateLimit& limit, double dye) {
     limit.optionFee1 = dye;
 }
 
-template <class Record>
-void dye(shared_ptr<Record>& record, const Origin& origin, Dyes& dyes) {
-    if (record) {
-        record = boost::make_shared<Record>(*record);
-        paint(*record, dyes.next(origin));
-    }
-}
+/// Makes dyed copies of records. Records of one line may be one object, and their copies then share one dye too.
+class Dyer {
+public:
+    explicit Dyer(Dyes& usedDyes) : dyes(usedDyes) {}
 
-template <class Record>
-void dyeEach(std::vector<shared_ptr<Record>>& records, Level level, const Position* position, Dyes& dyes) {
-    for (shared_ptr<Record>& record : records) {
-        dye(record, {level, *position++}, dyes);
+    template <class Record>
+    void dye(shared_ptr<Record>& record, const Origin& origin) {
+        if (!record) {
+            return;
+        }
+        Copy& copy = copies[record.get()];
+        if (!copy.dyed) {
+            const auto made = boost::make_shared<Record>(*record);
+            paint(*made, dyes.next(origin));
+            copy = {record, made};
+        }
+        record = boost::static_pointer_cast<Record>(copy.dyed);
     }
-}
+
+    template <class Record>
+    void dyeEach(std::vector<shared_ptr<Record>>& records, Level level, const Position* position) {
+        for (shared_ptr<Record>& record : records) {
+            dye(record, {level, *position++});
+        }
+    }
+
+private:
+    struct Copy {
+        shared_ptr<void> original;  // kept, so that no other record takes its place
+        shared_ptr<void> dyed;
+    };
+
+    Dyes& dyes;
+    std::unordered_map<const void*, Copy> copies;
+};
 
 template <class Limit>
-void dyeLimits(std::vector<standalone::ConfiguredLimit<Limit>>& limits, Dyes& dyes) {
+void dyeLimits(std::vector<standalone::ConfiguredLimit<Limit>>& limits, Dyer& dyer) {
     for (auto& configured : limits) {
-        dye(configured.limit, {Level::kConfiguredLimit, configured.position}, dyes);
+        dyer.dye(configured.limit, {Level::kConfiguredLimit, configured.position});
     }
 }
 
 standalone::Market dyedCopy(const standalone::Market& market, Dyes& dyes) {
     standalone::Market copy = market;
+    Dyer dyer(dyes);
     for (auto& listed : copy.instruments) {
-        dye(listed.record, {Level::kExchangeFee, listed.position}, dyes);
+        dyer.dye(listed.record, {Level::kExchangeFee, listed.position});
     }
-    dyeLimits(copy.stockLimits, dyes);
-    dyeLimits(copy.hgtLimits, dyes);
-    dyeLimits(copy.sgtLimits, dyes);
+    dyeLimits(copy.stockLimits, dyer);
+    dyeLimits(copy.hgtLimits, dyer);
+    dyeLimits(copy.sgtLimits, dyer);
     return copy;
 }
 
-void dyeRecord(standalone::FeeRecord& fee, Dyes& dyes) {
+void dyeRecord(standalone::FeeRecord& fee, Dyer& dyer) {
     const Origin origin{Level::kOwnRecord, fee.position};
     fee.record = boost::make_shared<CInstrumentFee>(*fee.record);
-    dye(fee.record->stkRateLimit, origin, dyes);
-    dye(fee.record->hgtRateLimit, origin, dyes);
-    dye(fee.record->sgtRateLimit, origin, dyes);
-    dye(fee.record->commissionDetail, origin, dyes);
-    dyeEach(fee.record->marginDetails, Level::kOwnRecord, fee.margins.data(), dyes);
+    dyer.dye(fee.record->stkRateLimit, origin);
+    dyer.dye(fee.record->hgtRateLimit, origin);
+    dyer.dye(fee.record->sgtRateLimit, origin);
+    dyer.dye(fee.record->commissionDetail, origin);
+    dyer.dyeEach(fee.record->marginDetails, Level::kOwnRecord, fee.margins.data());
 }
 
 /// Dyes a custom fee of one of the classes with one list of limits; nothing when it is of another class.
 template <class Fee>
-void dyeLimitsOf(standalone::CustomFee& custom, Dyes& dyes) {
+void dyeLimitsOf(standalone::CustomFee& custom, Dyer& dyer) {
     if (const auto* original = dynamic_cast<const Fee*>(custom.record.get())) {
         auto copy = boost::make_shared<Fee>(*original);
-        dyeEach(copy->rateLimits, Level::kCustomFee, custom.entries.data(), dyes);
+        dyer.dyeEach(copy->rateLimits, Level::kCustomFee, custom.entries.data());
         custom.record = copy;
     }
 }
 
-void dyeFutures(standalone::CustomFee& custom, Dyes& dyes) {
+void dyeFutures(standalone::CustomFee& custom, Dyer& dyer) {
     if (const auto* original = dynamic_cast<const CCustomFutureInstrumentFee*>(custom.record.get())) {
         auto copy = boost::make_shared<CCustomFutureInstrumentFee>(*original);
         const Position* position = custom.entries.data();
-        dyeEach(copy->commissionDetails, Level::kCustomFee, position, dyes);
-        dyeEach(copy->marginDetails, Level::kCustomFee, position + copy->commissionDetails.size(), dyes);
+        dyer.dyeEach(copy->commissionDetails, Level::kCustomFee, position);
+        dyer.dyeEach(copy->marginDetails, Level::kCustomFee, position + copy->commissionDetails.size());
         custom.record = copy;
     }
 }
 
 standalone::Account dyedCopy(const standalone::Account& account, Dyes& dyes) {
     standalone::Account copy = account;
+    Dyer dyer(dyes);
     for (standalone::FeeRecord& fee : copy.fees) {
-        dyeRecord(fee, dyes);
+        dyeRecord(fee, dyer);
     }
     for (standalone::CustomFee& custom : copy.customFees) {
-        dyeLimitsOf<CCustomStockInstrumentFee>(custom, dyes);
-        dyeLimitsOf<CCustomHGTInstrumentFee>(custom, dyes);
-        dyeLimitsOf<CCustomSgtInstrumentFee>(custom, dyes);
-        dyeFutures(custom, dyes);
+        dyeLimitsOf<CCustomStockInstrumentFee>(custom, dyer);
+        dyeLimitsOf<CCustomHGTInstrumentFee>(custom, dyer);
+        dyeLimitsOf<CCustomSgtInstrumentFee>(custom, dyer);
+        dyeFutures(custom, dyer);
     }
     return copy;
 }
@@ -146,17 +170,16 @@ Origin Dyes::origin(double rate) const {
 Tracer::Tracer(const standalone::Market& realMarket, standalone::PreparedMarket realPrepared)
     : real(std::move(realPrepared)), dyed(standalone::prepared(dyedCopy(realMarket, dyes))), center(kTracingStrand) {}
 
-void Tracer::feedOnce(const standalone::Account& account) {
-    if (fed.insert(&account).second) {
-        standalone::feed(center, dyedCopy(account, dyes));
-        standalone::waitForStrand(kTracingStrand);
-    }
+void Tracer::feed(const standalone::Account& account, const standalone::Account& fees) {
+    const Installed inServices(dyed, real);
+    standalone::feed(center, dyedCopy(fees, dyes));
+    standalone::waitForStrand(kTracingStrand);
+    fed.insert(&account);
 }
 
 std::vector<shared_ptr<CInstrumentFee>> Tracer::ask(const standalone::Account& account,
                                                     const std::vector<Question>& questions) {
     const Installed inServices(dyed, real);
-    feedOnce(account);
     IFeeCenter& asked = center;
     std::vector<shared_ptr<CInstrumentFee>> answers;
     answers.reserve(questions.size());

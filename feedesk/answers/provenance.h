@@ -46,8 +46,14 @@ public:
     /// The market is the one that is installed.
     Tracer(const standalone::Market& realMarket, standalone::PreparedMarket realPrepared);
 
-    /// The dyed answers to the questions, in their order; empty where there is none. Meanwhile the host's services hold
-    /// the dyed market: no other fee center may be fed or asked. The engine must run.
+    // While an account is fed and asked the host's services hold the dyed market: no other fee center may be fed or
+    // asked. The engine must run.
+
+    [[nodiscard]] bool knows(const standalone::Account& account) const { return fed.count(&account) != 0; }
+    /// Hands the account's fees over, of which `fees` has all.
+    void feed(const standalone::Account& account, const standalone::Account& fees);
+
+    /// The dyed answers to the questions, in their order; empty where there is none. The account has been fed.
     std::vector<boost::shared_ptr<qmservice::CInstrumentFee>> ask(const standalone::Account& account,
                                                                   const std::vector<Question>& questions);
 
@@ -60,8 +66,6 @@ public:
     [[nodiscard]] Origin origin(const boost::shared_ptr<qmservice::CMarginRateDetail>& detail) const;
 
 private:
-    void feedOnce(const standalone::Account& account);
-
     Dyes dyes;
     standalone::PreparedMarket real;
     standalone::PreparedMarket dyed;

@@ -10,6 +10,7 @@ AccountFacts::AccountFacts(const FolderFacts& folder, std::size_t account, Accou
     : facts(folder),
       accountPlace(account),
       asked(folder.market.accounts[account]),
+      customFees(folder.folder.customFeesOn(folder.day, account)),
       questionsAsked(usedQuestions),
       probe(usedProbe),
       replies(std::move(answered)) {
@@ -41,7 +42,7 @@ void AccountFacts::addInputs() {
         given.push_back({&kept, &kept, nullptr, 0, facts.placeOf(kept.position)});
     });
     std::map<standalone::Position, std::pair<const standalone::CustomFee*, std::size_t>> entries;
-    for (const standalone::CustomFee& fee : asked.customFees) {
+    for (const standalone::CustomFee& fee : customFees) {
         for (std::size_t entry = 0; entry < fee.entries.size(); ++entry) {
             entries[fee.entries[entry]] = {&fee, entry};
         }

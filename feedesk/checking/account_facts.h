@@ -62,6 +62,7 @@ private:
     const FolderFacts& facts;
     std::size_t accountPlace;  // its place in the market
     const standalone::Account& asked;
+    std::vector<standalone::CustomFee> customFees;  // of the account
     AccountQuestions& questionsAsked;
     Probe& probe;
     AccountAnswers replies;

@@ -13,8 +13,9 @@ namespace feedesk::checking {
 namespace {
 
 /// An account that trades everything has no list of its own: without lines there is nothing to check.
-bool isWorthAsking(const standalone::Account& account) {
-    return standalone::tradedFamily(account.record->accountType) != nullptr || !account.customFees.empty();
+bool isWorthAsking(const FolderFacts& facts, std::size_t place) {
+    return standalone::tradedFamily(facts.market.accounts[place].record->accountType) != nullptr ||
+           facts.folder.feeCountsOn(facts.day, place).customFees > 0;
 }
 
 bool isWanted(const std::set<std::string>& accounts, const std::string& account) {
@@ -38,7 +39,7 @@ std::vector<std::size_t> accountsToAsk(const FolderFacts& facts, const std::set<
     std::vector<std::size_t> places;
     for (std::size_t place = 0; place < facts.market.accounts.size(); ++place) {
         const standalone::Account& account = facts.market.accounts[place];
-        if (!isWorthAsking(account) || !isWanted(accounts, account.record->accountId)) {
+        if (!isWorthAsking(facts, place) || !isWanted(accounts, account.record->accountId)) {
             continue;
         }
         const std::string refusal = facts.folder.coverage().refusal(facts.day, askedFamily(account));

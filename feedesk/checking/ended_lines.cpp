@@ -38,7 +38,7 @@ std::set<cost::Date> lastDays(const AccountFacts& facts) {
     const cost::DateRange covered = facts.folder().folder.coverage().of(askedFamily(facts.account()));
     std::set<cost::Date> last;
     forEachLineOf(facts, [&](const standalone::loader::KeptLine& kept) {
-        const std::optional<cost::Date>& until = kept.line.days.until;
+        const std::optional<cost::Date>& until = kept.line->days.until;
         const auto next = until && *until >= facts.folder().day ? until->next() : std::nullopt;
         if (next && covered.contains(*next)) {
             last.insert(*until);
@@ -54,7 +54,7 @@ using LineDays = std::map<Position, cost::DateRange>;
 LineDays lineDays(const AccountFacts& facts) {
     LineDays days;
     if (!lastDays(facts).empty()) {
-        forEachLineOf(facts, [&](const standalone::loader::KeptLine& kept) { days[kept.position] = kept.line.days; });
+        forEachLineOf(facts, [&](const standalone::loader::KeptLine& kept) { days[kept.position] = kept.line->days; });
     }
     return days;
 }

@@ -27,7 +27,7 @@ RateKind kindOfFixed(const RateFamily& family, std::string_view column) {
 
 RateCell cellOf(const standalone::Market& market, const KeptLine& kept, std::size_t field) {
     const RateFamily& family = *kept.family;
-    const double value = kept.line.rates.at(field);
+    const double value = kept.line->rates.at(field);
     if (!family.isNamed) {
         const char* column = family.rates[field].column;
         return {field, column, kindOfFixed(family, column), value};
@@ -73,7 +73,7 @@ bool looksLikePercent(const RateCell& cell) {
 std::vector<RateCell> rateCells(const FolderFacts& facts, const KeptLine& kept) {
     std::vector<RateCell> cells;
     for (std::size_t field = 0; field < kept.family->rates.size(); ++field) {
-        if (kept.line.rates.at(field) != 0) {
+        if (kept.line->rates.at(field) != 0) {
             cells.push_back(cellOf(facts.market, kept, field));
         }
     }

@@ -116,7 +116,7 @@ void findUnreachedCustomFees(AccountFacts& facts, Findings& findings) {
                 {{facts.number()},
                  1,
                  {input.place},
-                 fmt::format("the category {} holds no instrument of the account's list", input.kept->line.category),
+                 fmt::format("the category {} holds no instrument of the account's list", input.kept->line->category),
                  "correct the category, or remove the line"});
         }
     }

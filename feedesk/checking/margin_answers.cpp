@@ -19,7 +19,7 @@ bool isLost(const Input& input, const std::map<char, Level>& answered) {
 
 bool isMarginLine(const Input& input) { return input.kept->family->records == standalone::RateRecords::kMargin; }
 
-char flagOf(const Input& input) { return static_cast<char>(input.kept->line.hedgeFlag); }
+char flagOf(const Input& input) { return static_cast<char>(input.kept->line->hedgeFlag); }
 
 std::map<char, Level> answeredMargins(const Answer& answer) {
     std::map<char, Level> margins;

@@ -32,7 +32,7 @@ public:
         forEachLine(facts, [&](const FolderLine& line) {
             for (const RateCell& cell : rateCells(facts, *line.kept)) {
                 if (cell.kind == RateKind::kFraction && !looksLikePercent(cell)) {
-                    rates[{line.kept->family, cell.field}].push_back({std::abs(cell.value), line.kept->line.days});
+                    rates[{line.kept->family, cell.field}].push_back({std::abs(cell.value), line.kept->line->days});
                 }
             }
         });
@@ -117,8 +117,8 @@ void findPercents(const FolderFacts& facts, Findings& findings) {
                 faults.add(line,
                            fmt::format("{} {} is {} of the turnover", cell.column, plainNumber(cell.value),
                                        percent(cell.value)),
-                           percentMend({*line.kept->family, cell.column, cell.value, line.kept->line.days},
-                                       usual.of({line.kept->family, cell.field}, line.kept->line.days), facts.day));
+                           percentMend({*line.kept->family, cell.column, cell.value, line.kept->line->days},
+                                       usual.of({line.kept->family, cell.field}, line.kept->line->days), facts.day));
             }
         }
     });

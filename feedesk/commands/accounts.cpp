@@ -13,6 +13,7 @@ namespace {
 
 struct AccountRow {
     const standalone::Account* account;
+    standalone::FeeCounts fees;
     LevelCounts levels;  ///< counted only where they are asked for
 };
 
@@ -27,9 +28,8 @@ AccountFields accountFields() {
         {Field{"name", "Name"}.shortenedTo(8), [](const AccountRow& row) { return info(row).accountName; }},
         {{"platform", "Platform", Unit::kNumber},
          [](const AccountRow& row) { return static_cast<double>(info(row).platformId); }},
-        {{"fee_records", "Fee records", Unit::kCount}, [](const AccountRow& row) { return row.account->fees.size(); }},
-        {{"custom_fees", "Custom fees", Unit::kCount},
-         [](const AccountRow& row) { return row.account->customFees.size(); }}};
+        {{"fee_records", "Fee records", Unit::kCount}, [](const AccountRow& row) { return row.fees.records; }},
+        {{"custom_fees", "Custom fees", Unit::kCount}, [](const AccountRow& row) { return row.fees.customFees; }}};
 }
 
 /// Next to the levels a table has no room for names and for what is fed.
@@ -62,7 +62,8 @@ ExitStatus accounts(Program& program, const AccountsArguments& arguments) {
     const AccountFields fields = arguments.levels ? accountFieldsWithLevels() : accountFields();
     program.answer(session, {sectionOf("", fields, "Accounts")}, [&](RowSink& sink) {
         for (const standalone::Account* account : wanted) {
-            sink.row(rowOf(fields, {account, arguments.levels ? countLevels(session, *account) : LevelCounts()}));
+            sink.row(rowOf(fields, {account, session.feeCounts(*account),
+                                    arguments.levels ? countLevels(session, *account) : LevelCounts()}));
         }
         return Remarks();
     });

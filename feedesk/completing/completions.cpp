@@ -89,7 +89,7 @@ FolderWords namedFolderWords(const std::string& folder) {
         const auto option = std::find(words.begin(), words.end(), "--market");
         return words.end() - option > 1 ? *(option + 1) : folder;
     };
-    return {[named](const auto& words) { return standalone::loadMarket(named(words)).market; },
+    return {[named](const auto& words) { return standalone::loadFolder(named(words)).folder.everyDay(); },
             [named](const auto& words) { return layoutNames(named(words)); }};
 }
 

@@ -115,6 +115,14 @@ const Account& Session::account(const std::string& accountId) const {
     throw Failure(kNoAnswer, fmt::format("the market folder has no account {}{}", echoed(accountId), advice));
 }
 
+standalone::FeeCounts Session::feeCounts(const Account& account) const {
+    return days.feeCountsOn(askedDay, places.at(account.record->accountId));
+}
+
+std::vector<standalone::CustomFee> Session::customFees(const Account& account) const {
+    return days.customFeesOn(askedDay, places.at(account.record->accountId));
+}
+
 Question Session::instrument(const Account& account, const std::string& text, const std::string& whyOne) const {
     const bool connect = standalone::tradesThroughConnect(account.record->accountType);
     const std::vector<Question> found = names.find(text, connect);
@@ -141,7 +149,7 @@ IntervalCenter& Session::centerOf(cost::Date date) {
     held.lastUse = ++uses;
     if (!held.center) {
         const Stopwatch watch(tally.loading);
-        held.center = std::make_unique<IntervalCenter>(days.marketOn(date));
+        held.center = std::make_unique<IntervalCenter>(days, date);
     }
     return *held.center;
 }
@@ -248,9 +256,10 @@ standalone::FolderExcerpt Session::excerpt(const Account& account, const Questio
 std::string Session::summary() const {
     std::size_t records = 0;
     std::size_t customFees = 0;
-    for (const Account& account : market().accounts) {
-        records += account.fees.size();
-        customFees += account.customFees.size();
+    for (std::size_t place = 0; place < market().accounts.size(); ++place) {
+        const standalone::FeeCounts counts = days.feeCountsOn(askedDay, place);
+        records += counts.records;
+        customFees += counts.customFees;
     }
     const std::string queries = tally.queries == 1 ? "1 query" : grouped(tally.queries) + " queries";
     return fmt::format("loaded {}, {}, {}, {} in {}; answered {} in {}",

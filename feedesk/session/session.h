@@ -76,12 +76,16 @@ public:
     [[nodiscard]] const standalone::MarketFolder& folder() const { return days; }
     /// The day that was asked for, or the folder's.
     [[nodiscard]] cost::Date day() const { return askedDay; }
-    /// The market of that day.
+    /// The market of that day without the fees of its accounts.
     [[nodiscard]] const standalone::Market& market() const { return asked->market(); }
     [[nodiscard]] const InstrumentNames& instruments() const { return names; }
 
     /// The account as of the day. Throws Failure, with the names that are near, when the folder has no such account.
     [[nodiscard]] const standalone::Account& account(const std::string& accountId) const;
+    /// How many fees that account has on that day.
+    [[nodiscard]] standalone::FeeCounts feeCounts(const standalone::Account& account) const;
+    /// That account's custom fees on that day, made anew by each call.
+    [[nodiscard]] std::vector<standalone::CustomFee> customFees(const standalone::Account& account) const;
     /// Whether the folder has the account.
     [[nodiscard]] bool hasAccount(const std::string& accountId) const { return places.count(accountId) != 0; }
 

@@ -34,7 +34,8 @@ void readCustomTable(Load& load, const RateFamily& family) {
         if (!read.whole) {
             return;
         }
-        load.accountLines[*read.line.account].customFees.push_back({&family, read.line, read.position});
+        load.accountLines[*read.line.account].customFees.push_back(
+            {&family, load.contents.of(read.line), read.position});
     });
 }
 

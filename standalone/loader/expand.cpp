@@ -2,12 +2,23 @@
 
 namespace standalone::loader {
 
-Market expand(const CheckedFolder& folder, cost::Date day) {
+Market expandShared(const CheckedFolder& folder, cost::Date day) {
     Market market = folder.market;
     expandConfiguredLimits(folder, day, market);
+    return market;
+}
+
+Account expandAccount(const CheckedFolder& folder, cost::Date day, std::size_t account) {
+    Account expanded = folder.market.accounts[account];
+    expanded.fees = expandFees(folder, day, account);
+    expanded.customFees = expandCustomFees(folder, day, account);
+    return expanded;
+}
+
+Market expand(const CheckedFolder& folder, cost::Date day) {
+    Market market = expandShared(folder, day);
     for (std::size_t account = 0; account < folder.accountLines.size(); ++account) {
-        expandFees(folder, day, account, market);
-        expandCustomFees(folder, day, account, market);
+        market.accounts[account] = expandAccount(folder, day, account);
     }
     return market;
 }

@@ -8,17 +8,27 @@
 
 namespace standalone::loader {
 
+/// The market on a day without the fees and custom fees of its accounts.
+Market expandShared(const CheckedFolder& folder, cost::Date day);
+
+/// One account on a day, by its place, with its fees and custom fees.
+Account expandAccount(const CheckedFolder& folder, cost::Date day, std::size_t account);
+
 /// The whole market on a day.
 Market expand(const CheckedFolder& folder, cost::Date day);
 
 /// Adds the configured limits of the day to a market.
 void expandConfiguredLimits(const CheckedFolder& folder, cost::Date day, Market& market);
 
-/// Adds the fee records of the day to one account of a market, by its place.
-void expandFees(const CheckedFolder& folder, cost::Date day, std::size_t account, Market& market);
+/// The fee records of one account on a day, by its place.
+std::vector<FeeRecord> expandFees(const CheckedFolder& folder, cost::Date day, std::size_t account);
+/// How many they are; none is made.
+std::size_t countFees(const CheckedFolder& folder, cost::Date day, std::size_t account);
 
-/// The same for its custom fees.
-void expandCustomFees(const CheckedFolder& folder, cost::Date day, std::size_t account, Market& market);
+/// The custom fees of one account on a day, by its place.
+std::vector<CustomFee> expandCustomFees(const CheckedFolder& folder, cost::Date day, std::size_t account);
+/// How many they are; none is made.
+std::size_t countCustomFees(const CheckedFolder& folder, cost::Date day, std::size_t account);
 
 }  // namespace standalone::loader
 

@@ -10,8 +10,8 @@ template <class Records>
 void addLimit(const ConfiguredLine& kept, Market& market) {
     const ListedInstrument& instrument = market.instruments[kept.place];
     const auto limit = boost::make_shared<typename Records::Limit>();
-    setRates(*limit, Records::kRates, kept.line);
-    (*limit).*Records::kUnit = kept.line.unitVolume != 0 ? kept.line.unitVolume : instrument.tradeUnit;
+    setRates(*limit, Records::kRates, *kept.line);
+    (*limit).*Records::kUnit = kept.line->unitVolume != 0 ? kept.line->unitVolume : instrument.tradeUnit;
     (market.*Records::kConfigured)
         .push_back({instrument.record->market, instrument.record->code, limit, kept.position});
 }

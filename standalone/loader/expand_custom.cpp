@@ -1,5 +1,6 @@
 #include <boost/make_shared.hpp>
 #include <map>
+#include <set>
 #include <utility>
 
 #include "standalone/loader/expand.h"
@@ -56,7 +57,7 @@ Fee& feeOf(CustomFee& customFee) {
 
 template <class Records>
 void addEntry(const CategoryRegister& categories, const KeptLine& kept, CustomFees& fees) {
-    const RateLine& line = kept.line;
+    const RateLine& line = *kept.line;
     const auto limit = boost::make_shared<typename Records::CustomLimit>();
     (*limit).*Records::kCategory = std::to_string(line.category);
     setRates(*limit, Records::kCustomRates, line);
@@ -69,15 +70,25 @@ void addEntry(const CategoryRegister& categories, const KeptLine& kept, CustomFe
 
 }  // namespace
 
-void expandCustomFees(const CheckedFolder& folder, cost::Date day, std::size_t account, Market& market) {
+std::vector<CustomFee> expandCustomFees(const CheckedFolder& folder, cost::Date day, std::size_t account) {
     CustomFees fees;
     forEachInForce(folder.accountLines[account].customFees, day, [&](const KeptLine& kept) {
         visitRecords(kept.family->records,
                      [&](auto records) { addEntry<decltype(records)>(folder.categories, kept, fees); });
     });
+    std::vector<CustomFee> made;
+    made.reserve(fees.size());
     for (auto& [update, fee] : fees) {
-        market.accounts[account].customFees.push_back(std::move(fee));
+        made.push_back(std::move(fee));
     }
+    return made;
+}
+
+std::size_t countCustomFees(const CheckedFolder& folder, cost::Date day, std::size_t account) {
+    std::set<int> updates;
+    forEachInForce(folder.accountLines[account].customFees, day,
+                   [&](const KeptLine& kept) { updates.insert(kept.line->update); });
+    return updates.size();
 }
 
 }  // namespace standalone::loader

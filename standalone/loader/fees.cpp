@@ -19,7 +19,8 @@ void readFeeTable(Load& load, const RateFamily& family) {
         if (!read.whole || !places) {
             return;
         }
-        load.accountLines[*read.line.account].fees.push_back({{&family, read.line, read.position}, std::move(places)});
+        load.accountLines[*read.line.account].fees.push_back(
+            {{&family, load.contents.of(read.line), read.position}, std::move(places)});
     });
 }
 

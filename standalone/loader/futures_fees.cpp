@@ -8,40 +8,43 @@ namespace standalone::loader {
 
 using namespace qmservice;  // NOLINT(google-build-using-namespace): records
 
-void FuturesFees::add(const KeptFeeLine& line) {
-    if (line.family->records == RateRecords::kCommission) {
-        addCommissions(line);
-    } else {
-        addMargins(line);
-    }
+namespace {
+
+boost::shared_ptr<CCommissionRateDetail> commissionOf(const KeptFeeLine& line, const std::string& code) {
+    const auto detail = boost::make_shared<CCommissionRateDetail>();
+    detail->instrumentId = code;
+    setRates(*detail, records::commissionRates<CCommissionRateDetail>, *line.line);
+    return detail;
 }
 
-void FuturesFees::addCommissions(const KeptFeeLine& line) {
+}  // namespace
+
+void FuturesFees::add(const KeptFeeLine& line) {
+    if (line.family->records == RateRecords::kMargin) {
+        addMargins(line);
+        return;
+    }
     for (const std::size_t place : *line.places) {
-        const auto detail = boost::make_shared<CCommissionRateDetail>();
-        detail->instrumentId = market.instruments[place].record->code;
-        setRates(*detail, records::commissionRates<CCommissionRateDetail>, line.line);
-        fees[place].commission = {detail, line.position};
+        fees[place].commission = &line;
     }
 }
 
 // All instruments of a line share one detail.
 void FuturesFees::addMargins(const KeptFeeLine& line) {
     const auto detail = boost::make_shared<CMarginRateDetail>();
-    detail->hedgeFlag = line.line.hedgeFlag;
-    detail->marginMode = line.line.marginMode;
-    setRates(*detail, records::marginRates<CMarginRateDetail>, line.line);
+    detail->hedgeFlag = line.line->hedgeFlag;
+    detail->marginMode = line.line->marginMode;
+    setRates(*detail, records::marginRates<CMarginRateDetail>, *line.line);
     for (const std::size_t place : *line.places) {
-        fees[place].margins[*hedgeSlot(line.line.hedgeFlag)] = {detail, line.position};
+        fees[place].margins[*hedgeSlot(line.line->hedgeFlag)] = {detail, line.position};
     }
 }
 
-FeeRecord FuturesFees::record(const Account& account, std::size_t place, const Fee& fee) const {
+FeeRecord FuturesFees::recordOf(const Account& account, std::size_t place, const Fee& fee) const {
     const auto made = boost::make_shared<CInstrumentFee>();
-    FeeRecord placed{made, fee.commission.position, {}};
+    FeeRecord placed{made, {}, {}};
     made->account = account.record;
     made->instrument = market.instruments[place].record;
-    made->commissionDetail = fee.commission.detail;
     for (const Placed<CMarginRateDetail>& margin : fee.margins) {
         if (!margin.detail) {
             continue;
@@ -49,16 +52,22 @@ FeeRecord FuturesFees::record(const Account& account, std::size_t place, const F
         made->marginDetails.push_back(margin.detail);
         placed.margins.push_back(margin.position);
     }
-    if (!fee.commission.detail) {
+    if (fee.commission != nullptr) {
+        made->commissionDetail = commissionOf(*fee.commission, made->instrument->code);
+        placed.position = fee.commission->position;
+    } else {
         placed.position = placed.margins.front();
     }
     return placed;
 }
 
-void FuturesFees::addRecords(Account& account) const {
+std::vector<FeeRecord> FuturesFees::records(const Account& account) const {
+    std::vector<FeeRecord> made;
+    made.reserve(fees.size());
     for (const auto& [place, fee] : fees) {
-        account.fees.push_back(record(account, place, fee));
+        made.push_back(recordOf(account, place, fee));
     }
+    return made;
 }
 
 }  // namespace standalone::loader

@@ -2,7 +2,9 @@
 #define STANDALONE_LOADER_FUTURES_FEES_H
 
 #include <array>
+#include <cstddef>
 #include <map>
+#include <vector>
 
 #include "standalone/loader/kept_lines.h"
 
@@ -12,14 +14,16 @@ namespace standalone::loader {
 /// one thread.
 class FuturesFees {
 public:
-    /// The market outlives this.
+    /// The market and the lines outlive this.
     explicit FuturesFees(const Market& instruments) : market(instruments) {}
 
     /// Takes a line of either table; a later one of the same table overrides an earlier one.
     void add(const KeptFeeLine& line);
 
-    /// Adds the records to the account in the order of the catalogue.
-    void addRecords(Account& account) const;
+    /// The records, for the account whose lines they were, in the order of the catalogue.
+    [[nodiscard]] std::vector<FeeRecord> records(const Account& account) const;
+    /// How many they are; none is made.
+    [[nodiscard]] std::size_t count() const { return fees.size(); }
 
 private:
     template <class Detail>
@@ -30,13 +34,12 @@ private:
 
     /// What the lines so far give to one instrument.
     struct Fee {
-        Placed<qmservice::CCommissionRateDetail> commission;
+        const KeptFeeLine* commission = nullptr;  ///< the line; its detail names the instrument and is made at the end
         std::array<Placed<qmservice::CMarginRateDetail>, qmservice::kHedgeFlags.size()> margins;  ///< by hedge flag
     };
 
-    void addCommissions(const KeptFeeLine& line);
     void addMargins(const KeptFeeLine& line);
-    [[nodiscard]] FeeRecord record(const Account& account, std::size_t place, const Fee& fee) const;
+    [[nodiscard]] FeeRecord recordOf(const Account& account, std::size_t place, const Fee& fee) const;
 
     const Market& market;
     std::map<std::size_t, Fee> fees;  ///< by place in the catalogue

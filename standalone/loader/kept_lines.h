@@ -36,7 +36,7 @@ using Places = std::shared_ptr<const std::vector<std::size_t>>;
 
 struct KeptLine {
     const RateFamily* family = nullptr;
-    RateLine line;
+    std::shared_ptr<const RateLine> line;  ///< lines with the same cells may share theirs
     Position position;
 };
 
@@ -60,7 +60,7 @@ struct AccountLines {
 template <class Line, class Apply>
 void forEachInForce(const std::vector<Line>& lines, cost::Date day, const Apply& apply) {
     for (const Line& line : lines) {
-        if (line.line.days.contains(day)) {
+        if (line.line->days.contains(day)) {
             apply(line);
         }
     }

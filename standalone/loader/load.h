@@ -3,16 +3,15 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <map>
 #include <optional>
 #include <string>
-#include <tuple>
 #include <unordered_map>
 #include <vector>
 
 #include "standalone/loader/checked_folder.h"
 #include "standalone/loader/error_log.h"
 #include "standalone/loader/instrument_index.h"
+#include "standalone/loader/line_contents.h"
 
 namespace standalone::loader {
 
@@ -31,9 +30,6 @@ struct Register {
 
 /// One load under way: the folder as far as it is read, and what its tables refer to.
 struct Load : CheckedFolder {
-    /// What a line says of its instruments: bits of lists, market, pattern of codes and product.
-    using Match = std::tuple<int, int, std::string, std::string, std::string>;
-
     std::filesystem::path folder;
     std::vector<std::string> tables;           ///< the tables that the folder has, instruments aside
     std::vector<std::string> misspelt;         ///< the names that unknown ones, reported already, were taken for
@@ -44,7 +40,8 @@ struct Load : CheckedFolder {
     std::vector<std::string> marketNames;
     std::vector<std::string> accountNames;
     InstrumentIndex instruments;
-    std::map<Match, Places> matches;  ///< of the lines so far that match any
+    std::unordered_map<std::string, Places> matches;  ///< of the lines so far that match any, by what they match
+    LineContents contents;                            ///< of the lines so far
     std::vector<cost::Term> terms;
     bool instrumentsComplete = true;  ///< market and code of every instrument are known
     bool instrumentsWhole = true;     ///< and everything else of them too

@@ -46,7 +46,7 @@ void addChanges(std::set<cost::Date>& changes, const cost::DateRange& days) {
 template <class Line>
 void addChanges(std::set<cost::Date>& changes, const std::vector<Line>& lines) {
     for (const Line& kept : lines) {
-        addChanges(changes, kept.line.days);
+        addChanges(changes, kept.line->days);
     }
 }
 

@@ -74,6 +74,17 @@ void reportNoMatch(Load& load, const std::string& file, const ReadRule& read, co
     });
 }
 
+/// What a line says of its instruments. No text holds a NUL.
+std::string matchOf(const RuleLine& line, const Lists& lists) {
+    std::string match;
+    match.reserve(64);
+    for (const std::string* text : {&line.market, &line.code, &line.product}) {
+        match.append(*text).push_back('\0');
+    }
+    match.append(reinterpret_cast<const char*>(&lists.listMask), sizeof lists.listMask);
+    return match.append(reinterpret_cast<const char*>(&lists.types), sizeof lists.types);
+}
+
 }  // namespace
 
 void refuseUnknownAccount(const Load& load, TableCell& cell) {
@@ -159,7 +170,7 @@ Places matchInstruments(Load& load, const std::string& file, const ReadRule& rea
     if (line.market.empty() || line.code.empty()) {
         return {};
     }
-    const Load::Match match{lists.listMask, lists.types, line.market, line.code, line.product};
+    const std::string match = matchOf(line, lists);
     if (const auto found = load.matches.find(match); found != load.matches.end()) {
         return found->second;
     }

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "standalone/loader/long_text.h"
-#include "standalone/loader/text_file.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/nearness.h"
 #include "standalone/text/utf8.h"
@@ -20,7 +19,7 @@ TableReader::TableReader(Load& underWay, std::string fileName, std::vector<Colum
       file(std::move(fileName)),
       columns(std::move(tableColumns)),
       fileNumber(load.addFile(file)),
-      text(readText(load.folder / file, file, load.errors)) {
+      text(CheckedText::of(load.folder / file, file, load.errors)) {
     isComplete = text.has_value();
     if (isComplete) {
         readHeader(unknownColumns);
@@ -51,10 +50,10 @@ bool TableReader::hasColumn(std::size_t column) const {
 }
 
 void TableReader::readHeader(bool unknownColumns) {
-    rows.emplace(*text);
+    rows.emplace(text->blocks());
     rows->next(row);
     if (!row.fault.empty()) {
-        return giveUp(ErrorKind::kQuoting, row.fault);
+        return giveUp(row.isTooLong ? ErrorKind::kTooLong : ErrorKind::kQuoting, row.fault);
     }
     if (separatedOtherwise()) {
         return giveUp(ErrorKind::kHeader, "the header has no comma but " + inQuotes(row.cells.front().text) +
@@ -137,7 +136,7 @@ bool TableReader::usable() {
     }
     isComplete = false;
     if (!row.fault.empty()) {
-        load.errors.add({file, row.line}, ErrorKind::kQuoting, row.fault);
+        load.errors.add({file, row.line}, row.isTooLong ? ErrorKind::kTooLong : ErrorKind::kQuoting, row.fault);
     } else if (const std::size_t lines = isFirst ? likeLines() : 0; lines > 1 || (lines == 1 && !headerGood)) {
         reportColumnCount(lines);
         rows.reset();
@@ -148,8 +147,9 @@ bool TableReader::usable() {
 }
 
 // A header's fault is looked for when the first line does not fit, so that good tables are read once.
-std::size_t TableReader::likeLines() const {
-    CsvRows all(*text);
+std::size_t TableReader::likeLines() {
+    CheckedText again = *text;
+    CsvRows all(again.blocks());
     CsvRow other;
     std::size_t lines = 0;
     for (all.next(other); all.next(other); ++lines) {
@@ -189,6 +189,11 @@ bool TableReader::next() {
             return true;
         }
     }
+    if (rows && !text->isUnchanged()) {
+        reportChanged(file, load.errors);
+        isComplete = false;
+    }
+    rows.reset();
     return false;
 }
 

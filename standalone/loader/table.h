@@ -8,6 +8,7 @@
 
 #include "standalone/loader/load.h"
 #include "standalone/loader/table_cell.h"
+#include "standalone/loader/text_file.h"
 #include "standalone/text/csv_rows.h"
 
 namespace standalone::loader {
@@ -74,7 +75,7 @@ private:
     [[nodiscard]] std::vector<std::string> names() const;
     bool usable();
     /// How many lines the table has if all of them have as many cells as this one, otherwise 0.
-    [[nodiscard]] std::size_t likeLines() const;
+    [[nodiscard]] std::size_t likeLines();
     void reportColumnCount(std::size_t lines);
     void headerFault(const CsvCell& cell, const std::string& message);
     void giveUp(ErrorKind kind, const std::string& message);
@@ -84,7 +85,7 @@ private:
     std::string file;
     std::vector<ColumnHeader> columns;
     std::uint32_t fileNumber;
-    std::optional<std::string> text;
+    std::optional<CheckedText> text;
     std::optional<CsvRows> rows;
     std::vector<std::size_t> columnOfCell;
     CsvRow row;

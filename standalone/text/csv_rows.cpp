@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -12,17 +13,30 @@ namespace {
 
 bool isBlank(std::string_view line) { return line.find_first_not_of(" \t") == std::string_view::npos; }
 
-std::vector<std::size_t> startsOfLines(std::string_view text) {
-    std::vector<std::size_t> starts;
-    for (std::size_t start = 0; start < text.size();) {
-        starts.push_back(start);
-        const std::size_t end = text.find('\n', start);
-        if (end == std::string_view::npos) {
-            break;
+/// Whether the cells of a line are what is between its commas. The parser takes a carriage return for a line's end.
+bool isPlain(std::string_view line) {
+    return line.find('"') == std::string_view::npos && line.find('\r') == std::string_view::npos;
+}
+
+std::string_view trimmed(std::string_view cell) {
+    const std::size_t first = std::min(cell.find_first_not_of(" \t"), cell.size());
+    return cell.substr(first, cell.find_last_not_of(" \t") + 1 - first);
+}
+
+/// The cells of a line without quotes. Most lines are such, and through the parser they take twice as long: 5 million
+/// of eleven cells 2.0 s more. The row's cells are used again.
+void split(std::string_view line, CsvRow& row) {
+    std::size_t count = 0;
+    for (std::size_t start = 0; start <= line.size(); ++count) {
+        const std::size_t end = std::min(line.find(',', start), line.size());
+        if (count == row.cells.size()) {
+            row.cells.emplace_back();
         }
+        row.cells[count].text = trimmed(line.substr(start, end - start));
+        row.cells[count].line = row.line;
         start = end + 1;
     }
-    return starts;
+    row.cells.resize(count);
 }
 
 std::string_view firstCharacter(std::string_view text) {
@@ -35,9 +49,9 @@ std::string_view firstCharacter(std::string_view text) {
 
 }  // namespace
 
-CsvRows::CsvRows(std::string_view textOfRows) : text(textOfRows), lineStarts(startsOfLines(textOfRows)) {
-    startParser();
-}
+CsvRows::CsvRows(std::string_view text) : lines(text) { startParser(); }
+
+CsvRows::CsvRows(ReadBlock text) : lines(std::move(text)) { startParser(); }
 
 CsvRows::~CsvRows() { csv_free(&parser); }
 
@@ -49,7 +63,7 @@ void CsvRows::onCell(void* cellText, std::size_t length, void* self) noexcept {
     } catch (...) {
         rows.failure = std::current_exception();
     }
-    rows.cellLine = static_cast<std::uint32_t>(rows.lineNumber);
+    rows.cellLine = static_cast<std::uint32_t>(rows.lines.number());
 }
 
 void CsvRows::onRow(int /*terminator*/, void* self) noexcept { static_cast<CsvRows*>(self)->rowDone = true; }
@@ -60,16 +74,6 @@ void CsvRows::startParser() { static_cast<void>(csv_init(&parser, CSV_STRICT)); 
 void CsvRows::restart() {
     csv_free(&parser);
     startParser();
-}
-
-std::string_view CsvRows::line(std::size_t number) const {
-    const std::size_t start = lineStarts[number - 1];
-    const std::size_t end = number < lineStarts.size() ? lineStarts[number] : text.size();
-    std::string_view found = text.substr(start, end - start);
-    while (!found.empty() && (found.back() == '\n' || found.back() == '\r')) {
-        found.remove_suffix(1);
-    }
-    return found;
 }
 
 bool CsvRows::feed(std::string_view part, std::size_t& taken) {
@@ -97,11 +101,11 @@ bool CsvRows::feedLine(std::string_view lineText) {
 
 std::string CsvRows::faultAt(std::string_view lineText, std::size_t offset) const {
     const std::string found = inQuotes(firstCharacter(lineText.substr(offset)));
-    if (cellLine < lineNumber) {
+    if (cellLine < lines.number()) {
         return fmt::format(
             "the quoted cell that begins here is not closed properly: in line {} its closing quote is followed by {}, "
             "but a comma or the line's end was expected; close the cell, and double every quote inside it",
-            lineNumber, found);
+            lines.number(), found);
     }
     if (lineText[offset] == '"') {
         return "a quote is inside a cell, after " + inQuotes(lineText.substr(0, offset)) +
@@ -117,35 +121,56 @@ std::string CsvRows::faultAt(std::string_view lineText, std::size_t offset) cons
 // cell begins. A line is read at most twice on that account: the swallowed ones hold their quotes in pairs.
 bool CsvRows::fail(CsvRow& row, std::string message) {
     row = {cellLine, {}, std::move(message)};
-    lineNumber = cellLine;
+    lines.goBehind(cellLine);
     restart();
     return true;
 }
 
-bool CsvRows::next(CsvRow& row) {
+/// The row that begins with this line, which has quotes.
+bool CsvRows::readQuoted(CsvRow& row) {
     current = {};
+    current.line = cellLine = static_cast<std::uint32_t>(lines.number());
     rowDone = false;
-    while (lineNumber < lineStarts.size()) {
-        const std::string_view lineText = line(++lineNumber);
-        if (current.line == 0) {
-            if (isBlank(lineText)) {
-                continue;
-            }
-            current.line = cellLine = static_cast<std::uint32_t>(lineNumber);
+    do {
+        if (lines.tooLong()) {
+            return fail(row,
+                        fmt::format("the quoted cell that begins here is not closed within the {} bytes that a line "
+                                    "may have; add the closing quote",
+                                    LineBuffer::kMostBytes));
         }
-        if (!feedLine(lineText)) {
+        if (!feedLine(lines.line())) {
             return fail(row, std::move(fault));
         }
-        if (!rowDone) {
+        if (rowDone) {
+            row = std::move(current);
+            return true;
+        }
+    } while (lines.next());
+    return fail(row, "the quoted cell that begins here is never closed; add the closing quote");
+}
+
+bool CsvRows::next(CsvRow& row) {
+    for (lines.passOverEmpty(); lines.next(); lines.passOverEmpty()) {
+        lines.mark();
+        const auto number = static_cast<std::uint32_t>(lines.number());
+        if (lines.tooLong()) {
+            row = {
+                number, {}, fmt::format("the line has more than {} bytes; shorten it", LineBuffer::kMostBytes), true};
+            return true;
+        }
+        if (isBlank(lines.line())) {
             continue;
         }
-        row = std::move(current);
+        if (!isPlain(lines.line())) {
+            return readQuoted(row);
+        }
+        row.line = number;
+        row.fault.clear();
+        row.isTooLong = false;
+        split(lines.line(), row);
         return true;
     }
-    if (current.line == 0) {
-        return false;
-    }
-    return fail(row, "the quoted cell that begins here is never closed; add the closing quote");
+    return false;
 }
 
 }  // namespace standalone

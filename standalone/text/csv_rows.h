@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "standalone/text/line_buffer.h"
+
 namespace standalone {
 
 struct CsvCell {
@@ -22,6 +24,7 @@ struct CsvRow {
     std::uint32_t line = 0;  ///< where the row begins, from 1
     std::vector<CsvCell> cells;
     std::string fault;
+    bool isTooLong = false;  ///< the fault is that the line has no room
 };
 
 /// Reads the rows of a comma-separated text one by one. Blank lines are passed over. A faulty line spoils only itself:
@@ -30,6 +33,8 @@ class CsvRows {
 public:
     /// `text` has LF or CRLF line ends and outlives the reader.
     explicit CsvRows(std::string_view text);
+    /// The same of a text that is read block by block; its lines are LineBuffer::kMostBytes long at most.
+    explicit CsvRows(ReadBlock text);
     CsvRows(const CsvRows&) = delete;
     CsvRows& operator=(const CsvRows&) = delete;
     ~CsvRows();
@@ -43,19 +48,17 @@ private:
 
     void startParser();
     void restart();
-    [[nodiscard]] std::string_view line(std::size_t number) const;
     bool feedLine(std::string_view text);
     bool feed(std::string_view part, std::size_t& taken);
     [[nodiscard]] std::string faultAt(std::string_view text, std::size_t offset) const;
     bool fail(CsvRow& row, std::string message);
+    bool readQuoted(CsvRow& row);
 
-    std::string_view text;
-    std::vector<std::size_t> lineStarts;
+    LineBuffer lines;
     csv_parser parser{};
     std::exception_ptr failure;  ///< thrown in a callback; carried around the parser, which is C
     CsvRow current;
     std::string fault;
-    std::size_t lineNumber = 0;  ///< line last fed, from 1
     std::uint32_t cellLine = 0;  ///< where the unfinished cell begins
     bool rowDone = false;
 };

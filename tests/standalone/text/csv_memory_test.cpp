@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <new>
@@ -17,7 +18,10 @@ namespace {
 constexpr long kNever = -1;
 thread_local long untilFailure = kNever;  // allocations that succeed before one fails
 
+thread_local std::size_t allocated = 0;  // bytes so far
+
 void* allocate(std::size_t size) {
+    allocated += size;
     if (untilFailure != kNever && untilFailure-- == 0) {
         throw std::bad_alloc();
     }
@@ -80,6 +84,30 @@ TEST(CsvMemory, FailureLeavesTheReaderBehindWholeRows) {
     EXPECT_EQ(read.first, kRows);
     // The lines' beginnings, three long cells, and the cells' own list.
     EXPECT_GE(failures, 5);
+}
+
+/// Bytes that are allocated while the rows of 20 MB are read, in which `piece` is repeated.
+std::size_t allocatedFor(const std::string& piece) {
+    std::size_t left = 20'000'000 / piece.size() * piece.size();
+    const auto read = [&](char* to, std::size_t most) {
+        const std::size_t count = std::min(left, most / piece.size() * piece.size());
+        for (std::size_t at = 0; at < count; ++at) {
+            to[at] = piece[at % piece.size()];
+        }
+        left -= count;
+        return count;
+    };
+    const std::size_t before = allocated;
+    standalone::CsvRows reader(read);
+    for (standalone::CsvRow row; reader.next(row);) {
+    }
+    return allocated - before;
+}
+
+TEST(CsvMemory, TextOfAnySizeTakesWhatOneLineHasRoomFor) {
+    for (const char* piece : {"\n", "\r\n", " \n", ",", "20000000,SH,600000,,0.00025,0.00001\n"}) {
+        EXPECT_LT(allocatedFor(piece), 1'000'000U) << piece;
+    }
 }
 
 }  // namespace
