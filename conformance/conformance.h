@@ -49,8 +49,8 @@ enum class Verdict { kKept, kBroken, kNotChecked };
 struct Outcome {
     std::string promise;               ///< its name, such as "keys.split"
     Verdict verdict = Verdict::kKept;  ///< what became of it
-    /// One sentence. Of a broken promise: what was called, what came back, what is required and how to mend it. Of one
-    /// that was not checked: why. Empty for one that is kept.
+    /// One sentence. Of a broken promise: what was called, what came back, what is required and how to correct it. Of
+    /// one that was not checked: why. Empty for one that is kept.
     std::string sentence;
 };
 

@@ -12,7 +12,7 @@ namespace conformance {
 struct Promise {
     const char* name;
     const char* required;
-    const char* mend;
+    const char* remedy;
     void (*check)(const Sample& sample, Witness& witness);  ///< throws Broken or NotChecked
     std::vector<const char*> needs = {};  ///< promises of earlier in the list, without which it cannot be asked for
 };

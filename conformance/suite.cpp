@@ -23,7 +23,7 @@ Promises allPromises() {
 
 Outcome broken(const Promise& promise, const Witness& witness, const std::string& did) {
     return {promise.name, Verdict::kBroken,
-            witness.lastCall() + " " + did + ", but " + promise.required + ": " + promise.mend + "."};
+            witness.lastCall() + " " + did + ", but " + promise.required + ": " + promise.remedy + "."};
 }
 
 Outcome notChecked(const Promise& promise, const std::string& why) {

@@ -136,14 +136,14 @@ bool asksForJson(const std::vector<std::string>& words) {
 /// Says why there is no answer, or no more of it. A program that asked for JSON and has read nothing yet reads an
 /// empty list.
 ExitStatus withoutAnswer(const std::string& sentence, ExitStatus status, bool readsNothing) {
-    tellProblem(sentence, status);
+    reportProblem(sentence, status);
     if (!readsNothing) {
         return status;
     }
     try {
         writeData("[]\n");
     } catch (const Failure& unwritten) {
-        tellProblem(unwritten.what(), unwritten.status());
+        reportProblem(unwritten.what(), unwritten.status());
         return unwritten.status();
     }
     return status;

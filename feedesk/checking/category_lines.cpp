@@ -24,8 +24,8 @@ std::string nameOf(const Category& category) {
 }
 
 void add(const FolderFacts& facts, const CategoryLine& line, std::size_t count, const std::string& found,
-         const std::string& mend, Findings& findings) {
-    findings.add({{}, count, {facts.placeOf(line.position)}, found, mend});
+         const std::string& remedy, Findings& findings) {
+    findings.add({{}, count, {facts.placeOf(line.position)}, found, remedy});
 }
 
 /// How many of the instruments are in the set.

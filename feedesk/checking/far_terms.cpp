@@ -65,8 +65,8 @@ std::string cellText(const Cell& cell, const std::string& text) {
     return text.empty() ? fmt::format("no {}", cell.column) : fmt::format("{} {}", cell.column, text);
 }
 
-void addFault(const Term& term, const std::string& found, const std::string& mend, LineFaults& faults) {
-    faults.add(Place::of(term.where), accountsOf(term), found, mend);
+void addFault(const Term& term, const std::string& found, const std::string& remedy, LineFaults& faults) {
+    faults.add(Place::of(term.where), accountsOf(term), found, remedy);
 }
 
 void findFarLimits(const Terms& terms, const Cell& cell, LineFaults& faults) {

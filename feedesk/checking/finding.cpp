@@ -52,7 +52,7 @@ bool operator<(const Place& one, const Place& other) {
 }
 
 void Findings::add(const Finding& finding) {
-    const auto [entry, isNew] = all.emplace(Key(finding.places.front().file, finding.found, finding.mend), finding);
+    const auto [entry, isNew] = all.emplace(Key(finding.places.front().file, finding.found, finding.remedy), finding);
     if (isNew) {
         return;
     }

@@ -42,7 +42,7 @@ struct Finding {
     std::size_t count = 0;              ///< how many instruments, or else lines, it is about
     std::vector<Place> places;          ///< the first is the one to begin with; never empty
     std::string found;                  ///< what was found, a clause
-    std::string mend;                   ///< how to correct it, an imperative clause
+    std::string remedy;                 ///< how to correct it, an imperative clause
 };
 
 /// The findings of one check. What is found again on another line is one finding with two places.

@@ -70,11 +70,11 @@ Place firstMargin(const AccountFacts& facts, const Answer& answer) {
 void findLostMargins(AccountFacts& facts, Findings& findings) {
     forEachLostMargin(facts, [&](const Input& input, const InstrumentSet& lost) {
         const qmservice::CInstrument& one = **lost.begin();
-        const std::string mend = input.feeLine == nullptr
-                                     ? "give all three hedge flags in fees/margin.csv, or each flag a custom fee "
-                                       "with an update of its own"
-                                     : "give all three hedge flags in fees/margin.csv, so that a custom margin finds "
-                                       "the place of its flag";
+        const std::string remedy = input.feeLine == nullptr
+                                       ? "give all three hedge flags in fees/margin.csv, or each flag a custom fee "
+                                         "with an update of its own"
+                                       : "give all three hedge flags in fees/margin.csv, so that a custom margin finds "
+                                         "the place of its flag";
         findings.add(
             {{facts.number()},
              lost.size(),
@@ -83,7 +83,7 @@ void findLostMargins(AccountFacts& facts, Findings& findings) {
                          "of an update take each other's places",
                          hedgeName(flagOf(input)), counted(lost.size(), "instrument"),
                          instrumentText(one.market, one.code)),
-             mend});
+             remedy});
     });
 }
 

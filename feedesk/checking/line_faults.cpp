@@ -7,12 +7,12 @@
 namespace feedesk::checking {
 
 void LineFaults::add(const Place& place, const std::vector<std::string>& accounts, const std::string& found,
-                     const std::string& mend) {
+                     const std::string& remedy) {
     Faults& faults = byPlace[place];
     faults.accounts = accounts;
     faults.found.push_back(found);
-    if (std::find(faults.mends.begin(), faults.mends.end(), mend) == faults.mends.end()) {
-        faults.mends.push_back(mend);
+    if (std::find(faults.remedies.begin(), faults.remedies.end(), remedy) == faults.remedies.end()) {
+        faults.remedies.push_back(remedy);
     }
 }
 
@@ -22,7 +22,7 @@ void LineFaults::addTo(Findings& findings) const {
                       1,
                       {place},
                       fmt::format("{}", fmt::join(faults.found, ", ")),
-                      fmt::format("{}", fmt::join(faults.mends, ", "))});
+                      fmt::format("{}", fmt::join(faults.remedies, ", "))});
     }
 }
 

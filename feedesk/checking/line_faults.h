@@ -13,11 +13,11 @@ namespace feedesk::checking {
 /// Faults of the cells of lines: a line with several of them is one finding.
 class LineFaults {
 public:
-    /// `accounts`: whose line it is; `found` and `mend` are clauses.
+    /// `accounts`: whose line it is; `found` and `remedy` are clauses.
     void add(const Place& place, const std::vector<std::string>& accounts, const std::string& found,
-             const std::string& mend);
-    void add(const FolderLine& line, const std::string& found, const std::string& mend) {
-        add(line.place, line.accounts(), found, mend);
+             const std::string& remedy);
+    void add(const FolderLine& line, const std::string& found, const std::string& remedy) {
+        add(line.place, line.accounts(), found, remedy);
     }
 
     void addTo(Findings& findings) const;
@@ -26,7 +26,7 @@ private:
     struct Faults {
         std::vector<std::string> accounts;
         std::vector<std::string> found;
-        std::vector<std::string> mends;  // each once
+        std::vector<std::string> remedies;  // each once
     };
 
     std::map<Place, Faults> byPlace;

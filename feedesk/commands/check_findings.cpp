@@ -41,7 +41,7 @@ std::string ownersText(const std::vector<std::string>& accounts) {
 }
 
 std::string sentenceOf(const Finding& finding) {
-    return fmt::format("{}{}; {}", ownersText(finding.accounts), finding.found, finding.mend);
+    return fmt::format("{}{}; {}", ownersText(finding.accounts), finding.found, finding.remedy);
 }
 
 Value placesOf(const FindingRow& row) {
@@ -73,7 +73,7 @@ FieldsOf<FindingRow> findingFields() {
         {forPeople("Place"), [](const FindingRow& row) { return placesText(*row.finding); }},
         {forPeople("Found"), sentence},
         {forPrograms("found"), [](const FindingRow& row) { return row.finding->found; }},
-        {forPrograms("mend"), [](const FindingRow& row) { return row.finding->mend; }},
+        {forPrograms("remedy"), [](const FindingRow& row) { return row.finding->remedy; }},
         {forPrograms("places"), placesOf},
     };
 }

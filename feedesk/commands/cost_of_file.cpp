@@ -107,7 +107,7 @@ public:
 
     /// A day whose trades cannot be charged together.
     void tellDay(cost::Date day, std::size_t trades, const std::string& sentence) {
-        tellProblem(
+        reportProblem(
             fmt::format("{}: {} of {} cannot be charged: {}", file, counted(trades, "trade"), day.text(), sentence),
             status);
         ofDays += trades;
@@ -122,7 +122,7 @@ public:
 
 private:
     void tellLine(std::size_t line, const std::string& sentence) const {
-        tellProblem(InputLine{file, line}, sentence, status);
+        reportProblem(InputLine{file, line}, sentence, status);
     }
 
     /// Keeps the first of the file.
@@ -250,8 +250,8 @@ ExitStatus costOfFile(Program& program, const CostArguments& arguments) {
     if (wrong.number() == 0) {
         return program.strict && !answering.warning().empty() ? kNoAnswer : kAnswered;
     }
-    tellProblem(fmt::format("{} of {} trades {} not answered", grouped(wrong.number()), grouped(count),
-                            wrong.number() == 1 ? "is" : "are"));
+    reportProblem(fmt::format("{} of {} trades {} not answered", grouped(wrong.number()), grouped(count),
+                              wrong.number() == 1 ? "is" : "are"));
     return kNoAnswer;
 }
 

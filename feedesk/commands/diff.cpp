@@ -72,7 +72,7 @@ Expectation expectationOf(const DiffArguments& arguments, const ComparedFolder& 
 }
 
 /// One folder after the other: each has the engine and the services to itself.
-std::vector<AccountCosts> costsOf(const Program& program, const DiffArguments& arguments, TradeFileLines trades) {
+std::vector<AccountCosts> costsOf(const Program& program, const DiffArguments& arguments, TradesOfFile trades) {
     SessionOptions before = program.session;
     SessionOptions after = program.session;
     before.folder = arguments.before;
@@ -98,7 +98,7 @@ std::string headingOf(const Differences& differences, const DiffArguments& argum
 ExitStatus statusOf(const Expectation& expectation) {
     const std::string problem = expectation.problem();
     if (!problem.empty()) {
-        tellProblem(problem);
+        reportProblem(problem);
     }
     return problem.empty() ? kAnswered : kNoAnswer;
 }
@@ -110,7 +110,7 @@ ExitStatus diff(Program& program, const DiffArguments& arguments) {
     }
     refuseToOverwrite(program.file, arguments.trades, "the file of the trades");
     // A file that cannot be read is refused before thousands of accounts are compared.
-    TradeFileLines trades = arguments.trades.empty() ? TradeFileLines() : readTrades(arguments.trades);
+    TradesOfFile trades = arguments.trades.empty() ? TradesOfFile() : readTrades(arguments.trades);
     standalone::ContentNumbers numbers;
     ComparedFolder before(loadedFolder(arguments.before, kHowToName), numbers);
     ComparedFolder after(loadedFolder(arguments.after, kHowToName), numbers);

@@ -52,7 +52,8 @@ public:
     /// How many there were.
     std::size_t end() const {
         if (number > kMostProblems) {
-            tellProblem(fmt::format("there is no answer for {} either", counted(number - kMostProblems, "more name")));
+            reportProblem(
+                fmt::format("there is no answer for {} either", counted(number - kMostProblems, "more name")));
         }
         return number;
     }

@@ -25,8 +25,8 @@ void addFeeOptions(CLI::App& command, Program& program) {
 
 void tellUnanswered(const Replies& replies, const standalone::Account& account) {
     for (const Question& question : replies.unanswered) {
-        tellProblem(fmt::format("the fee center has no fee of {} for account {}", instrumentText(question),
-                                account.record->accountId));
+        reportProblem(fmt::format("the fee center has no fee of {} for account {}", instrumentText(question),
+                                  account.record->accountId));
     }
 }
 

@@ -112,7 +112,7 @@ std::pair<Places, std::size_t> searched(const std::vector<std::string>& texts, c
         }
         if (found.empty()) {
             ++result.second;
-            tellProblem(names.problem(text, false));
+            reportProblem(names.problem(text, false));
         }
     }
     return result;

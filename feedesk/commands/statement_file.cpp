@@ -30,7 +30,7 @@ std::vector<Layout> layoutsFor(const StatementFile& file, const std::string& fol
 void refuseWrongLines(const std::vector<WrongLine>& wrong, const std::string& file) {
     for (std::size_t i = 0; i < std::min(wrong.size(), kMostWrongLines); ++i) {
         const std::string column = wrong[i].column.empty() ? "" : fmt::format("column {} ", echoed(wrong[i].column));
-        tellProblem(InputLine{file, wrong[i].line}, column + wrong[i].sentence, kBadInput);
+        reportProblem(InputLine{file, wrong[i].line}, column + wrong[i].sentence, kBadInput);
     }
     if (!wrong.empty()) {
         const std::string reported =

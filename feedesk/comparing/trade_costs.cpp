@@ -28,7 +28,7 @@ std::string compactDay(const TradeLine& line) {
 }
 
 /// The same trades as of one day.
-void moveTo(cost::Date day, TradeFileLines& file) {
+void moveTo(cost::Date day, TradesOfFile& file) {
     for (TradeLine& line : file.trades) {
         std::string& order = line.of(TradeColumn::kOrder);
         order += order.empty() ? "" : " " + line.of(TradeColumn::kDate);
@@ -56,7 +56,7 @@ private:
 };
 
 /// Adds up what the trades cost by one folder. `isFirst`: the trades have not been counted yet.
-void charge(const TradeFileLines& file, const SessionOptions& options, cost::Decimal AccountCosts::*side, bool isFirst,
+void charge(const TradesOfFile& file, const SessionOptions& options, cost::Decimal AccountCosts::*side, bool isFirst,
             CostTable& table) {
     const Progress progress("charging the trades of " + file.name + " by " + pathText(options.folder));
     Session session(options);
@@ -69,8 +69,8 @@ void charge(const TradeFileLines& file, const SessionOptions& options, cost::Dec
     };
     const auto refuseDay = [&](cost::Date day, std::size_t trades, const std::string& sentence) {
         wrong += trades;
-        tellProblem(fmt::format("by {} of the trades of {} {}", pathText(options.folder), day.text(), sentence),
-                    kBadInput);
+        reportProblem(fmt::format("by {} of the trades of {} {}", pathText(options.folder), day.text(), sentence),
+                      kBadInput);
     };
     TradeDays days(tariffs, "", "", {[](cost::Bill bill) { return bill; }, take, refuseDay});
     for (const TradeLine& line : file.trades) {
@@ -78,8 +78,8 @@ void charge(const TradeFileLines& file, const SessionOptions& options, cost::Dec
             days.add(line);
         } catch (const cost::Refused& refused) {
             if (++wrong <= kMostWrongLines) {
-                tellProblem(InputLine{file.name, line.line},
-                            fmt::format("by {} {}", pathText(options.folder), refused.what()), kBadInput);
+                reportProblem(InputLine{file.name, line.line},
+                              fmt::format("by {} {}", pathText(options.folder), refused.what()), kBadInput);
             }
         }
     }
@@ -92,9 +92,9 @@ void charge(const TradeFileLines& file, const SessionOptions& options, cost::Dec
 
 }  // namespace
 
-TradeFileLines readTrades(const std::string& file) {
+TradesOfFile readTrades(const std::string& file) {
     TextLines lines(file, false);
-    TradeFileLines read{lines.name(), {}};
+    TradesOfFile read{lines.name(), {}};
     TradeReader reader(lines, false);
     for (TradeLine line; reader.next(line);) {
         read.trades.push_back(line);
@@ -104,8 +104,7 @@ TradeFileLines readTrades(const std::string& file) {
     return read;
 }
 
-std::vector<AccountCosts> compareCosts(const SessionOptions& before, const SessionOptions& after,
-                                       TradeFileLines trades) {
+std::vector<AccountCosts> compareCosts(const SessionOptions& before, const SessionOptions& after, TradesOfFile trades) {
     if (before.date) {
         moveTo(*before.date, trades);
     }

@@ -23,20 +23,19 @@ struct AccountCosts {
 };
 
 /// The trades of a file.
-struct TradeFileLines {
+struct TradesOfFile {
     std::string name;
     std::vector<TradeLine> trades;  ///< by day
 };
 
 /// Reads a file ("-": standard input) whose trades name their accounts and may come in any order. Throws Failure when
 /// it cannot be read.
-TradeFileLines readTrades(const std::string& file);
+TradesOfFile readTrades(const std::string& file);
 
 /// Charges the trades by both folders: by account in the order of their first trades. Where the options name a day, all
 /// are charged as of it, orders of different days apart. Throws Failure when one of them cannot be charged by
 /// one of the folders, after all such lines have been reported. No session may be open: each folder has one in turn.
-std::vector<AccountCosts> compareCosts(const SessionOptions& before, const SessionOptions& after,
-                                       TradeFileLines trades);
+std::vector<AccountCosts> compareCosts(const SessionOptions& before, const SessionOptions& after, TradesOfFile trades);
 
 }  // namespace feedesk
 

@@ -124,9 +124,9 @@ std::vector<AskedInstrument> askedInstruments(const std::vector<std::string>& ar
 
 void tellAskedProblem(const AskedInstrument& asked, const std::string& sentence) {
     if (asked.line == 0) {
-        tellProblem(sentence);
+        reportProblem(sentence);
     } else {
-        tellProblem(InputLine{kStandardInput, asked.line}, sentence);
+        reportProblem(InputLine{kStandardInput, asked.line}, sentence);
     }
 }
 

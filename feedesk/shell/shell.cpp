@@ -91,10 +91,10 @@ Program Shell::lineProgram() {
 ExitStatus Shell::run(const std::string& line) {
     const LineWords cut = lineWords(line);
     if (cut.openQuote != '\0') {
-        tellProblem(cut.openQuote == '\\' ? "the line ends with a backslash; write what follows it, or none"
-                                          : fmt::format("the quote {} is not closed; close it, or write \\{}",
-                                                        cut.openQuote, cut.openQuote),
-                    kBadInput);
+        reportProblem(cut.openQuote == '\\' ? "the line ends with a backslash; write what follows it, or none"
+                                            : fmt::format("the quote {} is not closed; close it, or write \\{}",
+                                                          cut.openQuote, cut.openQuote),
+                      kBadInput);
         return kBadInput;
     }
     const std::vector<std::string> words = withoutProgram(cut.words);
@@ -141,9 +141,9 @@ ExitStatus Shell::runInput() {
         }
         const ExitStatus status = run(*line);
         if (status != kAnswered) {
-            tellProblem(InputLine{"standard input", number},
-                        status == kNoAnswer ? "this line has no answer, or not all of it" : "this line is wrong",
-                        status);
+            reportProblem(InputLine{"standard input", number},
+                          status == kNoAnswer ? "this line has no answer, or not all of it" : "this line is wrong",
+                          status);
         }
         worst = std::max(worst, status);
     }

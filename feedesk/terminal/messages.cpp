@@ -27,12 +27,12 @@ void tellOne(const std::string& sentence, const std::string& name, const std::st
 
 void setMessageForm(MessageForm form) noexcept { messageForm = form; }
 
-void tellProblem(const std::string& sentence, ExitStatus status) {
+void reportProblem(const std::string& sentence, ExitStatus status) {
     tellLine("feedesk: " + sentence,
              JsonObject().member("error", sentence).member("status", static_cast<std::size_t>(status)));
 }
 
-void tellProblem(const InputLine& where, const std::string& sentence, ExitStatus status) {
+void reportProblem(const InputLine& where, const std::string& sentence, ExitStatus status) {
     JsonObject object;
     addPlace(object, where.file, where.line);
     tellLine(fmt::format("feedesk: {}:{}: {}", where.file, where.line, sentence),

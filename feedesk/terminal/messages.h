@@ -27,8 +27,8 @@ struct InputLine {
 };
 
 /// Why there is no answer; `status` is the exit status that follows from it.
-void tellProblem(const std::string& sentence, ExitStatus status = kNoAnswer);
-void tellProblem(const InputLine& where, const std::string& sentence, ExitStatus status = kNoAnswer);
+void reportProblem(const std::string& sentence, ExitStatus status = kNoAnswer);
+void reportProblem(const InputLine& where, const std::string& sentence, ExitStatus status = kNoAnswer);
 
 /// An error of the market folder, which is called `folder`.
 void tellLoadError(const standalone::LoadError& error, const std::string& folder);

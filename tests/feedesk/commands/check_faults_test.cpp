@@ -522,7 +522,7 @@ TEST(CheckFolderWithoutFaults, HasNoFinding) {
     const Outcome outcome = folder.check("--fail-on note --csv");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
-    EXPECT_EQ(outcome.out, "severity,check,file,line,accounts,count,found,mend,places\n");
+    EXPECT_EQ(outcome.out, "severity,check,file,line,accounts,count,found,remedy,places\n");
 }
 
 /// What looks like one of the faults above and is none.

@@ -46,7 +46,7 @@ TEST(Check, IsCsvForPrograms) {
     const FaultyFolder folder;
     EXPECT_THAT(
         lines(folder.check("--csv").out),
-        ElementsAre("severity,check,file,line,accounts,count,found,mend,places",
+        ElementsAre("severity,check,file,line,accounts,count,found,remedy,places",
                     "error,percent-rate,fees/stock.csv,2,S100,1,commission 0.025 is 2.5% of the turnover,"
                     "write a plain fraction: 0.00025 if 0.025 is in percent; the column usually has 0.0002,"
                     "fees/stock.csv:2",
@@ -63,7 +63,7 @@ TEST(Check, IsJsonForPrograms) {
         folder.check("--json --only percent-rate").out,
         R"([
 {"severity":"error","check":"percent-rate","file":"fees/stock.csv","line":2,"accounts":["S100"],"count":1,)"
-        R"("found":"commission 0.025 is 2.5% of the turnover","mend":"write a plain fraction: 0.00025 if 0.025 is in)"
+        R"("found":"commission 0.025 is 2.5% of the turnover","remedy":"write a plain fraction: 0.00025 if 0.025 is in)"
         R"( percent; the column usually has 0.0002","places":["fees/stock.csv:2"]}
 ]
 )");

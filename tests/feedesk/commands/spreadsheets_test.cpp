@@ -103,7 +103,7 @@ TEST_F(Spreadsheets, OfFindingsHaveEveryPlaceAmongTheSources) {
     const Sheets all = sheets("check --only percent-rate missing-hedge-flag old-duty built-in-default");
     EXPECT_THAT(all.names, ElementsAre("Findings", "Sources"));
     EXPECT_THAT(all.cells.at("Sources"), Contains("B2 accounts.csv"));
-    EXPECT_THAT(all.cells.at("Findings"), AllOf(Contains("H1 Mend"), Contains("B2 built-in-default")));
+    EXPECT_THAT(all.cells.at("Findings"), AllOf(Contains("H1 Remedy"), Contains("B2 built-in-default")));
 }
 
 TEST_F(Spreadsheets, OfAStatementHaveTheSolvedRateAsPercent) {
