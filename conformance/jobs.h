@@ -1,6 +1,7 @@
 #ifndef CONFORMANCE_JOBS_H
 #define CONFORMANCE_JOBS_H
 
+#include <boost/asio/io_service.hpp>
 #include <boost/asio/io_service_strand.hpp>
 #include <boost/shared_ptr.hpp>
 #include <functional>

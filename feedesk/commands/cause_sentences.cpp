@@ -63,7 +63,7 @@ std::string folderText(const std::vector<RateSource>& sources) {
 std::string rateSentence(const SolvedRate& solved, const OrderRow& row) {
     const std::string which = solved.range.low == solved.range.high || solved.rate.text() == solved.range.text()
                                   ? ""
-                                  : fmt::format(" (any from {})", solved.range.text());
+                                  : fmt::format(" (any {})", solved.range.text());
     const std::string known = solved.knownFrom.empty() ? "" : fmt::format(", as by {},", solved.knownFrom);
     return fmt::format("the {} {}{}{} {}; the folder has {}", solved.sought.charge, solved.rate.text(), which, known,
                        reachOf(solved, row), folderText(solved.sources));

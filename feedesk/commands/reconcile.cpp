@@ -71,6 +71,9 @@ void refuseOverwriting(const ReconcileArguments& arguments, const Program& progr
         refuseToOverwrite(target, arguments.statement.layout, "the layout");
         refuseToWriteInto(program.session.folder, target);
     }
+    if (arguments.patch == "-") {
+        throw Failure(kBadInput, "a patch does not go to standard output, where the answer is; name a file");
+    }
     if (isSameFile(arguments.patch, program.file)) {
         throw Failure(kBadInput, "--patch and --xlsx name the same file; name two");
     }

@@ -67,7 +67,9 @@ std::optional<OtherLimit> limitOf(const Said& said, const cost::Term& term) {
     if (said.stated > said.exact && (said.stated > said.amount || isBoundByMinimum(said, term))) {
         return OtherLimit{Limit::kLeast, said.stated};
     }
-    if (said.stated < said.exact && (said.stated < said.amount || isBoundByMaximum)) {
+    // The folder's own minimum is what a lower rate costs.
+    const bool isOwnMinimum = term.minimum && said.stated == *term.minimum;
+    if (said.stated < said.exact && !isOwnMinimum && (said.stated < said.amount || isBoundByMaximum)) {
         return OtherLimit{Limit::kMost, said.stated};
     }
     return std::nullopt;

@@ -51,7 +51,7 @@ std::vector<Wish> wishesOf(const SolvedRates& rates) {
     for (const auto& solved : rates) {
         for (const RateSource& source : solved->sources) {
             FileLine place = placeIn(source.source);
-            if (!place.file.empty() && source.from && solved->orElse.empty()) {
+            if (!place.file.empty() && source.from && solved->orElse.empty() && !solved->range.isOpenBelow()) {
                 (solved->instrument.empty() ? wishes : ofInstruments).push_back({solved, source, std::move(place)});
             }
         }
@@ -115,7 +115,14 @@ Proposals proposalsFor(const SolvedRates& rates, const std::string& marketFolder
     for (const Wish& each : wishesOf(rates)) {
         edits.make(each);
     }
-    return edits.proposals();
+    Proposals made = edits.proposals();
+    for (const auto& solved : rates) {
+        if (solved->range.isOpenBelow()) {
+            made.withheld.push_back(fmt::format("no line is proposed for the {}, as any rate up to {} fits",
+                                                solved->sought.charge, solved->range.high.text()));
+        }
+    }
+    return made;
 }
 
 }  // namespace feedesk

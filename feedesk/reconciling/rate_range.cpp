@@ -107,7 +107,14 @@ Decimal RateRange::simplest() const {
     return low;
 }
 
-std::string RateRange::text() const { return low == high ? low.text() : low.text() + " to " + high.text(); }
+bool RateRange::isOpenBelow() const { return low <= rateAt(1); }
+
+std::string RateRange::text() const {
+    if (low == high) {
+        return low.text();
+    }
+    return (isOpenBelow() ? "up to " : "from " + low.text() + " to ") + high.text();
+}
 
 RateRange operator&(const RateRange& one, const RateRange& other) {
     return {std::max(one.low, other.low), std::min(one.high, other.high)};

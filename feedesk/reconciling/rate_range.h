@@ -15,9 +15,11 @@ struct RateRange {
 
     [[nodiscard]] bool isEmpty() const { return high < low; }
     [[nodiscard]] bool contains(const cost::Decimal& rate) const { return low <= rate && rate <= high; }
+    /// Whether every lower rate fits too, as where the charge's minimum is charged.
+    [[nodiscard]] bool isOpenBelow() const;
     /// The rate above 0 with the fewest decimals; of several the lowest.
     [[nodiscard]] cost::Decimal simplest() const;
-    /// "0.00022", or "0.000219 to 0.000221".
+    /// "0.00022", "from 0.000219 to 0.000221" or "up to 0.000148".
     [[nodiscard]] std::string text() const;
 
     friend RateRange operator&(const RateRange& one, const RateRange& other);

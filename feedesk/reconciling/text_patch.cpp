@@ -38,8 +38,15 @@ private:
         return std::next(last);
     }
 
+    /// Whether the line stays, and others follow it now.
+    [[nodiscard]] bool stays(std::size_t index, const std::vector<std::string>& newLines) const {
+        return !isUnended(index) && newLines.size() > 1 && newLines.front() == text.lines[index];
+    }
+
     std::string hunk(std::size_t first, std::size_t last) {
-        const std::size_t begin = first - std::min(first, kContext);
+        // A line that stays is context. With more of it ahead than behind, patch(1) looks for the end of the file.
+        const std::size_t ahead = first + (stays(first, replacements.at(first)) ? 1 : 0);
+        const std::size_t begin = ahead - std::min(ahead, kContext);
         const std::size_t end = std::min(last + kContext + 1, text.lines.size());
         std::string body;
         std::size_t newCount = 0;
@@ -50,12 +57,10 @@ private:
                 ++newCount;
                 continue;
             }
-            // A line that others follow now stays.
-            const bool stays =
-                !isUnended(i) && replaced->second.size() > 1 && replaced->second.front() == text.lines[i];
-            body += line(stays ? ' ' : '-', text.lines[i], i);
-            newCount += stays ? 1 : 0;
-            for (std::size_t made = stays ? 1 : 0; made < replaced->second.size(); ++made) {
+            const bool isKept = stays(i, replaced->second);
+            body += line(isKept ? ' ' : '-', text.lines[i], i);
+            newCount += isKept ? 1 : 0;
+            for (std::size_t made = isKept ? 1 : 0; made < replaced->second.size(); ++made) {
                 const bool isLast = made + 1 == replaced->second.size();
                 body += isLast ? line('+', replaced->second[made], i) : '+' + replaced->second[made] + '\n';
                 ++newCount;

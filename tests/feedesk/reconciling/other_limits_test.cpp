@@ -72,6 +72,15 @@ INSTANTIATE_TEST_SUITE_P(
                   "20240102,000001,买,100,12.5,10.00,0,0,,1,-1260.00\n"
                   "20240103,000001,买,100,10,.20,0,0,,1,-1000.20\n",
                   "Line 2: the commission 0.008 (any from 0.007996 to 0.008003999999) fits this trade, and not line 3"},
+        // Both pay the minimum of 5: 60000 x 0.000083416666 is less than 5.005.
+        LimitCase{"NoMaximumWhereALowerRateCostsTheMinimum",
+                  "20240102,600519,买,100,600,5.00,0,0,,1,-60005.00\n"
+                  "20240103,600519,买,100,231,5.00,0,0,,1,-23105.00\n",
+                  "Lines 2, 3: the commission 0.00008 (any up to 0.000083416666) fits all 2 lines"},
+        LimitCase{"NoLineWhereTheMinimumAloneIsSeen",
+                  "20240102,600519,买,100,600,5.00,0,0,,1,-60005.00\n"
+                  "20240103,600519,买,100,231,5.00,0,0,,1,-23105.00\n",
+                  "no line is proposed for the commission, as any rate up to 0.000083416666 fits"},
         // 0.03 % of 100000, twice.
         LimitCase{"ARateOfOrdersOfOneSize",
                   "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"

@@ -67,6 +67,19 @@ TEST(TableEdit, AddsALineOfOneInstrumentBehindTheLineOfMany) {
               "SH,600519,,3,2021-03-04,2022-01-01\nSZ,*,MAIN,2,,\n");
 }
 
+// With more lines ahead of a change than behind it, patch(1) looks for the end of the file.
+TEST(TableEdit, HasAsManyLinesAheadOfALineThatIsAddedAsBehindIt) {
+    std::string text = "market,code,rate,from,until\n";
+    for (int i = 0; i < 20; ++i) {
+        text += "SH,60" + std::to_string(i) + "*," + std::to_string(i) + ",,\n";
+    }
+    TableEdit edit(text);
+    ASSERT_TRUE(edit.addFor(6, "SH", "604000", "rate", "50", kDay));
+    EXPECT_EQ(edit.patch("f.csv"),
+              "--- a/f.csv\n+++ b/f.csv\n@@ -4,6 +4,7 @@\n SH,602*,2,,\n SH,603*,3,,\n SH,604*,4,,\n"
+              "+SH,604000,50,2021-03-04,\n SH,605*,5,,\n SH,606*,6,,\n SH,607*,7,,\n");
+}
+
 TEST(TableEdit, AddsALineOfOneInstrumentBehindAChangedLine) {
     TableEdit edit("code,rate\n*,1");
     ASSERT_TRUE(edit.succeed(2, "rate", "2", kDay));
