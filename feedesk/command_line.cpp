@@ -18,6 +18,7 @@
 #include "feedesk/terminal/pager.h"
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/text.h"
+#include "feedesk/timing/wall_time.h"
 #include "feedesk/usage_problem.h"
 #include "standalone/text/numbers.h"
 
@@ -89,7 +90,7 @@ void describe(CLI::App& app, Program& program) {
     program.shell == nullptr ? addLoadOptions(app, program) : refuseLoadOptions(app);
     addDayOption(app, "--date", program.session.date,
                  "Ask as of this day, such as 2023-08-28\n(else the folder's as_of; else today)");
-    app.add_flag("--summary", program.summary, "Tell what was loaded and how long it took");
+    app.add_flag("--summary", program.summary, "Tell what was loaded and what took the time");
     app.add_flag_callback(
         "--no-pager", [] { usePager(false); }, "Show long answers without a pager (PAGER; else less)");
     for (AddCommand* const add : kCommands) {
@@ -152,6 +153,7 @@ ExitStatus withoutAnswer(const std::string& sentence, ExitStatus status, bool re
 }  // namespace
 
 ExitStatus runCommand(const std::vector<std::string>& words, Program& program) {
+    wallTime().restart();
     const bool json = asksForJson(words);
     setMessageForm(json ? MessageForm::kObjects : MessageForm::kSentences);
     const auto readsNothing = [&] { return json && !program.hasAnswered && program.format != Format::kJsonLines; };

@@ -1,3 +1,7 @@
 #include "feedesk/program.h"
+#include "feedesk/terminal/interruption.h"
 
-int main(int argc, char** argv) { return feedesk::run(argc, argv); }
+int main(int argc, char** argv) {
+    feedesk::endCleanlyWhenInterrupted();
+    return feedesk::run(argc, argv);
+}

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <memory>
+#include <utility>
 
 #include "feedesk/rows/sinks.h"
 #include "feedesk/session/overwriting.h"
@@ -10,11 +11,14 @@
 #include "feedesk/terminal/pager.h"
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/text.h"
+#include "feedesk/timing/wall_time.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/utf8.h"
 
 namespace feedesk {
 namespace {
+
+constexpr const char* kWriting = "writing";
 
 std::unique_ptr<RowSink> sinkFor(Format format, const std::string& file, std::string& shown) {
     switch (format) {
@@ -83,6 +87,32 @@ Remarks given(const std::function<Remarks(RowSink&)>& giveRows, RowSink& sink, c
     }
 }
 
+/// Takes the time that writing takes apart from that of making the rows.
+class TimedSink : public RowSink {
+public:
+    explicit TimedSink(std::unique_ptr<RowSink> written) : sink(std::move(written)) {}
+
+    void begin(const Sections& sections) override {
+        const InPart part(kWriting);
+        sink->begin(sections);
+    }
+    void row(const Row& row) override {
+        const InPart part(kWriting);
+        sink->row(row);
+    }
+    void end() override {
+        const InPart part(kWriting);
+        sink->end();
+    }
+    void breakOff() override { sink->breakOff(); }
+
+private:
+    std::unique_ptr<RowSink> sink;
+};
+
+/// What --summary says: what was done, and where the time went.
+std::string withTime(const std::string& summary) { return summary + "; " + wallTime().text(); }
+
 }  // namespace
 
 Session& Program::open() {
@@ -107,17 +137,26 @@ void Program::answer(const std::function<std::string()>& sessionSummary, const S
                      const std::function<Remarks(RowSink&)>& giveRows) {
     hasAnswered = true;
     std::string tables;
-    const std::unique_ptr<RowSink> sink = sinkFor(format, file, tables);
+    std::unique_ptr<RowSink> sink = sinkFor(format, file, tables);
+    if (summary) {
+        sink = std::make_unique<TimedSink>(std::move(sink));
+    }
     sink->begin(sections);
     const Remarks remarks = given(giveRows, *sink, tables);
     sink->end();
     const std::string summed = summary ? sessionSummary() : "";
     if (format == Format::kTable) {
-        showText(page(remarks.heading, tables, below(remarks)) + (summed.empty() ? "" : summed + "\n"));
+        {
+            const InPart part(kWriting);
+            showText(page(remarks.heading, tables, below(remarks)));
+        }
+        if (!summed.empty()) {
+            writeText(withTime(summed) + "\n");
+        }
         return;
     }
     if (!summed.empty()) {
-        tellSummary(summed);
+        tellSummary(withTime(summed));
     }
     tellRemarks(remarks);
 }

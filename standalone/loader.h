@@ -2,6 +2,7 @@
 #define STANDALONE_LOADER_H
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,9 +35,13 @@ struct LoadResult : LoadErrors {
     Market market;  ///< whole when there are no errors, otherwise empty but for its folder
 };
 
+/// Hears what a load does next, such as "reading accounts.csv" or "reading fees", before it does it.
+using HearStep = std::function<void(const std::string& step)>;
+
 /// Reads a market folder (docs/market-folder.md) and checks every line of it, whatever its days. Takes all of it or
-/// nothing, and then says why not. Touches no service. Safe from any thread; throws nothing but std::bad_alloc.
-FolderResult loadFolder(const std::string& folder);
+/// nothing, and then says why not. Touches no service. Safe from any thread; throws nothing but std::bad_alloc and
+/// what `hear` throws.
+FolderResult loadFolder(const std::string& folder, const HearStep& hear = {});
 
 /// The same for who needs one day alone: the market of MarketFolder::defaultDay().
 LoadResult loadMarket(const std::string& folder);

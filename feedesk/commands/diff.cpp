@@ -19,6 +19,7 @@
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
 #include "feedesk/text/text.h"
+#include "feedesk/timing/wall_time.h"
 
 namespace feedesk {
 namespace {
@@ -111,6 +112,7 @@ ExitStatus diff(Program& program, const DiffArguments& arguments) {
     refuseToOverwrite(program.file, arguments.trades, "the file of the trades");
     // A file that cannot be read is refused before thousands of accounts are compared.
     TradesOfFile trades = arguments.trades.empty() ? TradesOfFile() : readTrades(arguments.trades);
+    const InPart comparing("comparing");
     standalone::ContentNumbers numbers;
     ComparedFolder before(loadedFolder(arguments.before, kHowToName), numbers);
     ComparedFolder after(loadedFolder(arguments.after, kHowToName), numbers);

@@ -17,6 +17,7 @@
 #include "feedesk/reconciling/proven_proposals.h"
 #include "feedesk/session/overwriting.h"
 #include "feedesk/statements/encoding.h"
+#include "feedesk/terminal/interruption.h"
 #include "feedesk/text/numbers.h"
 #include "feedesk/text/text.h"
 
@@ -44,6 +45,7 @@ std::string sumText(const Reconciliation& found) {
 }
 
 void writePatch(const std::string& path, const std::string& patch) {
+    const InterruptionHeld held;  // so that the file is written whole or not at all
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     if (!(file << patch << std::flush)) {
         throw Failure(kBadInput, fmt::format("{} cannot be written: {}", pathText(path), std::strerror(errno)));

@@ -27,9 +27,11 @@ void writeText(const fs::path& path, const std::string& text) {
 
 }  // namespace
 
-PatchedFolder::PatchedFolder(const std::string& marketFolder, const std::map<std::string, std::string>& files)
-    : place(newPlace()) {
+PatchedFolder::PatchedFolder(const std::string& marketFolder, const std::map<std::string, std::string>& files) {
+    const InterruptionHeld held;
+    place = newPlace();
     try {
+        made.emplace_back(place.string());
         fill(fs::absolute(marketFolder), files);
     } catch (...) {
         remove();
@@ -39,9 +41,10 @@ PatchedFolder::PatchedFolder(const std::string& marketFolder, const std::map<std
 
 PatchedFolder::~PatchedFolder() { remove(); }
 
-void PatchedFolder::fill(const fs::path& marketFolder, const std::map<std::string, std::string>& files) const {
+void PatchedFolder::fill(const fs::path& marketFolder, const std::map<std::string, std::string>& files) {
     for (const fs::directory_entry& each : fs::recursive_directory_iterator(marketFolder)) {
         const fs::path name = each.path().lexically_relative(marketFolder);
+        made.emplace_back((place / name).string());
         const auto changed = files.find(name.generic_string());
         if (each.is_directory()) {
             fs::create_directory(place / name);

@@ -2,13 +2,16 @@
 #define FEEDESK_RECONCILING_PATCHED_FOLDER_H
 
 #include <filesystem>
+#include <list>
 #include <map>
 #include <string>
+
+#include "feedesk/terminal/interruption.h"
 
 namespace feedesk {
 
 /// A market folder as it would be with other texts in some of its files: a temporary folder with links to the others,
-/// which is taken away with this object.
+/// which is taken away with this object, and by an interruption. For the main thread.
 class PatchedFolder {
 public:
     /// `files`: new texts by the paths in the folder. Throws std::system_error where no such folder can be made.
@@ -20,10 +23,11 @@ public:
     [[nodiscard]] std::string path() const { return place.string(); }
 
 private:
-    void fill(const std::filesystem::path& marketFolder, const std::map<std::string, std::string>& files) const;
+    void fill(const std::filesystem::path& marketFolder, const std::map<std::string, std::string>& files);
     void remove() const;
 
     std::filesystem::path place;
+    std::list<RemovedWhenInterrupted> made;  // of the folder and of all that is in it
 };
 
 }  // namespace feedesk

@@ -63,7 +63,7 @@ void Sheet::note(std::size_t column, std::size_t width) {
     widths[column] = std::clamp(width, widths[column], std::max(widths[column], kWidest));
 }
 
-Workbook::Workbook(const std::string& path) : file(path), unfinished(path + ".unfinished") {
+Workbook::Workbook(const std::string& path) : file(path), unfinished(path + ".unfinished"), endedEarly(unfinished) {
     // The library opens the file at the end. Whether it can be written is said before anything is asked.
     if (std::filesystem::is_directory(file)) {
         fail(file, "it is a folder");

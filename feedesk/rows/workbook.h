@@ -11,6 +11,8 @@
 #include <tuple>
 #include <vector>
 
+#include "feedesk/terminal/interruption.h"
+
 namespace feedesk {
 
 /// How a cell looks.
@@ -53,7 +55,8 @@ private:
 };
 
 /// An .xlsx file in the making. Lines go to temporary files as they come. The file appears under its name when all of
-/// it is written; until then what was there before stays.
+/// it is written; until then what was there before stays, and an
+/// interruption leaves nothing behind. For the main thread.
 class Workbook {
 public:
     /// Throws Failure when the file's folder cannot be written to.
@@ -80,6 +83,7 @@ private:
 
     std::string file;
     std::string unfinished;  // its name until it is whole
+    RemovedWhenInterrupted endedEarly;
     lxw_workbook* book = nullptr;
     std::vector<std::unique_ptr<Sheet>> sheets;
     std::map<CellLook, lxw_format*> formats;

@@ -9,13 +9,16 @@
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
 #include "feedesk/text/text.h"
+#include "feedesk/timing/wall_time.h"
 #include "standalone/loader.h"
 
 namespace feedesk {
 
 standalone::MarketFolder loadedFolder(const std::string& folder, const std::string& waysToName) {
     const Progress progress("loading " + pathText(folder));
-    standalone::FolderResult result = standalone::loadFolder(folder);
+    const InPart loading("listing the folder");
+    standalone::FolderResult result =
+        standalone::loadFolder(folder, [](const std::string& step) { static_cast<void>(wallTime().enter(step)); });
     if (result.ok()) {
         return std::move(result.folder);
     }

@@ -14,6 +14,7 @@
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
 #include "feedesk/text/text.h"
+#include "feedesk/timing/wall_time.h"
 #include "standalone/channels.h"
 #include "standalone/families.h"
 #include "standalone/host.h"
@@ -22,28 +23,14 @@
 namespace feedesk {
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using standalone::Account;
 
 /// Goes on behind "name the folder that holds market.toml".
 constexpr const char* kWaysToName = ": with --market DIR, with the environment's FEEDESK_MARKET, or put it at ./market";
 
-/// Adds the time of its own life to a sum.
-class Stopwatch {
-public:
-    explicit Stopwatch(std::chrono::nanoseconds& total) : sum(total) {}
-    Stopwatch(const Stopwatch&) = delete;
-    Stopwatch& operator=(const Stopwatch&) = delete;
-    ~Stopwatch() { sum += Clock::now() - begin; }
-
-private:
-    std::chrono::nanoseconds& sum;
-    Clock::time_point begin = Clock::now();
-};
-
-standalone::MarketFolder load(const std::string& folder, Tally& tally) {
-    const Stopwatch watch(tally.loading);
-    return loadedFolder(folder, kWaysToName);
+InstrumentNames namesIn(const standalone::Market& market) {
+    const InPart indexing("indexing names");
+    return InstrumentNames(market);
 }
 
 /// Throws the sentence that refuses a day, if there is one.
@@ -68,10 +55,10 @@ void sortByInstrument(std::vector<boost::shared_ptr<qmservice::CInstrumentFee>>&
 }  // namespace
 
 Session::Session(const SessionOptions& options)
-    : days(load(options.folder, tally)),
+    : days(loadedFolder(options.folder, kWaysToName)),
       askedDay(dayOf(options.date, days)),
       asked(&centerOf(askedDay)),
-      names(asked->market()),
+      names(namesIn(asked->market())),
       engine(options.threads != 0 ? options.threads : asked->market().engineThreads) {
     for (const Account& account : market().accounts) {
         places.emplace(account.record->accountId, places.size());
@@ -148,7 +135,7 @@ IntervalCenter& Session::centerOf(cost::Date date) {
     HeldCenter& held = centers[days.intervalOf(date)];
     held.lastUse = ++uses;
     if (!held.center) {
-        const Stopwatch watch(tally.loading);
+        const InPart expanding("expanding");
         held.center = std::make_unique<IntervalCenter>(days, date);
     }
     return *held.center;
@@ -161,7 +148,7 @@ IntervalCenter& Session::installed(cost::Date date) {
 }
 
 void Session::feedOnce(IntervalCenter& center, const Account& account) {
-    const Stopwatch watch(tally.loading);
+    const InPart expanding("expanding");
     center.feedOnce(account);
 }
 
@@ -174,7 +161,7 @@ Replies Session::fees(const Account& account, const std::vector<Question>& quest
     feedOnce(center, account);
     IntervalCenter::Fees fees;
     {
-        const Stopwatch watch(tally.querying);
+        const InPart asking("asking");
         fees = center.ask(account, questions);
     }
     tally.queries += questions.size();
@@ -187,7 +174,7 @@ std::optional<Replies> Session::listedFees(const Account& account, const PickFee
     feedOnce(center, account);
     std::optional<IntervalCenter::Fees> fees;
     {
-        const Stopwatch watch(tally.querying);
+        const InPart asking("asking");
         fees = center.list(account);
     }
     ++tally.queries;
@@ -208,6 +195,7 @@ std::optional<Replies> Session::listedFees(const Account& account, const PickFee
 Replies Session::traced(const Account& account, const std::vector<Question>& questions,
                         const IntervalCenter::Fees& fees) {
     const Progress progress("finding where the rates come from");
+    const InPart tracing("tracing");
     std::vector<std::optional<Answer>> answers = asked->traced(account, questions, fees);
     Replies replies;
     for (std::size_t i = 0; i < answers.size(); ++i) {
@@ -229,10 +217,11 @@ DatedFee Session::feeOn(cost::Date date, const std::string& accountId, const Que
     feedOnce(center, account);
     IntervalCenter::Fees fees;
     {
-        const Stopwatch watch(tally.querying);
+        const InPart asking("asking");
         fees = center.ask(account, {question});
     }
     ++tally.queries;
+    const InPart tracing("tracing");
     std::optional<Answer> answer = std::move(center.traced(account, {question}, fees).front());
     return answer ? DatedFee{fees.front(), std::move(*answer), &center.market()} : DatedFee{{}, {}, &center.market()};
 }
@@ -254,6 +243,7 @@ standalone::FolderExcerpt Session::excerpt(const Account& account, const Questio
 }
 
 std::string Session::summary() const {
+    const InPart counting("counting records");
     std::size_t records = 0;
     std::size_t customFees = 0;
     for (std::size_t place = 0; place < market().accounts.size(); ++place) {
@@ -262,10 +252,9 @@ std::string Session::summary() const {
         customFees += counts.customFees;
     }
     const std::string queries = tally.queries == 1 ? "1 query" : grouped(tally.queries) + " queries";
-    return fmt::format("loaded {}, {}, {}, {} in {}; answered {} in {}",
-                       counted(market().instruments.size(), "instrument"), counted(market().accounts.size(), "account"),
-                       counted(records, "fee record"), counted(customFees, "custom fee"), durationText(tally.loading),
-                       queries, durationText(tally.querying));
+    return fmt::format("loaded {}, {}, {}, {}; answered {}", counted(market().instruments.size(), "instrument"),
+                       counted(market().accounts.size(), "account"), counted(records, "fee record"),
+                       counted(customFees, "custom fee"), queries);
 }
 
 }  // namespace feedesk

@@ -1,7 +1,6 @@
 #ifndef FEEDESK_SESSION_SESSION_H
 #define FEEDESK_SESSION_SESSION_H
 
-#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <map>
@@ -29,9 +28,7 @@ struct SessionOptions {
 
 /// What a session has done so far.
 struct Tally {
-    std::chrono::nanoseconds loading{0};  ///< reading the folder, and filling the fee center
     std::size_t queries = 0;
-    std::chrono::nanoseconds querying{0};  ///< inside the fee center, tracing not counted
 };
 
 /// What a fee center said to some questions.
@@ -122,7 +119,7 @@ public:
     /// The folder's part for the account and this instrument, which the folder has.
     [[nodiscard]] standalone::FolderExcerpt excerpt(const standalone::Account& account, const Question& question) const;
 
-    /// What was loaded and asked and how long it took, one line.
+    /// What was loaded and asked, one line.
     [[nodiscard]] std::string summary() const;
 
 private:

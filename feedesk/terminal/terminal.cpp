@@ -14,6 +14,7 @@
 #include <string_view>
 
 #include "feedesk/failure.h"
+#include "feedesk/terminal/interruption.h"
 #include "feedesk/text/text.h"
 #include "standalone/text/escape.h"
 #include "standalone/text/numbers.h"
@@ -129,11 +130,13 @@ void Progress::tellWhatTakesLong() {
     bool hasWritten = false;
     while (!ended.wait_for(lock, kNoticeable, [this] { return over; })) {
         const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin;
+        wipeLineWhenInterrupted(true);
         writeError(fmt::format("\r{} ... {:.0f} s", label, elapsed.count()));
         hasWritten = true;
     }
     if (hasWritten) {
-        writeError("\r\033[K");
+        writeError(kWipedLine);
+        wipeLineWhenInterrupted(false);
     }
 }
 

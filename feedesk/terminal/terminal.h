@@ -40,8 +40,11 @@ void tell(const std::string& text) noexcept;
 /// What writeText writes.
 std::string painted(std::string_view text, bool coloured);
 
+/// Takes away the line that a terminal's cursor is in.
+constexpr std::string_view kWipedLine = "\r\033[K";
+
 /// While it lives and standard error is a terminal: after a moment, says there what takes so long and for how long
-/// already; the line is wiped at the end.
+/// already; the line is wiped at the end, and when the program is interrupted.
 class Progress {
 public:
     explicit Progress(const std::string& whatHappens);

@@ -89,14 +89,6 @@ std::string grouped(std::size_t number) {
     return text;
 }
 
-std::string durationText(std::chrono::nanoseconds duration) {
-    const double seconds = std::chrono::duration<double>(duration).count();
-    if (seconds >= 0.1) {
-        return fmt::format("{:.2f} s", seconds);
-    }
-    return seconds >= 0.001 ? fmt::format("{:.1f} ms", seconds * 1e3) : fmt::format("{:.0f} us", seconds * 1e6);
-}
-
 std::string counted(std::size_t number, const std::string& noun) {
     return fmt::format("{} {}{}", grouped(number), noun, number == 1 ? "" : "s");
 }

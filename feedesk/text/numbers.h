@@ -1,7 +1,6 @@
 #ifndef FEEDESK_TEXT_NUMBERS_H
 #define FEEDESK_TEXT_NUMBERS_H
 
-#include <chrono>
 #include <cstddef>
 #include <string>
 
@@ -25,9 +24,6 @@ std::string percent(double fraction);
 
 /// With a comma between groups of three digits: "61,234".
 std::string grouped(std::size_t number);
-
-/// "35 us", "4.2 ms", "0.21 s": microseconds below a millisecond, seconds from a tenth of a second.
-std::string durationText(std::chrono::nanoseconds duration);
 
 /// "1 account", "1,234 accounts".
 std::string counted(std::size_t number, const std::string& noun);

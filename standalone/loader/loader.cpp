@@ -1,6 +1,7 @@
 #include "standalone/loader.h"
 
 #include <algorithm>
+#include <array>
 #include <set>
 #include <utility>
 
@@ -23,15 +24,31 @@ bool Load::lacks(const std::string& file) const {
 
 namespace {
 
-void readFolder(Load& load) {
-    readMarketToml(load);
-    readAccounts(load);
-    readInstruments(load);
-    readCategories(load);
-    readConfiguredLimits(load);
-    readFees(load);
-    readCustomFees(load);
-    readCharges(load);
+struct Step {
+    const char* reads;
+    void (*read)(Load& load);
+};
+
+constexpr std::array<Step, 8> kSteps = {{{files::kMarket, readMarketToml},
+                                         {files::kAccounts, readAccounts},
+                                         {files::kInstruments, readInstruments},
+                                         {"categories", readCategories},
+                                         {files::kConfigured, readConfiguredLimits},
+                                         {files::kFees, readFees},
+                                         {files::kCustom, readCustomFees},
+                                         {files::kCharges, readCharges}}};
+
+void tell(const HearStep& hear, const std::string& step) {
+    if (hear) {
+        hear(step);
+    }
+}
+
+void readFolder(Load& load, const HearStep& hear) {
+    for (const Step& step : kSteps) {
+        tell(hear, std::string("reading ") + step.reads);
+        step.read(load);
+    }
 }
 
 void addChanges(std::set<cost::Date>& changes, const cost::DateRange& days) {
@@ -79,13 +96,15 @@ std::string Market::where(Position position) const {
     return position.line == 0 ? file : file + ":" + std::to_string(position.line);
 }
 
-FolderResult loadFolder(const std::string& folder) {
+FolderResult loadFolder(const std::string& folder, const HearStep& hear) {
+    loader::tell(hear, "listing the folder");
     loader::Load load;
     load.folder = folder;
     load.market.folder = folder;
     if (loader::scanFolder(load)) {
-        loader::readFolder(load);
+        loader::readFolder(load, hear);
     }
+    loader::tell(hear, "finishing the folder");
     FolderResult result;
     load.errors.take(result);
     result.folder = result.ok() ? loader::finished(load) : MarketFolder(folder);

@@ -8,10 +8,6 @@
 namespace feedesk {
 namespace {
 
-using std::chrono::microseconds;
-using std::chrono::milliseconds;
-using std::chrono::nanoseconds;
-
 TEST(PlainNumber, HasNoExponent) {
     EXPECT_EQ(plainNumber(0.00001), "0.00001");
     EXPECT_EQ(plainNumber(0.0000341), "0.0000341");
@@ -87,13 +83,6 @@ TEST(Grouped, PutsACommaBetweenThousands) {
     EXPECT_EQ(grouped(1000), "1,000");
     EXPECT_EQ(grouped(61234), "61,234");
     EXPECT_EQ(grouped(1234567), "1,234,567");
-}
-
-TEST(DurationText, ChoosesTheUnit) {
-    EXPECT_EQ(durationText(nanoseconds(34600)), "35 us");
-    EXPECT_EQ(durationText(microseconds(4210)), "4.2 ms");
-    EXPECT_EQ(durationText(milliseconds(214)), "0.21 s");
-    EXPECT_EQ(durationText(milliseconds(12345)), "12.35 s");
 }
 
 TEST(Counted, PutsTheNounIntoThePlural) {
