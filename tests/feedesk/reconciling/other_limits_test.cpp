@@ -76,7 +76,7 @@ INSTANTIATE_TEST_SUITE_P(
         LimitCase{"NoMaximumWhereALowerRateCostsTheMinimum",
                   "20240102,600519,买,100,600,5.00,0,0,,1,-60005.00\n"
                   "20240103,600519,买,100,231,5.00,0,0,,1,-23105.00\n",
-                  "Lines 2, 3: the commission 0.00008 (any up to 0.000083416666) fits all 2 lines"},
+                  "Lines 2, 3: the commission 0.00001 (any up to 0.000083416666) fits all 2 lines"},
         LimitCase{"NoLineWhereTheMinimumAloneIsSeen",
                   "20240102,600519,买,100,600,5.00,0,0,,1,-60005.00\n"
                   "20240103,600519,买,100,231,5.00,0,0,,1,-23105.00\n",
