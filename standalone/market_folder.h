@@ -21,8 +21,8 @@ cost::Date today();
 
 /// How much is handed to a fee center for an account.
 struct FeeCounts {
-    std::size_t records = 0;
-    std::size_t customFees = 0;
+    std::size_t records = 0;     ///< fee records, all of one load
+    std::size_t customFees = 0;  ///< custom fees, one update each
 };
 
 /// A market folder that has been read and checked, with the schedules of all its days. Immutable, cheap to copy, safe

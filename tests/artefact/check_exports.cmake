@@ -30,5 +30,6 @@ list(REMOVE_ITEM missing "vtable for qmservice::IFeeCenter")
 if(missing OR extra)
   list(JOIN missing "\n  " missing)
   list(JOIN extra "\n  " extra)
-  message(FATAL_ERROR "${LIBRARY}\nlacks:\n  ${missing}\nexports besides:\n  ${extra}")
+  message(FATAL_ERROR "${LIBRARY}\nlacks:\n  ${missing}\nexports besides:\n  ${extra}\n"
+    "If that is meant: scripts/abi --renew")
 endif()

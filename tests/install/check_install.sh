@@ -111,6 +111,25 @@ embedded() {
   with_cmake embedded "$1" -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 "${none[@]}"
 }
 
+# finding WHAT EXPECTED ARGUMENTS [OPTIONS...]: find_package(feecenter ARGUMENTS) says so of what it finds, or why it does not.
+mkdir "$place/finding"
+cat >"$place/finding/CMakeLists.txt" <<'PROJECT'
+cmake_minimum_required(VERSION 3.25)
+project(finding LANGUAGES CXX)
+find_package(feecenter CONFIG QUIET ${arguments})
+message(STATUS "found ${feecenter_FOUND}, records ${feecenter_records_FOUND}, cost ${feecenter_cost_FOUND}: ${feecenter_NOT_FOUND_MESSAGE}")
+if(feecenter_FOUND AND NOT TARGET feecenter::feecenter)
+  message(FATAL_ERROR "there is no feecenter::feecenter")
+endif()
+PROJECT
+finding() {
+  local what=$1 expected=$2 arguments=$3 said
+  shift 3
+  rm -rf "$place/found"
+  said=$("$cmake" -S "$place/finding" -B "$place/found" -G Ninja -DCMAKE_PREFIX_PATH="$installed" "-Darguments=$arguments" "$@" 2>&1) &&
+    [[ $said == *"$expected"* ]] || fail "$what: find_package does not say \"$expected\": $said"
+}
+
 # all_with COMPILER: its status is how many failed.
 all_with() {
   local compiler=$1 example bad=0
@@ -127,6 +146,14 @@ lanes+=($!)
 for lane in "${lanes[@]}"; do
   wait "$lane" || wrong=$((wrong + $?))
 done
+no_modules=-DCMAKE_DISABLE_FIND_PACKAGE_PkgConfig=ON
+finding "all that is asked for" "found 1, records TRUE, cost TRUE" "COMPONENTS;cost"
+finding "optional components without their modules" "found 1, records FALSE, cost FALSE" "OPTIONAL_COMPONENTS;records;cost" "$no_modules"
+finding "a component below, which an optional one needs" "found 0, records FALSE" "COMPONENTS;records;OPTIONAL_COMPONENTS;cost" "$no_modules"
+finding "required components without their modules" "component cost needs its component records: " "COMPONENTS;cost" "$no_modules"
+finding "an optional component that nobody knows" "found 1, records TRUE" "COMPONENTS;records;OPTIONAL_COMPONENTS;tax"
+finding "a component that nobody knows" 'no component "tax"' "COMPONENTS;tax"
+finding "without Boost" "and fits no other version" "" -DCMAKE_DISABLE_FIND_PACKAGE_Boost=ON
 promises clang++ || wrong=$((wrong + 1))
 embedded g++ || wrong=$((wrong + 1))
 

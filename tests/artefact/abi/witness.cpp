@@ -11,6 +11,11 @@ namespace witness {
 template <class T>
 void seen(T* /*type*/) {}
 
+// A function that the host defines is undefined in the library, so nothing describes it but the name of this one. The
+// type stands in it for what the service gives back, which a function's own name leaves out.
+template <auto service, class Type = decltype(service)>
+void served() {}
+
 // What these name in members, bases and parameters is described too.
 template void seen(qmservice::IFeeCenter*);
 template void seen(qmservice::CFeeCenter*);
@@ -45,5 +50,28 @@ template void seen(qmservice::ExchangeFeeType*);
 template void seen(qmservice::HedgeFlag*);
 template void seen(qmservice::InstrumentList*);
 template void seen(qmservice::InstrumentType*);
+
+template void served<&utils::voStockKey>();
+template void served<&utils::splitVoStockKey>();
+template void served<&utils::hash>();
+template void served<&qmservice::crc64>();
+template void served<&qmservice::TraderCenter::instance>();
+template void served<&qmservice::TraderCenter::getInstCenter>();
+template void served<&qmservice::TraderCenter::getDataCenter>();
+template void served<&qmservice::ConfigCollector::instance>();
+template void served<&qmservice::ConfigCollector::getRateLimitPtr>();
+template void served<&qmservice::ConfigCollector::getHGTExchangeRateLimitPtr>();
+template void served<&qmservice::ConfigCollector::getSgtExchangeRateLimitPtr>();
+template void served<&qmservice::ConfigCollector::isSimulationPlatform>();
+template void served<&qmservice::getTradeMinUnit>();
+template void served<&utils::CSingletonT<qmservice::CppCategory>::instance>();
+template void served<&qmservice::CppCategory::isStockInCategoryForTS>();
+template void served<&qmservice::CppCategory::isStockInCustomCategory>();
+template void served<&qmservice::CppCategory::isStockInGroupCategory>();
+template void served<&qmservice::CppCategory::getCategorId>();
+template void served<&utils::CSingletonT<qmservice::StockTypeCenter>::instance>();
+template void served<&qmservice::StockTypeCenter::isWPMarket>();
+template void served<&utils::CSingletonT<net::RPCEngine>::instance>();
+template void served<&net::RPCEngine::getStrand>();
 
 }  // namespace witness
