@@ -70,7 +70,7 @@ std::string problemOf(const CLI::App& app, const CLI::ParseError& error) {
     if (!left.empty()) {
         return unexpected(app, left.front());
     }
-    const std::string problem = standalone::printable(error.what());
+    std::string problem = standalone::printable(error.what());
     switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
         case CLI::ExitCodes::RequiredError:
             return namedCommand(app) == nullptr ? "a command is needed" : problem;

@@ -1,6 +1,7 @@
 #include "feedesk/reconciling/rate_change.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "feedesk/reconciling/held_order.h"
 
@@ -15,8 +16,8 @@ constexpr std::ptrdiff_t kMostHeld = 200;
 /// Goes from the last day of a line's orders back, as long as one rate fits.
 class Sweep {
 public:
-    Sweep(const ChargedLine& chargedLine, const Layout& statementLayout, const std::optional<RateRange>& within)
-        : line(chargedLine), layout(statementLayout), range(within) {}
+    Sweep(const ChargedLine& chargedLine, const Layout& statementLayout, std::optional<RateRange> within)
+        : line(chargedLine), layout(statementLayout), range(std::move(within)) {}
 
     /// Takes the orders of the day before; false when no rate fits them and those of the days behind it.
     bool take(Place first, Place last) {

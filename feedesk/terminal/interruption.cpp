@@ -28,7 +28,7 @@ void endByInterruption(int signal) {
         return;
     }
     if (lineIsShown) {
-        static_cast<void>(write(STDERR_FILENO, kWipedLine.data(), kWipedLine.size()) < 0);
+        [[maybe_unused]] const auto written = ::write(STDERR_FILENO, kWipedLine.data(), kWipedLine.size());
     }
     for (const RemovedWhenInterrupted* each = newestRemoved; each != nullptr; each = each->nextOlder()) {
         each->removeNow();

@@ -39,7 +39,7 @@ private:
         if (!fees.empty() && fees.back().position == kept.position) {
             return (*fees.back().record).*Records::kSlot;
         }
-        const auto limit = boost::make_shared<typename Records::Limit>();
+        auto limit = boost::make_shared<typename Records::Limit>();
         setRates(*limit, Records::kRates, *kept.line);
         return limit;
     }

@@ -11,7 +11,7 @@ using namespace qmservice;  // NOLINT(google-build-using-namespace): records
 namespace {
 
 boost::shared_ptr<CCommissionRateDetail> commissionOf(const KeptFeeLine& line, const std::string& code) {
-    const auto detail = boost::make_shared<CCommissionRateDetail>();
+    auto detail = boost::make_shared<CCommissionRateDetail>();
     detail->instrumentId = code;
     setRates(*detail, records::commissionRates<CCommissionRateDetail>, *line.line);
     return detail;

@@ -11,6 +11,7 @@ constexpr std::size_t kRateBytes = sizeof(RateLine::rates);
 
 /// Rates are compared by their bytes, so that -0 stays what it is.
 bool isAlike(const RateLine& one, const RateLine& other) {
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): by their bytes
     return std::memcmp(one.rates.data(), other.rates.data(), kRateBytes) == 0 && one.update == other.update &&
            one.category == other.category && one.hedgeFlag == other.hedgeFlag && one.marginMode == other.marginMode &&
            one.unitVolume == other.unitVolume && one.days.from == other.days.from &&
