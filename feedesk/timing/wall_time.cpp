@@ -43,7 +43,7 @@ void WallTime::goOnWith(std::size_t part) {
 
 std::string WallTime::text() {
     goOnWith(current);
-    std::string told;
+    std::string listed;
     // What has passed at the end of each part is cut to microseconds, and not the parts, so that their sum stays exact.
     std::chrono::nanoseconds passed{0};
     const auto add = [&](const Part& part) {
@@ -51,13 +51,13 @@ std::string WallTime::text() {
         const std::chrono::microseconds begin = cut();
         passed += part.sum;
         if (part.sum.count() != 0) {
-            told += fmt::format("{}{} {}", told.empty() ? "" : ", ", part.name, millisecondsText(cut() - begin));
+            listed += fmt::format("{}{} {}", listed.empty() ? "" : ", ", part.name, millisecondsText(cut() - begin));
         }
     };
     std::for_each(parts.begin() + 1, parts.end(), add);
     add(parts.front());
     return fmt::format("{} ms: {}", millisecondsText(std::chrono::duration_cast<std::chrono::microseconds>(passed)),
-                       told);
+                       listed);
 }
 
 WallTime& wallTime() {

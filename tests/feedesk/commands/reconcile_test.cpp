@@ -413,6 +413,7 @@ TEST_F(Reconcile, WritesOverNothingThatItReads) {
              {"--patch " + file, file + " is the statement and would be written over; name another file"},
              {"--xlsx " + file, file + " is the statement and would be written over; name another file"},
              {"--patch " + table, table + " is in the market folder, which is not written to; name another file"},
+             {"--patch -", "a patch does not go to standard output, where the answer is; name a file"},
              {"--patch /tmp/none --xlsx /tmp/../tmp/none", "--patch and --xlsx name the same file; name two"}}) {
         const Outcome outcome = ask(folder.path(), "reconcile S100 " + file + " " + options);
         EXPECT_EQ(outcome.status, 2) << options;
