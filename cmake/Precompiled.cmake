@@ -49,11 +49,11 @@ if(FEECENTER_TESTS)
   set(precompiled precompiled_for_libraries precompiled_for_program)
   if(FEECENTER_CHECK_HEADERS)
     # Without what would make code in each unit that has it.
-    precompile(precompiled_for_program_headers
+    precompile(precompiled_for_inner_headers
       LINK ${precompiled_libraries}
       HEADERS ${precompiled_headers} <boost/multiprecision/cpp_int.hpp>
       OPTIONS -O0 -g0 -fno-sanitize=all)
-    list(APPEND precompiled precompiled_for_program_headers)
+    list(APPEND precompiled precompiled_for_inner_headers)
   endif()
   foreach(name IN LISTS precompiled)
     target_compile_definitions(${name} PRIVATE $<TARGET_PROPERTY:feecenter_standalone,INTERFACE_COMPILE_DEFINITIONS>)

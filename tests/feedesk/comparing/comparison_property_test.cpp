@@ -178,6 +178,8 @@ std::size_t expectTheRightChanges(const RandomFolder& before, const RandomFolder
     return expected.size();
 }
 
+constexpr std::size_t kStep = 6 * ONE_LINE_OF;
+
 class ComparedFolders : public testing::TestWithParam<unsigned> {};
 
 TEST_P(ComparedFolders, OfTheSameTextHaveNoChanges) {
@@ -193,16 +195,16 @@ TEST_P(ComparedFolders, WithOneLineChangedHaveTheChangesOfItsAnswers) {
     const RandomFolder before(GetParam());
     const std::vector<RandomFolder::RateLine> all = before.rateLines();
     std::size_t count = 0;
-    for (std::size_t i = GetParam(); i < all.size(); i += 6) {
+    for (std::size_t i = GetParam(); i < all.size(); i += kStep) {
         RandomFolder after = before;
-        if ((i / 6) % 2 == 0) {
+        if ((i / kStep) % 2 == 0) {
             after.changeRate(all[i]);
         } else {
             after.takeAway(all[i]);
         }
         count += expectTheRightChanges(before, after);
     }
-    EXPECT_GT(count, 5U);
+    EXPECT_GT(count, 5U / ONE_LINE_OF);
 }
 
 TEST_P(ComparedFolders, OfAnotherTextHaveTheChangesOfTheirAnswers) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <vector>
 
 #include "feedesk/explaining/explanation.h"
 #include "feedesk/session/session.h"
@@ -77,6 +78,15 @@ std::map<Pair, std::set<std::string>> namedIn(const SampleFolder& folder) {
     return named;
 }
 
+std::vector<RandomFolder::RateLine> linesToTakeAway(const RandomFolder& folder) {
+    const std::vector<RandomFolder::RateLine> all = folder.rateLines();
+    std::vector<RandomFolder::RateLine> lines;
+    for (std::size_t i = 0; i < all.size(); i += ONE_LINE_OF) {
+        lines.push_back(all[i]);
+    }
+    return lines;
+}
+
 class ExplainedFolder : public testing::TestWithParam<unsigned> {};
 
 TEST_P(ExplainedFolder, ChangesItsAnswerWithoutTheNamedLineAndWithNoOtherTakenAway) {
@@ -86,7 +96,7 @@ TEST_P(ExplainedFolder, ChangesItsAnswerWithoutTheNamedLineAndWithNoOtherTakenAw
     const auto answers = answersOf(folder);
     const auto named = namedIn(folder);
     std::size_t changes = 0;
-    for (const RandomFolder::RateLine& line : whole.rateLines()) {
+    for (const RandomFolder::RateLine& line : linesToTakeAway(whole)) {
         RandomFolder without = whole;
         without.takeAway(line);
         without.writeTo(folder);
@@ -99,7 +109,7 @@ TEST_P(ExplainedFolder, ChangesItsAnswerWithoutTheNamedLineAndWithNoOtherTakenAw
                 << answer;
         }
     }
-    EXPECT_GT(changes, 20U);
+    EXPECT_GT(changes, 20U / ONE_LINE_OF);
 }
 
 TEST_P(ExplainedFolder, AnswersWithWhatIsNamedNextWhenTheNamedLineIsTakenAway) {
@@ -128,7 +138,7 @@ TEST_P(ExplainedFolder, AnswersWithWhatIsNamedNextWhenTheNamedLineIsTakenAway) {
         }
     }
     EXPECT_GT(stocks.size(), 3U);
-    for (const RandomFolder::RateLine& line : whole.rateLines()) {
+    for (const RandomFolder::RateLine& line : linesToTakeAway(whole)) {
         RandomFolder without = whole;
         without.takeAway(line);
         without.writeTo(folder);
