@@ -126,8 +126,8 @@ finding() {
   local what=$1 expected=$2 arguments=$3 said
   shift 3
   rm -rf "$place/found"
-  said=$("$cmake" -S "$place/finding" -B "$place/found" -G Ninja -DCMAKE_PREFIX_PATH="$installed" "-Darguments=$arguments" "$@" 2>&1) &&
-    [[ $said == *"$expected"* ]] || fail "$what: find_package does not say \"$expected\": $said"
+  said=$("$cmake" -S "$place/finding" -B "$place/found" -G Ninja -DCMAKE_PREFIX_PATH="$installed" "-Darguments=$arguments" "$@" 2>&1)
+  [[ $said == *"$expected"* ]] || fail "$what: find_package does not say \"$expected\": $said"
 }
 
 # all_with COMPILER: its status is how many failed.
@@ -157,9 +157,25 @@ finding "without Boost" "and fits no other version" "" -DCMAKE_DISABLE_FIND_PACK
 promises clang++ || wrong=$((wrong + 1))
 embedded g++ || wrong=$((wrong + 1))
 
-# Back where it was installed, it is removed: no file stays, and no folder of the project's own.
+# uninstall: its status, and what it says.
+mkdir "$place/manifests"
+mv "$build/install_manifest.txt" "$place/manifests"
+uninstall() {
+  said=$("$cmake" -DBUILD="$place/manifests" -P "$source/cmake/uninstall.cmake" 2>&1)
+}
+# Where it was installed there is nothing any more.
+uninstall && fail "removing what was moved away claims success: $said"
+[[ $said == *"No file of"*"was there"* ]] || fail "removing what was moved away does not say that nothing was there: $said"
+# A folder of this name is written down as two.
+cp "$place/manifests/install_manifest.txt" "$place/whole"
+printf '%s\n' "$place/one" "two/lib/libfeecenter.so" >>"$place/manifests/install_manifest.txt"
 mv "$installed" "$place/first"
-must "removing" "$cmake" -DBUILD="$build" -P "$source/cmake/uninstall.cmake" || wrong=$((wrong + 1))
+uninstall && fail "removing by a manifest that is not whole claims success: $said"
+[[ -e $place/first/bin/feedesk ]] || fail "removing by a manifest that is not whole removes files"
+cp "$place/whole" "$place/manifests/install_manifest.txt"
+# Back where it was installed, it is removed: no file stays, and no folder of the project's own.
+uninstall || fail "removing fails: $said"
+[[ $said == *"files below $place/first"* ]] || fail "removing does not say what it removed: $said"
 left=$(find "$place/first" ! -type d -o -path '*feecenter*')
 [[ -z $left ]] || fail "these were left: $left"
 
