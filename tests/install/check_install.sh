@@ -46,6 +46,11 @@ done
 must "reading the installed headers" g++ -std=c++17 -O0 -fsyntax-only -I "$installed/include/feecenter" "$place/headers.cpp" ||
   wrong=$((wrong + 1))
 
+# The page names the file that a client ships.
+shipped=$(readelf -d "$installed/lib/libfeecenter.so" | sed -nE 's/.*SONAME.*\[(.*)\]/\1/p')
+named=$(grep -oE 'libfeecenter\.so\.[0-9]+' "$source/docs/packaging.md" | sort -u)
+[[ $named == "$shipped" ]] || fail "docs/packaging.md names \"$named\", and the library is \"$shipped\""
+
 # Each header of the boundary is there, also one that no other includes.
 diff <(cd "$source" && ls host/*.h && cd include && ls -- *.h) <(cd "$installed/include/feecenter" && ls host/*.h && ls -- *.h) ||
   fail "the installed headers (>) are not those of the project (<)"
