@@ -96,6 +96,14 @@ without_cmake() {
     must "$example, built with $compiler and pkg-config," prints "$example" "$program"
 }
 
+# The order of modules is nobody's to know: linked the other way round, what CMake compiled is the same program.
+other_order() {
+  local program=$place/host-$1-other-order
+  PKG_CONFIG_PATH=$installed/lib/pkgconfig must "linking the records before the library with $1" \
+    bash -c "$1 '$place/host-$1-cmake/CMakeFiles/host.dir/main.cpp.o' -o $program \$(pkg-config --libs feecenter-records feecenter)" &&
+    must "host, linked with $1 and the records before the library," prints host "$program"
+}
+
 # The examples' host and its own record operations keep what a host promises, by the installed suite.
 promises() {
   PKG_CONFIG_PATH=$installed/lib/pkgconfig must "linking the conformance suite" \
@@ -104,63 +112,119 @@ promises() {
     LD_LIBRARY_PATH=$installed/lib must "the examples' host" "$place/promises"
 }
 
-# As a part of another build, whose tree has no other folder of the project, and which finds nothing but Boost.
+# As a part of another build, whose tree has no other folder of the project, which finds nothing but Boost, makes errors of all
+# warnings, and has modules of its own with the project's names.
+tree=$place/embedding
+mkdir -p "$tree/modules"
+cp -r "$source"/{CMakeLists.txt,cmake,examples,feecenter,host,include} "$tree"
+for module in "$source"/cmake/*.cmake; do
+  echo 'message(FATAL_ERROR "the module of another project is taken")' >"$tree/modules/${module##*/}"
+done
+# embedded COMPILER [OPTIONS...]
 embedded() {
-  local tree=$place/embedding none=() package
-  mkdir "$tree"
-  cp -r "$source"/{CMakeLists.txt,cmake,examples,feecenter,host,include} "$tree"
+  local examples=$tree/examples options=(-DCMAKE_MODULE_PATH="$tree/modules") package
   for package in CLI11 PkgConfig fmt; do
-    none+=("-DCMAKE_DISABLE_FIND_PACKAGE_$package=ON")
+    options+=("-DCMAKE_DISABLE_FIND_PACKAGE_$package=ON")
   done
-  examples=$tree/examples
-  with_cmake embedded "$1" -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 "${none[@]}"
+  options+=(-DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
+    "-DCMAKE_CXX_FLAGS=-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Werror")
+  with_cmake embedded "$1" "${options[@]}" "${@:2}"
+}
+embedded_in_one_file() {
+  embedded "$1" -DLINKED=feecenter::objects || return
+  ! readelf -d "$place/embedded-$1-cmake/embedded" | grep libfeecenter || { echo "the program needs the library" && return 1; }
 }
 
-# finding WHAT EXPECTED ARGUMENTS [OPTIONS...]: find_package(feecenter ARGUMENTS) says so of what it finds, or why it does not.
-mkdir "$place/finding"
-cat >"$place/finding/CMakeLists.txt" <<'PROJECT'
-cmake_minimum_required(VERSION 3.25)
-project(finding LANGUAGES CXX)
-find_package(feecenter CONFIG QUIET ${arguments})
-message(STATUS "found ${feecenter_FOUND}, records ${feecenter_records_FOUND}, cost ${feecenter_cost_FOUND}: ${feecenter_NOT_FOUND_MESSAGE}")
+# Folders that are given in full are where they are said to be, wherever the rest goes.
+full=$place/full
+in_full() {
+  embedded "$1" -DFEECENTER_INSTALL=ON -DCMAKE_INSTALL_PREFIX="$full/rest" -DCMAKE_INSTALL_LIBDIR="$full/lib" \
+    -DCMAKE_INSTALL_INCLUDEDIR="$full/include" &&
+    must "installing into full folders" "$cmake" --install "$place/embedded-$1-cmake" || return
+  local said expected="-I$full/include/feecenter -L$full/lib -lfeecenter "
+  said=$(PKG_CONFIG_PATH=$full/lib/pkgconfig pkg-config --cflags --libs feecenter)
+  [[ $said == "$expected" ]] || { echo "pkg-config says \"$said\" of full folders, and not \"$expected\"" && return 1; }
+  must "finding what is in full folders" "$cmake" -S "$examples/host-own-records" -B "$place/full-cmake" -G Ninja \
+    -DCMAKE_CXX_COMPILER="$1" -Dfeecenter_DIR="$full/lib/cmake/feecenter"
+}
+
+# finding EXPECTED ARGUMENTS [NOT_FOUND]: find_package(feecenter ARGUMENTS) says so of what it finds, or why it does not, where
+# the package NOT_FOUND is not there. Each is a folder of one project.
+finding() {
+  local folder=$place/finding/${#expected[@]}
+  expected+=("$1")
+  mkdir -p "$folder"
+  cat >"$folder/CMakeLists.txt" <<PROJECT
+${3:+set(CMAKE_DISABLE_FIND_PACKAGE_$3 ON)}
+find_package(feecenter CONFIG QUIET $2)
+message("[$2] found \${feecenter_FOUND}, records \${feecenter_records_FOUND}, cost \${feecenter_cost_FOUND}: \${feecenter_NOT_FOUND_MESSAGE}")
 if(feecenter_FOUND AND NOT TARGET feecenter::feecenter)
-  message(FATAL_ERROR "there is no feecenter::feecenter")
+  message("there is no feecenter::feecenter")
 endif()
 PROJECT
-finding() {
-  local what=$1 expected=$2 arguments=$3 said
-  shift 3
-  rm -rf "$place/found"
-  said=$("$cmake" -S "$place/finding" -B "$place/found" -G Ninja -DCMAKE_PREFIX_PATH="$installed" "-Darguments=$arguments" "$@" 2>&1)
-  [[ $said == *"$expected"* ]] || fail "$what: find_package does not say \"$expected\": $said"
+  echo "add_subdirectory(${folder##*/})" >>"$place/finding/CMakeLists.txt"
+}
+finds() {
+  local expected=() said text bad=0
+  mkdir "$place/finding"
+  printf '%s\n' "cmake_minimum_required(VERSION 3.25)" "project(finding LANGUAGES CXX)" >"$place/finding/CMakeLists.txt"
+  finding "[COMPONENTS cost] found 1, records TRUE, cost TRUE: " "COMPONENTS cost"
+  finding "[COMPONENTS library] found 1, records , cost : " "COMPONENTS library"
+  finding "[OPTIONAL_COMPONENTS records cost] found 1, records FALSE, cost FALSE: " "OPTIONAL_COMPONENTS records cost" PkgConfig
+  finding "[COMPONENTS records OPTIONAL_COMPONENTS cost] found 0, records FALSE, cost : feecenter's component records needs " \
+    "COMPONENTS records OPTIONAL_COMPONENTS cost" PkgConfig
+  finding "feecenter's component cost needs its component records: " "COMPONENTS cost" PkgConfig
+  finding "[COMPONENTS records OPTIONAL_COMPONENTS tax] found 1, records TRUE, " "COMPONENTS records OPTIONAL_COMPONENTS tax"
+  finding 'no component "tax"; it has: library, records, cost, standalone, conformance' "COMPONENTS tax"
+  finding "and fits no other version" "" Boost
+  said=$("$cmake" -S "$place/finding" -B "$place/found" -G Ninja -DCMAKE_PREFIX_PATH="$installed" 2>&1)
+  for text in "${expected[@]}"; do
+    [[ $said == *"$text"* ]] || { echo "find_package does not say \"$text\"" && bad=$((bad + 1)); }
+  done
+  [[ $said != *"there is no feecenter::feecenter"* ]] || bad=$((bad + 1))
+  ((bad == 0)) || { echo "$said" && return 1; }
 }
 
-# all_with COMPILER: its status is how many failed.
-all_with() {
-  local compiler=$1 example bad=0
-  for example in host host-own-records desktop-loop; do
-    with_cmake "$example" "$compiler" || bad=$((bad + 1))
-    without_cmake "$example" "$compiler" || bad=$((bad + 1))
-  done
-  return "$bad"
+# count COMMAND...: what fails is counted.
+count() {
+  "$@" || wrong=$((wrong + 1))
 }
-all_with g++ &
-lanes=($!)
-all_with clang++ &
-lanes+=($!)
-for lane in "${lanes[@]}"; do
-  wait "$lane" || wrong=$((wrong + $?))
-done
-no_modules=-DCMAKE_DISABLE_FIND_PACKAGE_PkgConfig=ON
-finding "all that is asked for" "found 1, records TRUE, cost TRUE" "COMPONENTS;cost"
-finding "optional components without their modules" "found 1, records FALSE, cost FALSE" "OPTIONAL_COMPONENTS;records;cost" "$no_modules"
-finding "a component below, which an optional one needs" "found 0, records FALSE" "COMPONENTS;records;OPTIONAL_COMPONENTS;cost" "$no_modules"
-finding "required components without their modules" "component cost needs its component records: " "COMPONENTS;cost" "$no_modules"
-finding "an optional component that nobody knows" "found 1, records TRUE" "COMPONENTS;records;OPTIONAL_COMPONENTS;tax"
-finding "a component that nobody knows" 'no component "tax"' "COMPONENTS;tax"
-finding "without Boost" "and fits no other version" "" -DCMAKE_DISABLE_FIND_PACKAGE_Boost=ON
-promises clang++ || wrong=$((wrong + 1))
-embedded g++ || wrong=$((wrong + 1))
+# lane COMPILER: what is tried with both; it ends with the number of what failed.
+lane() {
+  local example options
+  for example in host host-own-records desktop-loop; do
+    options=()
+    # One source is compiled faster than two.
+    [[ $example != host-own-records ]] || options=(-DCMAKE_UNITY_BUILD=ON)
+    count with_cmake "$example" "$1" "${options[@]}"
+    count without_cmake "$example" "$1"
+  done
+  count other_order "$1"
+  count embedded "$1"
+  count embedded_in_one_file "$1"
+}
+# Each lane counts for itself.
+# shellcheck disable=SC2030,SC2031
+{
+  (
+    wrong=0
+    lane g++
+    count in_full g++
+    exit "$wrong"
+  ) &
+  lanes=($!)
+  (
+    wrong=0
+    lane clang++
+    count promises clang++
+    count finds
+    exit "$wrong"
+  ) &
+  lanes+=($!)
+  for one in "${lanes[@]}"; do
+    wait "$one" || wrong=$((wrong + $?))
+  done
+}
 
 # uninstall: its status, and what it says.
 mkdir "$place/manifests"
