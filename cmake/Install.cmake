@@ -108,19 +108,28 @@ function(feecenter_install_feedesk)
   endif()
 endfunction()
 
-# Made by running the program: the manual pages from its help, and what bash completes its command lines by.
+# Made by running the program: the manual pages from its help, and what shells complete its command lines by. They are put
+# where the shells look without being told; zsh looks in two folders, of which one is for packages.
 function(feecenter_install_manual)
   set(pages ${PROJECT_BINARY_DIR}/man)
-  set(completion ${PROJECT_BINARY_DIR}/completion.bash)
-  add_custom_command(OUTPUT ${pages}/feedesk.1.gz ${completion} DEPENDS feedesk ${PROJECT_SOURCE_DIR}/scripts/man VERBATIM
+  set(completions ${PROJECT_BINARY_DIR}/completion.bash ${PROJECT_BINARY_DIR}/completion.zsh)
+  set(for_zsh site-functions)
+  if(FEECENTER_PACKAGES)
+    set(for_zsh vendor-completions)
+  endif()
+  add_custom_command(OUTPUT ${pages}/feedesk.1.gz ${completions} DEPENDS feedesk ${PROJECT_SOURCE_DIR}/scripts/man VERBATIM
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${pages}
     COMMAND ${PROJECT_SOURCE_DIR}/scripts/man $<TARGET_FILE:feedesk> ${pages}
     COMMAND gzip --recursive --best --no-name ${pages}
-    COMMAND $<TARGET_FILE:feedesk> completion bash > ${completion})
-  add_custom_target(manual ALL DEPENDS ${pages}/feedesk.1.gz ${completion})
+    COMMAND $<TARGET_FILE:feedesk> completion bash > completion.bash
+    COMMAND $<TARGET_FILE:feedesk> completion zsh > completion.zsh
+    WORKING_DIRECTORY ${PROJECT_BINARY_DIR})
+  add_custom_target(manual ALL DEPENDS ${pages}/feedesk.1.gz ${completions})
   install(DIRECTORY ${pages}/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT feedesk)
-  install(FILES ${completion} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME feedesk
-          COMPONENT feedesk)
+  install(FILES ${PROJECT_BINARY_DIR}/completion.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+          RENAME feedesk COMPONENT feedesk)
+  install(FILES ${PROJECT_BINARY_DIR}/completion.zsh DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/${for_zsh}
+          RENAME _feedesk COMPONENT feedesk)
 endfunction()
 
 if(FEECENTER_INSTALL AND PROJECT_IS_TOP_LEVEL)

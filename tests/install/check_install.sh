@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # What a build installs can be moved, built against and removed. Each project of examples/ is built against the moved copy
 # with CMake and, where it says how, without; by g++ and by clang++. It must print what its expected.txt says.
-#   check_install.sh CMAKE SOURCE BUILD
+#   check_install.sh CMAKE SOURCE BUILD MANUAL
+# MANUAL is whether the build makes manual pages and completions, ON or OFF.
 #
 # The installed headers are read all at once: what one of them includes must be installed too. That each compiles alone is
 # seen where the project's own are compiled, which are the same files.
 set -uo pipefail
-cmake=$1 source=$2 build=$3
+cmake=$1 source=$2 build=$3 manual=$4
 place=$(realpath "$(mktemp -d)")
 trap 'rm -rf "$place"' EXIT
 unset FEEDESK_MARKET PKG_CONFIG_PATH LD_LIBRARY_PATH CMAKE_PREFIX_PATH DESTDIR
@@ -64,6 +65,22 @@ shows 1000001 "with the installed market"
 cp -r "$installed/share/feecenter/market" "$place/market"
 sed -i 's/^1000001,[^,]*/1000001,AT HAND/' "$place/market/accounts.csv"
 shows "AT HAND" "with a market at hand"
+
+# Both shells find by themselves what completes its words, and take it.
+if [[ $manual == ON ]]; then
+  [[ -e $installed/share/man/man1/feedesk.1.gz ]] || fail "there is no manual page"
+  bash -c "source '$installed/share/bash-completion/completions/feedesk' && complete -p feedesk" >/dev/null ||
+    fail "bash does not take the installed completion"
+  said=$(PATH=$installed/bin:$PATH zsh -f 2>&1 <<ZSH
+fpath=('$installed/share/zsh/site-functions' \$fpath)
+autoload -Uz compinit && compinit -D
+compadd() { shift && print -r -- "\$@"; }
+words=(feedesk acc) CURRENT=2
+\${_comps[feedesk]}; \${_comps[feedesk]}
+ZSH
+)
+  [[ $said == $'accounts\naccounts' ]] || fail "zsh, asked twice for what follows \"acc\", says \"$said\""
+fi
 
 # prints EXAMPLE PROGRAM: the program prints what is expected of the example.
 prints() {
