@@ -20,7 +20,7 @@ if(FEECENTER_STANDALONE)
   find_package(fmt REQUIRED)
   pkg_check_modules(lzma REQUIRED IMPORTED_TARGET liblzma)
   pkg_check_modules(tomlplusplus REQUIRED IMPORTED_TARGET tomlplusplus)
-  include(Libcsv)
+  include(${CMAKE_CURRENT_LIST_DIR}/Libcsv.cmake)
   if(NOT TARGET csv::csv)
     message(FATAL_ERROR "libcsv was not found: neither its header csv.h nor its library may be missing; "
                         "in Debian it is the package libcsv-dev")

@@ -3,30 +3,32 @@
 # Each part that others build against has targets of its own for find_package, and a pkg-config file.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
+include(${CMAKE_CURRENT_LIST_DIR}/Places.cmake)
 
 set(installed_headers ${CMAKE_INSTALL_INCLUDEDIR}/feecenter)
+# Where CMake describes a set of headers it puts the prefix before its folder, also before one that is given in full.
+set(header_sets ${installed_headers})
+if(IS_ABSOLUTE ${header_sets})
+  file(RELATIVE_PATH header_sets ${CMAKE_INSTALL_PREFIX} ${header_sets})
+endif()
 set(installed_cmake ${CMAKE_INSTALL_LIBDIR}/cmake/feecenter)
 set(installed_pkgconfig ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 set(installed_market ${CMAKE_INSTALL_DATADIR}/feecenter/market)
 
-# from(OUT FOLDER TO): the way from one installed place to another.
-function(from out folder to)
-  file(RELATIVE_PATH way /prefix/${folder} /prefix/${to})
-  string(REGEX REPLACE "/$" "" way ${way})
-  set(${out} ${way} PARENT_SCOPE)
-endfunction()
-from(FEECENTER_MARKET_FROM_PROGRAM ${CMAKE_INSTALL_BINDIR} ${installed_market})
+feecenter_way(FEECENTER_MARKET_FROM_PROGRAM "" ${CMAKE_INSTALL_BINDIR} ${installed_market})
 
-# install_targets(PART COMPONENT): the file that defines the part's targets for find_package.
-function(install_targets part component)
+# feecenter_install_targets(PART COMPONENT): the file that defines the part's targets for find_package.
+function(feecenter_install_targets part component)
   install(EXPORT feecenter-${part} NAMESPACE feecenter:: DESTINATION ${installed_cmake} FILE feecenter-${part}.cmake
           COMPONENT ${component})
 endfunction()
 
-# install_pkgconfig(NAME COMPONENT DESCRIPTION LIBS libs... [REQUIRES modules...] [CFLAGS flags...])
-function(install_pkgconfig name component description)
+# feecenter_install_pkgconfig(NAME COMPONENT DESCRIPTION LIBS libs... [REQUIRES modules...] [CFLAGS flags...])
+function(feecenter_install_pkgconfig name component description)
   cmake_parse_arguments(PARSE_ARGV 3 arg "" "" "LIBS;REQUIRES;CFLAGS")
-  from(prefix ${installed_pkgconfig} .)
+  feecenter_way(prefix "\${pcfiledir}" ${installed_pkgconfig} .)
+  feecenter_way(libdir "\${prefix}" . ${CMAKE_INSTALL_LIBDIR})
+  feecenter_way(includedir "\${prefix}" . ${installed_headers})
   list(JOIN arg_LIBS " " libs)
   list(JOIN arg_REQUIRES " " requires)
   list(JOIN arg_CFLAGS " " cflags)
@@ -34,17 +36,17 @@ function(install_pkgconfig name component description)
   install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${installed_pkgconfig} COMPONENT ${component})
 endfunction()
 
-function(install_library)
+function(feecenter_install_library)
   add_library(feecenter::feecenter ALIAS feecenter)
   if(NOT FEECENTER_INSTALL)
     return()
   endif()
   install(TARGETS feecenter EXPORT feecenter-library
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
-    FILE_SET HEADERS DESTINATION ${installed_headers} COMPONENT development
-    FILE_SET boundary DESTINATION ${installed_headers} COMPONENT development)
-  install_targets(library development)
-  install_pkgconfig(feecenter development "${PROJECT_DESCRIPTION}" LIBS -lfeecenter)
+    FILE_SET HEADERS DESTINATION ${header_sets} COMPONENT development
+    FILE_SET boundary DESTINATION ${header_sets} COMPONENT development)
+  feecenter_install_targets(library development)
+  feecenter_install_pkgconfig(feecenter development "${PROJECT_DESCRIPTION}" LIBS -lfeecenter)
 
   configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/feecenterConfig.cmake.in
     ${PROJECT_BINARY_DIR}/feecenterConfig.cmake INSTALL_DESTINATION ${installed_cmake}
@@ -56,10 +58,10 @@ function(install_library)
           DESTINATION ${installed_cmake} COMPONENT development)
 endfunction()
 
-# install_part(PART targets... REQUIRES modules... [LIBS libs...])
+# feecenter_install_part(PART targets... REQUIRES modules... [LIBS libs...])
 # Static libraries, the part's own first, called feecenter_NAME and for users feecenter::NAME. What it REQUIRES are modules
 # of pkg-config, its LIBS those that have none; feecenterConfig.cmake.in says the same for CMake.
-function(install_part part)
+function(feecenter_install_part part)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "REQUIRES;LIBS")
   foreach(target IN LISTS arg_UNPARSED_ARGUMENTS)
     string(REPLACE feecenter_ "" name ${target})
@@ -75,13 +77,13 @@ function(install_part part)
   get_target_property(sets ${own} INTERFACE_HEADER_SETS)
   set(headers)
   if(sets)
-    set(headers FILE_SET HEADERS DESTINATION ${installed_headers} COMPONENT ${part})
+    set(headers FILE_SET HEADERS DESTINATION ${header_sets} COMPONENT ${part})
   endif()
   install(TARGETS ${arg_UNPARSED_ARGUMENTS} EXPORT feecenter-${part}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${part}
     INCLUDES DESTINATION ${installed_headers}
     ${headers})
-  install_targets(${part} ${part})
+  feecenter_install_targets(${part} ${part})
   foreach(property IN ITEMS COMPILE_DEFINITIONS LINK_OPTIONS)
     get_target_property(${property} ${own} INTERFACE_${property})
     if(NOT ${property})
@@ -89,36 +91,45 @@ function(install_part part)
     endif()
   endforeach()
   list(TRANSFORM COMPILE_DEFINITIONS PREPEND -D)
-  install_pkgconfig(feecenter-${part} ${part} "${PROJECT_DESCRIPTION}: ${part}"
+  feecenter_install_pkgconfig(feecenter-${part} ${part} "${PROJECT_DESCRIPTION}: ${part}"
     LIBS ${LINK_OPTIONS} ${libs} ${arg_LIBS} REQUIRES ${arg_REQUIRES} CFLAGS ${COMPILE_DEFINITIONS})
 endfunction()
 
-function(install_feedesk)
+function(feecenter_install_feedesk)
   if(NOT FEECENTER_INSTALL)
     return()
   endif()
-  from(library ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_LIBDIR})
-  set_target_properties(feedesk PROPERTIES INSTALL_RPATH "$ORIGIN/${library}")
+  feecenter_way(library "$ORIGIN" ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_LIBDIR})
+  set_target_properties(feedesk PROPERTIES INSTALL_RPATH "${library}")
   install(TARGETS feedesk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT feedesk)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/market/ DESTINATION ${installed_market} COMPONENT market)
   if(FEECENTER_MANUAL)
-    install_manual()
+    feecenter_install_manual()
   endif()
 endfunction()
 
-# Made by running the program: the manual pages from its help, and what bash completes its command lines by.
-function(install_manual)
+# Made by running the program: the manual pages from its help, and what shells complete its command lines by. They are put
+# where the shells look without being told; zsh looks in two folders, of which one is for packages.
+function(feecenter_install_manual)
   set(pages ${PROJECT_BINARY_DIR}/man)
-  set(completion ${PROJECT_BINARY_DIR}/completion.bash)
-  add_custom_command(OUTPUT ${pages}/feedesk.1.gz ${completion} DEPENDS feedesk ${PROJECT_SOURCE_DIR}/scripts/man VERBATIM
+  set(completions ${PROJECT_BINARY_DIR}/completion.bash ${PROJECT_BINARY_DIR}/completion.zsh)
+  set(for_zsh site-functions)
+  if(FEECENTER_PACKAGES)
+    set(for_zsh vendor-completions)
+  endif()
+  add_custom_command(OUTPUT ${pages}/feedesk.1.gz ${completions} DEPENDS feedesk ${PROJECT_SOURCE_DIR}/scripts/man VERBATIM
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${pages}
     COMMAND ${PROJECT_SOURCE_DIR}/scripts/man $<TARGET_FILE:feedesk> ${pages}
     COMMAND gzip --recursive --best --no-name ${pages}
-    COMMAND $<TARGET_FILE:feedesk> completion bash > ${completion})
-  add_custom_target(manual ALL DEPENDS ${pages}/feedesk.1.gz ${completion})
+    COMMAND $<TARGET_FILE:feedesk> completion bash > completion.bash
+    COMMAND $<TARGET_FILE:feedesk> completion zsh > completion.zsh
+    WORKING_DIRECTORY ${PROJECT_BINARY_DIR})
+  add_custom_target(manual ALL DEPENDS ${pages}/feedesk.1.gz ${completions})
   install(DIRECTORY ${pages}/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT feedesk)
-  install(FILES ${completion} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME feedesk
-          COMPONENT feedesk)
+  install(FILES ${PROJECT_BINARY_DIR}/completion.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+          RENAME feedesk COMPONENT feedesk)
+  install(FILES ${PROJECT_BINARY_DIR}/completion.zsh DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/${for_zsh}
+          RENAME _feedesk COMPONENT feedesk)
 endfunction()
 
 if(FEECENTER_INSTALL AND PROJECT_IS_TOP_LEVEL)

@@ -44,7 +44,8 @@ function(package group name section)
   install(FILES ${PROJECT_BINARY_DIR}/changelog.Debian.gz DESTINATION share/doc/${name} COMPONENT ${component})
 endfunction()
 
-package(runtime libfeecenter0 libs ANY COMPONENTS library
+set(library_package libfeecenter${FEECENTER_SOVERSION})
+package(runtime ${library_package} libs ANY COMPONENTS library
   SUMMARY "fee, commission and margin rates for trading clients"
   DESCRIPTION "The fee center holds for every trading account the commission, fee and margin"
               "rates of instruments on Chinese markets, and answers from many threads at"
@@ -58,7 +59,7 @@ file(WRITE ${PROJECT_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/triggers)
 
 package(development libfeecenter-dev libdevel COMPONENTS development records cost standalone conformance
-  DEPENDS "libfeecenter0 ${this_version}, libboost-dev, libboost-thread-dev, libbson-dev, libcsv-dev, libfmt-dev, liblzma-dev, libtomlplusplus-dev, libxxhash-dev"
+  DEPENDS "${library_package} ${this_version}, libboost-dev, libboost-thread-dev, libbson-dev, libcsv-dev, libfmt-dev, liblzma-dev, libtomlplusplus-dev, libxxhash-dev"
   SUMMARY "fee, commission and margin rates for trading clients (development files)"
   DESCRIPTION "Headers of the fee center and of its boundary with the host, and the files"
               "that CMake and pkg-config find them by. Static libraries besides: the given"
@@ -67,7 +68,7 @@ package(development libfeecenter-dev libdevel COMPONENTS development records cos
               "which promises it breaks.")
 
 package(program feedesk misc ANY COMPONENTS feedesk
-  DEPENDS "libfeecenter0 ${this_version}" SUGGESTS "feecenter-market ${this_version}"
+  DEPENDS "${library_package} ${this_version}" SUGGESTS "feecenter-market ${this_version}"
   SUMMARY "asks what trading an instrument costs an account, and why"
   DESCRIPTION "Answers from a market folder of plain tables which commission, fees and"
               "margins an account pays on an instrument, where each rate comes from and what"

@@ -5,9 +5,9 @@
 # Sources that share compiled headers must agree on what these look at: definitions, optimisation, position
 # independence. Where they do not, the compiler says so and stops.
 
-# precompile(NAME LINK libraries... HEADERS headers... OPTIONS options...)
+# feecenter_precompile(NAME LINK libraries... HEADERS headers... OPTIONS options...)
 # PIC where the sources that use it go into a shared library, or into a static one.
-function(precompile name)
+function(feecenter_precompile name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "PIC" "" "LINK;HEADERS;OPTIONS")
   set(source ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
   file(CONFIGURE OUTPUT ${source} CONTENT "// There is nothing here but the headers that are compiled with it.\n")
@@ -18,9 +18,9 @@ function(precompile name)
   set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ${arg_PIC} USERS_OPTIONS "${arg_OPTIONS}")
 endfunction()
 
-# use_precompiled(NAME targets...): compiles the targets as NAME is compiled, and with its headers. Does nothing where the
+# feecenter_use_precompiled(NAME targets...): compiles the targets as NAME is compiled, and with its headers. Does nothing where the
 # build has no NAME.
-function(use_precompiled name)
+function(feecenter_use_precompiled name)
   if(NOT TARGET ${name})
     return()
   endif()
@@ -40,16 +40,16 @@ if(FEECENTER_TESTS)
     <boost/thread/lock_types.hpp> <boost/thread/shared_mutex.hpp> <boost/unordered_map.hpp> <fmt/format.h>
     <algorithm> <filesystem> <functional> <map> <optional> <set> <string> <string_view> <utility> <vector>)
   set(precompiled_libraries Boost::headers Boost::thread fmt::fmt)
-  precompile(precompiled_for_libraries PIC LINK ${precompiled_libraries} HEADERS ${precompiled_headers})
+  feecenter_precompile(precompiled_for_libraries PIC LINK ${precompiled_libraries} HEADERS ${precompiled_headers})
   # Where the program is tested it is not optimised: that would take longer than it saves.
-  precompile(precompiled_for_program
+  feecenter_precompile(precompiled_for_program
     LINK ${precompiled_libraries} CLI11::CLI11
     HEADERS ${precompiled_headers} <boost/multiprecision/cpp_int.hpp> <CLI/CLI.hpp>
     OPTIONS -O0)
   set(precompiled precompiled_for_libraries precompiled_for_program)
   if(FEECENTER_CHECK_HEADERS)
     # Without what would make code in each unit that has it.
-    precompile(precompiled_for_inner_headers
+    feecenter_precompile(precompiled_for_inner_headers
       LINK ${precompiled_libraries}
       HEADERS ${precompiled_headers} <boost/multiprecision/cpp_int.hpp>
       OPTIONS -O0 -g0 -fno-sanitize=all)

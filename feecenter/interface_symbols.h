@@ -5,6 +5,12 @@
 
 namespace qmservice {
 
+// The interface has no virtual destructor, of which the flags of a project around this one may warn.
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+#endif
+
 /// Uses each constructor and assignment of the interface: a compiler emits an inline operation only where something
 /// uses it, and the library exports all five.
 class InterfaceSymbols : public IFeeCenter {
@@ -16,6 +22,10 @@ public:
     InterfaceSymbols& operator=(InterfaceSymbols&& other) noexcept;
     ~InterfaceSymbols() = default;
 };
+
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif
 
 }  // namespace qmservice
 

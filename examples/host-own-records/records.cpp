@@ -28,7 +28,10 @@
 using boost::shared_ptr;
 
 namespace qmservice {
-namespace {
+
+// Not a namespace without a name: operations that the library finds are made of what is in it, of which g++ warns in a
+// build that compiles several sources as one.
+inline namespace own_records {
 
 // Copies: what a field holds behind pointers becomes the copy's own, but for the account and the instrument of a fee,
 // which stay shared.
@@ -193,7 +196,7 @@ private:
     }
 };
 
-}  // namespace
+}  // namespace own_records
 
 template <class Record>
 shared_ptr<IData> RecordOf<Record>::copy() const {

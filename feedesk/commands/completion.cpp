@@ -48,7 +48,8 @@ _feedesk() {
   found=("${(@f)$("${words[1]}" complete -- "${(@)words[2,CURRENT]}" 2>/dev/null)}")
   if [[ -n ${found[1]} ]]; then compadd -- "${found[@]}"; else _files; fi
 }
-compdef _feedesk feedesk
+# In a file of $fpath this is the function's first call.
+if [[ ${funcstack[1]} == _feedesk ]]; then _feedesk "$@"; else compdef _feedesk feedesk; fi
 )"},
 };
 

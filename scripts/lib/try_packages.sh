@@ -53,8 +53,8 @@ install="apt-get -y -o Dpkg::Use-Pty=0 install --no-install-recommends"
 quietly "apt-get -q update"
 
 echo "The program, without a market and with the one of its package"
-quietly "$install /tried/libfeecenter0_*.deb /tried/feedesk_*.deb"
-prints "libfeecenter.so.0 => /" "ldd /usr/bin/feedesk"
+quietly "$install /tried/libfeecenter[0-9]*.deb /tried/feedesk_*.deb"
+quietly "ldd /usr/bin/feedesk | grep 'libfeecenter\.so\.[0-9]* => /'"
 if inside "cd / && feedesk accounts" >/dev/null 2>&1; then
   echo "feedesk finds a market where no package brings one" >&2
   exit 1
@@ -74,7 +74,7 @@ for example in host host-own-records desktop-loop; do
 done
 
 echo "Removing them"
-quietly "dpkg --purge feecenter-market feedesk libfeecenter-dev libfeecenter0"
+quietly "dpkg --purge feecenter-market feedesk libfeecenter-dev \$(dpkg-query -W -f '\${Package}' 'libfeecenter[0-9]*')"
 left=$(files_left)
 if [[ $left ]]; then
   printf 'these files were left:\n%s\n' "$left" >&2

@@ -134,6 +134,10 @@ class Base:
     def library(self) -> Path:
         return next(self.build.glob(f"{DIRECTORY}/libfeecenter.so.*.*"))
 
+    def library_name(self) -> str:
+        """The one that a program asks for: its link is beside the library."""
+        return next(link.name for link in self.library().parent.glob("libfeecenter.so.*") if link.is_symlink())
+
 
 class Worker:
     """One place where one mutant at a time is built, next to the base."""
@@ -157,7 +161,7 @@ class Worker:
         (self._place / file).write_bytes(mutant.applied_to(original) if mutant else original)
         compiled = self._compile_library(file) and self._compile_test_units(file, whole)
         (self._place / file).write_bytes(original)
-        return compiled and self._link(self._base.library(), self.libraries / "libfeecenter.so.0")
+        return compiled and self._link(self._base.library(), self.libraries / self._base.library_name())
 
     def _compile_library(self, file: str) -> bool:
         source = self._place / file if self._mutated else self._base.unit

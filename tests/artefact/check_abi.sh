@@ -17,6 +17,6 @@ if [[ ${3-} == --renew ]]; then
 fi
 # A parameter of another type breaks a host, and counts as harmless there.
 abidiff --harmless --redundant "$expected" "$place/now.abi" && exit
-echo "A host that was built before this change does not fit the library any more. If that is meant: scripts/abi --renew, and the"
-echo "library gets another SOVERSION."
+echo "A host that was built before this change does not fit the library any more. If that is meant: scripts/abi --renew;"
+echo "docs/packaging.md says when FEECENTER_SOVERSION is raised, too."
 exit 1

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # What a build installs can be moved, built against and removed. Each project of examples/ is built against the moved copy
 # with CMake and, where it says how, without; by g++ and by clang++. It must print what its expected.txt says.
-#   check_install.sh CMAKE SOURCE BUILD
+#   check_install.sh CMAKE SOURCE BUILD MANUAL
+# MANUAL is whether the build makes manual pages and completions, ON or OFF.
 #
 # The installed headers are read all at once: what one of them includes must be installed too. That each compiles alone is
 # seen where the project's own are compiled, which are the same files.
 set -uo pipefail
-cmake=$1 source=$2 build=$3
+cmake=$1 source=$2 build=$3 manual=$4
 place=$(realpath "$(mktemp -d)")
 trap 'rm -rf "$place"' EXIT
 unset FEEDESK_MARKET PKG_CONFIG_PATH LD_LIBRARY_PATH CMAKE_PREFIX_PATH DESTDIR
@@ -46,6 +47,11 @@ done
 must "reading the installed headers" g++ -std=c++17 -O0 -fsyntax-only -I "$installed/include/feecenter" "$place/headers.cpp" ||
   wrong=$((wrong + 1))
 
+# The page names the file that a client ships.
+shipped=$(readelf -d "$installed/lib/libfeecenter.so" | sed -nE 's/.*SONAME.*\[(.*)\]/\1/p')
+named=$(grep -oE 'libfeecenter\.so\.[0-9]+' "$source/docs/packaging.md" | sort -u)
+[[ $named == "$shipped" ]] || fail "docs/packaging.md names \"$named\", and the library is \"$shipped\""
+
 # Each header of the boundary is there, also one that no other includes.
 diff <(cd "$source" && ls host/*.h && cd include && ls -- *.h) <(cd "$installed/include/feecenter" && ls host/*.h && ls -- *.h) ||
   fail "the installed headers (>) are not those of the project (<)"
@@ -59,6 +65,22 @@ shows 1000001 "with the installed market"
 cp -r "$installed/share/feecenter/market" "$place/market"
 sed -i 's/^1000001,[^,]*/1000001,AT HAND/' "$place/market/accounts.csv"
 shows "AT HAND" "with a market at hand"
+
+# Both shells find by themselves what completes its words, and take it.
+if [[ $manual == ON ]]; then
+  [[ -e $installed/share/man/man1/feedesk.1.gz ]] || fail "there is no manual page"
+  bash -c "source '$installed/share/bash-completion/completions/feedesk' && complete -p feedesk" >/dev/null ||
+    fail "bash does not take the installed completion"
+  said=$(PATH=$installed/bin:$PATH zsh -f 2>&1 <<ZSH
+fpath=('$installed/share/zsh/site-functions' \$fpath)
+autoload -Uz compinit && compinit -D
+compadd() { shift && print -r -- "\$@"; }
+words=(feedesk acc) CURRENT=2
+\${_comps[feedesk]}; \${_comps[feedesk]}
+ZSH
+)
+  [[ $said == $'accounts\naccounts' ]] || fail "zsh, asked twice for what follows \"acc\", says \"$said\""
+fi
 
 # prints EXAMPLE PROGRAM: the program prints what is expected of the example.
 prints() {
@@ -91,6 +113,14 @@ without_cmake() {
     must "$example, built with $compiler and pkg-config," prints "$example" "$program"
 }
 
+# The order of modules is nobody's to know: linked the other way round, what CMake compiled is the same program.
+other_order() {
+  local program=$place/host-$1-other-order
+  PKG_CONFIG_PATH=$installed/lib/pkgconfig must "linking the records before the library with $1" \
+    bash -c "$1 '$place/host-$1-cmake/CMakeFiles/host.dir/main.cpp.o' -o $program \$(pkg-config --libs feecenter-records feecenter)" &&
+    must "host, linked with $1 and the records before the library," prints host "$program"
+}
+
 # The examples' host and its own record operations keep what a host promises, by the installed suite.
 promises() {
   PKG_CONFIG_PATH=$installed/lib/pkgconfig must "linking the conformance suite" \
@@ -99,67 +129,139 @@ promises() {
     LD_LIBRARY_PATH=$installed/lib must "the examples' host" "$place/promises"
 }
 
-# As a part of another build, whose tree has no other folder of the project, and which finds nothing but Boost.
+# As a part of another build, whose tree has no other folder of the project, which finds nothing but Boost, makes errors of all
+# warnings, and has modules of its own with the project's names.
+tree=$place/embedding
+mkdir -p "$tree/modules"
+cp -r "$source"/{CMakeLists.txt,cmake,examples,feecenter,host,include} "$tree"
+for module in "$source"/cmake/*.cmake; do
+  echo 'message(FATAL_ERROR "the module of another project is taken")' >"$tree/modules/${module##*/}"
+done
+# embedded COMPILER [OPTIONS...]
 embedded() {
-  local tree=$place/embedding none=() package
-  mkdir "$tree"
-  cp -r "$source"/{CMakeLists.txt,cmake,examples,feecenter,host,include} "$tree"
+  local examples=$tree/examples options=(-DCMAKE_MODULE_PATH="$tree/modules") package
   for package in CLI11 PkgConfig fmt; do
-    none+=("-DCMAKE_DISABLE_FIND_PACKAGE_$package=ON")
+    options+=("-DCMAKE_DISABLE_FIND_PACKAGE_$package=ON")
   done
-  examples=$tree/examples
-  with_cmake embedded "$1" -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 "${none[@]}"
+  options+=(-DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
+    "-DCMAKE_CXX_FLAGS=-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Werror")
+  with_cmake embedded "$1" "${options[@]}" "${@:2}"
+}
+embedded_in_one_file() {
+  embedded "$1" -DLINKED=feecenter::objects || return
+  ! readelf -d "$place/embedded-$1-cmake/embedded" | grep libfeecenter || { echo "the program needs the library" && return 1; }
 }
 
-# finding WHAT EXPECTED ARGUMENTS [OPTIONS...]: find_package(feecenter ARGUMENTS) says so of what it finds, or why it does not.
-mkdir "$place/finding"
-cat >"$place/finding/CMakeLists.txt" <<'PROJECT'
-cmake_minimum_required(VERSION 3.25)
-project(finding LANGUAGES CXX)
-find_package(feecenter CONFIG QUIET ${arguments})
-message(STATUS "found ${feecenter_FOUND}, records ${feecenter_records_FOUND}, cost ${feecenter_cost_FOUND}: ${feecenter_NOT_FOUND_MESSAGE}")
+# Folders that are given in full are where they are said to be, wherever the rest goes.
+full=$place/full
+in_full() {
+  embedded "$1" -DFEECENTER_INSTALL=ON -DCMAKE_INSTALL_PREFIX="$full/rest" -DCMAKE_INSTALL_LIBDIR="$full/lib" \
+    -DCMAKE_INSTALL_INCLUDEDIR="$full/include" &&
+    must "installing into full folders" "$cmake" --install "$place/embedded-$1-cmake" || return
+  local said expected="-I$full/include/feecenter -L$full/lib -lfeecenter "
+  said=$(PKG_CONFIG_PATH=$full/lib/pkgconfig pkg-config --cflags --libs feecenter)
+  [[ $said == "$expected" ]] || { echo "pkg-config says \"$said\" of full folders, and not \"$expected\"" && return 1; }
+  must "finding what is in full folders" "$cmake" -S "$examples/host-own-records" -B "$place/full-cmake" -G Ninja \
+    -DCMAKE_CXX_COMPILER="$1" -Dfeecenter_DIR="$full/lib/cmake/feecenter"
+}
+
+# finding EXPECTED ARGUMENTS [NOT_FOUND]: find_package(feecenter ARGUMENTS) says so of what it finds, or why it does not, where
+# the package NOT_FOUND is not there. Each is a folder of one project.
+finding() {
+  local folder=$place/finding/${#expected[@]}
+  expected+=("$1")
+  mkdir -p "$folder"
+  cat >"$folder/CMakeLists.txt" <<PROJECT
+${3:+set(CMAKE_DISABLE_FIND_PACKAGE_$3 ON)}
+find_package(feecenter CONFIG QUIET $2)
+message("[$2] found \${feecenter_FOUND}, records \${feecenter_records_FOUND}, cost \${feecenter_cost_FOUND}: \${feecenter_NOT_FOUND_MESSAGE}")
 if(feecenter_FOUND AND NOT TARGET feecenter::feecenter)
-  message(FATAL_ERROR "there is no feecenter::feecenter")
+  message("there is no feecenter::feecenter")
 endif()
 PROJECT
-finding() {
-  local what=$1 expected=$2 arguments=$3 said
-  shift 3
-  rm -rf "$place/found"
-  said=$("$cmake" -S "$place/finding" -B "$place/found" -G Ninja -DCMAKE_PREFIX_PATH="$installed" "-Darguments=$arguments" "$@" 2>&1) &&
-    [[ $said == *"$expected"* ]] || fail "$what: find_package does not say \"$expected\": $said"
+  echo "add_subdirectory(${folder##*/})" >>"$place/finding/CMakeLists.txt"
 }
-
-# all_with COMPILER: its status is how many failed.
-all_with() {
-  local compiler=$1 example bad=0
-  for example in host host-own-records desktop-loop; do
-    with_cmake "$example" "$compiler" || bad=$((bad + 1))
-    without_cmake "$example" "$compiler" || bad=$((bad + 1))
+finds() {
+  local expected=() said text bad=0
+  mkdir "$place/finding"
+  printf '%s\n' "cmake_minimum_required(VERSION 3.25)" "project(finding LANGUAGES CXX)" >"$place/finding/CMakeLists.txt"
+  finding "[COMPONENTS cost] found 1, records TRUE, cost TRUE: " "COMPONENTS cost"
+  finding "[COMPONENTS library] found 1, records , cost : " "COMPONENTS library"
+  finding "[OPTIONAL_COMPONENTS records cost] found 1, records FALSE, cost FALSE: " "OPTIONAL_COMPONENTS records cost" PkgConfig
+  finding "[COMPONENTS records OPTIONAL_COMPONENTS cost] found 0, records FALSE, cost : feecenter's component records needs " \
+    "COMPONENTS records OPTIONAL_COMPONENTS cost" PkgConfig
+  finding "feecenter's component cost needs its component records: " "COMPONENTS cost" PkgConfig
+  finding "[COMPONENTS records OPTIONAL_COMPONENTS tax] found 1, records TRUE, " "COMPONENTS records OPTIONAL_COMPONENTS tax"
+  finding 'no component "tax"; it has: library, records, cost, standalone, conformance' "COMPONENTS tax"
+  finding "and fits no other version" "" Boost
+  said=$("$cmake" -S "$place/finding" -B "$place/found" -G Ninja -DCMAKE_PREFIX_PATH="$installed" 2>&1)
+  for text in "${expected[@]}"; do
+    [[ $said == *"$text"* ]] || { echo "find_package does not say \"$text\"" && bad=$((bad + 1)); }
   done
-  return "$bad"
+  [[ $said != *"there is no feecenter::feecenter"* ]] || bad=$((bad + 1))
+  ((bad == 0)) || { echo "$said" && return 1; }
 }
-all_with g++ &
-lanes=($!)
-all_with clang++ &
-lanes+=($!)
-for lane in "${lanes[@]}"; do
-  wait "$lane" || wrong=$((wrong + $?))
-done
-no_modules=-DCMAKE_DISABLE_FIND_PACKAGE_PkgConfig=ON
-finding "all that is asked for" "found 1, records TRUE, cost TRUE" "COMPONENTS;cost"
-finding "optional components without their modules" "found 1, records FALSE, cost FALSE" "OPTIONAL_COMPONENTS;records;cost" "$no_modules"
-finding "a component below, which an optional one needs" "found 0, records FALSE" "COMPONENTS;records;OPTIONAL_COMPONENTS;cost" "$no_modules"
-finding "required components without their modules" "component cost needs its component records: " "COMPONENTS;cost" "$no_modules"
-finding "an optional component that nobody knows" "found 1, records TRUE" "COMPONENTS;records;OPTIONAL_COMPONENTS;tax"
-finding "a component that nobody knows" 'no component "tax"' "COMPONENTS;tax"
-finding "without Boost" "and fits no other version" "" -DCMAKE_DISABLE_FIND_PACKAGE_Boost=ON
-promises clang++ || wrong=$((wrong + 1))
-embedded g++ || wrong=$((wrong + 1))
 
-# Back where it was installed, it is removed: no file stays, and no folder of the project's own.
+# count COMMAND...: what fails is counted.
+count() {
+  "$@" || wrong=$((wrong + 1))
+}
+# lane COMPILER: what is tried with both; it ends with the number of what failed.
+lane() {
+  local example options
+  for example in host host-own-records desktop-loop; do
+    options=()
+    # One source is compiled faster than two.
+    [[ $example != host-own-records ]] || options=(-DCMAKE_UNITY_BUILD=ON)
+    count with_cmake "$example" "$1" "${options[@]}"
+    count without_cmake "$example" "$1"
+  done
+  count other_order "$1"
+  count embedded "$1"
+  count embedded_in_one_file "$1"
+}
+# Each lane counts for itself.
+# shellcheck disable=SC2030,SC2031
+{
+  (
+    wrong=0
+    lane g++
+    count in_full g++
+    exit "$wrong"
+  ) &
+  lanes=($!)
+  (
+    wrong=0
+    lane clang++
+    count promises clang++
+    count finds
+    exit "$wrong"
+  ) &
+  lanes+=($!)
+  for one in "${lanes[@]}"; do
+    wait "$one" || wrong=$((wrong + $?))
+  done
+}
+
+# uninstall: its status, and what it says.
+mkdir "$place/manifests"
+mv "$build/install_manifest.txt" "$place/manifests"
+uninstall() {
+  said=$("$cmake" -DBUILD="$place/manifests" -P "$source/cmake/uninstall.cmake" 2>&1)
+}
+# Where it was installed there is nothing any more.
+uninstall && fail "removing what was moved away claims success: $said"
+[[ $said == *"No file of"*"was there"* ]] || fail "removing what was moved away does not say that nothing was there: $said"
+# A folder of this name is written down as two.
+cp "$place/manifests/install_manifest.txt" "$place/whole"
+printf '%s\n' "$place/one" "two/lib/libfeecenter.so" >>"$place/manifests/install_manifest.txt"
 mv "$installed" "$place/first"
-must "removing" "$cmake" -DBUILD="$build" -P "$source/cmake/uninstall.cmake" || wrong=$((wrong + 1))
+uninstall && fail "removing by a manifest that is not whole claims success: $said"
+[[ -e $place/first/bin/feedesk ]] || fail "removing by a manifest that is not whole removes files"
+cp "$place/whole" "$place/manifests/install_manifest.txt"
+# Back where it was installed, it is removed: no file stays, and no folder of the project's own.
+uninstall || fail "removing fails: $said"
+[[ $said == *"files below $place/first"* ]] || fail "removing does not say what it removed: $said"
 left=$(find "$place/first" ! -type d -o -path '*feecenter*')
 [[ -z $left ]] || fail "these were left: $left"
 
