@@ -17,12 +17,13 @@ constexpr std::size_t kMostSentences = 100;
 constexpr std::size_t kMostLinesOfSentence = 12;
 constexpr std::size_t kMostAlternatives = 3;
 
-std::string sentencesOf(const Explanations& explanations, const char* between) {
+std::vector<std::string> sentencesOf(const Explanations& explanations) {
     std::vector<std::string> sentences;
+    sentences.reserve(explanations.size());
     for (const Explanation& each : explanations) {
         sentences.push_back(each.sentence);
     }
-    return fmt::format("{}", fmt::join(sentences, between));
+    return sentences;
 }
 
 std::string lineText(const SolvedRate& solved) {
@@ -30,21 +31,26 @@ std::string lineText(const SolvedRate& solved) {
     return lines + (solved.instrument.empty() ? "" : " of " + solved.instrument);
 }
 
+/// "from 2024-03-04 on" or "from 2024-03-04 until 2024-03-07".
+std::string daysOf(const SolvedRate& solved) { return cost::DateRange{solved.from, solved.until}.text(); }
+
 /// Which other trades the rate fits.
-std::string reachOf(const SolvedRate& solved, const OrderRow& row) {
+std::string reachOf(const SolvedRate& solved, const OrderRow& row, std::size_t trades) {
+    const char* const which = trades == 1 ? "this trade" : "each of these trades";
     if (!solved.from && solved.against) {
         const cost::Date date = solved.against->date;
-        return fmt::format("fits this trade, and not line {} of {}", row.statement.lines[solved.against->line].line,
+        return fmt::format("fits {}, and not line {} of {}", which, row.statement.lines[solved.against->line].line,
                            date == row.reconciled.order.date() ? "the same day" : date.text());
     }
     if (!solved.from) {
-        return "fits this trade, and no rate fits it and all those after it";
+        const char* const them = trades == 1 ? "it" : "them";
+        return fmt::format("fits {}, and no rate fits {} and all those after {}", which, them, them);
     }
     return solved.otherLines == 0
-               ? fmt::format("fits {} from {} on", lineText(solved), solved.from->text())
-               : fmt::format("fits {} of {} lines{} from {} on (the others differ in other ways)", solved.lines,
+               ? fmt::format("fits {} {}", lineText(solved), daysOf(solved))
+               : fmt::format("fits {} of {} lines{} {} (the others differ in other ways)", solved.lines,
                              solved.lines + solved.otherLines,
-                             solved.instrument.empty() ? "" : " of " + solved.instrument, solved.from->text());
+                             solved.instrument.empty() ? "" : " of " + solved.instrument, daysOf(solved));
 }
 
 /// "0.00025, custom/stock.csv:18", and the lines of one rate together.
@@ -60,13 +66,15 @@ std::string folderText(const std::vector<RateSource>& sources) {
     return text;
 }
 
-std::string rateSentence(const SolvedRate& solved, const OrderRow& row) {
+std::string rateSentence(const SolvedRate& solved, const OrderRow& row, std::size_t trades = 1) {
     const std::string which = solved.range.low == solved.range.high || solved.rate.text() == solved.range.text()
                                   ? ""
                                   : fmt::format(" (any {})", solved.range.text());
-    const std::string known = solved.knownFrom.empty() ? "" : fmt::format(", as by {},", solved.knownFrom);
+    const std::string known = !solved.knownFrom.empty() ? fmt::format(", as by {},", solved.knownFrom)
+                              : solved.isUnlikely()     ? ", which nobody is known to have,"
+                                                        : "";
     return fmt::format("the {} {}{}{} {}; the folder has {}", solved.sought.charge, solved.rate.text(), which, known,
-                       reachOf(solved, row), folderText(solved.sources));
+                       reachOf(solved, row, trades), folderText(solved.sources));
 }
 
 }  // namespace
@@ -79,16 +87,16 @@ std::vector<std::string> lineNumbers(const ReconciledOrder& reconciled, const St
     return numbers;
 }
 
-std::string explanationOf(const OrderRow& row) {
+std::string explanationOf(const OrderRow& row, std::size_t trades) {
     const ReconciledOrder& reconciled = row.reconciled;
     if (reconciled.outcome == Outcome::kNotCharged) {
         return reconciled.whyNotCharged;
     }
     if (reconciled.solved) {
-        return rateSentence(*reconciled.solved, row);
+        return rateSentence(*reconciled.solved, row, trades);
     }
     if (!reconciled.causes.empty()) {
-        return sentencesOf(reconciled.causes, ", or ");
+        return fmt::format("{}", fmt::join(sentencesOf(reconciled.causes), ", or "));
     }
     return "nothing that is known explains it" + (reconciled.remark.empty() ? "" : "; " + reconciled.remark);
 }
@@ -106,7 +114,7 @@ Explanations alternativesOf(const OrderRow& row) {
     return alternatives;
 }
 
-std::string alternativeSentences(const OrderRow& row) { return sentencesOf(alternativesOf(row), "; "); }
+std::vector<std::string> alternativeSentences(const OrderRow& row) { return sentencesOf(alternativesOf(row)); }
 
 namespace {
 
@@ -126,7 +134,7 @@ struct Alternative {
 
 /// Trades of one explanation, which share one sentence.
 struct SentenceGroup {
-    std::string sentence;
+    OrderRow first;
     std::string kind;  ///< of the cause, for those that are only counted
     std::size_t trades = 0;
     std::vector<std::string> lines;
@@ -147,7 +155,8 @@ struct SentenceGroup {
     }
 
     [[nodiscard]] std::string text() const {
-        std::string text = fmt::format("{} {}: {}", nounFor(lines), statementLines(lines), sentence);
+        std::string text =
+            fmt::format("{} {}: {}", nounFor(lines), statementLines(lines), explanationOf(first, trades));
         for (std::size_t i = 0; i < std::min(alternatives.size(), kMostAlternatives); ++i) {
             const Alternative& each = alternatives[i];
             text += each.lines.size() == lines.size()
@@ -171,9 +180,10 @@ public:
         const auto place = places.emplace(sentence, groups.size());
         if (place.second) {
             const bool hasAnswer = order.outcome == Outcome::kDiffers;
-            groups.push_back({sentence, hasAnswer ? std::string(cost::wordFor(order.cause)) : "no answer", 0, {}, {}});
+            groups.push_back({row, hasAnswer ? std::string(cost::wordFor(order.cause)) : "no answer", 0, {}, {}});
         }
-        groups[place.first->second].add(lineNumbers(order, statement), alternativeSentences(row));
+        groups[place.first->second].add(lineNumbers(order, statement),
+                                        fmt::format("{}", fmt::join(alternativeSentences(row), "; ")));
     }
 
     /// The first of them, and how many trades the others are, by the kinds of their causes.

@@ -118,6 +118,7 @@ ExitStatus check(Program& program, const CheckArguments& arguments) {
 void addNames(CLI::App& command, Program& program, const char* option, std::vector<std::string>& names,
               const char* description) {
     program.choices[command.add_option(option, names, description)
+                        ->delimiter(',')
                         ->check(CLI::Validator(checkProblem, ""))
                         ->type_name("NAME...")
                         ->option_text("NAME...")] = {checkNames()};

@@ -147,7 +147,7 @@ FieldsOf<OrderRow> orderFields() {
              return textOrNothing(row.reconciled.outcome == Outcome::kAgrees ? "" : explanationOf(row));
          }},
         {forPrograms("also_fits"), [](const OrderRow& row) { return causesIn(alternativesOf(row)); }},
-        {forPrograms("alternatives"), [](const OrderRow& row) { return textOrNothing(alternativeSentences(row)); }},
+        {forPrograms("alternatives"), [](const OrderRow& row) { return Sentences{alternativeSentences(row)}; }},
         {forPrograms("charge"), ofSolved([](const SolvedRate& solved) { return solved.sought.charge; })},
         {forPrograms("rate"), ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.rate, solved); })},
         {forPrograms("rate_low"),
@@ -155,6 +155,7 @@ FieldsOf<OrderRow> orderFields() {
         {forPrograms("rate_high"),
          ofSolved([](const SolvedRate& solved) { return solvedNumber(solved.range.high, solved); })},
         {forPrograms("rate_from"), ofSolved([](const SolvedRate& solved) { return dayOrNothing(solved.from); })},
+        {forPrograms("rate_until"), ofSolved([](const SolvedRate& solved) { return dayOrNothing(solved.until); })},
         {forPrograms("folder_rate"), ofSource([](const RateSource& source, const SolvedRate& solved) {
              return Value(solvedNumber(source.rate, solved));
          })},

@@ -15,10 +15,12 @@ enum class Cause {
     kOtherDate,        ///< charged by the schedule of another date
     kMinimumPer,       ///< the minimum of each fill, or of the order
     kRoundingPerFill,  ///< each fill was rounded
+    kFillByFill,       ///< each fill was charged as an order of its own
     kRoundingMode,
     kOtherLevel,  ///< rates of an input that another one overrides
     kLeftOut,
     kChargedTwice,
+    kAllIn,  ///< a commission that contains what the folder charges on top of it
     kOtherAccount,
     kOtherSide,
     kOtherCategory,  ///< charged as instruments of another kind are
@@ -31,18 +33,33 @@ enum class Cause {
 }  // namespace feedesk
 
 template <>
-inline constexpr std::array<std::string_view, 14> cost::kWords<feedesk::Cause> = {
-    "other_date",    "minimum_per",   "rounding_per_fill", "rounding_mode", "other_level",
-    "left_out",      "charged_twice", "other_account",     "other_side",    "other_category",
+inline constexpr std::array<std::string_view, 16> cost::kWords<feedesk::Cause> = {
+    "other_date",    "minimum_per",   "rounding_per_fill", "fill_by_fill",
+    "rounding_mode", "other_level",   "left_out",          "charged_twice",
+    "all_in",        "other_account", "other_side",        "other_category",
     "other_minimum", "other_maximum", "other_rate",        "not_explained"};
 
 namespace feedesk {
+
+/// Another value in a column of a charging term.
+struct TermCell {
+    std::string where;  ///< "charges.csv:4"
+    std::string column;
+    std::string value;  ///< empty: none
+
+    friend bool operator==(const TermCell& one, const TermCell& other) {
+        return one.where == other.where && one.column == other.column && one.value == other.value;
+    }
+};
+
+using TermCells = std::vector<TermCell>;
 
 /// A single change with which the folder says what the statement says.
 struct Explanation {
     Cause cause = Cause::kNotExplained;
     std::string key;       ///< the same for the same change on another order
     std::string sentence;  ///< "the schedule of 2022-04-29 until 2023-08-27"
+    TermCells cells{};     ///< where the change is one of terms: what would make the folder say it
 };
 
 using Explanations = std::vector<Explanation>;

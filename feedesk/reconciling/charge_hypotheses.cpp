@@ -9,8 +9,6 @@ namespace {
 
 using cost::Side;
 
-std::string nameOf(const Part& part) { return fmt::format("the {} ({})", part.charge, part.term->where); }
-
 /// The side that is mistaken for this one; the same where none is.
 Side opposite(Side side) {
     switch (side) {
@@ -45,7 +43,7 @@ void tryAllInsideTwice(Trial& trial, const Part& around) {
     for (const Part& part : trial.parts()) {
         if (part.inside == around.charge) {
             addOnTop(*changed, part);
-            names.push_back(nameOf(part));
+            names.push_back(namedPart(part));
         }
     }
     if (names.size() > 1) {
@@ -74,7 +72,7 @@ void tryLeftOut(Trial& trial) {
             return (each.charge == part.charge && each.item == part.item) || each.inside == part.charge;
         };
         changed->parts.erase(std::remove_if(changed->parts.begin(), changed->parts.end(), goes), changed->parts.end());
-        trial.note(Cause::kLeftOut, part.charge, nameOf(part) + " left out", changed);
+        trial.note(Cause::kLeftOut, part.charge, namedPart(part) + " left out", changed);
     }
     if (trial.parts().size() > 1) {
         std::optional<Amounts> none = trial.copy();
@@ -86,14 +84,15 @@ void tryLeftOut(Trial& trial) {
 void tryChargedTwice(Trial& trial) {
     for (const Part& part : trial.parts()) {
         if (part.isPaid()) {
-            trial.note(Cause::kChargedTwice, part.charge, nameOf(part) + " charged twice",
+            trial.note(Cause::kChargedTwice, part.charge, namedPart(part) + " charged twice",
                        trial.withAmount(part, part.amount + part.amount));
             continue;
         }
         std::optional<Amounts> changed = trial.copy();
         addOnTop(*changed, part);
         trial.note(Cause::kChargedTwice, part.charge,
-                   fmt::format("{} charged twice, inside the {} and on top of it", nameOf(part), part.inside), changed);
+                   fmt::format("{} charged twice, inside the {} and on top of it", namedPart(part), part.inside),
+                   changed);
     }
     for (const Part& part : trial.parts()) {
         tryAllInsideTwice(trial, part);

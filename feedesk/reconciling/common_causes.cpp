@@ -35,7 +35,9 @@ bool isOfTerm(const Explanation& each) {
     switch (each.cause) {
         case Cause::kMinimumPer:
         case Cause::kRoundingPerFill:
+        case Cause::kFillByFill:
         case Cause::kRoundingMode:
+        case Cause::kAllIn:
         case Cause::kOtherMinimum:
         case Cause::kOtherMaximum:
             return true;
@@ -72,17 +74,24 @@ std::optional<Explanation> commonOf(const OrdersByDay& orders, const LeftOut& le
     return std::nullopt;
 }
 
-/// Makes the cause the order's, with every change of it that fits; what fits besides stays in alsoFit.
-void choose(ReconciledOrder& charged, const Explanation& chosen) {
-    const auto others = std::stable_partition(charged.alsoFit.begin(), charged.alsoFit.end(),
-                                              [&](const Explanation& each) { return isSame(each, chosen); });
+/// Makes the cause the order's, with every change of it that belongs to it; what fits besides stays in alsoFit.
+template <class Belongs>
+void choose(ReconciledOrder& charged, const Explanation& chosen, const Belongs& belongs) {
+    const auto move = [&](const auto& isMoved) {
+        const auto others = std::stable_partition(charged.alsoFit.begin(), charged.alsoFit.end(),
+                                                  [&](const Explanation& each) { return !isMoved(each); });
+        std::move(others, charged.alsoFit.end(), std::back_inserter(charged.causes));
+        charged.alsoFit.erase(others, charged.alsoFit.end());
+    };
     charged.cause = chosen.cause;
-    charged.causes.assign(charged.alsoFit.begin(), others);
-    charged.alsoFit.erase(charged.alsoFit.begin(), others);
-    const auto sameCause = [&](const Explanation& each) { return each.cause == charged.cause; };
-    std::copy_if(charged.alsoFit.begin(), charged.alsoFit.end(), std::back_inserter(charged.causes), sameCause);
-    charged.alsoFit.erase(std::remove_if(charged.alsoFit.begin(), charged.alsoFit.end(), sameCause),
-                          charged.alsoFit.end());
+    charged.causes.clear();
+    move([&](const Explanation& each) { return isSame(each, chosen); });
+    move([&](const Explanation& each) { return each.cause == chosen.cause && belongs(each); });
+}
+
+void addMissing(TermCells& cells, const TermCells& more) {
+    std::copy_if(more.begin(), more.end(), std::back_inserter(cells),
+                 [&](const TermCell& each) { return std::find(cells.begin(), cells.end(), each) == cells.end(); });
 }
 
 bool isNone(const Explanation& /*each*/) { return false; }
@@ -129,15 +138,59 @@ std::vector<CommonCause> commonCausesOf(const OrdersByDay& orders) {
 
 bool haveCauseInCommon(const OrdersByDay& orders) { return commonOf(orders, isNone).has_value(); }
 
+/// Of several changes of the cause those are named that explain all orders; one that explains some of them fits
+/// besides.
 void take(const CommonCause& common) {
+    Explanations ofAll;
+    const Explanations& first = common.orders.front()->alsoFit;
+    std::copy_if(first.begin(), first.end(), std::back_inserter(ofAll), [&](const Explanation& each) {
+        return std::all_of(common.orders.begin(), common.orders.end(),
+                           [&](const ReconciledOrder* order) { return has(order->alsoFit, each); });
+    });
     for (ReconciledOrder* each : common.orders) {
-        choose(*each, common.cause);
+        choose(*each, common.cause, [&](const Explanation& one) { return has(ofAll, one); });
     }
+}
+
+void takeCauseOfAll(const OrdersByDay& orders) {
+    const OrdersByDay open = openOf(orders);
+    const std::optional<Explanation> common = open.size() > 1 ? commonOf(open, isNone) : std::nullopt;
+    if (common) {
+        take({open, *common});
+    }
+}
+
+SharedTermsList sharedTermsOf(const OrdersByDay& orders) {
+    std::vector<OrdersByDay> groups;
+    for (ReconciledOrder* each : orders) {
+        if (each->causes.empty() || each->causes.front().cells.empty()) {
+            continue;
+        }
+        const auto group = std::find_if(groups.begin(), groups.end(), [&](const OrdersByDay& one) {
+            return isSame(one.front()->causes.front(), each->causes.front());
+        });
+        (group == groups.end() ? groups.emplace_back() : *group).push_back(each);
+    }
+    SharedTermsList all;
+    for (const OrdersByDay& group : groups) {
+        if (group.size() < 2) {
+            continue;
+        }
+        SharedTerms shared{group.front()->causes.front(), {group.front()->order.date(), group.back()->order.date()}};
+        for (const ReconciledOrder* each : group) {
+            addMissing(shared.explanation.cells, each->causes.front().cells);
+        }
+        all.push_back(std::make_shared<const SharedTerms>(std::move(shared)));
+        for (ReconciledOrder* each : group) {
+            each->terms = all.back();
+        }
+    }
+    return all;
 }
 
 void takeFirstCause(ReconciledOrder& charged) {
     const Explanation first = charged.alsoFit.front();
-    choose(charged, first);
+    choose(charged, first, [](const Explanation& /*each*/) { return true; });
 }
 
 }  // namespace feedesk

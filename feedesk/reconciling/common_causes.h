@@ -17,6 +17,9 @@ struct CommonCause {
 /// them all. Orders that have none in common, or differ alone, stay as they are.
 void takeCausesOfTerms(const OrdersByDay& orders);
 
+/// Gives all differing orders the first change that explains every one of them, where there is one.
+void takeCauseOfAll(const OrdersByDay& orders);
+
 /// Of the differing orders that the same lines of the folder charge, two or more, the first cause that explains them
 /// all, where there is one.
 std::vector<CommonCause> commonCausesOf(const OrdersByDay& orders);
@@ -26,6 +29,9 @@ bool haveCauseInCommon(const OrdersByDay& orders);
 
 /// Gives the orders the cause.
 void take(const CommonCause& common);
+
+/// The changes of charging terms that are the first cause of two orders or more; each of these gets its own.
+SharedTermsList sharedTermsOf(const OrdersByDay& orders);
 
 /// Gives the order the first cause that explains it.
 void takeFirstCause(ReconciledOrder& charged);

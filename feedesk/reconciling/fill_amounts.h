@@ -19,8 +19,8 @@ Span withEachFillRounded(const Part& part, std::size_t fills);
 /// Whether the charge is of the whole order now, so that its fills may be charged instead.
 bool isOfOrder(const Part& part);
 
-/// The order with each fill charged by itself, minimum and rounding; a range where the fills are not known one by one.
-/// Nothing for an order of one fill.
+/// The order with each fill charged as an order of its own, minimum and rounding; a range where the fills are not known
+/// one by one. Nothing for an order of one fill.
 std::optional<Amounts> chargedFillByFill(const Disputed& disputed);
 
 }  // namespace feedesk

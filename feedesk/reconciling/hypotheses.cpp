@@ -11,10 +11,12 @@ Explanations explanationsOf(const Disputed& disputed, const Layout& layout, Othe
     trial.noteEach(Cause::kOtherDate, others.ofOtherDates(disputed));
     tryMinimumPer(trial);
     tryRoundingPerFill(trial);
+    tryFillByFill(trial);
     tryRoundingModes(trial);
     trial.noteEach(Cause::kOtherLevel, others.ofOtherLevels(disputed));
     tryLeftOut(trial);
     tryChargedTwice(trial);
+    tryAllIn(trial);
     trial.noteEach(Cause::kOtherAccount, others.ofOtherAccounts(disputed));
     tryOtherSide(trial);
     trial.noteEach(Cause::kOtherCategory, others.ofOtherCategories(disputed));
@@ -22,10 +24,13 @@ Explanations explanationsOf(const Disputed& disputed, const Layout& layout, Othe
     return std::move(trial.found);
 }
 
-void addRanges(const Disputed& disputed, const Layout& layout, Explanations& explanations) {
+void addGuesses(const Disputed& disputed, const Layout& layout, Explanations& explanations) {
     Trial trial(disputed, layout);
     trial.found = std::move(explanations);
     tryMinimumPerAsRange(trial);
+    if (trial.found.empty()) {
+        tryUsualMinimum(trial);
+    }
     explanations = std::move(trial.found);
 }
 

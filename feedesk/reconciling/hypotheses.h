@@ -43,9 +43,9 @@ public:
 /// solved for is not among them, nor what other orders show, nor a range.
 Explanations explanationsOf(const Disputed& disputed, const Layout& layout, OtherTariffs& others);
 
-/// Adds the changes that leave a range, which goes behind all others because it explains almost anything between its
-/// ends.
-void addRanges(const Disputed& disputed, const Layout& layout, Explanations& explanations);
+/// Adds what goes behind all others: the changes that leave a range, because it explains almost anything between its
+/// ends, and where nothing does another minimum of this order alone.
+void addGuesses(const Disputed& disputed, const Layout& layout, Explanations& explanations);
 
 }  // namespace feedesk
 

@@ -5,9 +5,10 @@
 
 namespace feedesk {
 
-/// Of the rates that fit the order names one that the folder has for this charge already, where there is one: of other
-/// days first, then of other levels, categories and accounts; of several the one with the fewest decimals.
-void preferKnown(SolvedRate& solved, const ReconciledOrder& charged, OtherTariffs& others);
+/// Of the rates that fit the order names one that is known for this charge already, where there is one: that of
+/// other days in the folder first, then one `found` on other lines of the statement, then those of other levels,
+/// categories and accounts; of several the one with the fewest decimals.
+void preferKnown(SolvedRate& solved, const ReconciledOrder& charged, OtherTariffs& others, const SolvedRates& found);
 
 }  // namespace feedesk
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "feedesk/reconciling/fill_amounts.h"
+#include "feedesk/reconciling/other_limit.h"
 #include "feedesk/reconciling/trial.h"
 
 namespace feedesk {
@@ -45,7 +46,8 @@ void tryPart(Trial& trial, const Part& part, bool wide) {
         trial.note(Cause::kMinimumPer, key, sentence, trial.withTermsChanged([&](cost::Term& each) {
             const bool isMeant = each.where == term.where && each.charge == term.charge;
             each.per = isMeant ? (toFill ? Per::kFill : Per::kOrder) : each.per;
-        }));
+        }),
+                   {{term.where, "per", what}});
     } else if (toFill && fills > 1) {
         const Span amount = withMinimumOfEachFill(part, fills);
         if (amount.isExact() != wide) {
@@ -77,7 +79,24 @@ void tryNoMinimum(Trial& trial) {
                        if (each.where == term.where && each.charge == term.charge) {
                            each.minimum.reset();
                        }
-                   }));
+                   }),
+                   {{term.where, "minimum", ""}});
+    }
+}
+
+/// Nothing but another minimum makes an order that the folder's minimum binds cost less.
+void tryUsualMinimum(Trial& trial) {
+    for (const Part& part : trial.parts()) {
+        const cost::Term& term = *part.term;
+        const bool isOne = term.per != Per::kFill || !trial.knowsFills();
+        if (!term.minimum || !isOne || !part.isPaid() || part.exact > *term.minimum) {
+            continue;
+        }
+        const OtherLimit other{Limit::kLeast,
+                               part.amount.low + trial.statedCosts() - trial.asked().charged.costs().low};
+        if (other.amount < *term.minimum && isUsual(other)) {
+            noteLimit(trial, other, term);
+        }
     }
 }
 

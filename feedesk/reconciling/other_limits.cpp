@@ -1,58 +1,21 @@
 #include "feedesk/reconciling/other_limits.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <optional>
 #include <set>
-#include <string>
-#include <tuple>
 #include <utility>
 
+#include "feedesk/reconciling/other_limit.h"
 #include "feedesk/reconciling/said_amounts.h"
-#include "feedesk/reconciling/trial.h"
 
 namespace feedesk {
 namespace {
 
 using cost::Decimal;
 
-enum class Limit {
-    kLeast,
-    kMost,
-    kBoth  ///< every order costs the same
-};
-
-struct OtherLimit {
-    Limit limit = Limit::kLeast;
-    Decimal amount;
-
-    friend bool operator<(const OtherLimit& one, const OtherLimit& other) {
-        return std::tie(one.limit, one.amount) < std::tie(other.limit, other.amount);
-    }
-};
-
 using Claims = std::vector<const Said*>;
 
 Decimal roundingStepOf(const cost::Term& term) { return term.rounding ? term.rounding->step : Decimal(); }
-
-cost::Term withLimit(const cost::Term& term, const OtherLimit& other) {
-    cost::Term changed = term;
-    if (other.limit != Limit::kMost) {
-        changed.minimum = other.amount;
-    }
-    if (other.limit != Limit::kLeast) {
-        changed.maximum = other.amount;
-    }
-    return changed;
-}
-
-/// As the charge is worked out: within its limits, then rounded.
-Decimal amountOf(const cost::Term& term, Decimal amount) {
-    amount = term.minimum ? std::max(amount, *term.minimum) : amount;
-    amount = term.maximum ? std::min(amount, *term.maximum) : amount;
-    return term.rounding ? term.rounding->rounded(amount) : amount;
-}
 
 bool isBoundByMinimum(const Said& said, const cost::Term& term) { return term.minimum && said.exact <= *term.minimum; }
 
@@ -73,19 +36,6 @@ std::optional<OtherLimit> limitOf(const Said& said, const cost::Term& term) {
         return OtherLimit{Limit::kMost, said.stated};
     }
     return std::nullopt;
-}
-
-/// An amount that brokers and exchanges have for a limit. A low maximum of one order is more likely another rate.
-bool isUsual(const OtherLimit& other) {
-    static const std::vector<Decimal> leasts = [] {
-        std::vector<Decimal> amounts;
-        for (const char* text : {"0.1", "0.2", "0.5", "1", "2", "3", "5", "10", "15", "20", "30", "50", "100"}) {
-            amounts.push_back(*Decimal::parse(text));
-        }
-        return amounts;
-    }();
-    const bool isOne = std::find(leasts.begin(), leasts.end(), other.amount) != leasts.end();
-    return isOne && (other.limit == Limit::kLeast || other.amount >= Decimal(10));
 }
 
 /// Whether a rate to a hundred thousandth, as brokers have them, is as good for the order.
@@ -167,30 +117,11 @@ Claims claimsOf(const OtherLimit& other, const SaidOfTerm& all) {
     return claims;
 }
 
-std::string sentenceOf(const OtherLimit& other, const cost::Term& term) {
-    if (other.limit == Limit::kBoth) {
-        return fmt::format("a {} of {} for each {}, whatever its size{} ({})", term.charge, other.amount.text(),
-                           cost::wordFor(term.per),
-                           term.minimum ? fmt::format(", and not at least {}", term.minimum->text()) : "", term.where);
-    }
-    const bool isLeast = other.limit == Limit::kLeast;
-    const std::optional<Decimal>& own = isLeast ? term.minimum : term.maximum;
-    return fmt::format("a {} {} of {}", isLeast ? "least" : "highest", term.charge, other.amount.text()) +
-           (own ? fmt::format(" and not {} ({})", own->text(), term.where)
-                : fmt::format(", where {} has none", term.where));
-}
-
 void note(ReconciledOrder& charged, const OtherLimit& other, const cost::Term& term, const Layout& layout) {
     const Amounts amounts = amountsOf(charged.order.trades, *charged.tariff);
     Trial trial({charged.order, amounts}, layout);
     trial.found = std::move(charged.alsoFit);
-    const std::string sentence = sentenceOf(other, term);
-    trial.note(other.limit == Limit::kMost ? Cause::kOtherMaximum : Cause::kOtherMinimum, sentence, sentence,
-               trial.withTermsChanged([&](cost::Term& each) {
-                   if (each.where == term.where && each.charge == term.charge) {
-                       each = withLimit(each, other);
-                   }
-               }));
+    noteLimit(trial, other, term);
     charged.alsoFit = std::move(trial.found);
 }
 

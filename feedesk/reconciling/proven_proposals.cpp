@@ -16,11 +16,13 @@ namespace feedesk {
 namespace {
 
 using Outcome = ReconciledOrder::Outcome;
+
 /// Whether the order is one that the proposals are made for.
 bool isMeant(const ReconciledOrder& reconciled, const Proposals& proposals) {
-    return reconciled.solved && std::any_of(proposals.lines.begin(), proposals.lines.end(), [&](const Proposal& each) {
-               return each.rate == reconciled.solved && each.where == replacedBySolved(reconciled).source;
-           });
+    return std::any_of(proposals.lines.begin(), proposals.lines.end(), [&](const Proposal& each) {
+        return each.rate ? each.rate == reconciled.solved && each.where == replacedBySolved(reconciled).source
+                         : each.terms == reconciled.terms;
+    });
 }
 
 /// Works a statement out by changed folders.
@@ -78,25 +80,34 @@ std::string withheldSentence(const SolvedRate& rate, const std::string& why) {
 Proposals provenProposals(const Reconciliation& found, const Statement& statement, const std::string& account,
                           const std::string& marketFolder) {
     const Proof proof(found, statement, account, marketFolder);
-    Proposals all = proposalsFor(found.rates, marketFolder);
+    Proposals all = proposalsFor({found.rates, found.terms}, account, marketFolder);
     if (all.patch.empty() || !proof.against(all)) {
         return all;
     }
-    SolvedRates kept;
+    Wanted kept;
     std::vector<std::string> withheld;
+    const auto whyNot = [&](const Wanted& one) {
+        const Proposals proposals = proposalsFor(one, account, marketFolder);
+        return proposals.patch.empty() ? std::nullopt : proof.against(proposals);
+    };
     for (const auto& rate : found.rates) {
-        const Proposals one = proposalsFor({rate}, marketFolder);
-        const auto why = one.patch.empty() ? std::nullopt : proof.against(one);
-        if (why) {
+        if (const auto why = whyNot({{rate}, {}})) {
             withheld.push_back(withheldSentence(*rate, *why));
         } else {
-            kept.push_back(rate);
+            kept.rates.push_back(rate);
         }
     }
-    Proposals proven = proposalsFor(kept, marketFolder);
+    for (const auto& terms : found.terms) {
+        if (const auto why = whyNot({{}, {terms}})) {
+            withheld.push_back(changedByHand(*terms, *why));
+        } else {
+            kept.terms.push_back(terms);
+        }
+    }
+    Proposals proven = proposalsFor(kept, account, marketFolder);
     if (const auto why = proven.patch.empty() ? std::nullopt : proof.against(proven)) {
         proven = Proposals();
-        withheld = {"no line is proposed: each of the rates would do alone, but with all of them " + *why};
+        withheld = {"no line is proposed: each of the changes would do alone, but with all of them " + *why};
     }
     std::copy(withheld.begin(), withheld.end(), std::back_inserter(proven.withheld));
     return proven;

@@ -75,7 +75,7 @@ std::vector<SolvedRate> RateCauses::ratesOf(const ReconciledOrder& charged) {
     std::vector<SolvedRate> found;
     for (const ChargedLine* line : lines.of(charged)) {
         if (auto solved = rateOf(*line, charged, layout)) {
-            preferKnown(*solved, charged, others);
+            preferKnown(*solved, charged, others, rates);
             found.push_back(std::move(*solved));
         }
     }
@@ -87,7 +87,7 @@ std::shared_ptr<const SolvedRate> RateCauses::oneOf(const RateChanges& changes) 
     SolvedRates all;
     for (const RateChange& each : changes) {
         auto solved = std::make_shared<SolvedRate>(each.solved);
-        preferKnown(*solved, *each.explained.back(), others);
+        preferKnown(*solved, *each.explained.back(), others, rates);
         all.push_back(std::move(solved));
     }
     auto first = std::make_shared<SolvedRate>(*all.front());

@@ -16,8 +16,9 @@ constexpr std::ptrdiff_t kMostHeld = 200;
 /// Goes from the last day of a line's orders back, as long as one rate fits.
 class Sweep {
 public:
-    Sweep(const ChargedLine& chargedLine, const Layout& statementLayout, std::optional<RateRange> within)
-        : line(chargedLine), layout(statementLayout), range(std::move(within)) {}
+    Sweep(const ChargedLine& chargedLine, const Layout& statementLayout, std::optional<RateRange> within,
+          bool endsBefore)
+        : line(chargedLine), layout(statementLayout), range(std::move(within)), hasEnd(endsBefore) {}
 
     /// Takes the orders of the day before; false when no rate fits them and those of the days behind it.
     bool take(Place first, Place last) {
@@ -85,7 +86,10 @@ private:
     void note(cost::Date from) {
         found = RateChange{held(*fitting.back()).solved(*range), fitting, &line};
         found->solved.from = from;
-        found->solved.sources.front().from = from;
+        if (hasEnd) {
+            found->solved.until = fitting.front()->order.date();
+        }
+        found->solved.sources.front().days = {found->solved.from, found->solved.until};
         found->solved.instrument = line.instrument;
         found->solved.lines = fittingLines;
         found->solved.otherLines = otherLines;
@@ -94,6 +98,7 @@ private:
     const ChargedLine& line;
     const Layout& layout;
     std::optional<RateRange> range;
+    bool hasEnd;            // orders behind it are left out
     OrdersByDay fitting;    // the open ones that it explains
     OrdersByDay unchecked;  // of the days before there is a range
     std::size_t fittingLines = 0;
@@ -126,16 +131,15 @@ std::optional<OtherLine> firstAgainst(const ChargedLine& line, const ReconciledO
 }  // namespace
 
 std::optional<RateChange> lastChangeOf(const ChargedLine& line, const Layout& layout,
-                                       const std::optional<RateRange>& within) {
+                                       const std::optional<RateRange>& within, const std::optional<cost::Date>& until) {
     const OrdersByDay& orders = line.orders;
+    const auto last = until && until->next() ? firstFrom(orders, orders.end(), *until->next()) : orders.end();
     const auto firstOpen =
         std::find_if(orders.begin(), orders.end(), [](const ReconciledOrder* each) { return each->isOpen(); });
-    Sweep sweep(line, layout, within);
-    for (auto end = orders.end(); end > firstOpen;) {
+    Sweep sweep(line, layout, within, until.has_value());
+    for (auto end = last; end > firstOpen;) {
         const cost::Date day = (*std::prev(end))->order.date();
-        const auto begin = std::lower_bound(
-            orders.begin(), end, day,
-            [](const ReconciledOrder* each, const cost::Date& first) { return each->order.date() < first; });
+        const auto begin = firstFrom(orders, end, day);
         if (!sweep.take(begin, end)) {
             break;
         }

@@ -16,9 +16,11 @@ struct RateChange {
 
 /// The rate that fits the line's orders from a day on, and the earliest such day: all orders of that day and of those
 /// after it agree with it, but those that differ in other ways as well, which are counted. It fits at least one order
-/// that differs. Nothing when there is no such rate. With `within` it is one of these rates.
+/// that differs. Nothing when there is no such rate. With `within` it is one of these rates. With `until` the orders
+/// behind that day are left out, and the rate is said to hold until the last day with a difference that it fits.
 std::optional<RateChange> lastChangeOf(const ChargedLine& line, const Layout& layout,
-                                       const std::optional<RateRange>& within = {});
+                                       const std::optional<RateRange>& within = {},
+                                       const std::optional<cost::Date>& until = {});
 
 /// The rate of the line that fits this order, and the first order from its day on that has another; nothing when no
 /// rate fits it.

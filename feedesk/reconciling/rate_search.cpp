@@ -11,8 +11,8 @@
 namespace feedesk {
 namespace {
 
-/// From how many orders of one instrument on a rate of its own is concluded.
-constexpr std::size_t kFewestOfInstrument = 2;
+/// From how many orders on a rate is concluded that is of one instrument alone, or ended before the last orders.
+constexpr std::size_t kFewestOfReach = 2;
 
 using OrderSet = std::set<const ReconciledOrder*>;
 
@@ -68,21 +68,83 @@ std::vector<RateSource> sourcesOf(const RateChanges& changes) {
     return sources;
 }
 
-/// One change in place of the cluster's, where it explains all that they do; else theirs.
+std::vector<const ChargedLine*> linesOf(const RateChanges& changes) {
+    std::vector<const ChargedLine*> lines;
+    for (const RateChange& each : changes) {
+        if (std::find(lines.begin(), lines.end(), each.line) == lines.end()) {
+            lines.push_back(each.line);
+        }
+    }
+    return lines;
+}
+
+/// The last day that the changes explain, where one of them has an end.
+std::optional<cost::Date> endOf(const RateChanges& changes) {
+    const bool hasEnd =
+        std::any_of(changes.begin(), changes.end(), [](const RateChange& each) { return each.solved.until; });
+    std::optional<cost::Date> last;
+    for (const RateChange& each : changes) {
+        const cost::Date day = each.explained.front()->order.date();
+        last = hasEnd && (!last || *last < day) ? day : last;
+    }
+    return last;
+}
+
+/// One change in place of the cluster's, on the same days for all their lines, where it explains all that they do; else
+/// theirs.
 RateChanges oneOrAll(Cluster cluster, const Layout& layout) {
     if (cluster.changes.size() < 2) {
         return std::move(cluster.changes);
     }
-    std::vector<const ChargedLine*> lines;
-    std::transform(cluster.changes.begin(), cluster.changes.end(), std::back_inserter(lines),
-                   [](const RateChange& each) { return each.line; });
-    auto change = lastChangeOf(joined(lines), layout, cluster.range);
+    auto change = lastChangeOf(joined(linesOf(cluster.changes)), layout, cluster.range, endOf(cluster.changes));
     if (!change || explainedBy({*change}) != explainedBy(cluster.changes)) {
         return std::move(cluster.changes);
     }
-    change->solved.sources = sourcesOf(cluster.changes);
+    SolvedRate& solved = change->solved;
+    solved.sources = sourcesOf(cluster.changes);
+    for (RateSource& each : solved.sources) {
+        each.days = {solved.from, solved.until};
+    }
     change->line = nullptr;
     return {std::move(*change)};
+}
+
+/// The orders before the day.
+OrdersByDay before(const std::optional<cost::Date>& day, OrdersByDay orders) {
+    orders.erase(std::remove_if(orders.begin(), orders.end(),
+                                [&](const ReconciledOrder* each) { return day && !(each->order.date() < *day); }),
+                 orders.end());
+    return orders;
+}
+
+/// The rates of a line that ended before its last orders, each of which explains several of these.
+RateChanges endedChanges(const ChargedLine& line, OrdersByDay left, const Layout& layout) {
+    RateChanges ended;
+    while (left.size() >= kFewestOfReach) {
+        const cost::Date last = left.back()->order.date();
+        auto change = lastChangeOf(line, layout, {}, last);
+        const bool isFound = change && change->explained.size() >= kFewestOfReach;
+        left = before(isFound ? *change->solved.from : last, std::move(left));
+        if (isFound) {
+            ended.push_back(std::move(*change));
+        }
+    }
+    return ended;
+}
+
+/// Whether the change is for all orders of the instruments' changes that it meets, and for more than each of them.
+bool isOfMore(const RateChange& change, const RateChanges& ofInstruments) {
+    const OrderSet orders = explainedBy({change});
+    return std::all_of(ofInstruments.begin(), ofInstruments.end(), [&](const RateChange& each) {
+        return !holdsAny(orders, each.explained) ||
+               (holdsAll(orders, each.explained) && each.explained.size() < orders.size());
+    });
+}
+
+void removeExplainedBy(const OrderSet& orders, RateChanges& changes) {
+    changes.erase(std::remove_if(changes.begin(), changes.end(),
+                                 [&](const RateChange& each) { return holdsAny(orders, each.explained); }),
+                  changes.end());
 }
 
 }  // namespace
@@ -126,23 +188,28 @@ void RateSearch::search(const ChargedLine& line, Kept& kept) {
         std::remove_if(rest.begin(), rest.end(), [&](const ReconciledOrder* each) { return byLine.count(each) != 0; }),
         rest.end());
     for (ChargedLine& each : byInstrument(line, rest)) {
-        if (openOf(each.orders).size() < kFewestOfInstrument || each.orders.size() == line.orders.size()) {
+        if (openOf(each.orders).size() < kFewestOfReach || each.orders.size() == line.orders.size()) {
             continue;
         }
         kept.ofInstruments.push_back(std::move(each));
         auto change = lastChangeOf(kept.ofInstruments.back(), layout);
-        if (change && change->explained.size() >= kFewestOfInstrument && !holdsAll(byLine, change->explained)) {
+        if (change && change->explained.size() >= kFewestOfReach && !holdsAll(byLine, change->explained)) {
             kept.changes.push_back(std::move(*change));
         }
     }
-    const OrderSet ofInstruments = explainedBy(kept.changes);
-    if (ofLine.empty() || holdsAll(ofInstruments, ofLine.front().explained)) {
+    RateChanges ended =
+        endedChanges(line, before(ofLine.empty() ? std::nullopt : ofLine.front().solved.from, std::move(rest)), layout);
+    ended.erase(std::remove_if(ended.begin(), ended.end(),
+                               [&](const RateChange& each) { return !isOfMore(each, kept.changes); }),
+                ended.end());
+    removeExplainedBy(explainedBy(ended), kept.changes);
+    std::move(ended.begin(), ended.end(), std::back_inserter(kept.changes));
+    const OrderSet byOthers = explainedBy(kept.changes);
+    if (ofLine.empty() || holdsAll(byOthers, ofLine.front().explained)) {
         return;
     }
     // An order has one rate: that of the line, which is for more than it.
-    kept.changes.erase(std::remove_if(kept.changes.begin(), kept.changes.end(),
-                                      [&](const RateChange& each) { return holdsAny(byLine, each.explained); }),
-                       kept.changes.end());
+    removeExplainedBy(byLine, kept.changes);
     kept.changes.insert(kept.changes.begin(), std::move(ofLine.front()));
 }
 

@@ -18,9 +18,9 @@ public:
     /// Both must outlive it.
     RateSearch(const ChargedLines& chargedLines, const Layout& statementLayout);
 
-    /// The rates that fit differing orders without a cause: of one line of the folder; of one instrument alone, where
-    /// that explains orders which the line as a whole does not, at least two; of several lines, where one rate explains
-    /// all that the rates of each of them do.
+    /// The rates that fit differing orders without a cause: of one line of the folder, from a day on or between two
+    /// days; of one instrument alone, where that explains orders which the line as a whole does not, at least two; of
+    /// several lines, where one rate explains all that the rates of each of them do.
     const RateChanges& changes();
 
 private:

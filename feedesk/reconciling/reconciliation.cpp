@@ -34,7 +34,7 @@ void addLastHypotheses(const Layout& layout, const OrdersByDay& orders) {
     for (ReconciledOrder* each : orders) {
         if (each->isOpen()) {
             const Amounts amounts = amountsOf(each->order.trades, *each->tariff);
-            addRanges({each->order, amounts}, layout, each->alsoFit);
+            addGuesses({each->order, amounts}, layout, each->alsoFit);
         }
     }
 }
@@ -102,6 +102,7 @@ void Reconciler::findCauses(const Statement& statement, Reconciliation& result) 
     RateCauses rates(lines, layout, others);
     const RateChanges ofAll = search.changes();
     takeCausesOfTerms(orders);
+    takeCauseOfAll(orders);
     rates.takeBefore(commonCausesOf(orders), search.changes());
     for (const CommonCause& each : commonCausesOf(orders)) {
         take(each);
@@ -127,6 +128,7 @@ void Reconciler::findCauses(const Statement& statement, Reconciliation& result) 
         }
     }
     result.rates = rates.taken();
+    result.terms = sharedTermsOf(orders);
 }
 
 }  // namespace feedesk

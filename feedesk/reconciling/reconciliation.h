@@ -16,6 +16,14 @@ namespace feedesk {
 /// The figure of the money that was traded.
 constexpr const char* kAmountFigure = "amount";
 
+/// A change of charging terms that explains several orders.
+struct SharedTerms {
+    Explanation explanation;
+    cost::DateRange days;  ///< from the first of the orders to the last
+};
+
+using SharedTermsList = std::vector<std::shared_ptr<const SharedTerms>>;
+
 /// What was found of an order.
 struct ReconciledOrder {
     enum class Outcome { kAgrees, kDiffers, kNotCharged };
@@ -40,7 +48,8 @@ struct ReconciledOrder {
     Explanations alsoFit;  ///< of causes that are tried later
     std::shared_ptr<const SolvedRate> solved;
     SolvedRates ratesToo;  ///< besides a cause: rates that fit several orders
-    std::string remark;    ///< of what is not explained
+    std::shared_ptr<const SharedTerms> terms;
+    std::string remark;  ///< of what is not explained
 };
 
 /// What gives the rate in the folder that the order's solved one takes the place of.
@@ -50,6 +59,7 @@ const RateSource& replacedBySolved(const ReconciledOrder& reconciled);
 struct Reconciliation {
     std::vector<ReconciledOrder> orders;
     SolvedRates rates;  ///< those that hold from a day on
+    SharedTermsList terms;
 
     [[nodiscard]] std::size_t count(ReconciledOrder::Outcome outcome) const;
     [[nodiscard]] bool agrees() const;

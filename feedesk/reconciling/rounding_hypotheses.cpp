@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "feedesk/reconciling/fill_amounts.h"
 #include "feedesk/reconciling/trial.h"
@@ -71,6 +72,20 @@ void tryRoundingPerFill(Trial& trial) {
                    fmt::format("each of {} fills rounded by itself, a range of half a step for each of them", fills),
                    changed);
     }
+}
+
+void tryFillByFill(Trial& trial) {
+    if (!trial.knowsFills()) {
+        return;
+    }
+    TermCells cells;
+    for (const Part& part : trial.parts()) {
+        if (isOfOrder(part)) {
+            cells.push_back({part.term->where, "per", std::string(cost::wordFor(Per::kFill))});
+        }
+    }
+    trial.note(Cause::kFillByFill, kEachFill, "each fill charged as an order of its own, with its minimum and rounding",
+               chargedFillByFill(trial.asked()), std::move(cells));
 }
 
 void tryRoundingModes(Trial& trial) {

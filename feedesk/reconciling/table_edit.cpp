@@ -107,58 +107,92 @@ std::optional<std::string> TableEdit::cell(std::size_t line, const std::string& 
     return index && !cells.empty() ? std::optional(cells[*index]) : std::nullopt;
 }
 
-std::optional<std::pair<std::string, std::string>> TableEdit::succeed(std::size_t line, const std::string& column,
-                                                                      const std::string& value, cost::Date from) {
-    const auto rate = columnNamed(column);
-    const auto before = from.previous();
-    const std::size_t index = line - 1;
-    if (!rate || !before || succeeded.count(index) != 0 || cellsOf(line).empty() || !hasDays()) {
-        return std::nullopt;
+TableEdit::Cells TableEdit::withValues(Cells cells, const Values& values) const {
+    for (const auto& [column, value] : values) {
+        const auto index = columnNamed(column);
+        if (!index || cells.empty()) {
+            return {};
+        }
+        cells[*index] = value;
     }
-    Cells old = cellsOf(line);
-    const std::string end = endOf(table.lines[index]);
-    Cells next = old;
-    next[*rate] = value;
-    const auto begins = cost::Date::parse(old[*columnNamed(kFrom)]);
-    std::vector<std::string>& made = replacements[index];
-    made.clear();
-    succeeded.insert(index);
-    if (!begins || *begins < from) {
-        old[*columnNamed(kUntil)] = before->text();
-        next[*columnNamed(kFrom)] = from.text();
-        made.push_back(lineOf(old, end));
-    }
-    made.push_back(lineOf(next, end));
-    return std::pair(withoutEnd(table.lines[index]), joinedLines(made));
+    return cells;
 }
 
-std::optional<std::pair<std::string, std::string>> TableEdit::addFor(std::size_t line, const std::string& market,
-                                                                     const std::string& code, const std::string& column,
-                                                                     const std::string& value, cost::Date from) {
-    const auto rate = columnNamed(column);
-    const auto codes = columnNamed("code");
-    if (!rate || !codes || cellsOf(line).empty() || !hasDays()) {
+std::optional<TableEdit::Cells> TableEdit::onDays(Cells cells, const cost::DateRange& days) const {
+    std::string& first = cells[*columnNamed(kFrom)];
+    std::string& last = cells[*columnNamed(kUntil)];
+    const cost::DateRange own{cost::Date::parse(first), cost::Date::parse(last)};
+    if (!own.overlaps(days)) {
         return std::nullopt;
     }
-    const std::size_t index = line - 1;
-    Cells next = cellsOf(line);
-    next[*codes] = code;
-    next[*rate] = value;
-    for (const auto& [name, text] : {std::pair("market", market), std::pair("product", std::string())}) {
-        if (const auto place = columnNamed(name)) {
-            next[*place] = text;
+    if (days.from && (!own.from || *own.from < *days.from)) {
+        first = days.from->text();
+    }
+    if (days.until && (!own.until || *days.until < *own.until)) {
+        last = days.until->text();
+    }
+    return cells;
+}
+
+std::vector<std::string> TableEdit::pieces(std::size_t line) const {
+    const Cells own = cellsOf(line);
+    const std::string end = endOf(table.lines[line - 1]);
+    std::vector<std::string> made;
+    const auto add = [&](const Cells& cells, const cost::DateRange& days) {
+        if (const auto kept = onDays(cells, days)) {
+            made.push_back(lineOf(*kept, end));
         }
+    };
+    cost::DateRange left;
+    bool goesOn = true;
+    for (const Stretch& each : changed.at(line)) {
+        if (!left.from || *left.from < *each.days.from) {
+            add(own, {left.from, each.days.from->previous()});
+        }
+        add(withValues(own, each.values), each.days);
+        left.from = each.days.until ? each.days.until->next() : std::nullopt;
+        goesOn = left.from.has_value();
     }
-    const auto begins = cost::Date::parse(next[*columnNamed(kFrom)]);
-    if (!begins || *begins < from) {
-        next[*columnNamed(kFrom)] = from.text();
+    if (goesOn) {
+        add(own, left);
     }
-    std::vector<std::string>& made = replacements[index];
-    made.resize(std::max<std::size_t>(made.size(), 1), table.lines[index]);
-    const std::string end = endOf(table.lines[index]);
-    made.push_back(lineOf(next, end));
-    succeeded.insert(index);
-    return std::pair(withoutEnd(table.lines[index]), joinedLines(made));
+    return made;
+}
+
+std::optional<TableEdit::Change> TableEdit::succeed(std::size_t line, const Values& values,
+                                                    const cost::DateRange& days) {
+    const bool isPossible = days.from->previous() && extended.count(line) == 0;
+    if (!isPossible || withValues(cellsOf(line), values).empty() || !hasDays()) {
+        return std::nullopt;
+    }
+    std::vector<Stretch>& stretches = changed[line];
+    const bool isTaken =
+        std::any_of(stretches.begin(), stretches.end(), [&](const Stretch& each) { return each.days.overlaps(days); });
+    if (isTaken) {
+        return std::nullopt;
+    }
+    const auto place = std::find_if(stretches.begin(), stretches.end(),
+                                    [&](const Stretch& each) { return *days.from < *each.days.from; });
+    stretches.insert(place, {values, days});
+    replacements[line - 1] = pieces(line);
+    return Change(withoutEnd(table.lines[line - 1]), joinedLines(replacements[line - 1]));
+}
+
+std::optional<TableEdit::Change> TableEdit::addLike(std::size_t line, const Values& values,
+                                                    const cost::DateRange& days) {
+    if (withValues(cellsOf(line), values).empty() || !hasDays()) {
+        return std::nullopt;
+    }
+    const auto added = onDays(withValues(cellsOf(line), values), days);
+    if (!added) {
+        return std::nullopt;
+    }
+    const std::string& before = table.lines[line - 1];
+    std::vector<std::string>& made = replacements[line - 1];
+    made.resize(std::max<std::size_t>(made.size(), 1), before);
+    made.push_back(lineOf(*added, endOf(before)));
+    extended.insert(line);
+    return Change(withoutEnd(before), joinedLines(made));
 }
 
 std::string TableEdit::text() const {

@@ -1,6 +1,9 @@
 #include "feedesk/reconciling/trial.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <utility>
 
 #include "cost/refused.h"
 #include "feedesk/reconciling/changed_terms.h"
@@ -19,12 +22,12 @@ std::vector<cost::Trade> tradesOn(cost::Date date, const Order& order) {
 }  // namespace
 
 void Trial::note(Cause cause, const std::string& key, const std::string& sentence,
-                 const std::optional<Amounts>& amounts) {
+                 const std::optional<Amounts>& amounts, TermCells cells) {
     // Of alike changes, such as charging as one of two funds is charged, the first is named.
     const bool isKnown = std::any_of(found.begin(), found.end(),
                                      [&](const Explanation& each) { return each.cause == cause && each.key == key; });
     if (!isKnown && amounts && agree(order().stated, *amounts, layout)) {
-        found.push_back({cause, key, sentence});
+        found.push_back({cause, key, sentence, std::move(cells)});
     }
 }
 
@@ -33,6 +36,8 @@ void Trial::noteEach(Cause cause, const OtherTariffList& list) {
         note(cause, other.key, other.sentence, amountsIfAny(tradesOn(other.date, order()), other.tariff));
     }
 }
+
+std::string namedPart(const Part& part) { return fmt::format("the {} ({})", part.charge, part.term->where); }
 
 std::optional<Amounts> Trial::withTermsChanged(const std::function<void(cost::Term&)>& change) const {
     try {

@@ -18,6 +18,7 @@ public:
         : disputed(disputedOrder), layout(statementLayout) {}
 
     [[nodiscard]] const Disputed& asked() const { return disputed; }
+    [[nodiscard]] const Layout& columns() const { return layout; }
     [[nodiscard]] const Order& order() const { return disputed.order; }
     [[nodiscard]] const std::vector<Part>& parts() const { return disputed.charged.parts; }
     /// Whether the fills are lines of their own, so that each is charged exactly.
@@ -27,7 +28,8 @@ public:
     [[nodiscard]] cost::Decimal statedCosts() const { return order().stated.costs(layout, disputed.charged); }
 
     /// Keeps the change as an explanation when every figure of the statement agrees with its amounts.
-    void note(Cause cause, const std::string& key, const std::string& sentence, const std::optional<Amounts>& amounts);
+    void note(Cause cause, const std::string& key, const std::string& sentence, const std::optional<Amounts>& amounts,
+              TermCells cells = {});
     /// The same of each tariff.
     void noteEach(Cause cause, const OtherTariffList& list);
 
@@ -46,15 +48,21 @@ private:
     const Layout& layout;
 };
 
+/// "the stamp_duty (charges.csv:6)".
+std::string namedPart(const Part& part);
+
 // The hypotheses that need nobody's answer, one function each.
 
 void tryMinimumPer(Trial& trial);
 void tryMinimumPerAsRange(Trial& trial);
 void tryNoMinimum(Trial& trial);
+void tryUsualMinimum(Trial& trial);
 void tryRoundingPerFill(Trial& trial);
+void tryFillByFill(Trial& trial);
 void tryRoundingModes(Trial& trial);
 void tryLeftOut(Trial& trial);
 void tryChargedTwice(Trial& trial);
+void tryAllIn(Trial& trial);
 void tryOtherSide(Trial& trial);
 
 }  // namespace feedesk

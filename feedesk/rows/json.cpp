@@ -64,6 +64,7 @@ struct WriteValue {
     void operator()(const Money& money) const { writeRaw(writer, money.decimal, rapidjson::kNumberType); }
     void operator()(const Rate& rate) const { writeRaw(writer, rate.decimal, rapidjson::kNumberType); }
     void operator()(const Sources& sources) const { (*this)(Names(sources.places)); }
+    void operator()(const Sentences& sentences) const { (*this)(Names(sentences.texts)); }
     void operator()(double number) const {
         std::isfinite(number) ? writeRaw(writer, plainNumber(number), rapidjson::kNumberType) : (*this)(Nothing());
     }

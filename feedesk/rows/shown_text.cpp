@@ -39,6 +39,7 @@ struct ShownText {
         return {number ? numberText(rate.unit, *number) : rate.decimal};
     }
     Pieces operator()(const Sources& sources) const { return printablePieces(sources.places); }
+    Pieces operator()(const Sentences& sentences) const { return {standalone::printable(plainText(sentences))}; }
     Pieces operator()(const Source& source) const { return {standalone::printable(source.place)}; }
     Pieces operator()(const cost::Date& day) const { return {day.text()}; }
 };

@@ -18,6 +18,9 @@ struct PlainText {
     std::string operator()(const Money& money) const { return money.decimal; }
     std::string operator()(const Rate& rate) const { return rate.decimal; }
     std::string operator()(const Sources& sources) const { return (*this)(Names(sources.places)); }
+    std::string operator()(const Sentences& sentences) const {
+        return fmt::format("{}", fmt::join(sentences.texts, "; "));
+    }
     std::string operator()(const Source& source) const { return source.place; }
     std::string operator()(const cost::Date& day) const { return day.text(); }
 };

@@ -51,13 +51,18 @@ struct Sources {
     std::vector<std::string> places;
 };
 
+/// Whole sentences, or parts of one.
+struct Sentences {
+    std::vector<std::string> texts;
+};
+
 /// A list of names.
 using Names = std::vector<std::string>;
 
 /// What a row has under one field. A double is a rate or another number, in the unit of its field; a size_t is how many
 /// there are of something.
-using Value =
-    std::variant<Nothing, std::string, Label, Names, double, std::size_t, Money, Rate, Source, Sources, cost::Date>;
+using Value = std::variant<Nothing, std::string, Label, Names, double, std::size_t, Money, Rate, Source, Sources,
+                           Sentences, cost::Date>;
 
 bool isNothing(const Value& value);
 
@@ -71,7 +76,7 @@ Value dayOrNothing(const std::optional<cost::Date>& day);
 Value asRate(double rate, Unit unit);
 
 /// The value as a program reads it, without an escape or a quote: a number as plainNumber() shows it, names with a
-/// space between two, the empty text for nothing.
+/// space between two, sentences with a semicolon, the empty text for nothing.
 std::string plainText(const Value& value);
 
 }  // namespace feedesk

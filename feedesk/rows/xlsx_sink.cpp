@@ -36,12 +36,6 @@ const char* numberFormat(Unit unit) {
 }
 
 /// How many digits a number needs to hold the decimal: zeros in front of the first other one are none.
-std::size_t significantDigits(const std::string& decimal) {
-    const auto first =
-        std::find_if(decimal.begin(), decimal.end(), [](char each) { return isDigit(each) && each != '0'; });
-    return static_cast<std::size_t>(std::count_if(first, decimal.end(), isDigit));
-}
-
 /// Shows as many places as the amount has.
 std::string moneyFormat(const std::string& decimal) {
     const std::size_t point = decimal.find('.');
@@ -84,6 +78,7 @@ struct Cell {
         day < firstSpreadsheetDay() ? text(day.text()) : number(spreadsheetDay(day), "yyyy-mm-dd");
     }
     void operator()(const Sources& sources) const { text(plainText(sources)); }
+    void operator()(const Sentences& sentences) const { text(plainText(sentences)); }
     void operator()(std::size_t count) const { number(static_cast<double>(count), numberFormat(Unit::kCount)); }
     void operator()(double value) const {
         std::isfinite(value) ? number(value, numberFormat(unit)) : text(plainNumber(value));

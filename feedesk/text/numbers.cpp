@@ -1,6 +1,7 @@
 #include "feedesk/text/numbers.h"
 
 #include <fmt/format.h>
+#include <algorithm>
 
 #include <array>
 #include <charconv>
@@ -80,6 +81,12 @@ std::string shifted(double value, int places) {
 std::string plainNumber(double value) { return shifted(value, 0); }
 
 std::string percent(double fraction) { return shifted(fraction, 2) + "%"; }
+
+std::size_t significantDigits(const std::string& decimal) {
+    const auto first =
+        std::find_if(decimal.begin(), decimal.end(), [](char each) { return isDigit(each) && each != '0'; });
+    return static_cast<std::size_t>(std::count_if(first, decimal.end(), isDigit));
+}
 
 std::string grouped(std::size_t number) {
     std::string text = fmt::format("{}", number);

@@ -22,6 +22,9 @@ std::string plainNumber(double value);
 /// A fraction as percent: "0.00341%" for 0.0000341. The point of plainNumber's text is moved, nothing is multiplied.
 std::string percent(double fraction);
 
+/// How many digits a decimal has from the first that is not 0 on: 3 for "0.000341" and "100".
+std::size_t significantDigits(const std::string& decimal);
+
 /// With a comma between groups of three digits: "61,234".
 std::string grouped(std::size_t number);
 

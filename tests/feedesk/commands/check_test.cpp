@@ -123,6 +123,7 @@ TEST(Check, RunsOnlyTheChecksThatAreNamed) {
     EXPECT_THAT(found(folder, "--only shadowed-line"), ElementsAre("shadowed-line"));
     EXPECT_THAT(found(folder, "--only shadowed-line --only percent-rate"),
                 ElementsAre("percent-rate", "shadowed-line"));
+    EXPECT_THAT(found(folder, "--only shadowed-line,percent-rate"), ElementsAre("percent-rate", "shadowed-line"));
     EXPECT_THAT(found(folder, "--only shadowed-line percent-rate --off percent-rate"), ElementsAre("shadowed-line"));
     EXPECT_THAT(found(folder, "--off shadowed-line"), ElementsAre("percent-rate", "empty-category-line"));
 }

@@ -71,8 +71,9 @@ TEST_F(Reconcile, AnswersProgramsWithEveryFigure) {
               R"("side":"sell","quantity":100,"order":null,"stated":25.00,"charged":75.00,"difference":-50.00,)"
               R"("currency":"CNY","result":"differs","cause":"left_out",)"
               R"("explanation":"the stamp_duty (charges.csv:4) left out","also_fits":["other_side"],)"
-              R"("alternatives":"charged as buy and not as sell","charge":null,)"
-              R"("rate":null,"rate_low":null,"rate_high":null,"rate_from":null,"folder_rate":null,"source":null},)"
+              R"("alternatives":["charged as buy and not as sell"],"charge":null,)"
+              R"("rate":null,"rate_low":null,"rate_high":null,"rate_from":null,"rate_until":null,"folder_rate":null,)"
+              R"("source":null},)"
               "\n"
               R"({"row":"figure","line":2,"figure":"net","stated":99975.00,"charged":99925.00,"difference":50.00},)"
               "\n"
@@ -81,7 +82,9 @@ TEST_F(Reconcile, AnswersProgramsWithEveryFigure) {
     EXPECT_EQ(outcome.status, 1);
     const Outcome csv = folder.reconcileLines(kAgreeing, "--csv");
     EXPECT_EQ(lines(csv.out).at(1),
-              "order,2,2,2024-01-02,SH,600519,,buy,100,,25.00,25.00,0.00,CNY,agrees,,,,,,,,,,,,,,");
+              "order,2,2,2024-01-02,SH,600519,,buy,100,,25.00,25.00,0.00,CNY,agrees,,,,,,,,,,,,,,,");
+    EXPECT_NE(folder.reconcileLines(kAgreeing, "--json").out.find(R"("also_fits":[],"alternatives":[],)"),
+              std::string::npos);
     EXPECT_EQ(csv.status, 0);
 }
 
@@ -96,7 +99,7 @@ TEST_F(Reconcile, TellsEqualCausesInEveryForm) {
             .out.find(",left_out,the stamp_duty (charges.csv:4) left out,other_side,charged as buy and not as sell,"),
         std::string::npos);
     EXPECT_NE(folder.reconcileLines(sale, "--json")
-                  .out.find(R"("also_fits":["other_side"],"alternatives":"charged as buy and not as sell")"),
+                  .out.find(R"("also_fits":["other_side"],"alternatives":["charged as buy and not as sell"])"),
               std::string::npos);
 }
 

@@ -60,6 +60,10 @@ INSTANTIATE_TEST_SUITE_P(
                   "the commission and on top of it"},
         CauseCase{"ATradeWithoutCharges", "20240102,300750,卖,100,1000,0,0,0,,1,100000.00\n",
                   "Line 2: nothing charged at all"},
+        // Without its commission nothing is left of the first.
+        CauseCase{"ACauseOfAllTrades",
+                  "20240102,600519,买,100,1000,0,0,0,,1,-100000.00\n20240102,300750,买,100,1000,0,0,0,,1,-100000.00\n",
+                  "Lines 2, 3: nothing charged at all; also fits line 2: the commission (charges.csv:2) left out"},
         CauseCase{"ATradeThatIsChargedTwice", "20240102,300750,卖,100,1000,40.00,100.00,2.00,,1,99858.00\n",
                   "Line 2: every charge charged twice"},
         // 1234.50: 0.25 and 0.62 and 0.01, three times 0.24690, 0.61725 and 0.012345 before they are rounded.

@@ -96,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "2021-01-01 until 2023-08-27, fits all 2 lines from 2024-01-02 on; the folder has 0.0005, "
                   "fees/stock.csv:2, fees/stock.csv:3; also fits line 2: the stamp_duty (charges.csv:3) charged twice"},
                  {"S100,SH,60*,0.00025,0,0.0005,2023-08-28,2024-01-01", "S100,SH,60*,0.00025,0,0.001,2024-01-02,",
-                  "S100,SZ,*,0.0002,0,0.0005,2023-08-28,2024-01-02", "S100,SZ,*,0.0002,0,0.001,2024-01-03,"}},
+                  "S100,SZ,*,0.0002,0,0.0005,2023-08-28,2024-01-01", "S100,SZ,*,0.0002,0,0.001,2024-01-02,"}},
         // 100000 and 200000.
         RateCase{"SeveralTradesIsNamedBesideTheirCause",
                  "20240102,600519,卖,100,1000,25.00,100.00,0,,1,99875.00\n"
@@ -120,6 +120,16 @@ INSTANTIATE_TEST_SUITE_P(
                  {"Lines 2, 4: the commission 0.0004 (any from 0.000399975 to 0.000400024999) fits all 2 lines of "
                   "SH:600519 from 2024-01-02 on; the folder has 0.00025, fees/stock.csv:2"},
                  {"S100,SH,600519,0.0004,0,0.0005,2024-01-02,"}},
+        // 600519 is not traded behind the day on which the rate ended, and 601088 had it too.
+        RateCase{"ARateThatEndedIsNotOfTheInstrumentThatIsNotTradedLater",
+                 "20240102,600519,买,100,1000,40.00,0,0,,1,-100040.00\n"
+                 "20240103,601088,买,100,1000,40.00,0,0,,1,-100040.00\n"
+                 "20240104,600519,买,100,2000,80.00,0,0,,1,-200080.00\n"
+                 "20240108,601088,买,100,1000,25.00,0,0,,1,-100025.00\n",
+                 {"Lines 2, 3, 4: the commission 0.0004 (any from 0.000399975 to 0.000400024999) fits all 3 lines from "
+                  "2024-01-02 until 2024-01-04; the folder has 0.00025, fees/stock.csv:2"},
+                 {"S100,SH,60*,0.00025,0,0.0005,2023-08-28,2024-01-01",
+                  "S100,SH,60*,0.0004,0,0.0005,2024-01-02,2024-01-04", "S100,SH,60*,0.00025,0,0.0005,2024-01-05,"}},
         RateCase{
             "OneInstrumentOfACategoryHasNoLine",
             "20240102,600000,买,100,1000,40.00,0,0,,1,-100040.00\n"

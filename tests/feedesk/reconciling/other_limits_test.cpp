@@ -55,6 +55,21 @@ INSTANTIATE_TEST_SUITE_P(
                   "20240102,000001,买,100,10,5.00,0,0,,1,-1005.00\n"
                   "20240103,000001,买,100,20,5.00,0,0,,1,-2005.00\n",
                   "Lines 2, 3: a least commission of 5, where charges.csv:3 has none"},
+        // 4000 x 0.00025 = 1.00, which is no minimum.
+        LimitCase{
+            "AMinimumThatOneOfTheOrdersPaysByItsRate",
+            "20240102,600519,买,100,10,1.00,0,0,,1,-1001.00\n"
+            "20240103,600519,买,100,40,1.00,0,0,,1,-4001.00\n",
+            "Lines 2, 3: a least commission of 1 and not 5 (charges.csv:2); also fits line 3: no least commission "
+            "and not 5 (charges.csv:2)"},
+        LimitCase{"AMinimumThatTheNextOrderDoesNotPay",
+                  "20240102,600519,买,100,10,1.00,0,0,,1,-1001.00\n"
+                  "20240103,600519,买,100,10,5.00,0,0,,1,-1005.00\n",
+                  "Line 2: a least commission of 1 and not 5 (charges.csv:2)"},
+        LimitCase{"NoMinimumThatNobodyHasOfOneOrder",
+                  "20240102,600519,买,100,10,1.37,0,0,,1,-1001.37\n"
+                  "20240103,600519,买,100,10,5.00,0,0,,1,-1005.00\n",
+                  "Line 2: nothing that is known explains it"},
         LimitCase{"ASmallMinimumOfOneOrder", "20240102,000001,买,100,3,.10,0,0,,1,-300.10\n",
                   "Line 2: a least commission of 0.1, where charges.csv:3 has none"},
         // Of 6.66 nobody would think, but orders of 1000 and 2000 both cost it.
@@ -86,6 +101,15 @@ INSTANTIATE_TEST_SUITE_P(
                   "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
                   "20240103,600519,买,100,1000,30.00,0,0,,1,-100030.00\n",
                   "Lines 2, 3: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits all 2 lines"},
+        // 1001 x 0.000415 = 0.42, as by 0.00042, which is simpler.
+        LimitCase{
+            "ARateOfOtherLinesBeforeASimplerOne",
+            "20240102,000001,买,100,10.01,.42,0,0,,1,-1001.42\n"
+            "20240103,000001,买,100,1000,20.00,0,0,,1,-100020.00\n"
+            "20240104,000001,买,100,1000,41.50,0,0,,1,-100041.50\n"
+            "20240105,000001,买,100,2000,83.00,0,0,,1,-200083.00\n",
+            "Line 2: the commission 0.000415 (any from 0.000414585415 to 0.000424575424) fits this trade, and not "
+            "line 3 of 2024-01-03"},
         // 600000 x 0.00025 = 150 and 1200000 x 0.00025 = 300.
         LimitCase{"AMaximumWhereThereIsNone",
                   "20240102,600519,买,1000,600,100.00,0,0,,1,-600100.00\n"

@@ -29,7 +29,7 @@ protected:
     void claim(const char* rate, const char* from) {
         auto claimed = std::make_shared<SolvedRate>(*found.rates.at(0));
         claimed->rate = *cost::Decimal::parse(rate);
-        claimed->sources.at(0).from = cost::Date::parse(from);
+        claimed->sources.at(0).days.from = cost::Date::parse(from);
         found.rates = {claimed};
         found.orders.at(1).solved = claimed;
     }

@@ -81,6 +81,44 @@ INSTANTIATE_TEST_SUITE_P(
               {"Line 2: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits this trade, and not line "
                "3 of the same day"},
               ""},
+        // 0.03 % until the second day, 0.025 % behind it.
+        Reach{"ARateThatEndedBeforeTheLastLine",
+              "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
+              "20240103,600519,买,100,2000,60.00,0,0,,1,-200060.00\n"
+              "20240105,600519,买,100,1000,25.00,0,0,,1,-100025.00\n",
+              {"Lines 2, 3: the commission 0.0003 (any from 0.000299975 to 0.000300024999) fits all 2 lines from "
+               "2024-01-02 until 2024-01-03; the folder has 0.00025, fees/stock.csv:2"},
+              "S100,SH,600*,0.0003,0.00001,0.0005,2024-01-02,2024-01-03\n"
+              "+S100,SH,600*,0.00025,0.00001,0.0005,2024-01-04,"},
+        // Three rates, one after the other: 0.03 %, 0.025 % and 0.04 %.
+        Reach{
+            "ARateThatEndedBeforeAnother",
+            "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
+            "20240103,600519,买,100,2000,60.00,0,0,,1,-200060.00\n"
+            "20240104,600519,买,100,1000,25.00,0,0,,1,-100025.00\n"
+            "20240105,600519,买,100,1000,40.00,0,0,,1,-100040.00\n",
+            {"Lines 2, 3: the commission 0.0003 (any from 0.000299975 to 0.000300024999) fits all 2 lines from "
+             "2024-01-02 until 2024-01-03",
+             "Line 5: the commission 0.0004 (any from 0.00039995 to 0.000400049999) fits the line from 2024-01-05 on"},
+            "S100,SH,600*,0.0003,0.00001,0.0005,2024-01-02,2024-01-03\n"
+            "+S100,SH,600*,0.00025,0.00001,0.0005,2024-01-04,2024-01-04\n"
+            "+S100,SH,600*,0.0004,0.00001,0.0005,2024-01-05,"},
+        Reach{
+            "ARateOfTradesOfADayThatOthersOfItDoNotPay",
+            "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
+            "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
+            "20240102,600519,买,100,1000,25.00,0,0,,1,-100025.00\n",
+            {"Lines 2, 3: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits each of these trades, and "
+             "not line 4 of the same day"},
+            ""},
+        // 10000000 x 0.000270003 = 2700.03, and 0.00027 of it 2700.00.
+        Reach{"ARateThatNobodyHas",
+              "20240102,600519,买,10000,1000,2700.03,0,0,,1,-10002700.03\n",
+              {"Line 2: the commission 0.000270003 (any from 0.0002700025 to 0.000270003499), which nobody is known to "
+               "have, fits the line from 2024-01-02 on",
+               "no line is proposed for the commission 0.000270003, as neither the folder nor another line of the "
+               "statement has it, and a rate of 6 digits is hardly one that was agreed on"},
+              ""},
         // A line of the last day has a stamp duty that nothing explains, and the new commission.
         Reach{"ARateBesideALineThatDiffersInMoreThanIt",
               "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
@@ -109,18 +147,28 @@ INSTANTIATE_TEST_SUITE_P(
             "S100,SH,600*,0.0003,0.00001,0.0005,2024-01-02,"},
         // The first fits the second and the third, which do not fit each other.
         Reach{
-            "ThreeLinesOfWhichNoRateFitsAll",
+            "ThreeLinesOfADayOfWhichNoRateFitsAll",
             "20240102,600519,买,200,104,6.24,0,0,,1,-20806.24\n"
-            "20240103,600519,买,1000,1000,299.80,0,0,,1,-1000299.80\n"
-            "20240104,600519,买,1000,1000,300.20,0,0,,1,-1000300.20\n",
+            "20240102,600519,买,1000,1000,299.80,0,0,,1,-1000299.80\n"
+            "20240102,600519,买,1000,1000,300.20,0,0,,1,-1000300.20\n",
             {"Line 2: the commission 0.0003 (any from 0.000299759616 to 0.000300240384) fits this trade, and no rate "
-             "fits "
-             "it and all those after it",
+             "fits it and all those after it",
              "Line 3: the commission 0.0002998 (any from 0.000299795 to 0.000299804999) fits this trade, and not line "
-             "4 of 2024-01-04",
-             "Line 4: the commission 0.0003002 (any from 0.000300195 to 0.000300204999) fits the line from "
-             "2024-01-04 on"},
-            "S100,SH,600*,0.0003002,0.00001,0.0005,2024-01-04,"},
+             "4 of the same day",
+             "Line 4: the commission 0.0003002 (any from 0.000300195 to 0.000300204999) fits this trade, and not line "
+             "3 of the same day"},
+            ""},
+        // One rate of the first two days, another one on the third.
+        Reach{"LinesOfWhichTheFirstFitTogether",
+              "20240102,600519,买,200,104,6.24,0,0,,1,-20806.24\n"
+              "20240103,600519,买,1000,1000,299.80,0,0,,1,-1000299.80\n"
+              "20240104,600519,买,1000,1000,300.20,0,0,,1,-1000300.20\n",
+              {"Lines 2, 3: the commission 0.0002998 (any from 0.000299795 to 0.000299804999) fits all 2 lines from "
+               "2024-01-02 until 2024-01-03",
+               "Line 4: the commission 0.0003002 (any from 0.000300195 to 0.000300204999) fits the line from "
+               "2024-01-04 on"},
+              "S100,SH,600*,0.0002998,0.00001,0.0005,2024-01-02,2024-01-03\n"
+              "+S100,SH,600*,0.0003002,0.00001,0.0005,2024-01-04,"},
         // An order of no more than the minimum agrees with both rates.
         Reach{"TheFirstDayOfADifferenceAndNotTheMinimaBefore",
               "20240102,600519,买,100,10,5.00,0,0,,1,-1005.00\n"
@@ -167,7 +215,8 @@ TEST(RateOfANet, IsReportedWithItsEqualsAndNotProposed) {
     EXPECT_FALSE(std::filesystem::exists(folder.tradesFile()));
     const Outcome json = reconcileNets(folder, sales, "--json");
     EXPECT_NE(json.out.find(R"("cause":"other_rate")"), std::string::npos) << json.out;
-    EXPECT_NE(json.out.find(R"("also_fits":["other_rate"],"alternatives":"the stamp_duty 0.00055)"), std::string::npos);
+    EXPECT_NE(json.out.find(R"("also_fits":["other_rate"],"alternatives":["the stamp_duty 0.00055)"),
+              std::string::npos);
     EXPECT_EQ(json.out.find(R"("row":"proposal")"), std::string::npos);
 }
 
@@ -210,18 +259,16 @@ TEST_F(FeesOnTop, ByFillLeaveNoRateToBeNamed) {
     EXPECT_EQ(outcome.status, 1);
 }
 
-TEST_F(FeesOnTop, ByKnownFillLeaveNoRateToBeNamed) {
+TEST_F(FeesOnTop, ByKnownFillAreOrdersOfTheirOwn) {
     folder.writeStatement(
         "日期,代码,买卖,数量,价格,单号,发生\n"
         "20240102,600519,买,80,10,A1,-805.01\n"
         "20240102,600519,买,80,10,A1,-805.01\n"
         "20240102,600519,买,80,10,A1,-805.01\n");
     const Outcome outcome = folder.reconcile();
-    EXPECT_NE(
-        unfolded(outcome.out)
-            .find("Lines 2, 3, 4: nothing that is known explains it; its 3 fills, each charged by itself with its "
-                  "minimum and its rounding, cost 15.03"),
-        std::string::npos)
+    EXPECT_NE(unfolded(outcome.out)
+                  .find("Lines 2, 3, 4: each fill charged as an order of its own, with its minimum and rounding"),
+              std::string::npos)
         << outcome.out;
 }
 

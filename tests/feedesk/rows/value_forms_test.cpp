@@ -46,6 +46,9 @@ const ValueCase kCases[] = {
     {"RateThatIsNoNumber", Unit::kNumber, asRate(kNan, Unit::kFraction), "nan", "null", "nan"},
     {"Sources", Unit::kText, Sources{{"a.csv:1", "b.csv:2"}}, "a.csv:1 b.csv:2", R"(["a.csv:1","b.csv:2"])",
      "a.csv:1 b.csv:2"},
+    {"Sentences", Unit::kText, Sentences{{"one, two", "three"}}, "\"one, two; three\"", R"(["one, two","three"])",
+     "one, two; three"},
+    {"NoSentences", Unit::kText, Sentences(), "", "[]", ""},
     {"Source", Unit::kText, Source{"fees/stock.csv:12"}, "fees/stock.csv:12", "\"fees/stock.csv:12\"",
      "fees/stock.csv:12"},
 };
