@@ -31,11 +31,11 @@ public:
 };
 
 Bytes bytesOf(const loader::KeptLine& kept) {
-    const loader::RateLine& line = *kept.line;
+    const loader::LineCells& line = *kept.line;
     Bytes bytes;
-    bytes.add(std::string(kept.family->name)).add(line.item);
+    bytes.add(std::string(line.family->name)).add(line.item);
     bytes.add(line.update).add(line.category).add(line.hedgeFlag).add(line.marginMode).add(line.unitVolume);
-    for (const double rate : line.rates) {
+    for (const double rate : kept.rates()) {
         bytes.add(rate);
     }
     return bytes;

@@ -14,7 +14,7 @@ using loader::AccountLines;
 using loader::CheckedFolder;
 using loader::ConfiguredLine;
 using loader::KeptLine;
-using loader::RateLine;
+using loader::LineCells;
 
 /// The market without instruments and accounts.
 Market frameOf(const Market& whole) {
@@ -76,6 +76,7 @@ std::shared_ptr<const CheckedFolder> cutOut(const CheckedFolder& whole, std::siz
         cut->market.instruments.push_back(whole.market.instruments[place]);
     }
     cut->categories = whole.categories;
+    cut->rates = whole.rates;
     cut->configuredLines = cutConfigured(whole.configuredLines, instruments);
     cut->accountLines = {cutLines(whole.accountLines[account], instruments)};
     return cut;
@@ -84,7 +85,7 @@ std::shared_ptr<const CheckedFolder> cutOut(const CheckedFolder& whole, std::siz
 bool hasExchangeFee(const ListedInstrument& instrument) { return instrument.record->feeType != 0; }
 
 RateInput inputOf(InputKind kind, const KeptLine& line) {
-    return {kind, line.family, line.position, line.line->days, line.line->update, line.line->category};
+    return {kind, line.line->family, line.position, line.line->days, line.line->update, line.line->category};
 }
 
 std::vector<RateInput> inputsOf(const CheckedFolder& cut) {
@@ -112,9 +113,9 @@ void keep(const std::vector<Line>& lines, std::vector<bool>::const_iterator& kep
     for (const Line& line : lines) {
         if (*kept++) {
             made.push_back(line);
-            RateLine always = *line.line;
+            LineCells always = *line.line;
             always.days = {};
-            made.back().line = std::make_shared<const RateLine>(std::move(always));
+            made.back().line = std::make_shared<const LineCells>(std::move(always));
         }
     }
 }

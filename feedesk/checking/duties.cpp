@@ -74,7 +74,7 @@ void findOldDuties(const FolderFacts& facts, Findings& findings) {
     };
     forEachLine(facts, [&](const FolderLine& line) {
         for (const RateCell& cell : rateCells(facts, *line.kept)) {
-            look(*line.kept->family, cell.column, cell.value, line.kept->line->days, line.place, line.accounts());
+            look(*line.kept->line->family, cell.column, cell.value, line.kept->line->days, line.place, line.accounts());
         }
     });
     for (const cost::Term& term : facts.folder.schedule().terms()) {

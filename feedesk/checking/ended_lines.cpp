@@ -27,7 +27,7 @@ void forEachLineOf(const AccountFacts& facts, const Visit& visit) {
     std::for_each(own.customFees.begin(), own.customFees.end(), visit);
     const standalone::RateFamily* traded = standalone::tradedFamily(facts.account().record->accountType);
     for (const standalone::loader::ConfiguredLine& kept : facts.folder().folder.content().configuredLines) {
-        if (traded != nullptr && kept.family->records == traded->records) {
+        if (traded != nullptr && kept.line->family->records == traded->records) {
             visit(kept);
         }
     }

@@ -57,7 +57,7 @@ void findFarRates(const FolderFacts& facts, Findings& findings) {
     forEachLine(facts, [&](const FolderLine& line) {
         for (const RateCell& cell : rateCells(facts, *line.kept)) {
             if (isSized(cell)) {
-                columns[{line.kept->family, cell.field}].push_back({cell, line});
+                columns[{line.kept->line->family, cell.field}].push_back({cell, line});
             }
         }
     });

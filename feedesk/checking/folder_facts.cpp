@@ -26,8 +26,8 @@ RateKind kindOfFixed(const RateFamily& family, std::string_view column) {
 }
 
 RateCell cellOf(const standalone::Market& market, const KeptLine& kept, std::size_t field) {
-    const RateFamily& family = *kept.family;
-    const double value = kept.line->rates.at(field);
+    const RateFamily& family = *kept.line->family;
+    const double value = kept.rates().at(field);
     if (!family.isNamed) {
         const char* column = family.rates[field].column;
         return {field, column, kindOfFixed(family, column), value};
@@ -71,9 +71,10 @@ bool looksLikePercent(const RateCell& cell) {
 }
 
 std::vector<RateCell> rateCells(const FolderFacts& facts, const KeptLine& kept) {
+    const standalone::loader::LineRates rates = kept.rates();
     std::vector<RateCell> cells;
-    for (std::size_t field = 0; field < kept.family->rates.size(); ++field) {
-        if (kept.line->rates.at(field) != 0) {
+    for (std::size_t field = 0; field < kept.line->family->rates.size(); ++field) {
+        if (rates[field] != 0) {
             cells.push_back(cellOf(facts.market, kept, field));
         }
     }

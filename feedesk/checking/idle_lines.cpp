@@ -21,7 +21,7 @@ bool isCustom(const Input& input) { return input.feeLine == nullptr; }
 
 /// Whether the rate of the answer is one that the line could have given.
 bool isOfSameKind(const FeeLine& line, const Input& input) {
-    if (line.part != input.kept->family->name) {
+    if (line.part != input.kept->line->family->name) {
         return false;
     }
     return !isMarginLine(input) || line.item == std::string(1, flagOf(input));
@@ -153,12 +153,12 @@ void findOverriddenRecords(AccountFacts& facts, Findings& findings) {
 void findUnlistedLimits(const FolderFacts& facts, Findings& findings) {
     for (const standalone::loader::ConfiguredLine& kept : facts.folder.content().configuredLines) {
         const standalone::ListedInstrument& listed = facts.market.instruments[kept.place];
-        if (!isAskedFor(*kept.family, listed)) {
+        if (!isAskedFor(*kept.line->family, listed)) {
             findings.add(
                 {{},
                  1,
                  {facts.placeOf(kept.position)},
-                 fmt::format("a {} limit is configured for {} {}, which is none of the list", kept.family->name,
+                 fmt::format("a {} limit is configured for {} {}, which is none of the list", kept.line->family->name,
                              instrumentText(listed.record->market, listed.record->code), listed.record->name),
                  "remove the line, or correct the instrument or its lists"});
         }

@@ -17,7 +17,7 @@ bool isLost(const Input& input, const std::map<char, Level>& answered) {
 
 }  // namespace
 
-bool isMarginLine(const Input& input) { return input.kept->family->records == standalone::RateRecords::kMargin; }
+bool isMarginLine(const Input& input) { return input.kept->line->family->records == standalone::RateRecords::kMargin; }
 
 char flagOf(const Input& input) { return static_cast<char>(input.kept->line->hedgeFlag); }
 

@@ -22,7 +22,7 @@ constexpr std::array<MarginSide, 2> kMarginSides = {{{"long", 0, 1}, {"short", 2
 template <class Visit>
 void forEachMarginLine(const FolderFacts& facts, const Visit& visit) {
     forEachLine(facts, [&](const FolderLine& line) {
-        if (line.kept->family->records == standalone::RateRecords::kMargin) {
+        if (line.kept->line->family->records == standalone::RateRecords::kMargin) {
             visit(line);
         }
     });
@@ -34,8 +34,8 @@ void findZeroMargins(const FolderFacts& facts, Findings& findings) {
     LineFaults faults;
     forEachMarginLine(facts, [&](const FolderLine& line) {
         for (const MarginSide& side : kMarginSides) {
-            const double byMoney = line.kept->line->rates.at(side.byMoney);
-            const double byVolume = line.kept->line->rates.at(side.byVolume);
+            const double byMoney = line.kept->rates().at(side.byMoney);
+            const double byVolume = line.kept->rates().at(side.byVolume);
             if (byMoney + byVolume <= 0 || byMoney < 0 || byVolume < 0) {
                 faults.add(line,
                            fmt::format("the {} margin is {} by money and {} by volume", side.name, plainNumber(byMoney),

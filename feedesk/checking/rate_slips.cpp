@@ -32,7 +32,8 @@ public:
         forEachLine(facts, [&](const FolderLine& line) {
             for (const RateCell& cell : rateCells(facts, *line.kept)) {
                 if (cell.kind == RateKind::kFraction && !looksLikePercent(cell)) {
-                    rates[{line.kept->family, cell.field}].push_back({std::abs(cell.value), line.kept->line->days});
+                    rates[{line.kept->line->family, cell.field}].push_back(
+                        {std::abs(cell.value), line.kept->line->days});
                 }
             }
         });
@@ -114,11 +115,12 @@ void findPercents(const FolderFacts& facts, Findings& findings) {
     forEachLine(facts, [&](const FolderLine& line) {
         for (const RateCell& cell : rateCells(facts, *line.kept)) {
             if (looksLikePercent(cell)) {
-                faults.add(line,
-                           fmt::format("{} {} is {} of the turnover", cell.column, plainNumber(cell.value),
-                                       percent(cell.value)),
-                           percentMend({*line.kept->family, cell.column, cell.value, line.kept->line->days},
-                                       usual.of({line.kept->family, cell.field}, line.kept->line->days), facts.day));
+                faults.add(
+                    line,
+                    fmt::format("{} {} is {} of the turnover", cell.column, plainNumber(cell.value),
+                                percent(cell.value)),
+                    percentMend({*line.kept->line->family, cell.column, cell.value, line.kept->line->days},
+                                usual.of({line.kept->line->family, cell.field}, line.kept->line->days), facts.day));
             }
         }
     });
@@ -138,7 +140,7 @@ void findNegativeRates(const FolderFacts& facts, Findings& findings) {
     LineFaults faults;
     forEachLine(facts, [&](const FolderLine& line) {
         for (const RateCell& cell : rateCells(facts, *line.kept)) {
-            const bool isMargin = line.kept->family->records == standalone::RateRecords::kMargin;
+            const bool isMargin = line.kept->line->family->records == standalone::RateRecords::kMargin;
             if (cell.value < 0 && !isMargin) {  // a margin of less than 0 is one of 0 or less
                 faults.add(
                     line,

@@ -2,6 +2,8 @@
 #define STANDALONE_LOADER_CHECKED_FOLDER_H
 
 #include <map>
+#include <memory>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -26,6 +28,8 @@ struct CategoryRegister {
 struct CheckedFolder {
     Market market;  ///< what is the same on every day: all but fees, custom fees and configured limits
     CategoryRegister categories;
+    /// The rates of the lines. Who copies lines keeps it alive.
+    std::shared_ptr<std::pmr::memory_resource> rates = std::make_shared<std::pmr::monotonic_buffer_resource>();
     std::vector<ConfiguredLine> configuredLines;  ///< by family, then in the order of the file
     std::vector<AccountLines> accountLines;       ///< as Market::accounts
     cost::Schedule schedule;

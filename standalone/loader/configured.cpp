@@ -42,7 +42,7 @@ void readLimits(Load& load, const RateFamily& family) {
     readRateTable(load, file, family, configuredTableColumns(load, family), [&](const ReadRule& read) {
         const std::optional<std::size_t> place = findInstrument(load, file, read);
         if (place && isFirst(load, file, read, *place, lines) && read.whole) {
-            load.configuredLines.push_back({{&family, load.contents.of(read.line), read.position}, *place});
+            load.configuredLines.push_back({load.contents.kept(family, read.line, read.position), *place});
         }
     });
 }

@@ -35,7 +35,7 @@ void readCustomTable(Load& load, const RateFamily& family) {
             return;
         }
         load.accountLines[*read.line.account].customFees.push_back(
-            {&family, load.contents.of(read.line), read.position});
+            load.contents.kept(family, read.line, read.position));
     });
 }
 

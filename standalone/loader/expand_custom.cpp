@@ -17,10 +17,10 @@ using CustomFees = std::map<int, CustomFee>;
 // What the limits of a class have besides category and rates.
 
 template <class Limit>
-void setOwnFields(Limit& /*limit*/, const RateLine& /*line*/) {}
+void setOwnFields(Limit& /*limit*/, const LineCells& /*line*/) {}
 
 /// A fee item; a line of the other families that have limits of this class names none.
-void setOwnFields(CCustomStkExchangeRateLimit& limit, const RateLine& line) {
+void setOwnFields(CCustomStkExchangeRateLimit& limit, const LineCells& line) {
     if (line.item.empty()) {
         return;
     }
@@ -29,7 +29,7 @@ void setOwnFields(CCustomStkExchangeRateLimit& limit, const RateLine& line) {
     limit.optionThirdKeyCode = static_cast<unsigned char>(line.item[2]);
 }
 
-void setOwnFields(CCustomMarginRateDetail& detail, const RateLine& line) {
+void setOwnFields(CCustomMarginRateDetail& detail, const LineCells& line) {
     detail.hedgeFlag = line.hedgeFlag;
     detail.marginMode = line.marginMode;
 }
@@ -57,10 +57,10 @@ Fee& feeOf(CustomFee& customFee) {
 
 template <class Records>
 void addEntry(const CategoryRegister& categories, const KeptLine& kept, CustomFees& fees) {
-    const RateLine& line = *kept.line;
+    const LineCells& line = *kept.line;
     const auto limit = boost::make_shared<typename Records::CustomLimit>();
     (*limit).*Records::kCategory = std::to_string(line.category);
-    setRates(*limit, Records::kCustomRates, line);
+    setRates(*limit, Records::kCustomRates, kept);
     setOwnFields(*limit, line);
     setCategories(*limit, categories, line.category);
     CustomFee& fee = fees[line.update];
@@ -73,7 +73,7 @@ void addEntry(const CategoryRegister& categories, const KeptLine& kept, CustomFe
 std::vector<CustomFee> expandCustomFees(const CheckedFolder& folder, cost::Date day, std::size_t account) {
     CustomFees fees;
     forEachInForce(folder.accountLines[account].customFees, day, [&](const KeptLine& kept) {
-        visitRecords(kept.family->records,
+        visitRecords(kept.line->family->records,
                      [&](auto records) { addEntry<decltype(records)>(folder.categories, kept, fees); });
     });
     std::vector<CustomFee> made;

@@ -15,7 +15,7 @@ public:
         : market(folder.market), record(folder.market.accounts[account].record) {}
 
     void add(const KeptFeeLine& kept, std::size_t place) {
-        visitRecords(kept.family->records, [&](auto records) {
+        visitRecords(kept.line->family->records, [&](auto records) {
             if constexpr (decltype(records)::kHasLimit) {
                 addFee<decltype(records)>(kept, place);
             }
@@ -40,7 +40,7 @@ private:
             return (*fees.back().record).*Records::kSlot;
         }
         auto limit = boost::make_shared<typename Records::Limit>();
-        setRates(*limit, Records::kRates, *kept.line);
+        setRates(*limit, Records::kRates, kept);
         return limit;
     }
 
@@ -51,7 +51,7 @@ private:
 /// A futures account, by its place: its lines are not those of limits, and none has both.
 bool hasFutures(const CheckedFolder& folder, std::size_t account) {
     const std::vector<KeptFeeLine>& lines = folder.accountLines[account].fees;
-    return !lines.empty() && lines.front().family->charged == cost::Family::kFutures;
+    return !lines.empty() && lines.front().line->family->charged == cost::Family::kFutures;
 }
 
 FuturesFees futuresFees(const CheckedFolder& folder, cost::Date day, std::size_t account) {

@@ -20,7 +20,7 @@ void readFeeTable(Load& load, const RateFamily& family) {
             return;
         }
         load.accountLines[*read.line.account].fees.push_back(
-            {{&family, load.contents.of(read.line), read.position}, std::move(places)});
+            {load.contents.kept(family, read.line, read.position), std::move(places)});
     });
 }
 

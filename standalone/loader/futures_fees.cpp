@@ -13,14 +13,14 @@ namespace {
 boost::shared_ptr<CCommissionRateDetail> commissionOf(const KeptFeeLine& line, const std::string& code) {
     auto detail = boost::make_shared<CCommissionRateDetail>();
     detail->instrumentId = code;
-    setRates(*detail, records::commissionRates<CCommissionRateDetail>, *line.line);
+    setRates(*detail, records::commissionRates<CCommissionRateDetail>, line);
     return detail;
 }
 
 }  // namespace
 
 void FuturesFees::add(const KeptFeeLine& line) {
-    if (line.family->records == RateRecords::kMargin) {
+    if (line.line->family->records == RateRecords::kMargin) {
         addMargins(line);
         return;
     }
@@ -34,7 +34,7 @@ void FuturesFees::addMargins(const KeptFeeLine& line) {
     const auto detail = boost::make_shared<CMarginRateDetail>();
     detail->hedgeFlag = line.line->hedgeFlag;
     detail->marginMode = line.line->marginMode;
-    setRates(*detail, records::marginRates<CMarginRateDetail>, *line.line);
+    setRates(*detail, records::marginRates<CMarginRateDetail>, line);
     for (const std::size_t place : *line.places) {
         fees[place].margins[*hedgeSlot(line.line->hedgeFlag)] = {detail, line.position};
     }

@@ -2,6 +2,7 @@
 #define STANDALONE_LOADER_KEPT_LINES_H
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -19,8 +20,12 @@ namespace standalone::loader {
 /// More rates than any family has.
 constexpr std::size_t kMostRates = 14;
 
-/// The cells of a line that its records are made of; a table fills those that it has columns for.
-struct RateLine {
+/// Rates of a line, in field order; 0 behind those that its family has.
+using LineRates = std::array<double, kMostRates>;
+
+/// The cells of a line that its records are made of, rates aside; a table fills those that it has columns for.
+struct LineCells {
+    const RateFamily* family = nullptr;
     int update = 0;
     int category = 0;
     int hedgeFlag = 0;
@@ -28,16 +33,32 @@ struct RateLine {
     int unitVolume = 0;
     cost::DateRange days;
     std::string item;
-    std::array<double, kMostRates> rates{};
+    std::bitset<kMostRates> givenRates;  ///< those that are not 0
+};
+
+/// A line as it is read.
+struct RateLine : LineCells {
+    LineRates rates{};
 };
 
 /// Places in the catalogue, in its order. Lines of one pattern share theirs.
 using Places = std::shared_ptr<const std::vector<std::size_t>>;
 
+/// Nearly all lines of a table have the same cells but for their rates, and most of a family's rates are 0: the cells
+/// are shared, and of the rates only those that are given take memory.
 struct KeptLine {
-    const RateFamily* family = nullptr;
-    std::shared_ptr<const RateLine> line;  ///< lines with the same cells may share theirs
+    std::shared_ptr<const LineCells> line;  ///< lines with the same cells share theirs
+    const double* given = nullptr;          ///< the line's givenRates; the folder's, and lines with the same share them
     Position position;
+
+    [[nodiscard]] LineRates rates() const {
+        LineRates all{};
+        const double* next = given;
+        for (std::size_t field = 0; field < kMostRates; ++field) {
+            all[field] = line->givenRates[field] ? *next++ : 0;
+        }
+        return all;
+    }
 };
 
 /// A line of fees/*.csv, with the instruments that it matches.

@@ -41,7 +41,7 @@ struct Load : CheckedFolder {
     std::vector<std::string> accountNames;
     InstrumentIndex instruments;
     std::unordered_map<std::string, Places> matches;  ///< of the lines so far that match any, by what they match
-    LineContents contents;                            ///< of the lines so far
+    LineContents contents{*rates};                    ///< of the lines so far
     std::vector<cost::Term> terms;
     bool instrumentsComplete = true;  ///< market and code of every instrument are known
     bool instrumentsWhole = true;     ///< and everything else of them too

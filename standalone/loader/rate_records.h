@@ -105,9 +105,10 @@ void visitRecords(RateRecords records, const Visit& visit) {
 
 /// Writes a line's rates into the fields of a list of host/record_fields.h.
 template <class Record, class... Rates>
-void setRates(Record& record, const std::tuple<Rates...>& list, const RateLine& line) {
+void setRates(Record& record, const std::tuple<Rates...>& list, const KeptLine& line) {
     static_assert(sizeof...(Rates) <= kMostRates);
-    const auto* rate = line.rates.begin();
+    const LineRates rates = line.rates();
+    const auto* rate = rates.begin();
     qmservice::records::forEachOf(list, [&](const auto& field) { record.*field.member = *rate++; });
 }
 

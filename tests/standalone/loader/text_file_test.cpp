@@ -81,21 +81,47 @@ TEST_F(LoaderText, FileThatIsWrittenToBetweenTheReadingsIsNoticed) {
     EXPECT_FALSE(text->isUnchanged());
 }
 
-TEST(LineContents, AreSharedByLinesWithTheSameCells) {
-    loader::LineContents contents;
+/// Lines of two tables, kept in a store of their own.
+class KeptLines : public testing::Test {
+protected:
+    loader::KeptLine kept(const loader::RateLine& line, const char* family = "stock") {
+        return contents.kept(rateFamily(family), line, {});
+    }
+
+    std::pmr::monotonic_buffer_resource rates;
+    loader::LineContents contents{rates};
+};
+
+TEST_F(KeptLines, ShareTheirCells) {
     loader::RateLine line;
-    line.rates[0] = 0.1;
-    const auto first = contents.of(line);
-    EXPECT_EQ(contents.of(line), first);
+    const auto first = kept(line).line;
+    EXPECT_EQ(first->family, &rateFamily("stock"));
+    EXPECT_EQ(kept(line).line, first);
+    EXPECT_EQ(kept(line, "credit").line->family, &rateFamily("credit"));
     line.hedgeFlag = 1;
-    EXPECT_EQ(contents.of(line)->hedgeFlag, 1);
+    EXPECT_EQ(kept(line).line->hedgeFlag, 1);
     line.days.until = day("2023-08-28");
-    EXPECT_EQ(contents.of(line)->days.until, day("2023-08-28"));
+    EXPECT_EQ(kept(line).line->days.until, day("2023-08-28"));
     line.item = "0D1";
-    EXPECT_EQ(contents.of(line)->item, "0D1");
+    EXPECT_EQ(kept(line).line->item, "0D1");
+    EXPECT_EQ(first->item, "");
+}
+
+TEST_F(KeptLines, ShareTheirRatesAndKeepNoneThatIsZero) {
+    loader::RateLine line;
+    EXPECT_EQ(kept(line).given, nullptr);
+    line.rates = {0, 0.1, 0, 0.2};
+    const loader::KeptLine first = kept(line);
+    EXPECT_EQ(first.line->givenRates.count(), 2U);
+    EXPECT_EQ(first.rates(), line.rates);
+    EXPECT_EQ(kept(line).given, first.given);
+    line.hedgeFlag = 1;
+    EXPECT_EQ(kept(line).given, first.given);
+    line.rates = {0.1, 0.2};
+    EXPECT_EQ(kept(line).rates(), line.rates);
     line.rates[13] = -0.0;
-    EXPECT_TRUE(std::signbit(contents.of(line)->rates[13]));
-    EXPECT_EQ(first->rates[0], 0.1);
+    EXPECT_TRUE(std::signbit(kept(line).rates()[13]));
+    EXPECT_EQ(first.rates()[3], 0.2);
 }
 
 }  // namespace
