@@ -22,10 +22,15 @@ Instruments listOf(Witness& witness, int mask) {
     return instruments;
 }
 
-Instruments mapOf(Witness& witness, int type) {
+std::map<std::string, boost::shared_ptr<CInstrument>> keyedMapOf(Witness& witness, int type) {
     std::map<std::string, boost::shared_ptr<CInstrument>> byKey;
     witness.call("IInstrumentCenter::getInstrumentMap(type " + std::to_string(type) + ")",
                  [&] { catalogue().getInstrumentMap(type, byKey); });
+    return byKey;
+}
+
+Instruments mapOf(Witness& witness, int type) {
+    const auto byKey = keyedMapOf(witness, type);
     Instruments instruments;
     instruments.reserve(byKey.size());
     for (const auto& entry : byKey) {
@@ -138,6 +143,20 @@ void listedWhereNamed(const Sample& sample, Witness& witness) {
     }
 }
 
+// A custom fee of futures walks both maps as one and passes over a key of the second that the first has.
+void mapKeysAgree(const Sample& /*sample*/, Witness& witness) {
+    const auto first = keyedMapOf(witness, kTypes[0]);
+    for (const auto& [key, instrument] : keyedMapOf(witness, kTypes[1])) {
+        const auto same = first.find(key);
+        const bool agree = same == first.end() || !same->second || !instrument ||
+                           nameOf(same->second.get()) == nameOf(instrument.get());
+        if (!agree) {
+            throw Broken{"gave " + nameOf(instrument.get()) + " the key " + inQuotes(key) + ", which " +
+                         nameOf(same->second.get()) + " has in the map of type " + std::to_string(kTypes[0])};
+        }
+    }
+}
+
 void exchangeFees(const Sample& sample, Witness& witness) {
     for (const SampleInstrument& known : instrumentsOf(sample)) {
         const auto instrument = find(witness, known.market, known.code);
@@ -200,6 +219,11 @@ Promises cataloguePromises() {
          "add the instrument to the lists and maps that SampleInstrument::lists and types name",
          listedWhereNamed,
          {kKnows}},
+        {"catalogue.map-keys",
+         "no two instruments of the two maps may have one key, or a custom fee reaches the first alone",
+         "use utils::voStockKey(market, code) as the key",
+         mapKeysAgree,
+         {kPresent}},
         {"catalogue.exchange-fees",
          "an exchange's own fee must be a number from 0, or -1 where it is not set",
          "return -1.0 for a fee that you do not know",

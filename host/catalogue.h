@@ -39,12 +39,12 @@ public:
     /// The instrument whose joined key hashes to `instrumentKey`; empty when unknown.
     virtual boost::shared_ptr<CInstrument> findInstrument(uint64 instrumentKey) = 0;
 
-    /// Fills `instruments` with every instrument of one InstrumentType, by the catalogue's string key. The fee center
-    /// passes an empty map each time.
+    /// Fills `instruments` with every instrument of one InstrumentType, by the catalogue's string key, which no two
+    /// instruments of either type share. The fee center passes an empty map each time.
     virtual void getInstrumentMap(int type, std::map<std::string, boost::shared_ptr<CInstrument>>& instruments) = 0;
 
-    /// Fills `instruments` with every instrument of the lists in the mask, bits of InstrumentList. The fee center
-    /// passes an empty vector each time.
+    /// Fills `instruments` with every instrument of the lists in the mask, bits of InstrumentList, in any order.
+    /// The fee center passes an empty vector each time.
     virtual void getInstrumentList(std::vector<boost::shared_ptr<CInstrument>>& instruments, int kindMask) = 0;
 };
 

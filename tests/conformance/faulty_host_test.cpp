@@ -91,6 +91,11 @@ const Fault kFaults[] = {
     {"catalogue.listed-where-named",
      "IInstrumentCenter::getInstrumentList(mask 128) left out HK 00700, but custom fees reach an instrument only where "
      "its list or map holds it: add the instrument to the lists and maps that SampleInstrument::lists and types name."},
+    {"catalogue.map-keys",
+     "IInstrumentCenter::getInstrumentMap(type 1024) gave INE bc2610 the key \"bc2610\", which SHFE bc2610 has in the "
+     "map "
+     "of type 2, but no two instruments of the two maps may have one key, or a custom fee reaches the first alone: use "
+     "utils::voStockKey(market, code) as the key."},
     {"catalogue.exchange-fees",
      "SHFE rb2610: getOpenFee() gave -3, but an exchange's own fee must be a number from 0, or -1 where it is not set: "
      "return -1.0 for a fee that you do not know."},

@@ -45,6 +45,10 @@ FaultyHost::FaultyHost(std::string brokenPromise) : fault(std::move(brokenPromis
     add("HK", "00700", kHgtList | kSgtList, 0);
     add("SHFE", "rb2610", 0, kFuturesType);
     add("BJ", "430047", 0, 0);
+    // One code in two markets, one of each type; and an instrument of both types.
+    add("SHFE", "bc2610", 0, kFuturesType);
+    add("INE", "bc2610", 0, kFuturesExtraType);
+    add("INE", "sc2610", 0, kFuturesType | kFuturesExtraType);
     instruments[3].instrument->feeType = kPerLotFee;
     instruments[3].instrument->openFee = breaks("catalogue.exchange-fees") ? -3 : 1;
     instruments[3].instrument->closeFee = -1;

@@ -56,7 +56,7 @@ public:
     void getInstrumentMap(int type, std::map<std::string, boost::shared_ptr<CInstrument>>& instruments) override {
         for (const auto& listed : host().instruments) {
             if ((listed.types & type) != 0) {
-                instruments[listed.instrument->code] = listed.instrument;
+                instruments[keyInMap(*listed.instrument)] = listed.instrument;
             }
         }
     }
@@ -85,6 +85,10 @@ public:
     }
 
 private:
+    static std::string keyInMap(const CInstrument& instrument) {
+        return breaks("catalogue.map-keys") ? instrument.code : utils::voStockKey(instrument.market, instrument.code);
+    }
+
     static boost::shared_ptr<CInstrument> renamed(const CInstrument& instrument) {
         auto other = boost::make_shared<CInstrument>(instrument);
         other->productId = callsSoFar<CInstrument>() % 2 == 0 ? "even" : "odd";
