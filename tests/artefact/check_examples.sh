@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
 # The examples of a document are what feedesk prints. In each ```console block a line "$ feedesk ..." is run where the
-# The examples of a document are what feedesk prints. In each ```console block a line "$ feedesk ..." is run where the
 # bundled market is the usual one, `market` too, `broken` is a copy of it with faults and `proposed` one to which every
 # ```diff block is applied; what follows must be its output. A block ```csv NAME is a file of that name; a block
 # ```csv >>FOLDER/TABLE adds lines to a table of a copy of the bundled market.
