@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "feedesk/reconciling/representatives.h"
+#include "feedesk/reconciling/tariff_comparison.h"
 
 namespace feedesk {
 namespace {
@@ -13,23 +14,6 @@ namespace {
 Question questionOf(const Disputed& disputed) {
     const cost::Place& place = disputed.charged.tariff.place();
     return {place.market, place.code};
-}
-
-bool sameRates(const cost::Rates& one, const cost::Rates& other) {
-    return std::equal(one.charges.begin(), one.charges.end(), other.charges.begin(), other.charges.end(),
-                      [](const cost::Rate& a, const cost::Rate& b) {
-                          return a.charge == b.charge && a.item == b.item && a.value == b.value;
-                      });
-}
-
-/// Whether two tariffs of one schedule charge alike.
-bool chargeAlike(const cost::Tariff& one, const cost::Tariff& other) {
-    for (std::size_t side = 0; side < cost::kSideCount; ++side) {
-        if (one.terms().termsOf(cost::sideAt(side)) != other.terms().termsOf(cost::sideAt(side))) {
-            return false;
-        }
-    }
-    return sameRates(one.rates(), other.rates());
 }
 
 /// The days that are in both.
@@ -42,32 +26,6 @@ cost::DateRange within(const cost::DateRange& one, const cost::DateRange& other)
         both.until = other.until;
     }
     return both;
-}
-
-/// "custom fee, custom/stock.csv:18".
-std::string inputOf(const cost::Tariff& tariff) {
-    const auto& charges = tariff.rates().charges;
-    if (charges.empty()) {
-        return "";
-    }
-    const cost::Rate& rate = charges.front();
-    return rate.source.empty() ? rate.level : rate.level + ", " + rate.source;
-}
-
-/// What is given for custom categories is the same in every market and product.
-std::string categoryKeyOf(const cost::Tariff& tariff, const std::string& customCategories) {
-    return customCategories.empty() ? tariff.place().market + ' ' + tariff.place().product
-                                    : customCategories + ' ' + inputOf(tariff);
-}
-
-/// "charged as SH:600036 (MAIN, custom category 10001) is, by the custom fee, custom/stock.csv:8".
-std::string categorySentenceOf(const cost::Tariff& tariff, const std::string& customCategories) {
-    const cost::Place& place = tariff.place();
-    const std::string custom = customCategories.empty() ? "" : "custom category " + customCategories;
-    const std::string between = place.product.empty() || custom.empty() ? "" : ", ";
-    const std::string kind = place.product + between + custom;
-    return fmt::format("charged as {}{} is{}", place.instrument(), kind.empty() ? "" : fmt::format(" ({})", kind),
-                       custom.empty() ? "" : ", by the " + inputOf(tariff));
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 namespace feedesk {
 namespace {
 
-using cost::Decimal;
 using cost::Per;
 
 std::string rangeText(const Span& amount, std::size_t fills) {

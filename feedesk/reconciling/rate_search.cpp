@@ -8,11 +8,17 @@
 #include <tuple>
 #include <utility>
 
+#include "feedesk/reconciling/held_order.h"
+
 namespace feedesk {
 namespace {
 
 /// From how many orders on a rate is concluded that is of one instrument alone, or ended before the last orders.
 constexpr std::size_t kFewestOfReach = 2;
+
+/// Behind how many last days without such a rate none is looked for, so that a long statement in which every line
+/// differs in its own way takes no longer for each day.
+constexpr std::size_t kMostMisses = 8;
 
 using OrderSet = std::set<const ReconciledOrder*>;
 
@@ -120,7 +126,11 @@ OrdersByDay before(const std::optional<cost::Date>& day, OrdersByDay orders) {
 /// The rates of a line that ended before its last orders, each of which explains several of these.
 RateChanges endedChanges(const ChargedLine& line, OrdersByDay left, const Layout& layout) {
     RateChanges ended;
-    while (left.size() >= kFewestOfReach) {
+    for (std::size_t misses = 0; misses < kMostMisses && left.size() >= kFewestOfReach;) {
+        if (!HeldOrder(*left.back(), line.sought, layout).range()) {
+            left.pop_back();
+            continue;
+        }
         const cost::Date last = left.back()->order.date();
         auto change = lastChangeOf(line, layout, {}, last);
         const bool isFound = change && change->explained.size() >= kFewestOfReach;
@@ -128,6 +138,7 @@ RateChanges endedChanges(const ChargedLine& line, OrdersByDay left, const Layout
         if (isFound) {
             ended.push_back(std::move(*change));
         }
+        misses += isFound ? 0 : 1;
     }
     return ended;
 }
