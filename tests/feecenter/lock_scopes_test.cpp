@@ -216,6 +216,24 @@ TEST_F(NothingToStoreTest, FuturesChangeTakesNoLockAndMakesNoKey) {
     EXPECT_EQ(tableSizes(), emptyTables);
 }
 
+// A reader between two holds sees a new commission with old margins, never the reverse.
+
+using StoringOrderTest = test::FutureTest;
+
+TEST_F(StoringOrderTest, CommissionOfAnInstrumentIsStoredBeforeItsMargins) {
+    const auto rb = addFuture("rb2605");
+    std::vector<std::vector<std::size_t>> stored;
+    const LockScopes scopes(center, [&](const std::string& lock, const std::string& hold) {
+        if (lock == "future" && hold.empty()) {
+            stored.push_back(tableSizes());
+        }
+    });
+    center.doUpdateFutureInstrumentFee(account,
+                                       test::makeFutureFee(rb, test::makeCommission(10), {test::makeMargin('1', 20)}));
+    const std::vector<std::vector<std::size_t>> expected{{1, 1, 1, 0, 0, 0}, {1, 1, 1, 1, 1, 1}};
+    EXPECT_EQ(stored, expected);
+}
+
 // What is read.
 
 class ReadsTest : public LockScopesTest {
