@@ -76,6 +76,13 @@ void Session::begin(const std::optional<cost::Date>& date) {
 
 Session::~Session() = default;
 
+const FolderLayouts& Session::layouts() {
+    if (!readLayouts) {
+        readLayouts.emplace(days.name());
+    }
+    return *readLayouts;
+}
+
 /// The day's own was used last.
 void Session::dropOldest() {
     centers.erase(std::min_element(centers.begin(), centers.end(), [](const auto& one, const auto& other) {

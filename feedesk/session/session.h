@@ -14,6 +14,7 @@
 #include "feedesk/answers/interval_center.h"
 #include "feedesk/instruments/instrument_names.h"
 #include "feedesk/session/running_engine.h"
+#include "feedesk/statements/layout.h"
 #include "standalone/folder_excerpt.h"
 #include "standalone/market_folder.h"
 
@@ -68,6 +69,9 @@ public:
     static constexpr std::size_t kKeptIntervals = 4;
     /// How many intervals are held.
     [[nodiscard]] std::size_t heldIntervals() const { return centers.size(); }
+
+    /// The folder's layouts of statements, as they were when they were first asked for.
+    const FolderLayouts& layouts();
 
     /// The folder, with its coverage and charging terms.
     [[nodiscard]] const standalone::MarketFolder& folder() const { return days; }
@@ -138,6 +142,7 @@ private:
 
     Tally tally;
     standalone::MarketFolder days;
+    std::optional<FolderLayouts> readLayouts;
     cost::Date askedDay;
     std::map<std::size_t, HeldCenter> centers;  // by interval
     std::size_t uses = 0;                       // of centers; numbers them
