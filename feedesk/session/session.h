@@ -67,6 +67,15 @@ public:
 
     /// A market of some thousand instruments and its fee centers take tens of megabytes, and a shell runs for days.
     static constexpr std::size_t kKeptIntervals = 4;
+    /// An account of some thousand instruments takes half a megabyte. When so many were asked, all are forgotten
+    /// together: fee centers forget no single one.
+    static constexpr std::size_t kKeptAccounts = 32;
+    /// Gives back the memory of the accounts where more than these are held; one that is asked again is fed again,
+    /// which takes milliseconds. begin() does it, and so does who asks many accounts one after the other, once each.
+    void forgetAccounts();
+    /// How many accounts are held, those of each interval counted.
+    [[nodiscard]] std::size_t heldAccounts() const;
+
     /// How many intervals are held.
     [[nodiscard]] std::size_t heldIntervals() const { return centers.size(); }
 
