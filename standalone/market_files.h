@@ -17,7 +17,7 @@ constexpr const char* kInstruments = "instruments";  ///< a folder: each of its 
 constexpr const char* kConfigured = "configured";    ///< a folder: one table for each family
 constexpr const char* kFees = "fees";                ///< the same
 constexpr const char* kCustom = "custom";            ///< the same
-constexpr const char* kLayouts = "layouts";          ///< a folder: layouts of statements, which no load reads
+constexpr const char* kLayouts = "layouts";  ///< a folder: layouts of statements, which the loader does not read
 
 constexpr const char* kTableEnding = ".csv";
 constexpr const char* kLayoutEnding = ".toml";

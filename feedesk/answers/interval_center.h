@@ -2,6 +2,7 @@
 #define FEEDESK_ANSWERS_INTERVAL_CENTER_H
 
 #include <boost/shared_ptr.hpp>
+#include <cstddef>
 #include <optional>
 #include <set>
 #include <vector>
@@ -38,6 +39,11 @@ public:
     /// account is one of the market's.
     void feedOnce(const standalone::Account& account);
 
+    /// How many accounts are held: they have been fed and not been forgotten.
+    [[nodiscard]] std::size_t heldAccounts() const { return fedAccounts.size(); }
+    /// Gives back the memory of the accounts; one that is asked again is fed again.
+    void forgetAccounts();
+
     /// The fees of the questions, in their order; empty where there is none. The account has been fed.
     Fees ask(const standalone::Account& account, const std::vector<Question>& questions);
 
@@ -61,8 +67,8 @@ private:
     std::optional<Source> source;  // of the accounts' fees; empty: they are in the market
     standalone::PreparedMarket prepared;
     std::set<const standalone::Account*> fedAccounts;
-    qmservice::CFeeCenter center;
-    std::optional<Tracer> tracer;  // made when it is first needed
+    std::optional<qmservice::CFeeCenter> center;  // its tables are never cleared
+    std::optional<Tracer> tracer;                 // made when it is first needed
 };
 
 }  // namespace feedesk

@@ -26,15 +26,28 @@ const std::vector<DutyCut>& dutyCuts() {
     return all;
 }
 
-/// A line that began before the cut was right until then.
-std::string dutyMend(const cost::DateRange& days, const DutyCut& cut) {
-    const std::string now = plainNumber(cut.after);
-    if (days.from && *days.from >= cut.from) {
-        return "write " + now;
+/// What changed on a day: a line that began before it was right until then.
+std::string mendFrom(cost::Date change, const cost::DateRange& days, const std::string& now,
+                     const std::string& where = "") {
+    if (days.from && *days.from >= change) {
+        return fmt::format("write {}{}", now, where);
     }
-    const std::string last = cut.from.previous().value_or(cut.from).text();
-    return fmt::format("end the line with until {} and add one with {} from {}", last, now, cut.from.text());
+    const std::string last = change.previous().value_or(change).text();
+    return fmt::format("end the line with until {} and add one with {}{} from {}", last, now, where, change.text());
 }
+
+std::string dutyMend(const cost::DateRange& days, const DutyCut& cut) {
+    return mendFrom(cut.from, days, plainNumber(cut.after));
+}
+
+/// On the mainland sales alone have paid stamp duty since.
+cost::Date salesAlone() { return dayOf(2008, 9, 19); }
+
+bool isOfMainland(cost::Family family) {
+    return standalone::rateFamilyOf(family).records == standalone::RateRecords::kStock;
+}
+
+bool chargesNothing(const cost::Term& term) { return term.rate && ownRate(term) == 0; }
 
 }  // namespace
 
@@ -81,6 +94,21 @@ void findOldDuties(const FolderFacts& facts, Findings& findings) {
         if (const double rate = ownRate(term); rate != 0) {
             look(standalone::rateFamilyOf(term.family), term.charge, rate, term.dates, Place::of(term.where),
                  accountsOf(term));
+        }
+    }
+    faults.addTo(findings);
+}
+
+void findDutiesOnPurchases(const FolderFacts& facts, Findings& findings) {
+    LineFaults faults;
+    for (const cost::Term& term : facts.folder.schedule().terms()) {
+        const bool isLate = term.dates.overlaps({std::max(facts.day, salesAlone()), std::nullopt});
+        if (isDuty(term.charge) && isOfMainland(term.family) && isLate && cost::covers(term.side, cost::Side::kBuy) &&
+            !chargesNothing(term)) {
+            faults.add(Place::of(term.where), accountsOf(term),
+                       fmt::format("{} is charged on {}, and since {} sales alone pay it", term.charge,
+                                   term.side == cost::TermSide::kBuy ? "purchases" : "both sides", salesAlone().text()),
+                       mendFrom(salesAlone(), term.dates, "sell", " in side"));
         }
     }
     faults.addTo(findings);

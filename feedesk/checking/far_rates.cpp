@@ -55,6 +55,9 @@ void findFarIn(std::vector<RateOfLine>& rates, LineFaults& faults) {
 void findFarRates(const FolderFacts& facts, Findings& findings) {
     std::map<RateColumn, std::vector<RateOfLine>> columns;
     forEachLine(facts, [&](const FolderLine& line) {
+        if (!isAhead(facts, line)) {
+            return;  // rates of another time
+        }
         for (const RateCell& cell : rateCells(facts, *line.kept)) {
             if (isSized(cell)) {
                 columns[{line.kept->line->family, cell.field}].push_back({cell, line});

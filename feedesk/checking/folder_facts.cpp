@@ -47,6 +47,10 @@ std::vector<std::string> FolderLine::accounts() const {
     return account == nullptr ? std::vector<std::string>() : std::vector<std::string>{account->accountId};
 }
 
+bool isAhead(const FolderFacts& facts, const FolderLine& line) {
+    return line.kept->line->days.overlaps({facts.day, std::nullopt});
+}
+
 void forEachLine(const FolderFacts& facts, const std::function<void(const FolderLine& line)>& visit) {
     const standalone::loader::CheckedFolder& lines = facts.folder.content();
     const auto visitOne = [&](const KeptLine& kept, const qmservice::CAccountInfo* account) {

@@ -34,6 +34,9 @@ struct FolderLine {
     [[nodiscard]] std::vector<std::string> accounts() const;
 };
 
+/// Whether the line is in force on the day of the facts or behind it.
+bool isAhead(const FolderFacts& facts, const FolderLine& line);
+
 /// Calls `visit` with every line of fees/, custom/ and configured/.
 void forEachLine(const FolderFacts& facts, const std::function<void(const FolderLine& line)>& visit);
 

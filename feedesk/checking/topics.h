@@ -31,6 +31,10 @@ std::unique_ptr<AcrossAccounts> freeCommissions();
 
 // duties.cpp
 void findOldDuties(const FolderFacts& facts, Findings& findings);
+void findDutiesOnPurchases(const FolderFacts& facts, Findings& findings);
+
+// unused_rates.cpp
+void findUnusedRates(const FolderFacts& facts, Findings& findings);
 
 // margins.cpp
 void findZeroMargins(const FolderFacts& facts, Findings& findings);

@@ -62,6 +62,7 @@ ExitStatus accounts(Program& program, const AccountsArguments& arguments) {
     const AccountFields fields = arguments.levels ? accountFieldsWithLevels() : accountFields();
     program.answer(session, {sectionOf("", fields, "Accounts")}, [&](RowSink& sink) {
         for (const standalone::Account* account : wanted) {
+            session.forgetAccounts();
             sink.row(rowOf(fields, {account, session.feeCounts(*account),
                                     arguments.levels ? countLevels(session, *account) : LevelCounts()}));
         }

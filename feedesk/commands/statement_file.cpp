@@ -14,15 +14,15 @@
 namespace feedesk {
 namespace {
 
-std::vector<Layout> layoutsFor(const StatementFile& file, const std::string& folder) {
+std::vector<Layout> layoutsFor(const StatementFile& file, const FolderLayouts& folder) {
     if (!file.layout.empty()) {
-        return {namedLayout(folder, file.layout)};
+        return {folder.named(file.layout)};
     }
-    std::vector<Layout> layouts = layoutsOf(folder);
+    std::vector<Layout> layouts = folder.all();
     if (layouts.empty()) {
-        throw Failure(kBadInput,
-                      fmt::format("{}/{} holds no layout of statements; name one with --layout FILE{}",
-                                  pathText(folder), standalone::files::kLayouts, standalone::files::kLayoutEnding));
+        throw Failure(kBadInput, fmt::format("{}/{} holds no layout of statements; name one with --layout FILE{}",
+                                             pathText(folder.market()), standalone::files::kLayouts,
+                                             standalone::files::kLayoutEnding));
     }
     return layouts;
 }
@@ -41,8 +41,8 @@ void refuseWrongLines(const std::vector<WrongLine>& wrong, const std::string& fi
 
 }  // namespace
 
-Statement readStatement(const StatementFile& file, const std::string& marketFolder) {
-    const std::vector<Layout> layouts = layoutsFor(file, marketFolder);
+Statement readStatement(const StatementFile& file, const FolderLayouts& folder) {
+    const std::vector<Layout> layouts = layoutsFor(file, folder);
     TextLines text(file.path, false);
     const std::vector<std::string> lines = linesAsUtf8(text, encodingFrom(file.encoding));
     std::vector<WrongLine> wrong;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <numeric>
 #include <tuple>
 #include <utility>
 
@@ -72,9 +73,30 @@ void Session::begin(const std::optional<cost::Date>& date) {
     while (centers.size() > kKeptIntervals) {
         dropOldest();
     }
+    forgetAccounts();
+}
+
+void Session::forgetAccounts() {
+    if (heldAccounts() > kKeptAccounts) {
+        for (auto& [interval, held] : centers) {
+            held.center->forgetAccounts();
+        }
+    }
+}
+
+std::size_t Session::heldAccounts() const {
+    return std::accumulate(centers.begin(), centers.end(), std::size_t{0},
+                           [](std::size_t sum, const auto& held) { return sum + held.second.center->heldAccounts(); });
 }
 
 Session::~Session() = default;
+
+const FolderLayouts& Session::layouts() {
+    if (!readLayouts) {
+        readLayouts.emplace(days.name());
+    }
+    return *readLayouts;
+}
 
 /// The day's own was used last.
 void Session::dropOldest() {

@@ -14,6 +14,7 @@
 #include "feedesk/answers/interval_center.h"
 #include "feedesk/instruments/instrument_names.h"
 #include "feedesk/session/running_engine.h"
+#include "feedesk/statements/layout.h"
 #include "standalone/folder_excerpt.h"
 #include "standalone/market_folder.h"
 
@@ -66,8 +67,20 @@ public:
 
     /// A market of some thousand instruments and its fee centers take tens of megabytes, and a shell runs for days.
     static constexpr std::size_t kKeptIntervals = 4;
+    /// An account of some thousand instruments takes half a megabyte. When so many were asked, all are forgotten
+    /// together: fee centers forget no single one.
+    static constexpr std::size_t kKeptAccounts = 32;
+    /// Gives back the memory of the accounts where more than these are held; one that is asked again is fed again,
+    /// which takes milliseconds. begin() does it, and so does who asks many accounts one after the other, once each.
+    void forgetAccounts();
+    /// How many accounts are held, those of each interval counted.
+    [[nodiscard]] std::size_t heldAccounts() const;
+
     /// How many intervals are held.
     [[nodiscard]] std::size_t heldIntervals() const { return centers.size(); }
+
+    /// The folder's layouts of statements, as they were when they were first asked for.
+    const FolderLayouts& layouts();
 
     /// The folder, with its coverage and charging terms.
     [[nodiscard]] const standalone::MarketFolder& folder() const { return days; }
@@ -138,6 +151,7 @@ private:
 
     Tally tally;
     standalone::MarketFolder days;
+    std::optional<FolderLayouts> readLayouts;
     cost::Date askedDay;
     std::map<std::size_t, HeldCenter> centers;  // by interval
     std::size_t uses = 0;                       // of centers; numbers them

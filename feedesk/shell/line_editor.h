@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "feedesk/terminal/interruption.h"
+
 namespace feedesk {
 
 /// What may go on behind what is written.
@@ -37,6 +39,7 @@ public:
 private:
     struct Handles;
 
+    TerminalRestoredWhenInterrupted settings;  // first: the library changes them
     std::string prompt;
     Complete complete;
     std::unique_ptr<Handles> handles;

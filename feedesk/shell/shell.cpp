@@ -12,7 +12,6 @@
 #include "feedesk/command_line.h"
 #include "feedesk/shell/history_file.h"
 #include "feedesk/shell/line_words.h"
-#include "feedesk/statements/layout.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/terminal/pager.h"
 #include "feedesk/terminal/terminal.h"
@@ -72,12 +71,16 @@ std::string commonBeginning(const std::vector<std::string>& texts) {
 
 }  // namespace
 
-Shell::Shell(const Program& program)
-    : options(program.session), summary(program.summary), loaded(std::make_shared<Session>(options)) {}
+Shell::Shell(const Program& program) : options(program.session), summary(program.summary) { reload(); }
 
 Shell::~Shell() = default;
 
-void Shell::reload() { loaded = std::make_shared<Session>(options); }
+/// What is loaded goes on answering where the folder breaks, layouts of statements too.
+void Shell::reload() {
+    auto anew = std::make_shared<Session>(options);
+    anew->layouts();
+    loaded = std::move(anew);
+}
 
 Program Shell::lineProgram() {
     Program program;
@@ -161,7 +164,7 @@ LineCompletion Shell::completed(const std::string& before) {
     Program program = lineProgram();
     LineCompletion found;
     const FolderWords folderWords = {[this](const auto& /*words*/) { return loaded->market(); },
-                                     [this](const auto& /*words*/) { return layoutNames(loaded->folder().name()); }};
+                                     [this](const auto& /*words*/) { return loaded->layouts().names(); }};
     found.choices = completionsFor(words, program, folderWords);
     found.replaced = characters(before.substr(begin));
     if (found.choices.size() == 1) {

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
+#include <utility>
 
 #include "feedesk/failure.h"
 #include "feedesk/text/text.h"
@@ -78,6 +80,21 @@ std::vector<fs::path> layoutFiles(const std::string& marketFolder) {
     return files;
 }
 
+std::variant<Layout, Failure> readOrFailure(const fs::path& file) {
+    try {
+        return readLayout(file.string());
+    } catch (const Failure& failure) {
+        return failure;
+    }
+}
+
+const Layout& layoutOrThrow(const std::variant<Layout, Failure>& result) {
+    if (const auto* failure = std::get_if<Failure>(&result)) {
+        throw Failure(*failure);
+    }
+    return std::get<Layout>(result);
+}
+
 }  // namespace
 
 Header headerIn(const std::vector<std::string>& cells, const Layout& layout) {
@@ -102,14 +119,6 @@ Header headerIn(const std::vector<std::string>& cells, const Layout& layout) {
     return header;
 }
 
-std::vector<Layout> layoutsOf(const std::string& marketFolder) {
-    std::vector<Layout> layouts;
-    for (const fs::path& file : layoutFiles(marketFolder)) {
-        layouts.push_back(readLayout(file.string()));
-    }
-    return layouts;
-}
-
 std::vector<std::string> layoutNames(const std::string& marketFolder) {
     const std::vector<fs::path> files = layoutFiles(marketFolder);
     std::vector<std::string> names(files.size());
@@ -118,20 +127,40 @@ std::vector<std::string> layoutNames(const std::string& marketFolder) {
     return names;
 }
 
-Layout namedLayout(const std::string& marketFolder, const std::string& name) {
-    for (const fs::path& file : layoutFiles(marketFolder)) {
-        if (file.stem() == name) {
-            return readLayout(file.string());
-        }
+FolderLayouts::FolderLayouts(std::string marketFolder) : folder(std::move(marketFolder)) {
+    for (const fs::path& file : layoutFiles(folder)) {
+        layouts.push_back({file.stem().string(), readOrFailure(file)});
     }
-    const std::vector<std::string> known = layoutNames(marketFolder);
+}
+
+std::vector<std::string> FolderLayouts::names() const {
+    std::vector<std::string> names(layouts.size());
+    std::transform(layouts.begin(), layouts.end(), names.begin(), [](const Read& layout) { return layout.name; });
+    return names;
+}
+
+std::vector<Layout> FolderLayouts::all() const {
+    std::vector<Layout> good;
+    good.reserve(layouts.size());
+    std::transform(layouts.begin(), layouts.end(), std::back_inserter(good),
+                   [](const Read& layout) { return layoutOrThrow(layout.result); });
+    return good;
+}
+
+Layout FolderLayouts::named(const std::string& name) const {
+    const auto found =
+        std::find_if(layouts.begin(), layouts.end(), [&](const Read& layout) { return layout.name == name; });
+    if (found != layouts.end()) {
+        return layoutOrThrow(found->result);
+    }
     if (fs::path(name).extension() == standalone::files::kLayoutEnding) {
         return readLayout(name);
     }
-    throw Failure(kBadInput, fmt::format("{} is no layout of {}/{}, which has {}, and no file that ends in {}{}",
-                                         echoed(name), marketFolder, standalone::files::kLayouts,
-                                         known.empty() ? "none" : standalone::oneOf(known),
-                                         standalone::files::kLayoutEnding, standalone::suggestion(name, known)));
+    const std::vector<std::string> known = names();
+    throw Failure(kBadInput,
+                  fmt::format("{} is no layout of {}/{}, which has {}, and no file that ends in {}{}", echoed(name),
+                              folder, standalone::files::kLayouts, known.empty() ? "none" : standalone::oneOf(known),
+                              standalone::files::kLayoutEnding, standalone::suggestion(name, known)));
 }
 
 }  // namespace feedesk

@@ -7,10 +7,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "cost/side.h"
 #include "cost/words.h"
+#include "feedesk/failure.h"
 
 namespace feedesk {
 
@@ -86,14 +88,32 @@ Header headerIn(const std::vector<std::string>& cells, const Layout& layout);
 /// Reads a layout. Throws Failure with the first thing that is wrong in it, with file and line.
 Layout readLayout(const std::string& path);
 
-/// The layouts of a market folder, by name.
-std::vector<Layout> layoutsOf(const std::string& marketFolder);
-
-/// Their names alone; none is read.
+/// The names of a market folder's layouts; none is read.
 std::vector<std::string> layoutNames(const std::string& marketFolder);
 
-/// The layout that a person names: one of the market folder, or a file. Throws Failure when there is none.
-Layout namedLayout(const std::string& marketFolder, const std::string& name);
+/// The layouts of a market folder as they were when this was made. A wrong one is refused when it is asked for, so that
+/// it is in nobody's way who reads no statements.
+class FolderLayouts {
+public:
+    explicit FolderLayouts(std::string marketFolder);
+
+    [[nodiscard]] const std::string& market() const { return folder; }
+    [[nodiscard]] std::vector<std::string> names() const;
+    /// All of them, by name. Throws the Failure of the first wrong one.
+    [[nodiscard]] std::vector<Layout> all() const;
+    /// The layout that a person names: one of the folder, or a file, which is read. Throws Failure when there is none
+    /// and when it is wrong.
+    [[nodiscard]] Layout named(const std::string& name) const;
+
+private:
+    struct Read {
+        std::string name;
+        std::variant<Layout, Failure> result;
+    };
+
+    std::string folder;
+    std::vector<Read> layouts;  // by name
+};
 
 }  // namespace feedesk
 

@@ -18,6 +18,7 @@ constexpr std::array<int, 3> kEndings = {SIGINT, SIGTERM, SIGHUP};
 // The handler reads these. The list changes on the main thread alone, while interruptions are held.
 RemovedWhenInterrupted* newestRemoved = nullptr;
 std::atomic<bool> lineIsShown{false};
+std::atomic<const TerminalRestoredWhenInterrupted*> restoredTerminal{nullptr};
 pthread_t mainThread{};
 
 /// Calls only what a signal's handler may call. It runs on the main thread, which so stands still and makes nothing
@@ -29,6 +30,9 @@ void endByInterruption(int signal) {
     }
     if (lineIsShown) {
         [[maybe_unused]] const auto written = ::write(STDERR_FILENO, kWipedLine.data(), kWipedLine.size());
+    }
+    if (const TerminalRestoredWhenInterrupted* terminal = restoredTerminal) {
+        terminal->restoreNow();
     }
     for (const RemovedWhenInterrupted* each = newestRemoved; each != nullptr; each = each->nextOlder()) {
         each->removeNow();
@@ -54,6 +58,21 @@ void endCleanlyWhenInterrupted() {
 }
 
 void wipeLineWhenInterrupted(bool isShown) noexcept { lineIsShown = isShown; }
+
+TerminalRestoredWhenInterrupted::TerminalRestoredWhenInterrupted() noexcept {
+    if (tcgetattr(STDIN_FILENO, &before) == 0) {
+        restoredTerminal = this;
+    }
+}
+
+TerminalRestoredWhenInterrupted::~TerminalRestoredWhenInterrupted() { restoredTerminal = nullptr; }
+
+/// In the background the terminal is another program's, and a change of it would stop this one.
+void TerminalRestoredWhenInterrupted::restoreNow() const noexcept {
+    if (tcgetpgrp(STDIN_FILENO) == getpgrp()) {
+        tcsetattr(STDIN_FILENO, TCSANOW, &before);
+    }
+}
 
 InterruptionHeld::InterruptionHeld() noexcept {
     sigset_t held{};

@@ -55,10 +55,13 @@ std::string yearsOfTheOldDuty() {
     return lines;
 }
 
-/// Three terms of other families; each text has the cells from minimum to until.
+/// Three terms of other families, with those of the duties that one of them pays; each text has the cells from minimum
+/// to until.
 std::string termsOfCommission(const std::string& credit, const std::string& neeq, const std::string& hgt) {
     const std::string cells = ",,,commission,both,turnover,,order,CNY,2026-09-01";
-    return "credit" + cells + credit + "\nneeq" + cells + neeq + "\nhgt" + cells + hgt + "\n";
+    return "credit" + cells + credit + "\nneeq" + cells + neeq + "\nhgt" + cells + hgt + "\n" +
+           "hgt,,,stamp_duty_buy,buy,turnover,,order,CNY,2026-09-01,,,,,,\n"
+           "hgt,,,stamp_duty_sell,sell,turnover,,order,CNY,2026-09-01,,,,,,\n";
 }
 
 const std::vector<Fault>& faults() {
@@ -114,6 +117,25 @@ const std::vector<Fault>& faults() {
          "error",
          "custom/stock.csv,2",
          "commission -0.0002"},
+        {"DutyOnBothSides",
+         {{"charges.csv", "stamp_duty,sell", "stamp_duty,both"}},
+         "both-sides-duty",
+         "error",
+         "charges.csv,5",
+         "stamp_duty is charged on both sides, and since 2008-09-19 sales alone pay it\",end the line with until "
+         "2008-09-18 and add one with sell in side from 2008-09-19,"},
+        {"DutyOnPurchasesOfALaterTerm",
+         {{"charges.csv", "", "stock,S200,,stamp_duty,buy,turnover,,order,CNY,2026-09-01,,,,,2008-09-19,\n"}},
+         "both-sides-duty",
+         "error",
+         "charges.csv,6,S200",
+         "stamp_duty is charged on purchases, and since 2008-09-19 sales alone pay it\",write sell in side,"},
+        {"RateOfAnAccountWhoseTermIsAnothers",
+         {{"charges.csv", "stock,,,stamp_duty,sell,turnover,", "stock,S100,,stamp_duty,sell,turnover,"}},
+         "unused-rate",
+         "warning",
+         "fees/stock.csv,4,S200,2",
+         "no charging term is for the rate stamp_duty"},
         {"ExchangeWithoutTheDuty",
          {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005", "S200,SZ,*,,0.0003,0"}},
          "missing-duty",
@@ -150,13 +172,13 @@ const std::vector<Fault>& faults() {
          {{"charges.csv", "", termsOfCommission(",5,,,,,", ",5,,,,,", ",50,,,,,")}},
          "far-term",
          "warning",
-         "charges.csv,7",
+         "charges.csv,8",
          "the minimum 50 of commission is far from all others: 10 times the next lower one, 5"},
         {"MaximumATenthOfTheOthers",
          {{"charges.csv", "", termsOfCommission(",,100,,,,", ",,10,,,,", ",,120,,,,")}},
          "far-term",
          "warning",
-         "charges.csv,6",
+         "charges.csv,7",
          "the maximum 10 of commission is far from all others: a 10th of the next higher one, 100"},
         {"RoundingUnlikeTheOthers",
          {{"charges.csv", "commission,both,turnover,,order,CNY,2026-09-01,,,",
@@ -164,19 +186,19 @@ const std::vector<Fault>& faults() {
           {"charges.csv", "", termsOfCommission(",,,0.01 half_up,,,", ",,,0.1 half_up,,,", ",,,0.01 half_up,,,")}},
          "far-term",
          "warning",
-         "charges.csv,6",
+         "charges.csv,7",
          "commission has rounding 0.1 half_up, and 3 of its 4 terms have rounding 0.01 half_up"},
         {"MinimumOfOneAccountThatNobodyExplains",
          {{"charges.csv", "", "stock,S200,,commission,both,turnover,,order,CNY,2026-09-01,5,,,,,\n"}},
          "unexplained-term",
          "warning",
-         "charges.csv,5,S200",
+         "charges.csv,6,S200",
          "commission has minimum 5 in place of no minimum of charges.csv:2"},
         {"MinimumPerFillThatNobodyExplains",
          {{"charges.csv", "", "stock,S200,,commission,both,turnover,,fill,CNY,2026-09-01,,,,,,\n"}},
          "unexplained-term",
          "warning",
-         "charges.csv,5,S200",
+         "charges.csv,6,S200",
          "commission has per fill in place of per order of charges.csv:2"},
         {"LineThatEndsAndNoneFollows",
          {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005,,", "S200,SZ,*,,0.0003,0.0005,,2026-10-31"}},
@@ -203,7 +225,7 @@ const std::vector<Fault>& faults() {
          {{"charges.csv", "", "stock,S200,,commission,both,turnover,,order,CNY,2026-09-01,,,,,,2026-12-31\n"}},
          "ended-term",
          "warning",
-         "charges.csv,5,S200",
+         "charges.csv,6,S200",
          "ends on 2026-12-31, and charges.csv:2 charges commission in its place from 2027-01-01 on"},
         {"ScheduleThatWasLookedUpOnADayToCome",
          {{"charges.csv", "0.00002,order,CNY,2026-09-01", "0.00002,order,CNY,2999-01-01"}},
@@ -215,7 +237,7 @@ const std::vector<Fault>& faults() {
          {{"charges.csv", "", "stock,,,stamp_duty_own,sell,turnover,0.001,order,CNY,2026-09-01,,,,,,\n"}},
          "old-duty",
          "error",
-         "charges.csv,5",
+         "charges.csv,6",
          "stamp_duty_own 0.001 is a stamp duty of 0.1%, which is out of date"},
         {"PercentInAFuturesCommission",
          {{"fees/commission.csv", "au*,0.00005,", "au*,0.05,"}},
@@ -231,6 +253,14 @@ const std::vector<Fault>& faults() {
          "levy 0.02 is 2%"},
         {"RateTenTimesTheOthers",
          {{"fees/stock.csv", "S200,SH,*,,0.0003", "S200,SH,*,,0.003"}},
+         "far-rate",
+         "warning",
+         "fees/stock.csv,4",
+         "commission 0.003 is far from all other rates of its column: 10 times the next lower one, 0.0003"},
+        {"RateNearThoseOfLinesThatHaveEnded",
+         {{"fees/stock.csv", "S200,SH,*,,0.0003", "S200,SH,*,,0.003"},
+          {"fees/stock.csv", "",
+           "S200,SH,*,,0.003,0.0005,,2024-12-31\nS200,SH,*,,0.003,0.0005,2025-01-01,2026-09-29\n"}},
          "far-rate",
          "warning",
          "fees/stock.csv,4",
@@ -558,6 +588,18 @@ INSTANTIATE_TEST_SUITE_P(
         Lookalike{"LineThatEndsWithTheCoverage",
                   {{"market.toml", "as_of = 2026-09-30\n", "as_of = 2026-09-30\ncoverage = { until = 2026-10-31 }\n"},
                    {"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005,,", "S200,SZ,*,,0.0003,0.0005,,2026-10-31"}}},
+        Lookalike{
+            "DutyOnBothSidesThatEndedInTime",
+            {{"charges.csv", "", "stock,S200,,stamp_duty,both,turnover,,order,CNY,2026-09-01,,,,,,2008-09-18\n"}}},
+        Lookalike{"DutyOnBothSidesOfHongKong",
+                  {{"charges.csv", "", "hgt,,,commission,both,turnover,,order,CNY,2026-09-01,,,,,,\n"},
+                   {"charges.csv", "", "hgt,,,stamp_duty_buy,both,turnover,,order,CNY,2026-09-01,,,,,,\n"},
+                   {"charges.csv", "", "hgt,,,stamp_duty_sell,both,turnover,,order,CNY,2026-09-01,,,,,,\n"}}},
+        Lookalike{"RateWithoutATermOfALineThatHasEnded",
+                  {{"charges.csv", "stamp_duty,sell,turnover,,order,CNY,2026-09-01,,,,,,",
+                    "stamp_duty,sell,turnover,,order,CNY,2026-09-01,,,,,2024-01-01,"},
+                   {"fees/stock.csv", "", "S200,SZ,300750,,0.0003,0.0005,,2023-12-31\n"}}},
+        Lookalike{"FarRateOfALineThatHasEnded", {{"fees/stock.csv", "", "S200,SZ,300750,,0.003,0.0005,,2026-09-29\n"}}},
         Lookalike{"LineThatHasEnded", {{"fees/stock.csv", "", "S200,SZ,300750,,0.0002,0.0005,,2026-09-29\n"}}},
         Lookalike{
             "TermThatEndsAndOneFollows",

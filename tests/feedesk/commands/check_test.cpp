@@ -38,7 +38,7 @@ note empty-category-line: a line of a category that holds no instrument
   categories.csv:6    the line holds no instrument for the category 1 白酒;
                       correct market, code and product, or remove the line
 
-1 error, 1 warning, 1 note by 31 checks as of 2026-09-30
+1 error, 1 warning, 1 note by 33 checks as of 2026-09-30
 )");
 }
 
@@ -71,7 +71,7 @@ TEST(Check, IsJsonForPrograms) {
 
 TEST(Check, WithoutFindingsSaysSo) {
     const CheckFolder folder;
-    EXPECT_EQ(folder.check().out, "Place  Found\n\n0 errors, 0 warnings, 0 notes by 31 checks as of 2026-09-30\n");
+    EXPECT_EQ(folder.check().out, "Place  Found\n\n0 errors, 0 warnings, 0 notes by 33 checks as of 2026-09-30\n");
     EXPECT_EQ(folder.check("--json").out, "[]\n");
 }
 
@@ -170,7 +170,7 @@ TEST(Check, FindsTheFaultsOfEachOfManyAccounts) {
 TEST(Check, WrongQuestionsAreBadInput) {
     const std::vector<std::pair<std::string, std::string>> rows = {
         {"--off percent", "--off: there is no check percent; did you mean percent-rate?"},
-        {"--off dut", "--off: there is no check dut; did you mean old-duty or missing-duty?"},
+        {"--off dut", "--off: there is no check dut; did you mean old-duty, both-sides-duty or missing-duty?"},
         {"--off zzz", "--off: there is no check zzz; `feedesk check --list` lists them"},
         {"--off percent-rates", "--off: there is no check percent-rates; did you mean percent-rate?"},
         {"--only shadow-line", "--only: there is no check shadow-line; did you mean shadowed-line?"},
@@ -225,6 +225,27 @@ TEST(Check, LooksAtTheDayAskedFor) {
     EXPECT_THAT(found(folder, "--only old-duty expired-contract"), ElementsAre("old-duty"));
     EXPECT_THAT(found(folder, "--only expired-contract --date 2026-10-31"), ElementsAre());
     EXPECT_THAT(found(folder, "--only expired-contract --date 2026-11-01"), ElementsAre("expired-contract"));
+}
+
+TEST(Check, FindsRatesWithoutATermInEveryTable) {
+    const CheckFolder folder;
+    EXPECT_TRUE(folder.replace("configured/stock.csv", "SH,510050,0.0001,", "SH,510050,0.0001,0.0005"));
+    EXPECT_TRUE(folder.replace("charges.csv", "stamp_duty,sell,turnover,", "duty,sell,turnover,0.0005"));
+    const std::string found =
+        "no charging term is for the rate stamp_duty,\"add a term of stamp_duty to charges.csv, or take the rate "
+        "out\",";
+    EXPECT_EQ(folder.check("--only unused-rate --csv").out,
+              "severity,check,file,line,accounts,count,found,remedy,places\n"
+              "warning,unused-rate,configured/stock.csv,2,,1," +
+                  found + "configured/stock.csv:2\n" + "warning,unused-rate,custom/stock.csv,2,S100,2," + found +
+                  "custom/stock.csv:2 custom/stock.csv:3\n" + "warning,unused-rate,fees/stock.csv,2,S100 S200,4," +
+                  found + "fees/stock.csv:2 fees/stock.csv:3 fees/stock.csv:4 fees/stock.csv:5\n");
+}
+
+TEST(Check, RateWithoutATermIsNoneWhereTheFolderChargesNothing) {
+    const CheckFolder folder;
+    folder.write("charges.csv", "family,charge,side,basis,per,currency\n");
+    EXPECT_THAT(found(folder, "--only unused-rate"), ElementsAre());
 }
 
 TEST(Check, OldDutyIsMendedByASuccessorOnlyWhereItWasRightBefore) {

@@ -260,7 +260,7 @@ protected:
     }
 
     std::vector<Line> real = naive::realLines();
-    std::vector<Layout> layouts = layoutsOf(BUNDLED_MARKET);
+    std::vector<Layout> layouts = FolderLayouts(BUNDLED_MARKET).all();
     Session session{SessionOptions{BUNDLED_MARKET}};
     Reconciler reconciler{session, "1000005"};
     Statement statement;

@@ -20,7 +20,7 @@ protected:
         statement = statementIn({"日期,代码,买卖,数量,价格,佣金,印花税,过户费,单号,笔数,发生",
                                  "20240102,600519,买,100,1000,25.00,0,0,,1,-100025.00",
                                  "20240103,600519,买,100,1000,40.00,0,0,,1,-100040.00"},
-                                "statement", layoutsOf(folder.path()), wrong);
+                                "statement", FolderLayouts(folder.path()).all(), wrong);
         Session session{SessionOptions{folder.path()}};
         found = Reconciler(session, "S100").reconcile(statement);
     }

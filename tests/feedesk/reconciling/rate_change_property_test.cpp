@@ -163,7 +163,7 @@ protected:
         RC_ASSERT(after.agrees());
     }
 
-    std::vector<Layout> layouts = layoutsOf(BUNDLED_MARKET);
+    std::vector<Layout> layouts = FolderLayouts(BUNDLED_MARKET).all();
     Session session{SessionOptions{BUNDLED_MARKET}};
     Reconciler reconciler{session, "1000005"};
     fs::path place;

@@ -3,6 +3,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <string>
+
 #include "feedesk/session/session.h"
 #include "tests/feedesk/support/sample_folder.h"
 
@@ -40,6 +44,54 @@ TEST(Session, KeepsTheIntervalsThatWereAskedForLast) {
         }
     }
     EXPECT_EQ(session.heldIntervals(), Session::kKeptIntervals);
+}
+
+constexpr std::size_t kManyAccounts = 2 * Session::kKeptAccounts;
+
+std::string accountOf(std::size_t number) { return fmt::format("H{}", 1000 + number); }
+
+/// Accounts with a commission each of its own.
+void writeManyAccounts(const SampleFolder& folder) {
+    std::string accounts = "account,name,kind\n";
+    std::string lines = "account,market,code,commission\n";
+    for (std::size_t number = 0; number < kManyAccounts; ++number) {
+        accounts += accountOf(number) + ",one of many,hgt\n";
+        lines += fmt::format("{},HK,*,0.000{}\n", accountOf(number), 100 + number);
+    }
+    folder.write("accounts.csv", accounts);
+    folder.write("fees/hgt.csv", lines);
+    for (const char* name : {"fees/stock.csv", "fees/commission.csv", "fees/margin.csv", "custom"}) {
+        std::filesystem::remove_all(folder.path() + "/" + name);
+    }
+}
+
+TEST(Session, ForgetsAccountsBetweenQuestionsAndFeedsThemAgain) {
+    const SampleFolder folder;
+    writeManyAccounts(folder);
+    Session session(SessionOptions{folder.path(), 0, {}});
+    std::size_t most = 0;
+    for (std::size_t question = 0; question < 2 * kManyAccounts; ++question) {
+        const std::size_t number = question % kManyAccounts;
+        session.forgetAccounts();
+        const Replies replies = session.fees(session.account(accountOf(number)), {{"HK", "00700"}});
+        EXPECT_EQ(replies.answers.at(0).lines.at(0).rates.at(0).rates.at(0).value,
+                  std::stod(fmt::format("0.000{}", 100 + number)));
+        EXPECT_EQ(replies.answers.at(0).lines.at(0).origin.position->line, number + 2);
+        most = std::max(most, session.heldAccounts());
+    }
+    EXPECT_EQ(most, Session::kKeptAccounts + 1);
+}
+
+TEST(Session, HoldsTheAccountsOfAQuestionUntilTheNext) {
+    const SampleFolder folder;
+    writeManyAccounts(folder);
+    Session session(SessionOptions{folder.path(), 0, {}});
+    for (std::size_t number = 0; number < kManyAccounts; ++number) {
+        session.fees(session.account(accountOf(number)), {{"HK", "00700"}});
+    }
+    EXPECT_EQ(session.heldAccounts(), kManyAccounts);
+    session.begin({});
+    EXPECT_EQ(session.heldAccounts(), 0U);
 }
 
 TEST(Session, PutsItsMarketBackIntoTheServices) {

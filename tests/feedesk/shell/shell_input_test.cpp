@@ -85,23 +85,29 @@ TEST_F(ShellInput, FollowsAsAListBehindALineThatReadsOne) {
     EXPECT_THAT(lines(outcome.out), SizeIs(3));
 }
 
-/// Runs a shell whose lines change the folder in between: a fifo gives them one by one.
-Outcome withChange(const SampleFolder& folder, const std::string& file, const std::string& content) {
+constexpr const char* kFeeLine = "fee S100 600519 --csv";
+
+/// Runs a shell that asks, reloads a folder that the command `change` has changed meanwhile, and goes on with a line: a
+/// fifo gives them one by one.
+Outcome withChange(const SampleFolder& folder, const std::string& change, const std::string& line = kFeeLine) {
     const std::string pipe = folder.path() + ".pipe";
     const std::string answer = folder.path() + ".answer";
-    const std::string script =
-        ": >" + answer + "; mkfifo " + pipe + "; (unset FEEDESK_MARKET; COLUMNS=80 " FEEDESK_PROGRAM " --market " +
-        folder.path() + " shell <" + pipe + " >" + answer + ") & exec 3>" + pipe +
-        "; echo fee S100 600519 --csv >&3; while [ \"$(wc -l <" + answer +
-        ")\" -lt 2 ]; do sleep 0.01; done; printf '" + content + "' >" + folder.path() + "/" + file +
-        "; echo reload >&3; echo fee S100 600519 --csv >&3; exec 3>&-; wait $!; status=$?; cat " + answer + "; rm " +
-        pipe + " " + answer + "; exit $status";
+    const std::string script = ": >" + answer + "; mkfifo " + pipe +
+                               "; (unset FEEDESK_MARKET; COLUMNS=80 " FEEDESK_PROGRAM " --market " + folder.path() +
+                               " shell <" + pipe + " >" + answer + ") & exec 3>" + pipe + "; echo " + kFeeLine +
+                               " >&3; while [ \"$(wc -l <" + answer + ")\" -lt 2 ]; do sleep 0.01; done; " + change +
+                               "; echo reload >&3; echo " + line + " >&3; exec 3>&-; wait $!; status=$?; cat " +
+                               answer + "; rm " + pipe + " " + answer + "; exit $status";
     return runShell(script);
 }
 
+/// Writes the table of stock fees.
+std::string writing(const SampleFolder& folder, const std::string& lines) {
+    return "printf 'account,market,code,commission\\n" + lines + "' >" + folder.path() + "/fees/stock.csv";
+}
+
 TEST_F(ShellInput, AnswersFromTheChangedFolderOnceItIsReloaded) {
-    const Outcome outcome =
-        withChange(folder, "fees/stock.csv", "account,market,code,commission\\nS100,SH,600519,0.0007\\n");
+    const Outcome outcome = withChange(folder, writing(folder, "S100,SH,600519,0.0007\\n"));
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     ASSERT_THAT(lines(outcome.out), SizeIs(5));
     EXPECT_THAT(lines(outcome.out)[1], HasSubstr(",0.00025,"));
@@ -109,8 +115,7 @@ TEST_F(ShellInput, AnswersFromTheChangedFolderOnceItIsReloaded) {
 }
 
 TEST_F(ShellInput, KeepsTheOldFolderWhereTheNewOneIsBroken) {
-    const Outcome outcome =
-        withChange(folder, "fees/stock.csv", "account,market,code,commission\\nS100,SH,600519,7%%\\n");
+    const Outcome outcome = withChange(folder, writing(folder, "S100,SH,600519,7%%\\n"));
     EXPECT_EQ(outcome.status, 2);
     ASSERT_THAT(lines(outcome.out), SizeIs(4)) << outcome.err;
     EXPECT_EQ(lines(outcome.out)[3], lines(outcome.out)[1]);
@@ -118,6 +123,16 @@ TEST_F(ShellInput, KeepsTheOldFolderWhereTheNewOneIsBroken) {
     EXPECT_THAT(outcome.err,
                 HasSubstr("feedesk: 1 error; nothing was loaded; what was loaded before goes on answering\n"
                           "feedesk: standard input:2: this line is wrong\n"));
+}
+
+TEST_F(ShellInput, KeepsTheOldLayoutsWhereTheFolderIsGone) {
+    folder.write("layouts/broker.toml", "title = \"Broker\"\n");
+    const Outcome outcome =
+        withChange(folder, "mv " + folder.path() + " " + folder.path() + ".gone", "reconcile S100 - --layout brother");
+    runShell("mv " + folder.path() + ".gone " + folder.path());
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.err, HasSubstr("what was loaded before goes on answering"));
+    EXPECT_THAT(outcome.err, HasSubstr("brother is no layout of " + folder.path() + "/layouts, which has broker"));
 }
 
 TEST_F(ShellInput, HelpListsTheCommandsOfAShell) {

@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/types.h>
 
+#include <csignal>
 #include <fstream>
 #include <iterator>
 
@@ -124,6 +126,27 @@ TEST_F(TerminalSession, ReadsAListOfInstrumentsFromTheTerminal) {
     terminal.type("accounts S200");
     terminal.press("Enter");
     EXPECT_THAT(terminal.shownWith("没有费率的股票户"), HasSubstr("没有费率的股票户"));
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST(EndedTerminalSession, LeavesTheTerminalAsItWas) {
+    const SampleFolder folder;
+    const Tmux terminal(
+        "unset FEEDESK_MARKET XDG_STATE_HOME; stty -g >before; sh -c 'echo $$ >process; exec " FEEDESK_PROGRAM
+        " --market " +
+        folder.path() + " shell'; echo $? >ended; stty -g >after; mv ended \"$STATUS\"; cat");
+    EXPECT_THAT(terminal.shownWithLineEnd("feedesk>"), HasSubstr("`help` lists the commands"));
+    std::ifstream file(terminal.home() + "/process");
+    pid_t process = 0;
+    ASSERT_TRUE(file >> process);
+    ASSERT_EQ(kill(process, SIGTERM), 0);
+    EXPECT_EQ(terminal.status(), "143\n");
+    EXPECT_NE(contentOf(terminal.home() + "/before"), "");
+    EXPECT_EQ(contentOf(terminal.home() + "/after"), contentOf(terminal.home() + "/before"));
 }
 
 }  // namespace

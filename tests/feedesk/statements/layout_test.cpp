@@ -32,7 +32,7 @@ protected:
     [[nodiscard]] std::string refusalOf(const std::string& text) const {
         folder.write("layouts/x.toml", text);
         try {
-            namedLayout(folder.path(), "x");
+            static_cast<void>(FolderLayouts(folder.path()).named("x"));
         } catch (const Failure& failure) {
             const std::string reported = failure.what();
             const std::string path = folder.path() + "/layouts/";
@@ -52,11 +52,11 @@ std::string with(const std::string& from, const std::string& to) {
 
 TEST_F(LayoutFile, IsReadByItsName) {
     folder.write("layouts/x.toml", kLayout);
-    const Layout layout = namedLayout(folder.path(), "x");
+    const Layout layout = FolderLayouts(folder.path()).named("x");
     EXPECT_EQ(layout.name, "x");
     EXPECT_EQ(layout.of(TradeFact::kOperation), (Titles{"O", "P"}));
     EXPECT_EQ(layout.operations.at("B"), cost::Side::kBuy);
-    EXPECT_EQ(namedLayout(folder.path(), folder.path() + "/layouts/x.toml").title, "Test");
+    EXPECT_EQ(FolderLayouts(folder.path()).named(folder.path() + "/layouts/x.toml").title, "Test");
 }
 
 TEST_F(LayoutFile, ReportsWhatIsWrongWithItsLine) {
@@ -81,7 +81,7 @@ TEST_F(LayoutFile, ReportsWhatIsWrongWithItsLine) {
 TEST_F(LayoutFile, ThatIsNotThereIsRefusedWithThoseThatAre) {
     folder.write("layouts/x.toml", kLayout);
     try {
-        namedLayout(folder.path(), "y");
+        static_cast<void>(FolderLayouts(folder.path()).named("y"));
         ADD_FAILURE();
     } catch (const Failure& failure) {
         EXPECT_EQ(std::string(failure.what()),
@@ -90,7 +90,7 @@ TEST_F(LayoutFile, ThatIsNotThereIsRefusedWithThoseThatAre) {
 }
 
 TEST(BundledLayouts, AreTwo) {
-    const std::vector<Layout> layouts = layoutsOf(BUNDLED_MARKET);
+    const std::vector<Layout> layouts = FolderLayouts(BUNDLED_MARKET).all();
     ASSERT_EQ(layouts.size(), 2U);
     EXPECT_EQ(layouts[0].name, "chinese");
     EXPECT_EQ(layouts[1].name, "split");

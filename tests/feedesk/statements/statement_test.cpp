@@ -26,7 +26,7 @@ struct Read {
 
 Read read(const Lines& lines) {
     Read result;
-    result.statement = statementIn(lines, "S", layoutsOf(BUNDLED_MARKET), result.wrong);
+    result.statement = statementIn(lines, "S", FolderLayouts(BUNDLED_MARKET).all(), result.wrong);
     return result;
 }
 
@@ -241,7 +241,7 @@ TEST(Statement, WithAColumnTwiceIsRefused) {
 }
 
 TEST(Statement, ThatFitsTwoLayoutsAlikeIsRefused) {
-    const std::vector<Layout> bundled = layoutsOf(BUNDLED_MARKET);
+    const std::vector<Layout> bundled = FolderLayouts(BUNDLED_MARKET).all();
     std::vector<Layout> twice{bundled.front(), bundled.front()};
     twice.back().name = "other";
     std::vector<WrongLine> wrong;

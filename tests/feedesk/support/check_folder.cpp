@@ -114,7 +114,8 @@ CheckFolder::CheckFolder() {
           "family,account,item,charge,side,basis,rate,per,currency,checked,minimum,maximum,rounding,source,from,until\n"
           "stock,,,commission,both,turnover,,order,CNY,2026-09-01,,,,,,\n"
           "stock,,,levy,both,turnover,0.00002,order,CNY,2026-09-01,,,,,,\n"
-          "option,,000,handling_fee,open_long,quantity,,order,CNY,2026-09-01,,,,,,\n");
+          "option,,000,handling_fee,open_long,quantity,,order,CNY,2026-09-01,,,,,,\n"
+          "stock,,,stamp_duty,sell,turnover,,order,CNY,2026-09-01,,,,,,\n");
 }
 
 bool CheckFolder::replace(const std::string& file, const std::string& from, const std::string& to) const {
