@@ -26,7 +26,7 @@ standalone::Account IntervalCenter::whole(const standalone::Account& account) co
 
 void IntervalCenter::feedOnce(const standalone::Account& account) {
     if (fedAccounts.insert(&account).second) {
-        standalone::feed(*center, whole(account));
+        standalone::feed(center->fees, whole(account));
         standalone::waitForStrand(kStrand);
     }
 }
@@ -38,7 +38,7 @@ void IntervalCenter::forgetAccounts() {
 }
 
 IntervalCenter::Fees IntervalCenter::ask(const standalone::Account& account, const std::vector<Question>& questions) {
-    qmservice::IFeeCenter& asked = *center;
+    qmservice::IFeeCenter& asked = center->fees;
     Fees fees(questions.size());
     std::transform(questions.begin(), questions.end(), fees.begin(), [&](const Question& question) {
         return asked.getFee(account.record, question.market, question.code);
@@ -47,7 +47,7 @@ IntervalCenter::Fees IntervalCenter::ask(const standalone::Account& account, con
 }
 
 std::optional<IntervalCenter::Fees> IntervalCenter::list(const standalone::Account& account) {
-    qmservice::IFeeCenter& asked = *center;
+    qmservice::IFeeCenter& asked = center->fees;
     Fees fees;
     return asked.getFees(account.record, fees) ? std::optional<Fees>(std::move(fees)) : std::nullopt;
 }

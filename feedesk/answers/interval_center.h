@@ -60,6 +60,13 @@ private:
         cost::Date day;
     };
 
+    /// Its tables are never cleared: it is replaced. A member, as clang++ warns of an optional of the class itself,
+    /// which has virtual functions and no virtual destructor.
+    struct Center {
+        explicit Center(const char* strand) : fees(strand) {}
+        qmservice::CFeeCenter fees;
+    };
+
     /// With its fees.
     [[nodiscard]] standalone::Account whole(const standalone::Account& account) const;
 
@@ -67,8 +74,8 @@ private:
     std::optional<Source> source;  // of the accounts' fees; empty: they are in the market
     standalone::PreparedMarket prepared;
     std::set<const standalone::Account*> fedAccounts;
-    std::optional<qmservice::CFeeCenter> center;  // its tables are never cleared
-    std::optional<Tracer> tracer;                 // made when it is first needed
+    std::optional<Center> center;
+    std::optional<Tracer> tracer;  // made when it is first needed
 };
 
 }  // namespace feedesk

@@ -2,8 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "tests/feedesk/support/program.h"
@@ -345,8 +343,7 @@ TEST_F(Diff, DayThatOneFolderDoesNotCoverIsRefused) {
 
 /// The sample folder's market.toml, with this coverage.
 void cover(const SampleFolder& folder, const std::string& coverage) {
-    std::ifstream file(folder.path() + "/market.toml");
-    std::string content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::string content = contentOf(folder.path() + "/market.toml");
     content.resize(std::min(content.size(), content.find("[coverage]")));
     folder.write("market.toml", content + "[coverage]\n" + coverage + "\n");
 }

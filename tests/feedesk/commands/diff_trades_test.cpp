@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
 
 #include "tests/feedesk/support/cost_folder.h"
+#include "tests/feedesk/support/program.h"
 
 namespace feedesk::test {
 namespace {
@@ -41,8 +41,7 @@ protected:
     }
 
     void replaceInCharges(const std::string& text, const std::string& with) const {
-        std::ifstream stream(after.path() + "/charges.csv");
-        std::string charges((std::istreambuf_iterator<char>(stream)), {});
+        std::string charges = contentOf(after.path() + "/charges.csv");
         charges.replace(charges.find(text), text.size(), with);
         after.write("charges.csv", charges);
     }

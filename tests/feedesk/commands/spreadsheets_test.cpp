@@ -6,10 +6,9 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <map>
 
+#include "tests/feedesk/support/program.h"
 #include "tests/feedesk/support/statement_folder.h"
 
 namespace feedesk::test {
@@ -21,11 +20,6 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-std::string contentOf(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 /// The cells of a sheet as "A1 value", numbers with their format behind; by sheet, in the order of the file.
 struct Sheets {

@@ -2,11 +2,10 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "tests/feedesk/support/program.h"
 #include "tests/feedesk/support/statement_folder.h"
 
 // One rate that explains trades of several lines of the folder, or of one instrument alone, and what is proposed for
@@ -21,11 +20,6 @@ struct RateCase {
     std::vector<const char*> reported;
     std::vector<const char*> patched;  ///< lines that the patch adds; none: nothing is proposed
 };
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// Shanghai pays 0.025 % commission, Shenzhen 0.02 %, and sales 0.05 % stamp duty; until 2023-08-27 they were 0.03 %,
 /// 0.0287 % and 0.1 %. Of 600000 and 601398 the commission is 0.01 %, by a custom fee of their category.

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "tests/feedesk/support/program.h"
 #include "tests/feedesk/support/statement_folder.h"
 
 // Which lines a rate that is solved for is said to fit, and where none may be named.
@@ -20,11 +19,6 @@ struct Reach {
     const char* patched;  ///< part of the patch; empty: none is written
 };
 
-std::string patchIn(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 class RateReach : public testing::TestWithParam<Reach> {};
 
 TEST_P(RateReach, IsReportedAsItIs) {
@@ -38,7 +32,7 @@ TEST_P(RateReach, IsReportedAsItIs) {
     EXPECT_EQ(outcome.status, 1);
     const std::string patched = GetParam().patched;
     ASSERT_EQ(std::filesystem::exists(patch), !patched.empty()) << outcome.out;
-    EXPECT_TRUE(patched.empty() || patchIn(patch).find(patched) != std::string::npos) << patchIn(patch);
+    EXPECT_TRUE(patched.empty() || contentOf(patch).find(patched) != std::string::npos) << contentOf(patch);
 }
 
 // 600519 from 2023-08-28: commission 0.025 %, at least 5, the transfer fee of 0.001 % inside it; sales pay 0.05 % stamp

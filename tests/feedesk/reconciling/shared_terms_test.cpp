@@ -2,11 +2,10 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "tests/feedesk/support/program.h"
 #include "tests/feedesk/support/statement_folder.h"
 
 // Changes of charging terms that explain several trades: named once, and proposed for the account alone.
@@ -40,9 +39,8 @@ protected:
     [[nodiscard]] std::string patch() const { return folder.tradesFile(); }
 
     [[nodiscard]] std::vector<std::string> addedLines() const {
-        std::ifstream file(patch());
         std::vector<std::string> added;
-        for (const std::string& line : lines({std::istreambuf_iterator<char>(file), {}})) {
+        for (const std::string& line : lines(contentOf(patch()))) {
             if (line.front() == '+' && line.find("+++") != 0) {
                 added.push_back(line.substr(1));
             }

@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "feedesk/session/session.h"
 #include "tests/feedesk/support/program.h"
@@ -36,9 +34,7 @@ protected:
 
     /// Puts lines at the top of market.toml.
     void say(const std::string& lines) const {
-        std::ifstream in(folder.path() + "/market.toml");
-        const std::string text{std::istreambuf_iterator<char>(in), {}};
-        folder.write("market.toml", lines + text);
+        folder.write("market.toml", lines + contentOf(folder.path() + "/market.toml"));
     }
 
     [[nodiscard]] std::string answer(const std::string& arguments) const {

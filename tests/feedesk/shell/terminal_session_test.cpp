@@ -128,11 +128,6 @@ TEST_F(TerminalSession, ReadsAListOfInstrumentsFromTheTerminal) {
     EXPECT_THAT(terminal.shownWith("没有费率的股票户"), HasSubstr("没有费率的股票户"));
 }
 
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 TEST(EndedTerminalSession, LeavesTheTerminalAsItWas) {
     const SampleFolder folder;
     const Tmux terminal(

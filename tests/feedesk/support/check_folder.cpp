@@ -1,10 +1,9 @@
 #include "tests/feedesk/support/check_folder.h"
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "tests/feedesk/support/market_toml.h"
+#include "tests/feedesk/support/program.h"
 
 namespace feedesk::test {
 namespace {
@@ -25,11 +24,6 @@ rate4 = { column = "stamp_duty_sell", title = "Stamp duty on sales", unit = "fra
 [rates.option]
 fee1 = { column = "handling_fee", title = "Handling fee", unit = "yuan" }
 )";
-
-std::string contentOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 /// How often the text was replaced.
 int replaceAll(std::string& content, const std::string& from, const std::string& to) {

@@ -1,8 +1,7 @@
 #include "tests/feedesk/support/cost_folder.h"
+#include "tests/feedesk/support/program.h"
 
 #include <fstream>
-#include <iterator>
-#include <sstream>
 
 namespace feedesk::test {
 namespace {
@@ -41,8 +40,7 @@ futures,,,,close_by_volume,close,quantity,,,order,0.01 half_up,,CNY,test,2024-01
 }  // namespace
 
 CostFolder::CostFolder() {
-    std::ifstream market(path() + "/market.toml");
-    std::string toml((std::istreambuf_iterator<char>(market)), {});
+    std::string toml = contentOf(path() + "/market.toml");
     const std::string platforms = "[platforms]";
     toml.replace(toml.find(platforms), platforms.size(), kDays);
     write("market.toml", toml);

@@ -34,11 +34,6 @@ private:
     std::filesystem::path directory;
 };
 
-std::string content(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 bool beginsCharacter(unsigned char byte) { return (byte & 0xC0U) != 0x80U; }
 
 /// The tests' texts hold ASCII, the ellipsis (three bytes, one column) and Chinese characters (three bytes, two
@@ -60,13 +55,18 @@ std::size_t columns(std::string line) {
 
 }  // namespace
 
+std::string contentOf(const std::string& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 Outcome runShell(const std::string& command) {
     const TemporaryDirectory directory;
     const std::string out = directory.file("out");
     const std::string err = directory.file("err");
     // The redirections come first, so that the arguments may redirect again.
     const int result = std::system(("exec >" + out + " 2>" + err + " </dev/null; " + command).c_str());
-    return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, content(out), content(err)};
+    return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, contentOf(out), contentOf(err)};
 }
 
 Outcome runProgram(const std::string& arguments, const std::string& environment) {

@@ -14,6 +14,9 @@ struct Outcome {
     std::string err;
 };
 
+/// The bytes of a file; empty where it cannot be read.
+std::string contentOf(const std::string& file);
+
 /// Runs a command of the shell without input.
 Outcome runShell(const std::string& command);
 
