@@ -9,6 +9,7 @@
 #include "histories/record_fields.h"
 #include "support/entry_mixes.h"
 #include "support/fee_center_fixture.h"
+#include "support/future_builders.h"
 #include "support/operations.h"
 #include "support/shortage.h"
 #include "support/table_checks.h"
@@ -143,6 +144,19 @@ TEST_P(MemoryOperationTest, CallThatFailedIsRepeated) {
 
 INSTANTIATE_TEST_SUITE_P(Operations, MemoryOperationTest, ::testing::ValuesIn(test::allOperations()),
                          [](const auto& operation) { return operation.param.name; });
+
+TEST_F(MemoryTest, EntryThatCouldNotBeStoredIsNotStoredForTheNextAccount) {
+    constexpr uint64 kNext = 77;
+    const auto load = [](OpenFeeCenter& center, uint64 account, const auto& instrument) {
+        center.doUpdateFutureInstrumentFee(test::makeAccount(1, account),
+                                           test::makeFutureFee(instrument, test::makeCommission(10)));
+    };
+    exhaust([&](OpenFeeCenter& center) { load(center, kNew, scene.instruments.front()); }, false,
+            [&](OpenFeeCenter& center) {
+                load(center, kNext, scene.instruments.back());
+                EXPECT_EQ(center.futureCommissionKeys.at(kNext).size(), 1U);
+            });
+}
 
 /// std::optional destroys what it holds through its own class: it is to be the last one.
 class LastFeeCenter final : public OpenFeeCenter {
