@@ -48,6 +48,7 @@ function(feecenter_install_library)
   feecenter_install_targets(library development)
   feecenter_install_pkgconfig(feecenter development "${PROJECT_DESCRIPTION}" LIBS -lfeecenter)
 
+  get_target_property(boost_thread_type Boost::thread TYPE)
   configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/feecenterConfig.cmake.in
     ${PROJECT_BINARY_DIR}/feecenterConfig.cmake INSTALL_DESTINATION ${installed_cmake}
     NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)

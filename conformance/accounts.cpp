@@ -26,7 +26,7 @@ void knownAccount(const Sample& sample, Witness& witness) {
     for (const auto& account : accountsOf(sample)) {
         const uint64 key = account->getHashKey(0);
         const std::string call = "IDataCenter::getAccountData(key of account " + inQuotes(account->accountId) + ")";
-        const auto data = witness.call(call, [&] { return accountStore().getAccountData(key); });
+        const auto data = witness.call(call, [&] { return accountStore()->getAccountData(key); });
         Witness::expect(data && data->getAccountInfo(), "gave no account");
         const uint64 otherKey = data->getAccountInfo()->getHashKey(0);
         Witness::expect(otherKey == key, "gave an account with the key " + hex(otherKey) + " for the key " + hex(key));
@@ -36,7 +36,7 @@ void knownAccount(const Sample& sample, Witness& witness) {
 void unknownAccount(const Sample& /*sample*/, Witness& witness) {
     const uint64 key = accountOf("conformance: no such account")->getHashKey(0);
     const auto data = witness.call("IDataCenter::getAccountData(key of an account that nobody has)",
-                                   [&] { return accountStore().getAccountData(key); });
+                                   [&] { return accountStore()->getAccountData(key); });
     Witness::expect(!data, "gave an account's data");
 }
 

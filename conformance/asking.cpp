@@ -51,9 +51,8 @@ qmservice::uint64 keyOf(const std::string& market, const std::string& code) {
 
 qmservice::IInstrumentCenter& catalogue() { return *qmservice::TraderCenter::instance()->getInstCenter(); }
 
-qmservice::IDataCenter& accountStore() {
-    // The center and the store are the host's; both stay while the host runs.
-    return *qmservice::TraderCenter::instance()->getDataCenter();
+boost::shared_ptr<qmservice::IDataCenter> accountStore() {
+    return qmservice::TraderCenter::instance()->getDataCenter();
 }
 
 boost::shared_ptr<qmservice::CInstrument> find(Witness& witness, const std::string& market, const std::string& code) {

@@ -29,7 +29,8 @@ std::string callOf(const char* function, const std::string& market, const std::s
 
 qmservice::uint64 keyOf(const std::string& market, const std::string& code);
 qmservice::IInstrumentCenter& catalogue();
-qmservice::IDataCenter& accountStore();
+/// Shared: a host may make the store when it is asked for it.
+boost::shared_ptr<qmservice::IDataCenter> accountStore();
 
 /// Asks the catalogue for the instrument by its key.
 boost::shared_ptr<qmservice::CInstrument> find(Witness& witness, const std::string& market, const std::string& code);

@@ -1,3 +1,7 @@
+#include <limits>
+#include <string>
+#include <vector>
+
 #include "conformance/asking.h"
 #include "conformance/promise.h"
 #include "host/record_fields.h"
@@ -66,6 +70,22 @@ void limitsRepeat(const Sample& sample, Witness& witness) {
     }
 }
 
+// An account may come with any number; its fee is asked for all the same.
+void anyPlatform(const Sample& sample, Witness& witness) {
+    std::vector<int> platforms = {0, 1, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
+    for (const auto& account : sample.accounts) {
+        platforms.push_back(account->platformId);
+    }
+    for (const int platform : platforms) {
+        const auto ask = [&] {
+            return witness.call("ConfigCollector::isSimulationPlatform(" + std::to_string(platform) + ")",
+                                [&] { return ConfigCollector::instance()->isSimulationPlatform(platform); });
+        };
+        const bool before = ask();
+        Witness::expect(ask() == before, before ? "gave true and then false" : "gave false and then true");
+    }
+}
+
 }  // namespace
 
 Promises configurationPromises() {
@@ -87,6 +107,11 @@ Promises configurationPromises() {
          "the limit of an instrument must stay the same while nobody configures another",
          "hand out the configured record and do not write it any more",
          limitsRepeat,
+         {"services.present"}},
+        {"configuration.any-platform",
+         "any platform may be asked for and must be answered the same way each time",
+         "return false for a platform that you do not know",
+         anyPlatform,
          {"services.present"}},
     };
 }

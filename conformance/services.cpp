@@ -23,17 +23,19 @@ void present(const Sample& /*sample*/, Witness& witness) {
     isThere("utils::CSingletonT<RPCEngine>::instance()", &utils::CSingletonT<net::RPCEngine>::instance);
 }
 
-template <class T>
-void expectOne(Witness& witness, const char* description) {
-    const T* const first = utils::CSingletonT<T>::instance();
-    const T* const second = witness.call(description, &utils::CSingletonT<T>::instance);
-    Witness::expect(first == second, "gave another object than the time before");
-}
-
 void oneObject(const Sample& /*sample*/, Witness& witness) {
-    expectOne<qmservice::CppCategory>(witness, "utils::CSingletonT<CppCategory>::instance()");
-    expectOne<qmservice::StockTypeCenter>(witness, "utils::CSingletonT<StockTypeCenter>::instance()");
-    expectOne<net::RPCEngine>(witness, "utils::CSingletonT<RPCEngine>::instance()");
+    const auto expectOne = [&](const char* description, const auto& ask) {
+        // The first is held, so that another object cannot have its address.
+        const auto first = ask();
+        const auto second = witness.call(description, ask);
+        Witness::expect(first == second, "gave another object than the time before");
+    };
+    expectOne("TraderCenter::instance()", &TraderCenter::instance);
+    expectOne("ConfigCollector::instance()", &ConfigCollector::instance);
+    expectOne("utils::CSingletonT<CppCategory>::instance()", &utils::CSingletonT<qmservice::CppCategory>::instance);
+    expectOne("utils::CSingletonT<StockTypeCenter>::instance()",
+              &utils::CSingletonT<qmservice::StockTypeCenter>::instance);
+    expectOne("utils::CSingletonT<RPCEngine>::instance()", &utils::CSingletonT<net::RPCEngine>::instance);
 }
 
 }  // namespace
@@ -44,7 +46,7 @@ Promises servicePromises() {
          "make the object before the first fee center is built, and destroy it after the last", present},
         {"services.one-object",
          "a singleton must be one object for the whole program",
-         "return the address of one static or long-lived object",
+         "hand out one static or long-lived object",
          oneObject,
          {"services.present"}},
     };

@@ -71,7 +71,7 @@ std::vector<Question> questionsFor(const Sample& sample) {
         questions.push_back(
             {"getHashKey(0) of account " + account->accountId, [account] { return hex(account->getHashKey(0)); }});
         questions.push_back({"IDataCenter::getAccountData of account " + account->accountId, [account] {
-                                 const auto data = accountStore().getAccountData(account->getHashKey(0));
+                                 const auto data = accountStore()->getAccountData(account->getHashKey(0));
                                  return data && data->getAccountInfo() ? data->getAccountInfo()->accountId
                                                                        : "no account";
                              }});

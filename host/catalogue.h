@@ -36,7 +36,8 @@ public:
     IInstrumentCenter& operator=(const IInstrumentCenter&) = delete;
     virtual ~IInstrumentCenter() = default;
 
-    /// The instrument whose joined key hashes to `instrumentKey`; empty when unknown.
+    /// The instrument whose joined key hashes to `instrumentKey`; empty when unknown. Each call may give another
+    /// record of the same instrument.
     virtual boost::shared_ptr<CInstrument> findInstrument(uint64 instrumentKey) = 0;
 
     /// Fills `instruments` with every instrument of one InstrumentType, by the catalogue's string key, which no two
@@ -63,7 +64,7 @@ public:
 /// The host's central object.
 class HOST_EXPORT TraderCenter {
 public:
-    /// Never empty while the host runs.
+    /// The one object; never empty while the host runs.
     static boost::shared_ptr<TraderCenter> instance();
 
     /// The catalogue, owned by the host.

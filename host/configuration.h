@@ -22,7 +22,7 @@ HOST_EXPORT int getTradeMinUnit(const std::string& market, const std::string& co
 /// into them. An empty answer means that nothing is configured for the instrument.
 class HOST_EXPORT ConfigCollector {
 public:
-    /// Never empty while the host runs.
+    /// The one object; never empty while the host runs.
     static boost::shared_ptr<ConfigCollector> instance();
 
     /// @{
@@ -32,7 +32,7 @@ public:
     boost::shared_ptr<CCustomSgtExchangeRateLimit> getSgtExchangeRateLimitPtr(std::string market, std::string code);
     /// @}
 
-    /// True when the platform simulates trading.
+    /// True when the platform simulates trading; false for a number that the host does not know.
     [[nodiscard]] bool isSimulationPlatform(int platformId) const;
 };
 

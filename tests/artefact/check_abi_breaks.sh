@@ -47,6 +47,8 @@ a parameter of a virtual operation has another type|host/catalogue.h|s/getAccoun
 a virtual operation has one parameter more|host/catalogue.h|s/getAccountData(uint64 accountKey/&, int more/
 a parameter of a service has another type|host/configuration.h|s/getTradeMinUnit(const std::string& market/getTradeMinUnit(std::string market/
 a service gives back another type|host/configuration.h|s/int getTradeMinUnit/long getTradeMinUnit/
+two fields of one type change places|host/stock_records.h|s/double rate1 /double rate0 /; s/double rate2 /double rate1 /; s/double rate0 /double rate2 /
+two fields of different types change places|host/stock_records.h|/double rate1 /{h;d}; /int32_t unitVolume/G
 an operation of a service gives back another type|host/configuration.h|s/bool isSimulationPlatform/int isSimulationPlatform/
 ROWS
 ((wrong == 0))

@@ -1,124 +1,95 @@
 #include "readme_sample.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
-#include <boost/smart_ptr/make_shared.hpp>
-#include <iostream>
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 #include <string>
-#include <vector>
 
-#include "host/records.h"
 #include "standalone/host.h"
 
-// The README's sample on the standalone host, whose engine runs its jobs on real threads.
-
-void letJobsEnd() { standalone::waitForStrand("fees"); }
+// The README's program, run with the bundled market folder and with changed copies of it. Its account has thousands of
+// records, so that a question asked too early is answered with the built-in default.
 
 namespace {
 
-using namespace qmservice;
-
-/// Keeps what is printed to standard output from it.
-class Printed {
-public:
-    Printed() : standard(std::cout.rdbuf(text.rdbuf())) {}
-    Printed(const Printed&) = delete;
-    Printed& operator=(const Printed&) = delete;
-    ~Printed() { std::cout.rdbuf(standard); }
-
-    [[nodiscard]] std::string str() const { return text.str(); }
-
-private:
-    std::ostringstream text;
-    std::streambuf* standard;
-};
+namespace fs = std::filesystem;
 
 class ReadmeSampleTest : public ::testing::Test {
 protected:
-    static constexpr int kRounds = 250;
-
     ReadmeSampleTest() {
-        standalone::CategoryRule rule;
-        rule.category = 5;
-        rule.market = "SH";
-        market.categories = {rule};
-        standalone::startEngine(2);
+        std::string name = (fs::temp_directory_path() / "readme_sample_XXXXXX").string();
+        folder = mkdtemp(name.data());
+        fs::copy(BUNDLED_MARKET, folder, fs::copy_options::recursive);
     }
     ~ReadmeSampleTest() override {
         standalone::stopEngine();
         standalone::uninstall();
+        fs::remove_all(folder);
     }
 
-    boost::shared_ptr<CInstrument> addInstrument() {
-        standalone::ListedInstrument listed;
-        listed.record = boost::make_shared<CInstrument>();
-        listed.record->market = "SH";
-        listed.record->code = "600519";
-        listed.listMask = qmservice::kStockList;
-        market.instruments = {listed};
-        return listed.record;
+    void append(const std::string& file, const std::string& line) const {
+        std::ofstream(folder / file, std::ios::app) << line << '\n';
     }
 
-    static boost::shared_ptr<CInstrumentFee> record(const boost::shared_ptr<CInstrument>& instrument, double rate1) {
-        const auto fee = boost::make_shared<CInstrumentFee>();
-        fee->instrument = instrument;
-        fee->stkRateLimit = boost::make_shared<CStkExchangeRateLimit>();
-        fee->stkRateLimit->rate1 = rate1;
-        return fee;
-    }
-
-    /// What the sample loads: the record comes last, so that a question asked too early is asked while the load runs.
-    static std::vector<boost::shared_ptr<IData>> records(const boost::shared_ptr<CInstrument>& instrument,
-                                                         double rate1) {
-        const auto other = boost::make_shared<CInstrument>();
-        other->market = "SH";
-        other->code = "600000";
-        std::vector<boost::shared_ptr<IData>> all(200, record(other, 0.0003));
-        all.push_back(record(instrument, rate1));
-        return all;
-    }
-
-    /// A custom fee for a category; 5 is all of SH and there is no other.
-    static boost::shared_ptr<CCustomStockInstrumentFee> custom(const std::string& category, double rate1) {
-        const auto limit = boost::make_shared<CCustomStkExchangeRateLimit>();
-        limit->category = category;
-        limit->rate1 = rate1;
-        const auto fee = boost::make_shared<CCustomStockInstrumentFee>();
-        fee->rateLimits = {limit};
-        return fee;
-    }
-
-    /// Runs the sample over and over, each time with a fee center of its own, until it prints something else.
-    void expectPrinted(const std::string& line, const std::vector<boost::shared_ptr<IData>>& loaded,
-                       const boost::shared_ptr<IData>& customFee) {
-        standalone::install(market);
-        const auto account = boost::make_shared<CAccountInfo>();
-        account->accountType = qmservice::kStockAccount;
-        account->accountId = "1000001";
-        for (int round = 1; round <= kRounds; ++round) {
-            const Printed printed;
-            readmeSample(account, loaded, customFee);
-            ASSERT_EQ(printed.str(), line) << "in round " << round;
+    /// Takes every line with the text out of every table.
+    void removeLinesWith(const std::string& text) const {
+        for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+            if (entry.path().extension() != ".csv") {
+                continue;
+            }
+            std::ifstream table(entry.path());
+            std::string kept;
+            for (std::string line; std::getline(table, line);) {
+                kept += line.find(text) == std::string::npos ? line + '\n' : "";
+            }
+            std::ofstream(entry.path()) << kept;
         }
     }
 
-    standalone::Market market;
+    /// The program's exit status; what it prints is in `out` and `err`.
+    int run() {
+        std::string program = "client";
+        std::string market = folder.string();
+        char* arguments[] = {program.data(), market.data(), nullptr};
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        const int status = readmeSample(2, arguments);
+        out = testing::internal::GetCapturedStdout();
+        err = testing::internal::GetCapturedStderr();
+        return status;
+    }
+
+    fs::path folder;
+    std::string out;
+    std::string err;
 };
 
 TEST_F(ReadmeSampleTest, PrintsTheRateThatItLoads) {
-    expectPrinted("0.00025\n", records(addInstrument(), 0.00025), custom("6", 0.0002));
+    EXPECT_EQ(run(), 0) << err;
+    EXPECT_EQ(out, "0.00025\n");
 }
 
+// Category 1001 is the main board of SH.
 TEST_F(ReadmeSampleTest, PrintsTheCustomRateOfAnInstrumentThatTheCustomFeeReaches) {
-    expectPrinted("0.0002\n", records(addInstrument(), 0.00025), custom("5", 0.0002));
+    append("custom/stock.csv", "1000001,1,1001,0.0002,,,,,,");
+    EXPECT_EQ(run(), 0) << err;
+    EXPECT_EQ(out, "0.0002\n");
 }
 
 TEST_F(ReadmeSampleTest, PrintsThatTheHostDoesNotKnowTheInstrument) {
-    const auto instrument = addInstrument();
-    market.instruments.clear();
-    expectPrinted("the host knows no SH 600519: there is no fee, which is not a fee of zero\n",
-                  records(instrument, 0.00025), custom("5", 0.0002));
+    removeLinesWith("SH,600519");
+    EXPECT_EQ(run(), 0) << err;
+    EXPECT_EQ(out, "the host knows no SH 600519: there is no fee, which is not a fee of zero\n");
+}
+
+TEST_F(ReadmeSampleTest, SaysWhatIsWrongInItsMarketFolder) {
+    append("accounts.csv", "1000001");
+    EXPECT_EQ(run(), 1);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err.rfind((folder / "accounts.csv").string() + ':', 0), 0U) << err;
 }
 
 }  // namespace

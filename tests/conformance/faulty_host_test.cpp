@@ -28,7 +28,7 @@ void hurry(Sample& sample) { sample.patience = milliseconds(50); }
 void holdLong(Sample& sample) { sample.hold = milliseconds(10000); }
 
 struct Fault {
-    const char* promise;
+    const char* name;      ///< the promise's, and a word on the way where there are several
     const char* sentence;  ///< a star for what an address or chance decides
     void (*adjust)(Sample&) = asItIs;
 };
@@ -37,9 +37,15 @@ const Fault kFaults[] = {
     {"services.present",
      "TraderCenter::getDataCenter() gave an empty pointer, but every service must be there for as long as a fee center "
      "lives: make the object before the first fee center is built, and destroy it after the last."},
-    {"services.one-object",
+    {"services.one-object TraderCenter",
+     "TraderCenter::instance() gave another object than the time before, but a singleton must be one object for the "
+     "whole program: hand out one static or long-lived object."},
+    {"services.one-object ConfigCollector",
+     "ConfigCollector::instance() gave another object than the time before, but a singleton must be one object for the "
+     "whole program: hand out one static or long-lived object."},
+    {"services.one-object CppCategory",
      "utils::CSingletonT<CppCategory>::instance() gave another object than the time before, but a singleton must be "
-     "one object for the whole program: return the address of one static or long-lived object."},
+     "one object for the whole program: hand out one static or long-lived object."},
     {"keys.market-first",
      "utils::voStockKey(\"HGT\", \"00700\") gave \"00700.HGT\" where (\"HK\", \"00700\") gives \"00700.HK\", but a "
      "joined key must begin with the market and go on the same way for every market, or no connect instrument is "
@@ -125,6 +131,12 @@ const Fault kFaults[] = {
      "ConfigCollector::getRateLimitPtr(\"SH\", \"600519\") gave another limit than the time before, but the limit of "
      "an instrument must stay the same while nobody configures another: hand out the configured record and do not "
      "write it any more."},
+    {"configuration.any-platform",
+     "ConfigCollector::isSimulationPlatform(-1) threw an exception (no such platform), but any platform may be asked "
+     "for and must be answered the same way each time: return false for a platform that you do not know."},
+    {"configuration.any-platform turns",
+     "ConfigCollector::isSimulationPlatform(0) gave * and then *, but any platform may be asked for and must be "
+     "answered the same way each time: return false for a platform that you do not know."},
     {"categories.custom",
      "CppCategory::isStockInCustomCategory(\"SH\", \"600519\", a list with the joined key of another market) gave "
      "true, but a custom category holds the instruments whose joined keys its list has, and no other: compare "
@@ -188,6 +200,11 @@ const Fault kFaults[] = {
      hurry},
 };
 
+std::string promiseOf(const Fault& fault) {
+    const std::string name = fault.name;
+    return name.substr(0, name.find(' '));
+}
+
 std::vector<Outcome> brokenOnes(const std::vector<Outcome>& outcomes) {
     std::vector<Outcome> broken;
     std::copy_if(outcomes.begin(), outcomes.end(), std::back_inserter(broken),
@@ -215,27 +232,28 @@ bool matches(const std::string& text, const std::string& pattern) {
 class FaultyHostTest : public ::testing::TestWithParam<Fault> {};
 
 TEST_P(FaultyHostTest, BreaksThatPromiseAndNoOther) {
-    const FaultyHost host(GetParam().promise);
+    const FaultyHost host(GetParam().name);
     Sample sample = host.sample();
     GetParam().adjust(sample);
     const auto broken = brokenOnes(conformance::check(sample));
     ASSERT_EQ(broken.size(), 1U) << (broken.empty() ? "" : broken[1].sentence);
-    EXPECT_EQ(broken[0].promise, GetParam().promise);
+    EXPECT_EQ(broken[0].promise, promiseOf(GetParam()));
     EXPECT_TRUE(matches(broken[0].sentence, GetParam().sentence)) << broken[0].sentence;
 }
 
 INSTANTIATE_TEST_SUITE_P(Promises, FaultyHostTest, ::testing::ValuesIn(kFaults), [](const auto& fault) {
-    std::string name = fault.param.promise;
+    std::string name = fault.param.name;
     std::replace_if(
-        name.begin(), name.end(), [](char c) { return c == '.' || c == '-'; }, '_');
+        name.begin(), name.end(), [](char c) { return c == '.' || c == '-' || c == ' '; }, '_');
     return name;
 });
 
 TEST(ConformanceTest, EveryPromiseHasItsFault) {
     std::vector<std::string> faults;
     for (const Fault& fault : kFaults) {
-        faults.emplace_back(fault.promise);
+        faults.push_back(promiseOf(fault));
     }
+    faults.erase(std::unique(faults.begin(), faults.end()), faults.end());
     EXPECT_EQ(faults, conformance::promises());
 }
 
@@ -259,6 +277,17 @@ TEST(ConformanceTest, HostWithoutAFaultKeepsEveryPromise) {
     EXPECT_TRUE(conformance::report(host.sample(), out));
     EXPECT_EQ(out.str(), std::to_string(conformance::promises().size()) + " promises kept, 0 broken, 0 not checked\n");
 }
+
+class FreeHostTest : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(FreeHostTest, KeepsEveryPromise) {
+    const FaultyHost host(GetParam());
+    std::ostringstream out;
+    EXPECT_TRUE(conformance::report(host.sample(), out)) << out.str();
+}
+
+INSTANTIATE_TEST_SUITE_P(Liberties, FreeHostTest,
+                         ::testing::Values("an account store for each question", "an instrument for each question"));
 
 TEST(ConformanceTest, ReportSaysWhatIsBroken) {
     const FaultyHost host("categories.group");

@@ -168,14 +168,14 @@ in_full() {
     -DCMAKE_CXX_COMPILER="$1" -Dfeecenter_DIR="$full/lib/cmake/feecenter"
 }
 
-# finding EXPECTED ARGUMENTS [NOT_FOUND]: find_package(feecenter ARGUMENTS) says so of what it finds, or why it does not, where
-# the package NOT_FOUND is not there. Each is a folder of one project.
+# finding EXPECTED ARGUMENTS [COMMAND]: find_package(feecenter ARGUMENTS) says so of what it finds, or why it does not, behind
+# that command. Each is a folder of one project.
 finding() {
   local folder=$place/finding/${#expected[@]}
   expected+=("$1")
   mkdir -p "$folder"
   cat >"$folder/CMakeLists.txt" <<PROJECT
-${3:+set(CMAKE_DISABLE_FIND_PACKAGE_$3 ON)}
+${3-}
 find_package(feecenter CONFIG QUIET $2)
 message("[$2] found \${feecenter_FOUND}, records \${feecenter_records_FOUND}, cost \${feecenter_cost_FOUND}: \${feecenter_NOT_FOUND_MESSAGE}")
 if(feecenter_FOUND AND NOT TARGET feecenter::feecenter)
@@ -185,18 +185,21 @@ PROJECT
   echo "add_subdirectory(${folder##*/})" >>"$place/finding/CMakeLists.txt"
 }
 finds() {
-  local expected=() said text bad=0
+  local expected=() said text bad=0 no_pkgconfig="set(CMAKE_DISABLE_FIND_PACKAGE_PkgConfig ON)"
   mkdir "$place/finding"
   printf '%s\n' "cmake_minimum_required(VERSION 3.25)" "project(finding LANGUAGES CXX)" >"$place/finding/CMakeLists.txt"
   finding "[COMPONENTS cost] found 1, records TRUE, cost TRUE: " "COMPONENTS cost"
   finding "[COMPONENTS library] found 1, records , cost : " "COMPONENTS library"
-  finding "[OPTIONAL_COMPONENTS records cost] found 1, records FALSE, cost FALSE: " "OPTIONAL_COMPONENTS records cost" PkgConfig
+  finding "[OPTIONAL_COMPONENTS records cost] found 1, records FALSE, cost FALSE: " "OPTIONAL_COMPONENTS records cost" "$no_pkgconfig"
   finding "[COMPONENTS records OPTIONAL_COMPONENTS cost] found 0, records FALSE, cost : feecenter's component records needs " \
-    "COMPONENTS records OPTIONAL_COMPONENTS cost" PkgConfig
-  finding "feecenter's component cost needs its component records: " "COMPONENTS cost" PkgConfig
+    "COMPONENTS records OPTIONAL_COMPONENTS cost" "$no_pkgconfig"
+  finding "feecenter's component cost needs its component records: " "COMPONENTS cost" "$no_pkgconfig"
   finding "[COMPONENTS records OPTIONAL_COMPONENTS tax] found 1, records TRUE, " "COMPONENTS records OPTIONAL_COMPONENTS tax"
   finding 'no component "tax"; it has: library, records, cost, standalone, conformance' "COMPONENTS tax"
-  finding "and fits no other version" "" Boost
+  finding "and fits no other version" "" "set(CMAKE_DISABLE_FIND_PACKAGE_Boost ON)"
+  finding "but Boost_USE_STATIC_LIBS takes the static one here" "" "set(Boost_USE_STATIC_LIBS ON)"
+  finding "[COMPONENTS conformance] found 1, " "COMPONENTS conformance" "cmake_policy(VERSION 3.0)"
+  finding "feecenter needs CMake 3.23 or newer, and this is 3.22.6." "" "set(CMAKE_VERSION 3.22.6)"
   said=$("$cmake" -S "$place/finding" -B "$place/found" -G Ninja -DCMAKE_PREFIX_PATH="$installed" 2>&1)
   for text in "${expected[@]}"; do
     [[ $said == *"$text"* ]] || { echo "find_package does not say \"$text\"" && bad=$((bad + 1)); }

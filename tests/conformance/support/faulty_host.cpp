@@ -38,7 +38,7 @@ boost::shared_ptr<CAccountInfo> accountOf(const std::string& id) {
 
 }  // namespace
 
-FaultyHost::FaultyHost(std::string brokenPromise) : fault(std::move(brokenPromise)) {
+FaultyHost::FaultyHost(std::string faultOrLiberty) : fault(std::move(faultOrLiberty)) {
     living = this;
     add("SH", "600519", kStockList, 0);
     add("SZ", "000001", kCreditList, 0);
@@ -69,7 +69,7 @@ FaultyHost::~FaultyHost() {
 
 FaultyHost& FaultyHost::current() { return *living; }
 
-bool FaultyHost::breaks(const char* promise) { return living != nullptr && living->fault == promise; }
+bool FaultyHost::breaks(const char* fault) { return living != nullptr && living->fault == fault; }
 
 bool FaultyHost::onEngine() { return isEngineThread; }
 

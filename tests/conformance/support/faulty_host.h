@@ -16,20 +16,23 @@
 
 namespace test {
 
-/// A small host that keeps every promise but the one that its fault names. The services and the record operations of
+/// A small host that keeps every promise but the one that its fault names. Its name begins with the promise's; a word
+/// may follow that says in which way. A liberty is what no promise forbids. The services and the record operations of
 /// the program answer from the host that lives; there is one at a time. Its data is not written while it lives.
 class FaultyHost {
 public:
     /// With an engine of two threads, unless the fault is that it has none.
-    explicit FaultyHost(std::string brokenPromise);
+    explicit FaultyHost(std::string faultOrLiberty);
     FaultyHost(const FaultyHost&) = delete;
     FaultyHost& operator=(const FaultyHost&) = delete;
     ~FaultyHost();
 
     /// The host that lives.
     static FaultyHost& current();
-    /// Whether this promise is to be broken; false where no host lives.
-    static bool breaks(const char* promise);
+    /// Whether the host has this fault; false where no host lives.
+    static bool breaks(const char* fault);
+    /// Whether the host takes this liberty; likewise.
+    static bool takes(const char* liberty) { return breaks(liberty); }
     /// Whether this is one of the engine's threads.
     static bool onEngine();
 

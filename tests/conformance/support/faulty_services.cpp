@@ -1,8 +1,11 @@
 #include <algorithm>
 #include <atomic>
 #include <boost/smart_ptr/make_shared.hpp>
+#include <memory>
+#include <mutex>
 #include <stdexcept>
 #include <thread>
+#include <vector>
 
 #include "host/services.h"
 #include "support/faulty_host.h"
@@ -47,6 +50,9 @@ public:
             }
             if (breaks("catalogue.knows") && instrument.market == "BJ") {
                 return {};
+            }
+            if (FaultyHost::takes("an instrument for each question")) {
+                return boost::make_shared<CInstrument>(instrument);
             }
             return breaks("catalogue.stays-the-same") ? renamed(instrument) : listed.instrument;
         }
@@ -99,6 +105,9 @@ private:
 class Accounts : public IDataCenter {
 public:
     boost::shared_ptr<CAccountData> getAccountData(uint64 accountKey) override {
+        if (closed) {
+            throw std::logic_error("the store is closed");
+        }
         for (const auto& account : host().accounts) {
             if (account->getHashKey(0) == accountKey && !breaks("accounts.known")) {
                 return boost::make_shared<CAccountData>(account);
@@ -107,6 +116,20 @@ public:
         return breaks("accounts.unknown-is-empty") ? boost::make_shared<CAccountData>(host().accounts.front())
                                                    : nullptr;
     }
+
+    /// A store that closes when nobody holds it any more. It is kept: who asks it all the same is told so.
+    static boost::shared_ptr<Accounts> forOneQuestion() {
+        return {new Accounts, [](Accounts* store) {
+                    static std::mutex mutex;
+                    static std::vector<std::unique_ptr<Accounts>> stores;
+                    store->closed = true;
+                    const std::lock_guard<std::mutex> lock(mutex);
+                    stores.emplace_back(store);
+                }};
+    }
+
+private:
+    std::atomic<bool> closed{false};
 };
 
 template <class Limit>
@@ -159,7 +182,7 @@ template <>
 qmservice::CppCategory* CSingletonT<qmservice::CppCategory>::instance() {
     static qmservice::CppCategory category;
     static qmservice::CppCategory another;
-    return breaks("services.one-object") && callsSoFar<CppCategory>() % 2 == 0 ? &another : &category;
+    return breaks("services.one-object CppCategory") && callsSoFar<CppCategory>() % 2 == 0 ? &another : &category;
 }
 
 template <>
@@ -215,7 +238,7 @@ int getTradeMinUnit(const std::string& market, const std::string& code) {
 
 boost::shared_ptr<TraderCenter> TraderCenter::instance() {
     static const auto center = boost::make_shared<TraderCenter>();
-    return center;
+    return breaks("services.one-object TraderCenter") ? boost::make_shared<TraderCenter>() : center;
 }
 
 IInstrumentCenter* TraderCenter::getInstCenter() const {
@@ -225,12 +248,15 @@ IInstrumentCenter* TraderCenter::getInstCenter() const {
 
 boost::shared_ptr<IDataCenter> TraderCenter::getDataCenter() const {
     static const auto accounts = boost::make_shared<Accounts>();
-    return breaks("services.present") ? nullptr : accounts;
+    if (breaks("services.present")) {
+        return nullptr;
+    }
+    return FaultyHost::takes("an account store for each question") ? Accounts::forOneQuestion() : accounts;
 }
 
 boost::shared_ptr<ConfigCollector> ConfigCollector::instance() {
     static const auto collector = boost::make_shared<ConfigCollector>();
-    return collector;
+    return breaks("services.one-object ConfigCollector") ? boost::make_shared<ConfigCollector>() : collector;
 }
 
 boost::shared_ptr<CStkExchangeRateLimit> ConfigCollector::getRateLimitPtr(std::string market, std::string /*code*/) {
@@ -245,7 +271,13 @@ boost::shared_ptr<CCustomSgtExchangeRateLimit> ConfigCollector::getSgtExchangeRa
     return limitFor<CCustomSgtExchangeRateLimit>(market);
 }
 
-bool ConfigCollector::isSimulationPlatform(int platformId) const { return platformId == 9; }
+bool ConfigCollector::isSimulationPlatform(int platformId) const {
+    if (platformId < 0 && breaks("configuration.any-platform")) {
+        throw std::out_of_range("no such platform");
+    }
+    const bool turns = breaks("configuration.any-platform turns") && callsSoFar<ConfigCollector>() % 2 == 0;
+    return turns || platformId == 9;
+}
 
 bool CppCategory::isStockInCategoryForTS(const std::string& market, const std::string& /*code*/,
                                          const std::string& /*productId*/, int category) {
