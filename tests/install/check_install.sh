@@ -92,9 +92,11 @@ prints() {
   LD_LIBRARY_PATH=$installed/lib "$2" >"$2.txt" && diff "$source/examples/$1/expected.txt" "$2.txt"
 }
 
-# The projects are copied out of the tree, where they could find what is not installed.
+# The projects are those that are installed, away from the tree, where they could find what is not.
 examples=$place/examples
-cp -r "$source/examples" "$examples"
+cp -r "$installed/share/doc/feecenter/examples" "$examples"
+diff -r "$source/examples" "$examples" || fail "the installed examples (>) are not those of the project (<)"
+[[ -e $installed/share/doc/feecenter/docs/host-guide.md ]] || fail "the guide for hosts is not installed"
 
 # with_cmake EXAMPLE COMPILER [OPTIONS...]
 with_cmake() {
