@@ -14,6 +14,7 @@ endif()
 set(installed_cmake ${CMAKE_INSTALL_LIBDIR}/cmake/feecenter)
 set(installed_pkgconfig ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 set(installed_market ${CMAKE_INSTALL_DATADIR}/feecenter/market)
+set(installed_pages ${CMAKE_INSTALL_DATAROOTDIR}/doc/feecenter)
 
 feecenter_way(FEECENTER_MARKET_FROM_PROGRAM "" ${CMAKE_INSTALL_BINDIR} ${installed_market})
 
@@ -57,6 +58,18 @@ function(feecenter_install_library)
   install(FILES ${PROJECT_BINARY_DIR}/feecenterConfig.cmake ${PROJECT_BINARY_DIR}/feecenterConfigVersion.cmake
                 ${PROJECT_SOURCE_DIR}/cmake/Libcsv.cmake
           DESTINATION ${installed_cmake} COMPONENT development)
+  if(PROJECT_IS_TOP_LEVEL)
+    feecenter_install_pages()
+  endif()
+endfunction()
+
+# What the author of a host reads, in folders that stand to each other as here, so that the links between them lead somewhere.
+# The other pages show what the bundled market answers, whose data have terms of their own.
+function(feecenter_install_pages)
+  set(pages architecture host-guide packaging surprising-rules)
+  list(TRANSFORM pages REPLACE "(.+)" "${PROJECT_SOURCE_DIR}/docs/\\1.md")
+  install(FILES ${pages} DESTINATION ${installed_pages}/docs COMPONENT development)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${installed_pages} COMPONENT development)
 endfunction()
 
 # feecenter_install_part(PART targets... REQUIRES modules... [LIBS libs...])

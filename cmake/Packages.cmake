@@ -59,13 +59,14 @@ file(WRITE ${PROJECT_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/triggers)
 
 package(development libfeecenter-dev libdevel COMPONENTS development records cost standalone conformance
-  DEPENDS "${library_package} ${this_version}, libboost-dev, libboost-thread-dev, libbson-dev, libcsv-dev, libfmt-dev, liblzma-dev, libtomlplusplus-dev, libxxhash-dev"
+  DEPENDS "${library_package} ${this_version}, libboost-dev, libboost-thread-dev, libbson-dev, libcsv-dev, libfmt-dev, liblzma-dev, libtomlplusplus-dev, libxxhash-dev, pkg-config"
   SUMMARY "fee, commission and margin rates for trading clients (development files)"
   DESCRIPTION "Headers of the fee center and of its boundary with the host, and the files"
               "that CMake and pkg-config find them by. Static libraries besides: the given"
               "operations of the host's records, the cost library, which makes amounts of"
               "rates and trades, a complete standalone host, and a suite that tells a host"
-              "which promises it breaks.")
+              "which promises it breaks. The guide for hosts and the examples are in"
+              "/usr/share/doc/feecenter.")
 
 package(program feedesk misc ANY COMPONENTS feedesk
   DEPENDS "${library_package} ${this_version}" SUGGESTS "feecenter-market ${this_version}"

@@ -32,12 +32,15 @@ public:
     /// The day before; empty before the first day.
     [[nodiscard]] std::optional<Date> previous() const;
 
+    /// @{
+    /// The earlier day is the smaller one.
     friend bool operator==(Date a, Date b) { return a.number == b.number; }
     friend bool operator!=(Date a, Date b) { return a.number != b.number; }
     friend bool operator<(Date a, Date b) { return a.number < b.number; }
     friend bool operator<=(Date a, Date b) { return a.number <= b.number; }
     friend bool operator>(Date a, Date b) { return a.number > b.number; }
     friend bool operator>=(Date a, Date b) { return a.number >= b.number; }
+    /// @}
 
 private:
     explicit Date(std::int32_t digits) : number(digits) {}

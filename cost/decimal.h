@@ -59,12 +59,12 @@ public:
     Decimal& operator+=(const Decimal& other);
     Decimal& operator-=(const Decimal& other) { return *this += -other; }
     Decimal& operator*=(const Decimal& other);
-    /// @}
-
     friend Decimal operator+(Decimal a, const Decimal& b) { return a += b; }
     friend Decimal operator-(Decimal a, const Decimal& b) { return a -= b; }
     friend Decimal operator*(Decimal a, const Decimal& b) { return a *= b; }
+    /// @}
 
+    /// @{
     /// By value: 4.5 equals 4.50.
     friend bool operator==(const Decimal& a, const Decimal& b) { return a.compare(b) == 0; }
     friend bool operator!=(const Decimal& a, const Decimal& b) { return a.compare(b) != 0; }
@@ -72,6 +72,7 @@ public:
     friend bool operator<=(const Decimal& a, const Decimal& b) { return a.compare(b) <= 0; }
     friend bool operator>(const Decimal& a, const Decimal& b) { return a.compare(b) > 0; }
     friend bool operator>=(const Decimal& a, const Decimal& b) { return a.compare(b) >= 0; }
+    /// @}
 
 private:
     using Mantissa = boost::multiprecision::number<

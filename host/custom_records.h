@@ -65,8 +65,8 @@ public:
     double closeRatioByVolume = 0;       ///< fee for closing, yuan per lot
     double closeTodayRatioByMoney = 0;   ///< fee for closing on the same day, fraction of turnover
     double closeTodayRatioByVolume = 0;  ///< fee for closing on the same day, yuan per lot
-    double commissionExtra1 = 0;         ///< further fee value
-    double commissionExtra2 = 0;         ///< further fee value
+    double commissionExtra1 = 0;         ///< a number: stored, answered, part of the content key; not interpreted
+    double commissionExtra2 = 0;         ///< a number: stored, answered, part of the content key; not interpreted
     /// Members of the custom categories by number, each list as joined instrument keys. The job of a custom fee inserts
     /// an empty list under a number that it asks for and does not find, on the strand's thread: leave the record alone
     /// from updateCustomFee on until the job has run.
@@ -89,9 +89,9 @@ public:
     double longMarginRatioByVolume = 0;   ///< long margin, yuan per lot
     double shortMarginRatio = 0;          ///< short margin, fraction of value
     double shortMarginRatioByVolume = 0;  ///< short margin, yuan per lot
-    std::int32_t marginMode = 0;          ///< part of the record's content key
-    double marginExtra1 = 0;              ///< further margin value
-    double marginExtra2 = 0;              ///< further margin value
+    std::int32_t marginMode = 0;          ///< part of the content key of what is stored, not interpreted; stored as 0
+    double marginExtra1 = 0;              ///< a number: stored, answered, part of the content key; not interpreted
+    double marginExtra2 = 0;              ///< a number: stored, answered, part of the content key; not interpreted
     /// Members of the custom categories by number, each list as joined instrument keys. The job of a custom fee inserts
     /// an empty list under a number that it asks for and does not find, on the strand's thread: leave the record alone
     /// from updateCustomFee on until the job has run.

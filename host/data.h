@@ -64,23 +64,29 @@ protected:
     IData& operator=(const IData&) = default;
 };
 
-/// Declares the nine operations for one record class. They are defined once for all classes, from the list of each
-/// class's fields, in the records library.
+/// Declares the nine operations of IData for one record class, for its fields and nothing else. They are defined once
+/// for all classes, from the list of each class's fields, in the records library.
 template <class Record>
 class HOST_EXPORT RecordOf : public IData {
 public:
-    /// @{
-    /// As IData says, for the fields of this class and nothing else.
+    /// A new Record, owned by the caller, with the same fields.
     [[nodiscard]] boost::shared_ptr<IData> copy() const override;
+    /// The key of the Record's fields, continued from `seed`.
     [[nodiscard]] uint64 getHashKey(uint64 seed) const override;
+    /// The Record's fields in layout order, as "Class{field:type,...}".
     [[nodiscard]] std::string getStructDes() const override;
+    /// Writes "Class{field=value, ...}", no line end.
     void toLogStream(std::ostream& out) const override;
+    /// Writes one JSON object, class name included, no line end.
     void toStream(std::ostream& out) const override;
+    /// False where `other` is no Record. A NaN equals nothing.
     [[nodiscard]] bool isEqual(const IData& other) const override;
+    /// In bytes from the start of the Record; -1 when it has no such field.
     [[nodiscard]] std::ptrdiff_t getOffset(const std::string& field) const override;
+    /// Appends "_type" and the fields to `document`, as IData says.
     void toBsonWithBson(_bson_t* document) const override;
+    /// Appends the fields alone to `document`, as IData says.
     void appendElementsWithNoTypeIdWithBson(_bson_t* document) const override;
-    /// @}
 
 protected:
     RecordOf() = default;

@@ -27,8 +27,8 @@ public:
     double closeRatioByVolume = 0;       ///< fee for closing, yuan per lot
     double closeTodayRatioByMoney = 0;   ///< fee for closing on the same day, fraction of turnover
     double closeTodayRatioByVolume = 0;  ///< fee for closing on the same day, yuan per lot
-    double commissionExtra1 = 0;         ///< further fee value
-    double commissionExtra2 = 0;         ///< further fee value
+    double commissionExtra1 = 0;         ///< a number: stored, answered, part of the content key; not interpreted
+    double commissionExtra2 = 0;         ///< a number: stored, answered, part of the content key; not interpreted
 };
 
 /// What a futures position is held for, as hedgeFlag holds it: a character code.
@@ -57,9 +57,11 @@ public:
     double longMarginRatioByVolume = 0;   ///< long margin, yuan per lot
     double shortMarginRatio = 0;          ///< short margin, fraction of value
     double shortMarginRatioByVolume = 0;  ///< short margin, yuan per lot
-    std::int32_t marginMode = 0;          ///< part of the record's content key
-    double marginExtra1 = 0;              ///< further margin value
-    double marginExtra2 = 0;              ///< further margin value
+    /// A number that is part of the content key and not interpreted. What updateCustomFee stores anew has 0 here,
+    /// whatever came in.
+    std::int32_t marginMode = 0;
+    double marginExtra1 = 0;  ///< a number: stored, answered, part of the content key; not interpreted
+    double marginExtra2 = 0;  ///< a number: stored, answered, part of the content key; not interpreted
 };
 
 }  // namespace qmservice

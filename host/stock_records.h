@@ -11,7 +11,11 @@
 
 namespace qmservice {
 
-/// Rates of one instrument for stock, credit and NEEQ accounts. What each rate is charged for is the host's to say.
+/// Rates of one instrument for stock, credit and NEEQ accounts.
+///
+/// The fee center stores the rates and hands them out; it never calculates with them. What each is charged for is the
+/// host's to say; the bundled market has fractions of turnover here. Where no other level answers, rate1 is 0.00015,
+/// rate6 0.001 and the others 0.
 class HOST_EXPORT CStkExchangeRateLimit : public RecordOf<CStkExchangeRateLimit> {
 public:
     CStkExchangeRateLimit() = default;
@@ -19,15 +23,12 @@ public:
     CStkExchangeRateLimit& operator=(const CStkExchangeRateLimit&) = default;
     ~CStkExchangeRateLimit() override;
 
-    /// @{
-    /// A plain number, as its family charges it; what each is charged for is the host's to say.
-    double rate1 = 0;
-    double rate2 = 0;
-    double rate3 = 0;
-    double rate4 = 0;
-    double rate5 = 0;
-    double rate6 = 0;
-    /// @}
+    double rate1 = 0;             ///< the host's first charge; in the bundled market the commission
+    double rate2 = 0;             ///< the host's second charge; in the bundled market the transfer fee
+    double rate3 = 0;             ///< the host's third charge; in the bundled market the handling fee
+    double rate4 = 0;             ///< the host's fourth charge; in the bundled market the regulatory fee
+    double rate5 = 0;             ///< the host's fifth charge; in the bundled market the settlement fee
+    double rate6 = 0;             ///< the host's sixth charge; in the bundled market the stamp duty of a sale
     std::int32_t unitVolume = 0;  ///< minimum trade unit, in shares
 };
 

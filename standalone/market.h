@@ -18,8 +18,11 @@ struct Position {
     std::uint32_t file = 0;  ///< index into Market::files
     std::uint32_t line = 0;  ///< from 1; 0 is the file as a whole
 
+    /// @{
+    /// By file, then by line.
     friend bool operator==(Position a, Position b) { return a.file == b.file && a.line == b.line; }
     friend bool operator<(Position a, Position b) { return std::tie(a.file, a.line) < std::tie(b.file, b.line); }
+    /// @}
 };
 
 /// A market, such as an exchange.

@@ -51,7 +51,7 @@ def page(path, text):
         elif not fenced:
             line = re.sub(r"\]\(([\w./-]*)#([^)]+)\)", link, line)
             # What the site does not have is named and not linked.
-            line = re.sub(r"\[([^\]]*)\]\((?:\.\./)*(examples|tests|fuzz|market)/[\w./-]*\)", r"\1", line)
+            line = re.sub(r"\[([^\]]*)\]\((?:\.\./)*(examples|tests|fuzz|market)\b[\w./-]*\)", r"\1", line)
             heading = re.match(r"(#+) (.*)", line)
             if heading:
                 title = heading.group(2)
@@ -61,13 +61,9 @@ def page(path, text):
     return "\n".join(lines) + "\n"
 
 
-def header(path, text):
-    # Doxygen gives the members of a class that others are made of by a template their own words alone.
-    if path.name == "data.h":
-        text = re.sub(r"( const override;)$", r"\1  ///< As IData says, for the fields of this class.", text, flags=re.M)
-    if path.name == "connect_records.h":
-        text = re.sub(r"(double rate\d+ = 0;)$", r"\1  ///< A plain number; what it is charged for is the host's to say.",
-                      text, flags=re.M)
+def header(text):
+    # The lines stay, so that doxygen's numbers are those of the file.
+    text = re.sub(r"^private:\n.*?(?=^(?:public|protected):|^};)", lambda found: "\n" * found.group().count("\n"), text, flags=re.M | re.S)
     return re.sub(r"^ *(?:virtual )?~?[\w&:,<> ]*(?:operator=)?\([^()]*\)(?: override)? = (?:default|delete);$", "", text, flags=re.M)
 
 
@@ -75,7 +71,7 @@ def main():
     path = pathlib.Path(sys.argv[1])
     path = path.resolve().relative_to(pathlib.Path.cwd())
     text = path.read_text(encoding="utf-8")
-    sys.stdout.write(page(path, text) if path.suffix == ".md" else header(path, text))
+    sys.stdout.write(page(path, text) if path.suffix == ".md" else header(text))
 
 
 main()

@@ -24,7 +24,6 @@ mmdebstrap --quiet --variant=apt "$(. /etc/os-release && echo "$VERSION_CODENAME
 mount -t proc proc "$root/proc"
 mkdir "$root/tried"
 cp "$@" "$root/tried"
-cp -r examples "$root/tried"
 
 # inside COMMAND: runs it in that Debian, whose programs ask nothing.
 inside() {
@@ -63,8 +62,9 @@ quietly "$install /tried/feecenter-market_*.deb"
 prints 1000001 "cd / && feedesk accounts"
 prints 0.025% "cd / && feedesk fee 1000001 SH:600519"
 
-echo "The library, built against by the examples"
-quietly "$install /tried/libfeecenter-dev_*.deb g++ cmake make pkg-config"
+echo "The library, built against by the examples that it brings"
+quietly "$install /tried/libfeecenter-dev_*.deb g++ cmake make"
+quietly "cp -r /usr/share/doc/feecenter/examples /tried"
 for example in host host-own-records desktop-loop; do
   expected=$(<"examples/$example/expected.txt")
   prints "$expected" "cd /tried/examples/$example && cmake -S . -B /tried/$example >/dev/null && cmake --build /tried/$example >/dev/null &&

@@ -56,6 +56,11 @@ named=$(grep -oE 'libfeecenter\.so\.[0-9]+' "$source/docs/packaging.md" | sort -
 diff <(cd "$source" && ls host/*.h && cd include && ls -- *.h) <(cd "$installed/include/feecenter" && ls host/*.h && ls -- *.h) ||
   fail "the installed headers (>) are not those of the project (<)"
 
+# What is installed is described on the site, which has the folders of the boundary whole.
+(cd "$installed/include/feecenter" && find . -mindepth 2 -name '*.h' ! -path './host/*' | sed 's|^\./||') >"$place/headers.txt"
+grep -oE '[a-z_]+/[a-z_]+\.h' "$source/docs/site/Doxyfile" | sort | diff - <(sort "$place/headers.txt") ||
+  fail "the installed headers (>) are not those that docs/site/Doxyfile names (<)"
+
 # feedesk finds the market that was moved with it, and goes by one at hand before that.
 shows() {
   (cd "$place" && must "feedesk $2" "$installed/bin/feedesk" accounts && "$installed/bin/feedesk" accounts | grep -qF "$1") ||
@@ -87,9 +92,11 @@ prints() {
   LD_LIBRARY_PATH=$installed/lib "$2" >"$2.txt" && diff "$source/examples/$1/expected.txt" "$2.txt"
 }
 
-# The projects are copied out of the tree, where they could find what is not installed.
+# The projects are those that are installed, away from the tree, where they could find what is not.
 examples=$place/examples
-cp -r "$source/examples" "$examples"
+cp -r "$installed/share/doc/feecenter/examples" "$examples"
+diff -r "$source/examples" "$examples" || fail "the installed examples (>) are not those of the project (<)"
+[[ -e $installed/share/doc/feecenter/docs/host-guide.md ]] || fail "the guide for hosts is not installed"
 
 # with_cmake EXAMPLE COMPILER [OPTIONS...]
 with_cmake() {
