@@ -128,7 +128,7 @@ TEST_F(TerminalSession, ReadsAListOfInstrumentsFromTheTerminal) {
     EXPECT_THAT(terminal.shownWith("没有费率的股票户"), HasSubstr("没有费率的股票户"));
 }
 
-std::string contentOf(const std::string& path) {
+std::string textOfFile(const std::string& path) {
     std::ifstream file(path);
     return {std::istreambuf_iterator<char>(file), {}};
 }
@@ -145,8 +145,8 @@ TEST(EndedTerminalSession, LeavesTheTerminalAsItWas) {
     ASSERT_TRUE(file >> process);
     ASSERT_EQ(kill(process, SIGTERM), 0);
     EXPECT_EQ(terminal.status(), "143\n");
-    EXPECT_NE(contentOf(terminal.home() + "/before"), "");
-    EXPECT_EQ(contentOf(terminal.home() + "/after"), contentOf(terminal.home() + "/before"));
+    EXPECT_NE(textOfFile(terminal.home() + "/before"), "");
+    EXPECT_EQ(textOfFile(terminal.home() + "/after"), textOfFile(terminal.home() + "/before"));
 }
 
 }  // namespace
