@@ -46,11 +46,12 @@ std::string reachOf(const SolvedRate& solved, const OrderRow& row, std::size_t t
         const char* const them = trades == 1 ? "it" : "them";
         return fmt::format("fits {}, and no rate fits {} and all those after {}", which, them, them);
     }
+    const char* const basis = solved.trades == 1 ? ", which rests on a single trade" : "";
     return solved.otherLines == 0
-               ? fmt::format("fits {} {}", lineText(solved), daysOf(solved))
-               : fmt::format("fits {} of {} lines{} {} (the others differ in other ways)", solved.lines,
+               ? fmt::format("fits {} {}{}", lineText(solved), daysOf(solved), basis)
+               : fmt::format("fits {} of {} lines{} {} (the others differ in other ways){}", solved.lines,
                              solved.lines + solved.otherLines,
-                             solved.instrument.empty() ? "" : " of " + solved.instrument, daysOf(solved));
+                             solved.instrument.empty() ? "" : " of " + solved.instrument, daysOf(solved), basis);
 }
 
 /// "0.00025, custom/stock.csv:18", and the lines of one rate together.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "feedesk/reconciling/changed_terms.h"
 #include "feedesk/reconciling/trial.h"
 
 namespace feedesk {
@@ -41,16 +42,15 @@ bool isLeftOut(const Part& part, const Trial& trial) {
 }
 
 void tryInside(Trial& trial, const Charges& charges) {
-    std::optional<Amounts> changed = trial.copy();
     std::vector<std::string> names;
     TermCells cells;
     for (const Part& part : trial.parts()) {
         if (isOnTop(part) && charges.count(part.charge) != 0) {
-            changed->parts[trial.indexOf(part)].inside = kCommission;
             names.push_back(namedPart(part));
             cells.push_back({part.term->where, "inside", kCommission});
         }
     }
+    const Amounts changed = putInside(trial.asked().charged, cells);
     trial.note(Cause::kAllIn, fmt::format("{}", fmt::join(charges, " ")),
                fmt::format("{} inside the {} and not on top of it", fmt::join(names, " and "), kCommission), changed,
                std::move(cells));

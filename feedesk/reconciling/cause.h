@@ -20,10 +20,10 @@ enum class Cause {
     kOtherLevel,  ///< rates of an input that another one overrides
     kLeftOut,
     kChargedTwice,
-    kAllIn,  ///< a commission that contains what the folder charges on top of it
     kOtherAccount,
     kOtherSide,
     kOtherCategory,  ///< charged as instruments of another kind are
+    kAllIn,          ///< a commission that contains what the folder charges on top of it
     kOtherMinimum,   ///< without the minimum, or with another one
     kOtherMaximum,
     kOtherRate,  ///< solved for
@@ -34,9 +34,8 @@ enum class Cause {
 
 template <>
 inline constexpr std::array<std::string_view, 16> cost::kWords<feedesk::Cause> = {
-    "other_date",    "minimum_per",   "rounding_per_fill", "fill_by_fill",
-    "rounding_mode", "other_level",   "left_out",          "charged_twice",
-    "all_in",        "other_account", "other_side",        "other_category",
+    "other_date",    "minimum_per",   "rounding_per_fill", "fill_by_fill", "rounding_mode",  "other_level",
+    "left_out",      "charged_twice", "other_account",     "other_side",   "other_category", "all_in",
     "other_minimum", "other_maximum", "other_rate",        "not_explained"};
 
 namespace feedesk {

@@ -54,4 +54,14 @@ cost::Tariff withRate(const cost::Tariff& tariff, cost::Date day, const std::str
     });
 }
 
+Amounts putInside(Amounts amounts, const TermCells& cells) {
+    for (Part& part : amounts.parts) {
+        const auto cell = std::find_if(cells.begin(), cells.end(), [&](const TermCell& each) {
+            return each.column == "inside" && each.where == part.term->where;
+        });
+        part.inside = cell == cells.end() ? part.inside : cell->value;
+    }
+    return amounts;
+}
+
 }  // namespace feedesk

@@ -5,6 +5,8 @@
 #include <string>
 
 #include "cost/tariff.h"
+#include "feedesk/reconciling/amounts.h"
+#include "feedesk/reconciling/cause.h"
 
 namespace feedesk {
 
@@ -15,6 +17,9 @@ cost::Tariff withTerms(const cost::Tariff& tariff, cost::Date day, const std::fu
 /// The tariff as of the day with another rate of a charge: the fee center's, or the term's own. Throws cost::Refused.
 cost::Tariff withRate(const cost::Tariff& tariff, cost::Date day, const std::string& charge, const std::string& item,
                       const cost::Decimal& rate);
+
+/// The amounts with the charges of these terms inside another one, each the one that its cell names.
+Amounts putInside(Amounts amounts, const TermCells& cells);
 
 }  // namespace feedesk
 

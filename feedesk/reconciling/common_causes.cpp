@@ -114,7 +114,10 @@ void takeCausesOfTerms(const OrdersByDay& orders) {
                      [](const OrdersByDay& one, const OrdersByDay& other) { return one.size() > other.size(); });
     for (const OrdersByDay& group : groups) {
         const OrdersByDay open = openOf(group);
-        const std::optional<Explanation> common = open.size() > 1 ? commonOf(open, isOfAll) : std::nullopt;
+        std::optional<Explanation> common = open.size() > 1 ? commonOf(open, isOfAll) : std::nullopt;
+        if (common && common->cause == Cause::kAllIn) {
+            common = commonOf(open, isNone);  // it is tried behind these
+        }
         if (common && isOfTerm(*common)) {
             take({open, *common});
         }

@@ -16,10 +16,10 @@ Explanations explanationsOf(const Disputed& disputed, const Layout& layout, Othe
     trial.noteEach(Cause::kOtherLevel, others.ofOtherLevels(disputed));
     tryLeftOut(trial);
     tryChargedTwice(trial);
-    tryAllIn(trial);
     trial.noteEach(Cause::kOtherAccount, others.ofOtherAccounts(disputed));
     tryOtherSide(trial);
     trial.noteEach(Cause::kOtherCategory, others.ofOtherCategories(disputed));
+    tryAllIn(trial);
     tryNoMinimum(trial);
     return std::move(trial.found);
 }

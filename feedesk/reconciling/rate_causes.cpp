@@ -52,13 +52,15 @@ std::string wouldFit(const std::vector<SolvedRate>& rates) {
     return fmt::format("{} would fit, and the statement does not say which", fmt::join(each, " or "));
 }
 
-std::string byFillRemark(const ReconciledOrder& charged) {
+/// Of fills whose number alone is known, which leave no rate to be named.
+Explanation fillByFill(const ReconciledOrder& charged) {
     const Span costs = amountsByFill(charged)->costs();
-    return fmt::format(
-        "its {} fills, each charged by itself with its minimum and its rounding, cost {}, so that no rate follows from "
-        "it",
-        charged.order.fills,
-        costs.isExact() ? costs.low.text(2) : fmt::format("from {} to {}", costs.low.text(2), costs.high.text(2)));
+    const std::string range = costs.isExact()
+                                  ? fmt::format("its {} fills cost {}", charged.order.fills, costs.low.text(2))
+                                  : fmt::format("a range: its {} fills cost from {} to {}", charged.order.fills,
+                                                costs.low.text(2), costs.high.text(2));
+    return {Cause::kFillByFill, "each fill by its number",
+            fmt::format("each fill charged as an order of its own, with its minimum and rounding, {}", range)};
 }
 
 }  // namespace
@@ -87,6 +89,7 @@ std::shared_ptr<const SolvedRate> RateCauses::oneOf(const RateChanges& changes) 
     SolvedRates all;
     for (const RateChange& each : changes) {
         auto solved = std::make_shared<SolvedRate>(each.solved);
+        solved->trades = each.explained.size();
         preferKnown(*solved, *each.explained.back(), others, rates);
         all.push_back(std::move(solved));
     }
@@ -132,7 +135,8 @@ void RateCauses::take(RateChanges changes) {
 
 void RateCauses::takeOfOrder(ReconciledOrder& charged) {
     if (mayBeItsFills(charged, layout)) {
-        charged.remark = byFillRemark(charged);
+        charged.cause = Cause::kFillByFill;
+        charged.causes = {fillByFill(charged)};
         return;
     }
     std::vector<SolvedRate> fitting = ratesOf(charged);

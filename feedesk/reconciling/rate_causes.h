@@ -25,8 +25,8 @@ public:
     /// order none is.
     void take(RateChanges changes);
 
-    /// Gives the order, which no single change explains, the rate that fits it alone, or says in its remark why there
-    /// is none to be named: the rates of several charges fit, or its fills may be charged one by one.
+    /// Gives the order, which no single change explains, its fills charged one by one where the range of these may be
+    /// the cause, or else the rate that fits it alone; or says in its remark that the rates of several charges do.
     void takeOfOrder(ReconciledOrder& charged);
 
     /// Where the order alone has another minimum or maximum for its cause, adds the rates that fit it as well.

@@ -6,6 +6,7 @@
 #include "feedesk/reconciling/common_causes.h"
 #include "feedesk/reconciling/other_limits.h"
 #include "feedesk/reconciling/rate_causes.h"
+#include "feedesk/reconciling/refuted_causes.h"
 #include "feedesk/reconciling/remarks.h"
 #include "feedesk/terminal/terminal.h"
 #include "feedesk/text/numbers.h"
@@ -96,6 +97,7 @@ Reconciliation Reconciler::reconcile(const Statement& statement) {
 void Reconciler::findCauses(const Statement& statement, Reconciliation& result) {
     const Layout& layout = statement.layout;
     const OrdersByDay orders = chargedByDay(result.orders);
+    removeRefuted(orders, layout);
     addLastHypotheses(layout, orders);
     const ChargedLines lines(orders);
     RateSearch search(lines, layout);
@@ -120,6 +122,7 @@ void Reconciler::findCauses(const Statement& statement, Reconciliation& result) 
         if (each->isOpen()) {
             rates.takeOfOrder(*each);
         }
+        takeLastCauses(*each);
         if (each->isOpen()) {
             each->remark = ratioRemark(*each, statement);
         }

@@ -44,8 +44,9 @@ struct ReconciledOrder {
     cost::Decimal costs;  ///< by the folder
     Figures figures;      ///< where it differs
     Cause cause = Cause::kNotExplained;
-    Explanations causes;   ///< of that cause, each of which explains it
-    Explanations alsoFit;  ///< of causes that are tried later
+    Explanations causes;      ///< of that cause, each of which explains it
+    Explanations alsoFit;     ///< of causes that are tried later
+    Explanations lastCauses;  ///< those that other orders speak against: for what nothing else explains
     std::shared_ptr<const SolvedRate> solved;
     SolvedRates ratesToo;  ///< besides a cause: rates that fit several orders
     std::shared_ptr<const SharedTerms> terms;

@@ -43,6 +43,7 @@ struct SolvedRate {
     std::string instrument;           ///< "SH:510310" where it is for this one alone
     bool isFraction = false;          ///< it is charged on turnover
     std::size_t lines = 0;            ///< how many lines of the statement it fits
+    std::size_t trades = 0;           ///< where it holds from a day on: how many differing trades show it
     /// From this day on it fits every line that is charged by the same lines of the folder; empty: it fits one order.
     std::optional<cost::Date> from;
     std::optional<cost::Date> until;   ///< until this day alone: those behind it pay another one

@@ -47,7 +47,7 @@ INSTANTIATE_TEST_SUITE_P(
               "20240104,600519,买,100,1000,25.00,0,0,,1,-100025.00\n"
               "20240105,600519,买,100,1000,25.00,0,0,,1,-100025.00\n",
               {"Line 3: the stamp_duty 0.0007 (any from 0.00069995 to 0.000700049999) fits the line from "
-               "2024-01-03 on"},
+               "2024-01-03 on, which rests on a single trade; the folder has 0.0005"},
               "S100,SH,600*,0.00025,0.00001,0.0007,2024-01-03,"},
         // The next sale pays 0.05 % again.
         Reach{"AChargeOfSalesThatTheNextSaleDoesNotPay",
@@ -136,7 +136,7 @@ INSTANTIATE_TEST_SUITE_P(
             "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
             "20240104,600519,卖,100,10,5.00,1.00,0,,1,994.00\n",
             {"Line 2: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits 1 of 2 lines from 2024-01-02 "
-             "on (the others differ in other ways)",
+             "on (the others differ in other ways), which rests on a single trade",
              "Line 3: the schedule from 2021-01-01 until 2023-08-27"},
             "S100,SH,600*,0.0003,0.00001,0.0005,2024-01-02,"},
         // The first fits the second and the third, which do not fit each other.
@@ -169,7 +169,7 @@ INSTANTIATE_TEST_SUITE_P(
               "20240103,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
               "20240104,600519,买,100,10,5.00,0,0,,1,-1005.00\n",
               {"Line 3: the commission 0.0003 (any from 0.00029995 to 0.000300049999) fits all 2 lines from "
-               "2024-01-03 on"},
+               "2024-01-03 on, which rests on a single trade"},
               "S100,SH,600*,0.0003,0.00001,0.0005,2024-01-03,"}),
     [](const auto& param) { return std::string(param.param.name); });
 
@@ -243,14 +243,15 @@ protected:
 };
 
 // 2400 bought in three fills of 800: 3 x 5.00, and 3 x 0.008 = 3 x 0.01 and not 0.02 transfer fee.
-TEST_F(FeesOnTop, ByFillLeaveNoRateToBeNamed) {
+TEST_F(FeesOnTop, ByFillAreARangeWhichIsTheCause) {
     const Outcome outcome = reconcileNets(folder, "20240102,600519,买,240,10,3,-2415.03\n");
     EXPECT_NE(unfolded(outcome.out)
-                  .find("Line 2: nothing that is known explains it; its 3 fills, each charged by itself with its "
-                        "minimum and its rounding, cost from 15.01 to 15.03, so that no rate follows from it"),
+                  .find("Line 2: each fill charged as an order of its own, with its minimum and rounding, a range: its "
+                        "3 fills cost from 15.01 to 15.03"),
               std::string::npos)
         << outcome.out;
     EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(folder.reconcile("--csv").out.find(",differs,fill_by_fill,"), std::string::npos);
 }
 
 TEST_F(FeesOnTop, ByKnownFillAreOrdersOfTheirOwn) {

@@ -109,18 +109,84 @@ TEST_F(OtherTerms, AreFoundInANet) {
 
 TEST_F(OtherTerms, AreNotProposedWhereALaterTradeHasTheFoldersOwn) {
     const Outcome outcome = folder.reconcileLines(
-        "20240102,600519,买,100,1000,30.00,0,0,,1,-100030.00\n"
-        "20240103,600519,买,100,2000,60.00,0,0,,1,-200060.00\n"
-        "20240104,600519,买,100,1000,30.00,0,1.00,,1,-100036.00\n",
+        "20240102,600519,买,100,10,1.00,0,.01,,1,-1001.06\n"
+        "20240103,600519,买,100,20,1.00,0,.02,,1,-2001.12\n"
+        "20240104,600519,买,100,10,5.00,0,.01,,1,-1005.06\n",
         "--patch " + patch());
     EXPECT_FALSE(std::filesystem::exists(patch()));
-    EXPECT_NE(
-        unfolded(outcome.out)
-            .find("no line is proposed for the transfer_fee (charges.csv:3) and the rate3 (charges.csv:4) "
-                  "inside the commission and not on top of it, as line 4, which agrees, would differ with it; where "
-                  "that was agreed, change charges.csv:3 and charges.csv:4 by hand"),
-        std::string::npos)
+    EXPECT_NE(unfolded(outcome.out)
+                  .find("no line is proposed for a least commission of 1 and not 5 (charges.csv:2), as line 4, which "
+                        "agrees, would differ with it; where that was agreed, change charges.csv:2 by hand"),
+              std::string::npos)
         << outcome.out;
+}
+
+/// A commission of 0.024 %, and on top of it the fees of 0.006 %, which cost what 0.03 % with them in it does.
+class LowerCommission : public OtherTerms {
+protected:
+    [[nodiscard]] std::string causesOf(const std::string& lines) {
+        folder.writeStatement("日期,代码,买卖,数量,价格,笔数,发生\n" + lines);
+        return unfolded(folder.reconcile().out);
+    }
+};
+
+TEST_F(LowerCommission, IsARateWhereALaterTradePaysTheFeesOnTop) {
+    const std::string text = causesOf(
+        "20240102,600519,买,100,1000,1,-100030.00\n"
+        "20240103,600519,买,100,2000,1,-200060.00\n"
+        "20240104,600519,买,100,1000,1,-100036.00\n");
+    EXPECT_EQ(text.find("inside the commission"), std::string::npos) << text;
+    EXPECT_NE(text.find("Lines 2, 3: the commission 0.00024 "), std::string::npos) << text;
+}
+
+TEST_F(LowerCommission, OfOneTradeAmongOthersIsARateBeforeAnAllInOne) {
+    const std::string text = causesOf(
+        "20240102,600519,买,100,2000,1,-200072.00\n"
+        "20240103,600519,买,100,1000,1,-100030.00\n"
+        "20240104,600519,买,100,2000,1,-200072.00\n");
+    EXPECT_NE(text.find("Line 3: the commission 0.00024 (any from 0.00023995 to 0.000240049999) fits this trade, and "
+                        "not line 4 of 2024-01-04; the folder has 0.0003, fees/stock.csv:2; also fits: the "
+                        "transfer_fee (charges.csv:3) and the rate3"),
+              std::string::npos)
+        << text;
+}
+
+// 100000 sold: 30.00 less 6.00 and no fees beside it, which neither a rate of the commission nor of the fees explains.
+TEST_F(OtherTerms, OfOneTradeAmongOthersAreNamedWhereNoRateFits) {
+    const Outcome outcome = folder.reconcileLines(
+        "20240102,600519,买,100,2000,60.00,0,2.00,,1,-200072.00\n"
+        "20240103,600519,卖,100,1000,30.00,50.00,0,,1,99920.00\n"
+        "20240104,600519,买,100,2000,60.00,0,2.00,,1,-200072.00\n");
+    EXPECT_NE(unfolded(outcome.out)
+                  .find("Line 3: the transfer_fee (charges.csv:3) and the rate3 (charges.csv:4) inside "
+                        "the commission"),
+              std::string::npos)
+        << outcome.out;
+}
+
+// An agreeing trade before the first that differs says nothing of the days from then on.
+TEST_F(LowerCommission, MayBeAnAllInOneFromADayOn) {
+    const std::string text = causesOf(
+        "20240102,600519,买,100,1000,1,-100036.00\n"
+        "20240103,600519,买,100,1000,1,-100030.00\n"
+        "20240104,600519,买,100,2000,1,-200060.00\n");
+    EXPECT_NE(text.find("Lines 3, 4: the transfer_fee (charges.csv:3) and the rate3 (charges.csv:4) inside the "
+                        "commission"),
+              std::string::npos)
+        << text;
+}
+
+TEST_F(LowerCommission, IsThatOfAnotherAccountBeforeAnAllInOne) {
+    folder.write("fees/stock.csv",
+                 "account,market,code,commission,transfer_fee,rate3,stamp_duty\n"
+                 "S100,SH,60*,0.0003,0.00001,0.00005,0.0005\n"
+                 "S200,SH,60*,0.00024,0.00001,0.00005,0.0005\n");
+    const std::string text = causesOf(
+        "20240102,600519,买,100,1000,1,-100030.00\n"
+        "20240103,600519,买,100,2000,1,-200060.00\n");
+    EXPECT_NE(text.find("Lines 2, 3: the rates and terms of account S200; also fits: the transfer_fee"),
+              std::string::npos)
+        << text;
 }
 
 TEST_F(OtherTerms, AreToBeChangedByHandWhereTheTableHasNoAccounts) {
