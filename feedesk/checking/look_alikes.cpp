@@ -1,7 +1,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <map>
 
 #include "feedesk/checking/topics.h"
@@ -9,7 +8,7 @@
 #include "standalone/loader/spreadsheet_code.h"
 #include "standalone/text/nearness.h"
 #include "standalone/text/numbers.h"
-#include "standalone/text/utf8.h"
+#include "standalone/text/unseen.h"
 
 // Numbers and codes that are not what they look like.
 
@@ -60,54 +59,9 @@ std::vector<Name> accountsAndCodes(const FolderFacts& facts) {
 
 // --- invisible characters
 
-struct Unseen {
-    std::string_view utf8;
-    const char* name;
-};
-
-constexpr std::array<Unseen, 12> kUnseen = {{{"\xC2\xA0", "no-break space (U+00A0)"},
-                                             {"\xC2\xAD", "soft hyphen (U+00AD)"},
-                                             {"\xE2\x80\x8B", "zero-width space (U+200B)"},
-                                             {"\xE2\x80\x8C", "zero-width non-joiner (U+200C)"},
-                                             {"\xE2\x80\x8D", "zero-width joiner (U+200D)"},
-                                             {"\xE2\x80\x8E", "left-to-right mark (U+200E)"},
-                                             {"\xE2\x80\x8F", "right-to-left mark (U+200F)"},
-                                             {"\xE2\x80\x87", "figure space (U+2007)"},
-                                             {"\xE2\x80\xAF", "narrow no-break space (U+202F)"},
-                                             {"\xE2\x81\xA0", "word joiner (U+2060)"},
-                                             {"\xE3\x80\x80", "wide space (U+3000)"},
-                                             {"\xEF\xBB\xBF", "zero-width no-break space (U+FEFF)"}}};
-
-/// The unseen character that the text begins with, if any.
-const Unseen* unseenAt(std::string_view text) {
-    const auto* const found = std::find_if(kUnseen.begin(), kUnseen.end(), [&](const Unseen& each) {
-        return text.substr(0, each.utf8.size()) == each.utf8;
-    });
-    return found == kUnseen.end() ? nullptr : &*found;
-}
-
-/// The text without its invisible characters, and the first of them.
-struct Seen {
-    std::string text;
-    const Unseen* first = nullptr;
-};
-
-Seen seenOf(std::string_view text) {
-    Seen seen;
-    while (!text.empty()) {
-        const Unseen* unseen = unseenAt(text);
-        seen.first = seen.first == nullptr ? unseen : seen.first;
-        if (unseen == nullptr) {
-            seen.text += text.front();
-        }
-        text.remove_prefix(unseen == nullptr ? 1 : unseen->utf8.size());
-    }
-    return seen;
-}
-
 void addUnseen(const std::vector<Name>& names, Findings& findings) {
     for (const Name& name : names) {
-        const Seen seen = seenOf(name.text);
+        const standalone::Seen seen = standalone::seenOf(name.text);
         if (seen.first != nullptr) {
             findings.add({name.accounts,
                           1,
@@ -177,7 +131,7 @@ Finding lostZeros(const std::vector<std::pair<Name, std::string>>& lost) {
 
 /// The text as a hurried eye reads it.
 std::string atAGlance(const Name& name) {
-    std::string text = standalone::lowerCase(narrowed(seenOf(name.text).text));
+    std::string text = standalone::lowerCase(narrowed(standalone::seenOf(name.text).text));
     if (name.market.empty()) {
         // Codes of futures distinguish products by such letters.
         std::replace(text.begin(), text.end(), 'o', '0');
@@ -225,7 +179,7 @@ void findSpreadsheetNumbers(const FolderFacts& facts, Findings& findings) {
 void findLookAlikes(const FolderFacts& facts, Findings& findings) {
     std::map<std::pair<std::string, std::string>, std::vector<Name>> alike;  // by market and look
     for (const Name& name : accountsAndCodes(facts)) {
-        if (seenOf(name.text).first == nullptr) {
+        if (standalone::seenOf(name.text).first == nullptr) {
             alike[{name.market, atAGlance(name)}].push_back(name);
         }
     }

@@ -9,6 +9,7 @@
 #include "standalone/loader/spreadsheet_code.h"
 #include "standalone/market_files.h"
 #include "standalone/text/escape.h"
+#include "standalone/text/unseen.h"
 #include "standalone/text/wording.h"
 
 namespace standalone::loader {
@@ -50,8 +51,10 @@ void reportUnknownInstrument(Load& load, const std::string& file, const ReadRule
         return;
     }
     load.errors.add({file, read.position.line, "code"}, ErrorKind::kUnknownCode, [&] {
+        const std::string unseen = unseenClause(read.line.code);
+        const std::string clause = unseen.empty() ? "" : unseen + ',';
         const std::string spoilt = spoiltCode(load.instruments, read.line.market, read.line.code);
-        return fmt::format("the instrument {} is not in instruments/*.csv{}", instrumentName(read.line),
+        return fmt::format("the instrument {}{} is not in instruments/*.csv{}", instrumentName(read.line), clause,
                            spoilt.empty() ? "; correct the code or add the instrument there" : spoilt);
     });
 }

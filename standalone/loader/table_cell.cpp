@@ -12,6 +12,7 @@
 
 #include "standalone/text/escape.h"
 #include "standalone/text/numbers.h"
+#include "standalone/text/unseen.h"
 #include "standalone/text/wording.h"
 
 namespace standalone::loader {
@@ -81,7 +82,7 @@ std::string numberAdvice(std::string_view text) {
 bool TableCell::refuseFound(ErrorKind kind, const std::string& expected, const std::function<std::string()>& advice) {
     return refuse(kind, [&] {
         const std::string remedy = advice ? advice() : "";
-        return fmt::format(" holds {}, but {} was expected; {}", inQuotes(text), expected,
+        return fmt::format(" holds {}{}, but {} was expected; {}", inQuotes(text), unseenClause(text), expected,
                            remedy.empty() ? "correct it" : remedy);
     });
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "standalone/text/unseen.h"
 #include "standalone/text/utf8.h"
 
 namespace standalone {
@@ -63,24 +64,40 @@ bool isControl(std::string_view character) {
     return isAsciiControl(character[0]) || (character[0] == '\xC2' && isWithin(character[1], 0x80, 0x9F));
 }
 
+/// What is seen of a text in quotes is all of it. A wide space is seen.
+bool hides(std::string_view character) {
+    const Unseen* unseen = unseenAt(character);
+    return unseen != nullptr && unseen->utf8 != "\xE3\x80\x80";
+}
+
+bool prints(std::string_view character) {
+    return characterLength(character) != 0 && !isControl(character) && !turnsDirection(character);
+}
+
+template <class Stays, class Replacement>
+std::string replaced(std::string_view text, const Stays& stays, const Replacement& replacement) {
+    std::string out;
+    while (!text.empty()) {
+        const std::string_view character = text.substr(0, std::max<std::size_t>(characterLength(text), 1));
+        out += stays(character) ? std::string(character) : replacement(character);
+        text.remove_prefix(character.size());
+    }
+    return out;
+}
+
 }  // namespace
 
 std::string inQuotes(std::string_view text) {
-    return '"' + printable(shortened(text)) + (text.size() > kLongestQuote ? "...\"" : "\"");
+    const std::string shown = replaced(
+        shortened(text), [](std::string_view character) { return prints(character) && !hides(character); },
+        shownEscape);
+    return '"' + shown + (text.size() > kLongestQuote ? "...\"" : "\"");
 }
 
 std::string printable(std::string_view text) { return replaceUnprintable(text, shownEscape); }
 
 std::string replaceUnprintable(std::string_view text, const std::function<std::string(std::string_view)>& replacement) {
-    std::string out;
-    while (!text.empty()) {
-        const std::size_t length = characterLength(text);
-        const std::string_view character = text.substr(0, std::max<std::size_t>(length, 1));
-        const bool prints = length != 0 && !isControl(character) && !turnsDirection(character);
-        out += prints ? std::string(character) : replacement(character);
-        text.remove_prefix(character.size());
-    }
-    return out;
+    return replaced(text, prints, replacement);
 }
 
 bool hasBlank(std::string_view text) { return text.find(' ') != std::string_view::npos || printable(text) != text; }

@@ -16,7 +16,8 @@ std::string printable(std::string_view text);
 /// The text with a `replacement` of its own for each of those characters and bytes.
 std::string replaceUnprintable(std::string_view text, const std::function<std::string(std::string_view)>& replacement);
 
-/// The text in quotes, for a message: escaped as by printable(), and shortened when it is long.
+/// The text in quotes, for a message: escaped as by printable(), with its unseen characters, but for a wide space, and
+/// shortened when it is long.
 std::string inQuotes(std::string_view text);
 
 /// Whether the text holds a space or something that printable() escapes.

@@ -27,6 +27,11 @@ TEST(Escape, LongTextThatIsNotUtf8IsShortenedNearTheSamePlace) {
     EXPECT_EQ(inQuotes(std::string(41, '\x80')), '"' + bytes + "...\"");
 }
 
+TEST(Escape, QuotesHideNothingButAWideSpace) {
+    EXPECT_EQ(inQuotes("600000\xE2\x80\x8B"), "\"600000\\xe2\\x80\\x8b\"");
+    EXPECT_EQ(inQuotes("万\xE3\x80\x80科\xC2\xA0"), "\"万\xE3\x80\x80科\\xc2\\xa0\"");
+}
+
 TEST(Escape, TextIsEscapedWhereATerminalWouldObeyIt) {
     const std::vector<std::pair<std::string, std::string>> rows = {
         {"a\tb\nc\rd\x1B[0m\x7F", "a\\tb\\nc\\x0dd\\x1b[0m\\x7f"},
