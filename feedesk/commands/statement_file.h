@@ -17,7 +17,7 @@ struct StatementFile {
 
 /// Reads its trades. Throws Failure where it or its layout cannot be read or it has no trade, and, after each of them
 /// has been told on standard error, where it has wrong lines.
-Statement readStatement(const StatementFile& file, const FolderLayouts& layouts);
+Statement readStatement(const StatementFile& file, const FolderLayouts& folder);
 
 }  // namespace feedesk
 

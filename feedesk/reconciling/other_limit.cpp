@@ -24,7 +24,7 @@ std::string sentenceOf(const OtherLimit& other, const cost::Term& term) {
                 : fmt::format(", where {} has none", term.where));
 }
 
-TermCells cellsOf(const OtherLimit& other, const cost::Term& term) {
+TermCells limitCells(const OtherLimit& other, const cost::Term& term) {
     TermCells cells;
     if (other.limit != Limit::kMost) {
         cells.push_back({term.where, "minimum", other.amount.text()});
@@ -74,7 +74,7 @@ void noteLimit(Trial& trial, const OtherLimit& other, const cost::Term& term) {
                        each = withLimit(each, other);
                    }
                }),
-               cellsOf(other, term));
+               limitCells(other, term));
 }
 
 }  // namespace feedesk
