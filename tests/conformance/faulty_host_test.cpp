@@ -135,7 +135,7 @@ const Fault kFaults[] = {
      "ConfigCollector::isSimulationPlatform(-1) threw an exception (no such platform), but any platform may be asked "
      "for and must be answered the same way each time: return false for a platform that you do not know."},
     {"configuration.any-platform turns",
-     "ConfigCollector::isSimulationPlatform(0) gave * and then *, but any platform may be asked for and must be "
+     "ConfigCollector::isSimulationPlatform(1) gave * and then *, but any platform may be asked for and must be "
      "answered the same way each time: return false for a platform that you do not know."},
     {"categories.custom",
      "CppCategory::isStockInCustomCategory(\"SH\", \"600519\", a list with the joined key of another market) gave "
