@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -46,34 +45,22 @@ protected:
         folder.write("custom/stock.csv", "account,update,category,commission,stamp_duty\nS100,1,1,0.0001,0.0005\n");
     }
 
-    [[nodiscard]] std::string patch() const { return folder.tradesFile(); }
-
-    [[nodiscard]] bool applyPatch() const {
-        return std::system(("patch -s -p1 -d " + folder.path() + " <" + patch()).c_str()) == 0;
-    }
-
     StatementFolder folder;
 };
 
 TEST_P(CommonRate, IsReportedAndProposedAsFarAsItReaches) {
-    const Outcome outcome = folder.reconcileLines(GetParam().lines, "--patch " + patch());
+    const Outcome outcome = folder.reconcileLines(GetParam().lines, "--patch " + folder.patchFile());
     const std::string text = unfolded(outcome.out);
     for (const char* each : GetParam().reported) {
         EXPECT_NE(text.find(each), std::string::npos) << each << '\n' << outcome.out << outcome.err;
     }
     EXPECT_EQ(outcome.status, 1);
-    ASSERT_EQ(std::filesystem::exists(patch()), !GetParam().patched.empty()) << outcome.out;
+    ASSERT_EQ(std::filesystem::exists(folder.patchFile()), !GetParam().patched.empty()) << outcome.out;
     if (GetParam().patched.empty()) {
         return;
     }
-    std::vector<std::string> added;
-    for (const std::string& line : lines(contentOf(patch()))) {
-        if (line.front() == '+' && line.find("+++") != 0) {
-            added.push_back(line.substr(1));
-        }
-    }
-    EXPECT_EQ(added, std::vector<std::string>(GetParam().patched.begin(), GetParam().patched.end()));
-    ASSERT_TRUE(applyPatch());
+    EXPECT_EQ(folder.addedByPatch(), std::vector<std::string>(GetParam().patched.begin(), GetParam().patched.end()));
+    ASSERT_TRUE(folder.applyPatch());
     const Outcome after = folder.reconcile();
     EXPECT_EQ(after.status, 0) << after.out << after.err;
 }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -36,27 +35,15 @@ protected:
                      "S100,SH,60*,0.0003,0.00001,0.00005,0.0005\n");
     }
 
-    [[nodiscard]] std::string patch() const { return folder.tradesFile(); }
-
-    [[nodiscard]] std::vector<std::string> addedLines() const {
-        std::vector<std::string> added;
-        for (const std::string& line : lines(contentOf(patch()))) {
-            if (line.front() == '+' && line.find("+++") != 0) {
-                added.push_back(line.substr(1));
-            }
-        }
-        return added;
-    }
-
     StatementFolder folder;
 };
 
 TEST_P(OtherTerms, AreNamedOnceAndTheirPatchMakesTheFolderAgree) {
-    const Outcome outcome = folder.reconcileLines(GetParam().lines, "--patch " + patch());
+    const Outcome outcome = folder.reconcileLines(GetParam().lines, "--patch " + folder.patchFile());
     EXPECT_NE(unfolded(outcome.out).find(GetParam().reported), std::string::npos) << GetParam().reported << '\n'
                                                                                   << outcome.out << outcome.err;
-    EXPECT_EQ(addedLines(), std::vector<std::string>(GetParam().added.begin(), GetParam().added.end()));
-    ASSERT_EQ(std::system(("patch -s -p1 -d " + folder.path() + " <" + patch()).c_str()), 0);
+    EXPECT_EQ(folder.addedByPatch(), std::vector<std::string>(GetParam().added.begin(), GetParam().added.end()));
+    ASSERT_TRUE(folder.applyPatch());
     const Outcome after = folder.reconcile();
     EXPECT_EQ(after.status, 0) << after.out << after.err;
 }
@@ -112,8 +99,8 @@ TEST_F(OtherTerms, AreNotProposedWhereALaterTradeHasTheFoldersOwn) {
         "20240102,600519,买,100,10,1.00,0,.01,,1,-1001.06\n"
         "20240103,600519,买,100,20,1.00,0,.02,,1,-2001.12\n"
         "20240104,600519,买,100,10,5.00,0,.01,,1,-1005.06\n",
-        "--patch " + patch());
-    EXPECT_FALSE(std::filesystem::exists(patch()));
+        "--patch " + folder.patchFile());
+    EXPECT_FALSE(std::filesystem::exists(folder.patchFile()));
     EXPECT_NE(unfolded(outcome.out)
                   .find("no line is proposed for a least commission of 1 and not 5 (charges.csv:2), as line 4, which "
                         "agrees, would differ with it; where that was agreed, change charges.csv:2 by hand"),

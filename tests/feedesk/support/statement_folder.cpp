@@ -1,6 +1,9 @@
 #include "tests/feedesk/support/statement_folder.h"
 
+#include <cstdlib>
 #include <fstream>
+
+#include "tests/feedesk/support/program.h"
 
 namespace feedesk::test {
 namespace {
@@ -52,6 +55,20 @@ Outcome StatementFolder::reconcile(const std::string& arguments) const {
 Outcome StatementFolder::reconcileLines(const std::string& lines, const std::string& arguments) const {
     writeStatement("日期,代码,买卖,数量,价格,佣金,印花税,过户费,单号,笔数,发生\n" + lines);
     return reconcile(arguments);
+}
+
+std::vector<std::string> StatementFolder::addedByPatch() const {
+    std::vector<std::string> added;
+    for (const std::string& line : lines(contentOf(patchFile()))) {
+        if (line.find('+') == 0 && line.find("+++") != 0) {
+            added.push_back(line.substr(1));
+        }
+    }
+    return added;
+}
+
+bool StatementFolder::applyPatch() const {
+    return std::system(("patch -s -p1 -d " + path() + " <" + patchFile()).c_str()) == 0;
 }
 
 }  // namespace feedesk::test

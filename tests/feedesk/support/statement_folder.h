@@ -2,6 +2,7 @@
 #define TESTS_FEEDESK_SUPPORT_STATEMENT_FOLDER_H
 
 #include <string>
+#include <vector>
 
 #include "tests/feedesk/support/cost_folder.h"
 
@@ -24,6 +25,13 @@ public:
     /// The same with a statement whose header is "日期,代码,买卖,数量,价格,佣金,印花税,过户费,单号,笔数,发生" and these
     /// lines.
     [[nodiscard]] Outcome reconcileLines(const std::string& lines, const std::string& arguments = "") const;
+
+    /// Where a test lets a patch be written; taken away with the folder.
+    [[nodiscard]] std::string patchFile() const { return tradesFile(); }
+    /// The lines that the patch adds, without the sign in front.
+    [[nodiscard]] std::vector<std::string> addedByPatch() const;
+    /// Whether it could be applied to the folder.
+    [[nodiscard]] bool applyPatch() const;
 };
 
 }  // namespace feedesk::test
