@@ -36,7 +36,7 @@ struct Sample {
     /// Whether the engine is to be tried with a job that throws. An engine without a catch around its jobs ends the
     /// program then.
     bool engineOutlivesExceptions = false;
-    /// How long a job is held so that another one may wrongly run beside it.
+    /// How long a job is held so that another one may wrongly run at the same time.
     std::chrono::milliseconds hold{100};
     /// How long a job may take to be run before it counts as not run.
     std::chrono::milliseconds patience{10000};

@@ -22,7 +22,7 @@ struct BillItem {
     std::size_t trades = 1;        ///< how many fills the basis is of
 };
 
-/// What has to stand beside every Margin that is shown.
+/// What is to be written next to every Margin that is shown.
 constexpr const char* kMarginLabel = "rate of this contract, not the account's requirement";
 
 /// What opening a futures position asks for by the rates of the contract: see kMarginLabel.

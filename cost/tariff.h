@@ -47,8 +47,8 @@ struct Plan {
 /// one content, which pointers handed out by them live as long as.
 class Tariff {
 public:
-    /// Brings them together. Throws nothing but std::bad_alloc and std::overflow_error: what is missing is told by
-    /// planOf.
+    /// Brings them together. Throws nothing but std::bad_alloc and std::overflow_error: planOf says
+    /// what is missing.
     Tariff(Place place, Contract contract, Rates rates, TermSet terms);
 
     /// @{

@@ -127,7 +127,6 @@ protected:
                               const boost::shared_ptr<CCustomHGTInstrumentFee>& fee);
     void doUpdateSgtCustomFee(const boost::shared_ptr<CAccountInfo>& account,
                               const boost::shared_ptr<CCustomSgtInstrumentFee>& fee);
-
     /// @}
 
     /// @{
@@ -144,7 +143,6 @@ protected:
     boost::shared_ptr<CInstrumentFee> getPbFullFee(uint64 accountKey, uint64 instrumentKey, int tradeUnit);
     boost::shared_ptr<CInstrumentFee> getHgtFee(uint64 accountKey, uint64 instrumentKey);
     boost::shared_ptr<CInstrumentFee> getSgtFee(uint64 accountKey, uint64 instrumentKey);
-
     /// @}
 
     /// @{
@@ -163,6 +161,7 @@ protected:
                     std::vector<boost::shared_ptr<CInstrumentFee>>& fees);
     bool getSgtFees(const boost::shared_ptr<CAccountInfo>& account,
                     std::vector<boost::shared_ptr<CInstrumentFee>>& fees);
+    /// @}
 
     // Not exported: the steps of getFee and getPbFullFee.
 

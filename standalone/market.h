@@ -67,8 +67,8 @@ struct Account {
     Position position;                                  ///< its line
 };
 
-template <class Limit>
 /// A limit that the configuration gives for one instrument.
+template <class Limit>
 struct ConfiguredLimit {
     std::string market;              ///< the instrument's
     std::string code;                ///< the instrument's

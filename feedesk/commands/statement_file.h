@@ -15,8 +15,8 @@ struct StatementFile {
     std::string encoding;  ///< empty: what the bytes are
 };
 
-/// Reads its trades. Throws Failure where it or its layout cannot be read or it has no trade, and, after each of them
-/// has been told on standard error, where it has wrong lines.
+/// Reads its trades. Throws Failure where it or its layout cannot be read or it has no trade, and where it has wrong
+/// lines, after these have been reported on standard error.
 Statement readStatement(const StatementFile& file, const FolderLayouts& folder);
 
 }  // namespace feedesk

@@ -209,7 +209,7 @@ std::string rowsSideBySide(const TextTable& table, std::size_t width) {
     };
     for (const TextRow& row : table.rows) {
         Pieces texts = upright(row);
-        if (namesWidth + kGap + displayWidth(row.heading) > width) {  // it stands above, and its row alone
+        if (namesWidth + kGap + displayWidth(row.heading) > width) {  // the heading above the row
             finish();
             texts.front().clear();
             text += (text.empty() ? "" : "\n") + filledText(row.heading, width) + block(names, {texts});

@@ -207,7 +207,7 @@ private:
     const std::vector<std::string>* cells = nullptr;
 };
 
-/// Whether the line stands above the header too: an export in pages repeats what it begins with.
+/// Whether the line is above the header too: an export in pages repeats what it begins with.
 bool isOfPageHead(const std::vector<std::string>& lines, std::size_t header, std::size_t index) {
     const auto end = lines.begin() + static_cast<std::ptrdiff_t>(header);
     return std::find(lines.begin(), end, lines[index]) != end;

@@ -21,8 +21,8 @@ std::atomic<bool> lineIsShown{false};
 std::atomic<const TerminalRestoredWhenInterrupted*> restoredTerminal{nullptr};
 pthread_t mainThread{};
 
-/// Calls only what a signal's handler may call. It runs on the main thread, which so stands still and makes nothing
-/// more that would have to be removed.
+/// Calls only what a signal's handler may call. It runs on the main thread, so that this makes nothing more
+/// that would have to be removed.
 void endByInterruption(int signal) {
     if (pthread_equal(pthread_self(), mainThread) == 0) {
         pthread_kill(mainThread, signal);

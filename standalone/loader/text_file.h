@@ -12,8 +12,9 @@
 
 namespace standalone::loader {
 
-/// A file that is checked UTF-8 with LF or CRLF line ends, and not empty. Only its checked text is told apart from
-/// another one; who needs it reads it once more, so that it is never whole in memory. For one thread.
+/// A file that has been read once and found to be UTF-8 with LF or CRLF line ends, and not empty. Only a digest of its
+/// text is kept: who needs the text reads the file again, block by block, and asks whether it has changed. For one
+/// thread.
 class CheckedText {
 public:
     /// No answer, and the reason in `errors` under `name`, when it cannot be read or is not such text.

@@ -189,7 +189,7 @@ Call askByMarketAndCode(Stage& stage) {
 // Allocations of a query: one for the answer, and one more for each of: the list of a futures answer's margins; an
 // option's rate and each of its items; the copy of a limit whose trade unit is another; the answers that prime
 // brokerage asks for and drops. The default futures fee is copied by the host, in six: fee, list, commission, three
-// margins. A list takes two, for the keys and for the caller's vector, beside its answers. A load takes none for what
+// margins. A list takes two, for the keys and for the caller's vector, besides its answers. A load takes none for what
 // is stored, but a futures load its list of keys; new rates take the record and its place in the pool. An update takes
 // none: the three are the host's, for the three instruments that it hands out.
 //
@@ -197,7 +197,7 @@ Call askByMarketAndCode(Stage& stage) {
 // three more each time that a lookup asks for the instrument; for stocks and credit two for the trade unit (split,
 // getTradeMinUnit); for a connect key a second hash; for a configured limit two (ConfigCollector::instance and the
 // limit's own); for the account's data three (TraderCenter::instance, getDataCenter, getAccountData). A list: one, and
-// three for each entry beside what its lookup calls. What is stored takes its key (voStockKey, hash), for limits the
+// three for each entry besides what its lookup calls. What is stored takes its key (voStockKey, hash), for limits the
 // trade unit, for stocks the two of a configured limit when loaded, and one crc64 for each value of the content key:
 // 7 of a stock's limit, 15 of a custom one and of a connect limit, 9 of a commission, 8 of a margin. An update takes
 // getHashKey and the list's three (futures: four, of two maps), and for each instrument and test two

@@ -12,7 +12,7 @@ template <class T>
 void seen(T* /*type*/) {}
 
 // A function that the host defines is undefined in the library, so nothing describes it but the name of this one. The
-// type stands in it for what the service gives back, which a function's own name leaves out.
+// type in it names what the service gives back, which a function's own name leaves out.
 template <auto service, class Type = decltype(service)>
 void served() {}
 
