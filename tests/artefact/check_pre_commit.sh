@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# scripts/pre-commit refuses what must not be committed, looks at what is staged, and lets the rest through.
+# scripts/pre-commit refuses what must not be committed, looks at what is staged, and lets the rest through; and so does
+# scripts/commit-msg, which is next to it, with messages.
 #   check_pre_commit.sh PRE_COMMIT CLANG_FORMAT_FILE
 set -euo pipefail
 pre_commit=$(realpath "$1")
@@ -48,4 +49,12 @@ passes tool.py 'def f():\n    pass\n'
 "$pre_commit" --install >/dev/null
 stage a.cpp 'int  main() { return 0; }\n'
 git -c user.name=a -c user.email=a@b commit -qm x 2>/dev/null && { echo 'the hook let it through'; wrong=$((wrong + 1)); }
+stage a.cpp 'int main() { return 0; }\n'
+long=$(printf '费%.0s' {1..72})
+# commits MESSAGE: whether the hooks let a commit with the message through.
+commits() { git -c user.name=a -c user.email=a@b commit -q --allow-empty -m "$1" 2>said; }
+commits "${long}x" && { echo 'the hook let a first line of 73 characters through'; wrong=$((wrong + 1)); }
+grep -q 'the first line has 73 characters, more than 72' said || { echo "said: $(cat said)"; wrong=$((wrong + 1)); }
+commits $'Do this\nand that' && { echo 'the hook let a second line through that is not empty'; wrong=$((wrong + 1)); }
+commits "$long"$'\n\nWhy.' || { echo "refused: $(cat said)"; wrong=$((wrong + 1)); }
 ((wrong == 0))
