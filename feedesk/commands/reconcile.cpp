@@ -20,6 +20,7 @@
 #include "feedesk/terminal/interruption.h"
 #include "feedesk/text/numbers.h"
 #include "feedesk/text/text.h"
+#include "standalone/text/shell_word.h"
 
 namespace feedesk {
 namespace {
@@ -62,8 +63,8 @@ std::string patchNote(const ReconcileArguments& arguments, const Proposals& prop
                                      : "");
     }
     return arguments.patch.empty() ? "--patch FILE writes the lines of the folder with the other rate, as a patch"
-                                   : fmt::format("to change the folder so: patch -p1 -d {} <{}", shellWord(folder),
-                                                 shellWord(arguments.patch));
+                                   : fmt::format("to change the folder so: patch -p1 -d {} <{}",
+                                                 standalone::shellWord(folder), standalone::shellWord(arguments.patch));
 }
 
 /// What is read is not written over.

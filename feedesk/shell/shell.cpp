@@ -49,12 +49,6 @@ std::vector<std::string> withoutProgram(std::vector<std::string> words) {
     return words;
 }
 
-bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
-std::size_t characters(const std::string& text) {
-    return text.size() - static_cast<std::size_t>(std::count_if(text.begin(), text.end(), continuesCharacter));
-}
-
 /// What all of them begin with, in whole characters.
 std::string commonBeginning(const std::vector<std::string>& texts) {
     std::size_t length = texts.front().size();
@@ -63,7 +57,7 @@ std::string commonBeginning(const std::vector<std::string>& texts) {
         length = static_cast<std::size_t>(std::mismatch(texts.front().begin(), end, text.begin()).first -
                                           texts.front().begin());
     }
-    while (length > 0 && length < texts.front().size() && continuesCharacter(texts.front()[length])) {
+    while (length > 0 && length < texts.front().size() && standalone::isContinuation(texts.front()[length])) {
         --length;
     }
     return texts.front().substr(0, length);
@@ -166,7 +160,7 @@ LineCompletion Shell::completed(const std::string& before) {
     const FolderWords folderWords = {[this](const auto& /*words*/) { return loaded->market(); },
                                      [this](const auto& /*words*/) { return loaded->layouts().names(); }};
     found.choices = completionsFor(words, program, folderWords);
-    found.replaced = characters(before.substr(begin));
+    found.replaced = standalone::characters(before.substr(begin));
     if (found.choices.size() == 1) {
         const std::string& only = found.choices.front();
         found.text = quotedWord(only) + (only.back() == ':' ? "" : " ");

@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
 
 #include "standalone/text/escape.h"
+#include "standalone/text/shell_word.h"
 #include "standalone/text/utf8.h"
 
 namespace feedesk {
@@ -13,14 +13,6 @@ namespace {
 
 constexpr std::size_t kLongestCharacter = 4;  // bytes
 constexpr std::size_t kLongestEcho = 40;
-
-std::string_view firstCharacter(std::string_view text) {
-    std::size_t length = std::min<std::size_t>(text.size(), 1);
-    while (length < text.size() && standalone::isContinuation(text[length])) {
-        ++length;
-    }
-    return text.substr(0, length);
-}
 
 }  // namespace
 
@@ -41,7 +33,8 @@ std::string shortened(std::string_view text, std::size_t width) {
     }
     std::string out;
     std::size_t used = 1;  // the ellipsis
-    for (std::string_view next = firstCharacter(text); !next.empty(); next = firstCharacter(text)) {
+    for (std::string_view next = standalone::firstCharacter(text); !next.empty();
+         next = standalone::firstCharacter(text)) {
         used += displayWidth(next);
         if (used > width) {
             break;
@@ -66,23 +59,7 @@ std::string echoed(const std::string& text) {
 
 std::string pathText(const std::string& path) {
     const std::string shown = standalone::printable(path);
-    return shown == path ? shellWord(path) : '"' + shown + '"';
-}
-
-std::string shellWord(const std::string& text) {
-    const auto isPlain = [](char each) {
-        const bool isAscii = static_cast<unsigned char>(each) < 0x80U;
-        return !isAscii || std::isalnum(static_cast<unsigned char>(each)) != 0 ||
-               std::string_view("_./:@%+=,-").find(each) != std::string_view::npos;
-    };
-    if (!text.empty() && std::all_of(text.begin(), text.end(), isPlain)) {
-        return text;
-    }
-    std::string quoted = "'";
-    for (const char each : text) {
-        quoted += each == '\'' ? "'\\''" : std::string(1, each);
-    }
-    return quoted + "'";
+    return shown == path ? standalone::shellWord(path) : '"' + shown + '"';
 }
 
 std::vector<std::string> words(std::string_view text) {

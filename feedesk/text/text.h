@@ -31,10 +31,6 @@ std::string echoed(const std::string& text);
 /// it holds something that does not print.
 std::string pathText(const std::string& path);
 
-/// What a person copies into a command of the system's shell: in quotes where it holds more than letters, digits and
-/// signs without a meaning there.
-std::string shellWord(const std::string& text);
-
 /// The parts of `text` between spaces.
 std::vector<std::string> words(std::string_view text);
 

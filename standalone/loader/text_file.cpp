@@ -14,6 +14,7 @@
 
 #include "standalone/market_files.h"
 #include "standalone/text/encoding.h"
+#include "standalone/text/shell_word.h"
 #include "standalone/text/utf8.h"
 
 namespace standalone::loader {
@@ -160,19 +161,6 @@ public:
 private:
     std::size_t lines = 0;  // so far
 };
-
-/// The path as a shell takes it.
-std::string shellWord(const std::string& path) {
-    static const std::string plain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./-";
-    if (path.find_first_not_of(plain) == std::string::npos) {
-        return path;
-    }
-    std::string quoted = "'";
-    for (const char byte : path) {
-        quoted += byte == '\'' ? std::string("'\\''") : std::string(1, byte);
-    }
-    return quoted + "'";
-}
 
 /// `encoding` is the name that iconv knows, `alsoKnown` another that a person may know.
 std::string convertFrom(const std::string& encoding, const std::string& alsoKnown, const fs::path& path) {

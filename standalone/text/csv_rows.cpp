@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "standalone/text/escape.h"
+#include "standalone/text/utf8.h"
 
 namespace standalone {
 namespace {
@@ -37,14 +38,6 @@ void split(std::string_view line, CsvRow& row) {
         start = end + 1;
     }
     row.cells.resize(count);
-}
-
-std::string_view firstCharacter(std::string_view text) {
-    std::size_t length = 1;
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) {
-        ++length;
-    }
-    return text.substr(0, length);
 }
 
 }  // namespace

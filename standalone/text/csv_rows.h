@@ -14,6 +14,7 @@
 
 namespace standalone {
 
+/// A cell of a row, without its quotes.
 struct CsvCell {
     std::string text;
     std::uint32_t line = 0;  ///< where the cell begins

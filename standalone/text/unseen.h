@@ -9,6 +9,7 @@
 
 namespace standalone {
 
+/// One of these characters.
 struct Unseen {
     std::string_view utf8;
     const char* name;  ///< "zero-width space (U+200B)"
@@ -23,6 +24,7 @@ struct Seen {
     const Unseen* first = nullptr;
 };
 
+/// The text without them.
 Seen seenOf(std::string_view text);
 
 /// ", which has a zero-width space (U+200B) in it" for a sentence behind the text; empty where all of it is seen.

@@ -50,6 +50,14 @@ std::size_t characterLength(std::string_view text) {
     return text.size() >= length && isUtf8(text.substr(0, length)) ? length : 0;
 }
 
+std::string_view firstCharacter(std::string_view text) {
+    std::size_t length = std::min<std::size_t>(text.size(), 1);
+    while (length < text.size() && isContinuation(text[length])) {
+        ++length;
+    }
+    return text.substr(0, length);
+}
+
 std::size_t characters(std::string_view text) {
     return static_cast<std::size_t>(
         std::count_if(text.begin(), text.end(), [](char byte) { return !isContinuation(byte); }));

@@ -25,6 +25,10 @@ std::size_t characterLength(std::string_view text);
 /// Whether the byte is inside a UTF-8 character and does not begin one.
 constexpr bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
+/// What the text, which may be any bytes, begins with: one byte and those behind it that are inside a character. Empty
+/// when the text is.
+std::string_view firstCharacter(std::string_view text);
+
 /// How many characters the text has, which is UTF-8.
 std::size_t characters(std::string_view text);
 

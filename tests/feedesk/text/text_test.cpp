@@ -55,14 +55,6 @@ TEST(Echoed, IsQuotedWhereItCouldNotBeRead) {
     EXPECT_EQ(echoed(std::string(41, 'x')), "\"" + std::string(40, 'x') + "...\"");
 }
 
-TEST(ShellWord, IsQuotedWhereAShellWouldChangeIt) {
-    EXPECT_EQ(shellWord("market/fees-1_x.patch"), "market/fees-1_x.patch");
-    EXPECT_EQ(shellWord("m m"), "'m m'");
-    EXPECT_EQ(shellWord("a'b"), "'a'\\''b'");
-    EXPECT_EQ(shellWord("$x;"), "'$x;'");
-    EXPECT_EQ(shellWord(""), "''");
-}
-
 TEST(Words, AreWhatIsBetweenSpaces) {
     EXPECT_THAT(words("  Stamp duty  (sale) "), ElementsAre("Stamp", "duty", "(sale)"));
     EXPECT_THAT(words(""), IsEmpty());
