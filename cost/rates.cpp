@@ -1,6 +1,8 @@
 #include "cost/rates.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <iterator>
 #include <utility>
 
@@ -12,6 +14,12 @@ namespace cost {
 namespace {
 
 using namespace qmservice;  // NOLINT(google-build-using-namespace): the record classes
+
+/// As few digits as it takes, whatever the locale.
+std::string plain(double value) {
+    std::array<char, 32> text{};
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr};
+}
 
 /// Reads the fields of one answer.
 class Reader {
@@ -32,7 +40,7 @@ public:
     static Decimal decimal(const std::string& charge, double value) {
         const auto number = Decimal::fromRate(value);
         if (!number) {
-            throw Refused("the rate " + charge + " is " + std::to_string(value) + ", which is no rate");
+            throw Refused("the rate " + charge + " is " + plain(value) + ", which is no rate");
         }
         return *number;
     }

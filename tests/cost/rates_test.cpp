@@ -5,6 +5,8 @@
 #include <boost/make_shared.hpp>
 #include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "cost/support/builders.h"
 
@@ -197,12 +199,16 @@ TEST(RatesOfAnAnswer, HoldTheMarginsThatAreSet) {
 }
 
 TEST(RatesOfAnAnswer, ThatAreNoNumbersAreRefused) {
-    CInstrumentFee answer = stockAnswer(kStockAccount);
-    answer.stkRateLimit->rate6 = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(refusal([&] {
-                  ratesOf(answer, {{Family::kStock, {{"rate6", "stamp_duty"}}}});
-              }),
-              "the rate stamp_duty is nan, which is no rate");
+    const std::vector<std::pair<double, std::string>> rows = {
+        {std::numeric_limits<double>::quiet_NaN(), "nan"}, {1e-21, "1e-21"}, {-1e15, "-1e+15"}};
+    for (const auto& [rate, text] : rows) {
+        CInstrumentFee answer = stockAnswer(kStockAccount);
+        answer.stkRateLimit->rate6 = rate;
+        EXPECT_EQ(refusal([&] {
+                      ratesOf(answer, {{Family::kStock, {{"rate6", "stamp_duty"}}}});
+                  }),
+                  "the rate stamp_duty is " + text + ", which is no rate");
+    }
 }
 
 }  // namespace
