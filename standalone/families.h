@@ -1,12 +1,14 @@
 #ifndef STANDALONE_FAMILIES_H
 #define STANDALONE_FAMILIES_H
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "cost/side.h"
+#include "host/instrument.h"
 #include "standalone/market.h"
 #include "standalone/market_files.h"
 
@@ -36,6 +38,16 @@ struct NamedList {
 
 /// Every list: those by bits of a list mask, then the types.
 const std::vector<NamedList>& namedLists();
+
+/// How the exchange charges futures, under the name that instruments/*.csv has for it.
+struct NamedExchangeFee {
+    const char* name;
+    qmservice::ExchangeFeeType type;
+};
+
+/// Every way but the one that charges nothing, which is an empty cell.
+inline constexpr std::array<NamedExchangeFee, 2> kExchangeFees = {
+    {{"per_lot", qmservice::kPerLotFee}, {"per_turnover", qmservice::kPerTurnoverFee}}};
 
 /// Which record classes carry the rates of a family.
 enum class RateRecords {

@@ -43,14 +43,10 @@ Names listNames(const InstrumentRow& row) {
 }
 
 std::string feeType(const InstrumentRow& row) {
-    switch (record(row).getFeeType()) {
-        case qmservice::kPerLotFee:
-            return "per_lot";
-        case qmservice::kPerTurnoverFee:
-            return "per_turnover";
-        default:
-            return "";
-    }
+    const auto& all = standalone::kExchangeFees;
+    const auto* const known =
+        std::find_if(all.begin(), all.end(), [&](const auto& each) { return each.type == record(row).getFeeType(); });
+    return known == all.end() ? "" : known->name;
 }
 
 /// What is not known is 0.

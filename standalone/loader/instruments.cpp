@@ -58,18 +58,23 @@ InstrumentColumn quantityColumn(const std::string& name, int InstrumentLine::*fi
             }};
 }
 
-InstrumentColumn sizeColumn(const std::string& name, double CInstrument::*field) {
+InstrumentColumn fromZeroColumn(const std::string& name, double CInstrument::*field) {
     return {name, ColumnNeed::kOptional,
             [field](InstrumentLine& line, TableCell& cell) { readNumberFromZero(cell, line.record.*field); }};
 }
 
-InstrumentColumn feeColumn(const std::string& name, double CInstrument::*field) {
-    return {name, ColumnNeed::kOptional,
-            [field](InstrumentLine& line, TableCell& cell) { readNumberFromZero(cell, line.record.*field); }};
+const Words& feeTypeWords() {
+    static const Words words = [] {
+        Words all;
+        for (const NamedExchangeFee& fee : kExchangeFees) {
+            all.emplace_back(fee.name, fee.type);
+        }
+        return all;
+    }();
+    return words;
 }
 
 std::vector<InstrumentColumn> instrumentColumns(const Load& load) {
-    static const Words feeTypes{{"per_lot", qmservice::kPerLotFee}, {"per_turnover", qmservice::kPerTurnoverFee}};
     return {
         {"market", ColumnNeed::kFilled,
          [&load](InstrumentLine& line, TableCell& cell) { readMarketName(load, cell, line.record.market); }},
@@ -79,13 +84,13 @@ std::vector<InstrumentColumn> instrumentColumns(const Load& load) {
         textColumn("product", ColumnNeed::kOptional, &CInstrument::productId),
         quantityColumn("trade_unit", &InstrumentLine::tradeUnit),
         quantityColumn("quantity_step", &InstrumentLine::quantityStep),
-        sizeColumn("multiplier", &CInstrument::volumeMultiple),
-        sizeColumn("tick", &CInstrument::priceTick),
+        fromZeroColumn("multiplier", &CInstrument::volumeMultiple),
+        fromZeroColumn("tick", &CInstrument::priceTick),
         {"fee_type", ColumnNeed::kOptional,
-         [](InstrumentLine& line, TableCell& cell) { readWord(cell, feeTypes, line.record.feeType); }},
-        feeColumn("open_fee", &CInstrument::openFee),
-        feeColumn("close_fee", &CInstrument::closeFee),
-        feeColumn("close_today_fee", &CInstrument::closeTodayFee),
+         [](InstrumentLine& line, TableCell& cell) { readWord(cell, feeTypeWords(), line.record.feeType); }},
+        fromZeroColumn("open_fee", &CInstrument::openFee),
+        fromZeroColumn("close_fee", &CInstrument::closeFee),
+        fromZeroColumn("close_today_fee", &CInstrument::closeTodayFee),
     };
 }
 
