@@ -95,6 +95,30 @@ std::string headingOf(const Differences& differences, const DiffArguments& argum
                        arguments.after);
 }
 
+/// The rows refer to the changes and the terms.
+Differences differencesOf(const std::vector<Change>& changes, const TermDifferences& terms,
+                          const ComparedFolder& before, const Comparison& comparison, const cost::DateRange& days) {
+    Differences differences;
+    for (const Change& change : changes) {
+        differences.changes.push_back(changeRow(change, before, comparison, days));
+    }
+    for (const TermChange& change : terms.changed) {
+        differences.terms.push_back(termRow(change, days));
+    }
+    differences.apart = apartRows(comparison.namesApart());
+    for (ApartRow& row : apartRows(terms)) {
+        differences.apart.push_back(std::move(row));
+    }
+    return differences;
+}
+
+void addUnmet(std::vector<std::string>& notes, const Expectation& expectation) {
+    if (!expectation.unmet().empty()) {
+        notes.push_back(
+            fmt::format("--expect-only names {}, and nothing changes there", firstFew(expectation.unmet())));
+    }
+}
+
 /// Reports what was not expected; the exit status that follows.
 ExitStatus statusOf(const Expectation& expectation) {
     const std::string problem = expectation.problem();
@@ -125,20 +149,11 @@ ExitStatus diff(Program& program, const DiffArguments& arguments) {
     const std::vector<Change> exact = changesOf(program, before, comparison, days);
     const std::vector<Change> changes = forPeople ? joinedWhereTheyOverlap(exact) : exact;
 
-    Differences differences;
+    const TermDifferences terms = compareTerms(before.folder().schedule(), after.folder().schedule(), days);
+
+    Differences differences = differencesOf(changes, terms, before, comparison, days);
     differences.forPeople = forPeople;
     differences.withCosts = !arguments.trades.empty();
-    for (const Change& change : changes) {
-        differences.changes.push_back(changeRow(change, before, comparison, days));
-    }
-    const TermDifferences terms = compareTerms(before.folder().schedule(), after.folder().schedule(), days);
-    for (const TermChange& change : terms.changed) {
-        differences.terms.push_back(termRow(change, days));
-    }
-    differences.apart = apartRows(comparison.namesApart());
-    for (ApartRow& row : apartRows(terms)) {
-        differences.apart.push_back(std::move(row));
-    }
     for (CoverageLoss& loss : lostCoverage(before, after, asked)) {
         differences.coverage.push_back({std::move(loss), Judgement::kNone});
     }
@@ -151,10 +166,7 @@ ExitStatus diff(Program& program, const DiffArguments& arguments) {
     for (const CoverageLoss& gain : lostCoverage(after, before, asked)) {
         notes.push_back(gain.sentence);
     }
-    if (!expectation.unmet().empty()) {
-        notes.push_back(
-            fmt::format("--expect-only names {}, and nothing changes there", firstFew(expectation.unmet())));
-    }
+    addUnmet(notes, expectation);
     const auto summary = [&] {
         return fmt::format(
             "compared {} and {}; fee centers were asked for {}", counted(before.accounts().size(), "account"),
