@@ -13,6 +13,7 @@
 
 namespace feedesk {
 
+/// How an answer is written.
 enum class Format { kTable, kJson, kJsonLines, kCsv, kCsvWithMark, kXlsx };
 
 /// What people read with an answer's rows.

@@ -14,6 +14,7 @@
 
 namespace feedesk {
 
+/// One rate of a record.
 struct ShownRate {
     std::string column;
     Unit unit = Unit::kFraction;

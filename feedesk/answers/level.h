@@ -17,6 +17,7 @@ enum class Level {
     kNotSet            ///< there is no rate
 };
 
+/// What a level is called.
 struct LevelWords {
     Level level;
     const char* name;   ///< in a sentence and in the answers of commands

@@ -15,6 +15,7 @@
 
 namespace feedesk {
 
+/// Where a rate comes from.
 struct Origin {
     Level level = Level::kBuiltInDefault;
     std::optional<standalone::Position> position;  ///< of the input; none for a default and for what is not set

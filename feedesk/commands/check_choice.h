@@ -8,6 +8,7 @@
 
 namespace feedesk {
 
+/// The names of all checks, in their order.
 std::vector<std::string> checkNames();
 
 /// Why the text names no check; empty when it does.

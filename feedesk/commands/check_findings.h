@@ -22,6 +22,7 @@ FieldsOf<FindingRow> findingFields();
 /// Gives a row for each finding, by check; errors are marked.
 void giveFindings(const std::vector<checking::CheckReport>& reports, const FieldsOf<FindingRow>& fields, RowSink& sink);
 
+/// How many findings are that severe.
 std::size_t countOf(const std::vector<checking::CheckReport>& reports, checking::Severity severity);
 
 /// "2 errors, 0 warnings, 1 note".

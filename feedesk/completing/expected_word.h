@@ -12,6 +12,7 @@ class Option;
 
 namespace feedesk {
 
+/// What a word of a command line is.
 enum class WordKind {
     kFree,        ///< anything: a file, a number, a trade
     kListed,      ///< one of `words`
@@ -34,6 +35,7 @@ struct Choice {
     bool isList = false;  ///< several of them, with commas between
 };
 
+/// Of the options and arguments that have a list of words.
 using Choices = std::map<const CLI::Option*, Choice>;
 
 /// What may come behind `before`, the complete words of a command line without the program's name. An option where

@@ -8,6 +8,7 @@
 
 namespace feedesk {
 
+/// What instruments are grouped by: the folder's rules, a list of instruments, or other categories.
 enum class CategoryKind { kSystem, kCustom, kGroup };
 
 /// "system", "custom" or "group".
@@ -24,6 +25,7 @@ struct CategoryLine {
     MarketInstruments instruments;
 };
 
+/// One category of a market folder.
 struct Category {
     CategoryKind kind;
     int number = 0;

@@ -11,6 +11,7 @@ namespace feedesk {
 
 // Patterns of instruments: "rb*", "SHFE:rb*", "rb*.SHFE", "S*:rb*". `instruments` are sorted by market and code.
 
+/// Whether the text holds a star, be it a wide one.
 bool isPattern(const std::string& text);
 
 /// The markets that a pattern names, and what it says of the instruments there.

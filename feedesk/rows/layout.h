@@ -9,14 +9,17 @@
 
 namespace feedesk {
 
+/// On which side of its column a text is.
 enum class Align { kLeft, kRight };
 
+/// A column: its title, and how its texts are put into it.
 struct TextColumn {
     Pieces title;
     Align align = Align::kLeft;
     std::size_t shortest = 0;  ///< how narrow the texts may be made by shortening them; 0: they stay whole
 };
 
+/// A row of a table of texts.
 struct TextRow {
     std::vector<Pieces> cells;  ///< as many as the table has columns
     /// What the row and its neighbours of the same heading belong to; empty: nothing is said.

@@ -70,6 +70,7 @@ struct Section {
 
 using Sections = std::vector<Section>;
 
+/// One row of an answer.
 struct Row {
     std::size_t section = 0;    ///< which of the sections
     std::vector<Value> values;  ///< in the order of the section's fields, and as many
@@ -99,9 +100,11 @@ struct FieldOf {
     std::function<Value(const Item&)> value;
 };
 
+/// All fields of an item, in the order of its section.
 template <class Item>
 using FieldsOf = std::vector<FieldOf<Item>>;
 
+/// The section of these fields; `title` and `sheet` as in Section.
 template <class Item>
 Section sectionOf(std::string title, const FieldsOf<Item>& fields, std::string sheet = "") {
     Section section{std::move(title), {}, std::move(sheet)};
@@ -111,6 +114,7 @@ Section sectionOf(std::string title, const FieldsOf<Item>& fields, std::string s
     return section;
 }
 
+/// The row of an item in the first section, unmarked.
 template <class Item>
 Row rowOf(const FieldsOf<Item>& fields, const Item& item) {
     Row row;

@@ -11,6 +11,7 @@
 
 namespace feedesk {
 
+/// What the number of a field or a rate counts.
 enum class Unit {
     kText,
     kFraction,  ///< of turnover or value
@@ -22,6 +23,7 @@ enum class Unit {
 /// A text in pieces that may be put on lines of their own where room is short.
 using Pieces = std::vector<std::string>;
 
+/// No value: in a table "-" in place of a number and else an empty cell, in CSV an empty cell, in JSON null.
 struct Nothing {};
 
 /// A name for programs, and what people read in its place.
@@ -64,6 +66,7 @@ using Names = std::vector<std::string>;
 using Value = std::variant<Nothing, std::string, Label, Names, double, std::size_t, Money, Rate, Source, Sources,
                            Sentences, cost::Date>;
 
+/// Whether it is Nothing; a text without characters is something.
 bool isNothing(const Value& value);
 
 /// `text`, or nothing where it is empty.

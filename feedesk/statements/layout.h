@@ -83,6 +83,7 @@ struct Header {
     [[nodiscard]] std::optional<std::size_t> of(TradeFact fact) const { return facts[indexOf(fact)]; }
 };
 
+/// Where the cells, which are a header, have the columns of the layout.
 Header headerIn(const std::vector<std::string>& cells, const Layout& layout);
 
 /// Reads a layout. Throws Failure with the first thing that is wrong in it, with file and line.

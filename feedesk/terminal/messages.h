@@ -12,6 +12,7 @@ namespace feedesk {
 // What the program says besides its answer, on standard error: sentences for a person or, for a program that asked for
 // JSON, one object a line. docs/feedesk.md describes the objects. A message that cannot be written is lost.
 
+/// How messages are written: as sentences, or as JSON objects.
 enum class MessageForm { kSentences, kObjects };
 
 /// For the whole process, which has one standard error; set before the first message. Sentences unless it is set.

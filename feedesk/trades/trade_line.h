@@ -12,9 +12,11 @@ namespace feedesk {
 /// The columns of a file of trades, and the members of a trade in JSON.
 enum class TradeColumn { kAccount, kDate, kMarket, kCode, kSide, kOffset, kHedge, kQuantity, kPrice, kOrder };
 
+/// Their names, in the order of the enumeration.
 constexpr std::array<std::string_view, 10> kTradeColumns = {"account", "date",  "market",   "code",  "side",
                                                             "offset",  "hedge", "quantity", "price", "order"};
 
+/// The column of that name; empty when there is none.
 std::optional<TradeColumn> tradeColumn(std::string_view name);
 /// "account, date, market" and so on.
 std::string tradeColumnNames();

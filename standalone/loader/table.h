@@ -13,6 +13,7 @@
 
 namespace standalone::loader {
 
+/// What a table asks of a column.
 enum class ColumnNeed {
     kFilled,   ///< the column is needed and none of its cells is empty
     kPresent,  ///< the column is needed; a cell may be empty

@@ -57,16 +57,20 @@ private:
 /// Words of a cell and what they stand for.
 using Words = std::vector<std::pair<std::string, int>>;
 
+/// The words alone.
 std::vector<std::string> wordsOf(const Words& words);
 
 // Each reads the whole cell into `value`. False, with `value` untouched and the error reported, when it cannot.
 
 /// A finite number, written with a point and without grouping. The locale does not matter.
 bool readNumber(TableCell& cell, double& value);
+/// The same; 0 or more.
 bool readNumberFromZero(TableCell& cell, double& value);
 /// Refuses a cell that holds no number, with the way to write one where it is known. The answer is false.
 bool refuseNumber(TableCell& cell);
+/// A whole number from `low` to `high`.
 bool readInteger(TableCell& cell, int low, int high, int& value);
+/// One of the words; the value is what it stands for.
 bool readWord(TableCell& cell, const Words& words, int& value);
 /// Any text.
 bool readText(TableCell& cell, std::string& value);
