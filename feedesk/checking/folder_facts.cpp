@@ -53,20 +53,17 @@ bool isAhead(const FolderFacts& facts, const FolderLine& line) {
 
 void forEachLine(const FolderFacts& facts, const std::function<void(const FolderLine& line)>& visit) {
     const standalone::loader::CheckedFolder& lines = facts.folder.content();
-    const auto visitOne = [&](const KeptLine& kept, const qmservice::CAccountInfo* account) {
-        visit({&kept, account, facts.placeOf(kept.position)});
-    };
     for (std::size_t i = 0; i < lines.accountLines.size(); ++i) {
         const qmservice::CAccountInfo* account = facts.market.accounts[i].record.get();
-        for (const KeptLine& kept : lines.accountLines[i].fees) {
-            visitOne(kept, account);
+        for (const standalone::loader::KeptFeeLine& kept : lines.accountLines[i].fees) {
+            visit({&kept, account, facts.placeOf(kept.position), &kept, nullptr});
         }
         for (const KeptLine& kept : lines.accountLines[i].customFees) {
-            visitOne(kept, account);
+            visit({&kept, account, facts.placeOf(kept.position), nullptr, nullptr});
         }
     }
-    for (const KeptLine& kept : lines.configuredLines) {
-        visitOne(kept, nullptr);
+    for (const standalone::loader::ConfiguredLine& kept : lines.configuredLines) {
+        visit({&kept, nullptr, facts.placeOf(kept.position), nullptr, &kept});
     }
 }
 

@@ -29,6 +29,8 @@ struct FolderLine {
     const standalone::loader::KeptLine* kept;
     const qmservice::CAccountInfo* account;  ///< null: a configured limit, which is every account's
     Place place;
+    const standalone::loader::KeptFeeLine* fee = nullptr;       ///< the line, where it is one of fees/
+    const standalone::loader::ConfiguredLine* limit = nullptr;  ///< the line, where it is one of configured/
 
     /// The account's number, or nothing.
     [[nodiscard]] std::vector<std::string> accounts() const;

@@ -55,6 +55,31 @@ std::string yearsOfTheOldDuty() {
     return lines;
 }
 
+/// Accounts with one rate for shares of Shanghai, of which some have a fifth of it for funds; those of Shenzhen are
+/// between.
+constexpr int kAccountsWithFunds = 4;
+constexpr int kMoreAccounts = 12;
+
+std::string moreAccounts() {
+    std::string accounts;
+    for (int i = 1; i <= kMoreAccounts; ++i) {
+        const std::string number = "S3" + std::to_string(10 + i);
+        accounts += number + ",另户" + std::to_string(i) + ",stock\n";
+    }
+    return accounts;
+}
+
+std::string linesOfMoreAccounts() {
+    std::string lines;
+    for (int i = 1; i <= kMoreAccounts; ++i) {
+        const std::string number = "S3" + std::to_string(10 + i);
+        lines += number + ",SZ,*,,0.0001,0.0005,,\n";
+        lines += number + (i <= kAccountsWithFunds ? ",SH,*,MAIN" : ",SH,*,") + ",0.0003,0.0005,,\n";
+        lines += i <= kAccountsWithFunds ? number + ",SH,*,ETF,0.00005,0.0005,,\n" : "";
+    }
+    return lines;
+}
+
 /// Three terms of other families, with those of the duties that one of them pays; each text has the cells from minimum
 /// to until.
 std::string termsOfCommission(const std::string& credit, const std::string& neeq, const std::string& hgt) {
@@ -277,6 +302,23 @@ const std::vector<Fault>& faults() {
          "warning",
          "fees/margin.csv,6",
          "long_by_money 0.008"},
+        {"RateTenTimesTheOthersOfItsMarketAndNearThoseOfAnother",
+         {{"fees/stock.csv", "S200,SH,*,,0.0003", "S200,SH,*,,0.003"},
+          {"fees/stock.csv", "S100,SZ,*,,0.00025", "S100,SZ,*,,0.0009"},
+          {"fees/stock.csv", "S200,SZ,*,,0.0003", "S200,SZ,*,,0.0009"}},
+         "far-rate",
+         "warning",
+         "fees/stock.csv,4",
+         "commission 0.003 is far from all other rates of its column in SH: 12 times the next lower one, 0.00025"},
+        {"MarginFarFromTheOthersOfItsProductAndNearThoseOfAnother",
+         {{"fees/margin.csv", "rb2610,1,0.08,0.08", "rb2610,1,0.008,0.08"},
+          {"fees/margin.csv", "au*,1,0.12,0.12", "au*,1,0.03,0.12"},
+          {"fees/margin.csv", "au*,2,0.1,0.1", "au*,2,0.025,0.1"}},
+         "far-rate",
+         "warning",
+         "fees/margin.csv,2",
+         "long_by_money 0.008 is far from all other rates of its column for rb of SHFE: a 8.8th of the next higher "
+         "one, 0.07"},
         {"OldDuty",
          {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005", "S200,SZ,*,,0.0003,0.001"}},
          "old-duty",
@@ -600,6 +642,12 @@ INSTANTIATE_TEST_SUITE_P(
                     "stamp_duty,sell,turnover,,order,CNY,2026-09-01,,,,,2024-01-01,"},
                    {"fees/stock.csv", "", "S200,SZ,300750,,0.0003,0.0005,,2023-12-31\n"}}},
         Lookalike{"FarRateOfALineThatHasEnded", {{"fees/stock.csv", "", "S200,SZ,300750,,0.003,0.0005,,2026-09-29\n"}}},
+        Lookalike{"FundsThatAreCheaperThanTheSharesOfTheirMarket",
+                  {{"accounts.csv", "", moreAccounts()},
+                   {"fees/stock.csv", "", linesOfMoreAccounts()},
+                   {"fees/stock.csv", "S100,SH,*,MAIN", "S100,SH,*,"},
+                   {"custom/stock.csv", "S100,1,1,0.0002", "S100,1,1,0.0003"},
+                   {"configured/stock.csv", "SH,510050,0.0001,\n", ""}}},
         Lookalike{"LineThatHasEnded", {{"fees/stock.csv", "", "S200,SZ,300750,,0.0002,0.0005,,2026-09-29\n"}}},
         Lookalike{
             "TermThatEndsAndOneFollows",
