@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <set>
 
 #include "feedesk/commands/diff_rows.h"
 #include "feedesk/comparing/instrument_groups.h"
@@ -32,18 +33,38 @@ Value shownSource(const std::vector<std::string>& sources) {
                                       : fmt::format("{} and {} more", sources.front(), grouped(sources.size() - 1))};
 }
 
-/// The instruments that accounts of the kind trade in the folder, and which of them the change is about.
-std::vector<ListedName> listOf(int accountType, const ComparedFolder& folder, const std::vector<std::size_t>& meant) {
+/// The types of the accounts, each once.
+std::set<int> typesOf(const std::vector<std::size_t>& accounts, const ComparedFolder& folder) {
+    std::set<int> types;
+    for (const std::size_t place : accounts) {
+        types.insert(folder.accounts()[place].record->accountType);
+    }
+    return types;
+}
+
+bool isTradedBy(int accountType, const standalone::ListedInstrument& listed) {
     const auto* const traded = standalone::tradedFamily(accountType);
+    return traded == nullptr || traded->lists.hold(listed);
+}
+
+/// The instruments that accounts of one of the types trade in the folder, and which of them the change is about.
+std::vector<ListedName> listOf(const std::set<int>& accountTypes, const ComparedFolder& folder,
+                               const std::vector<std::size_t>& meant) {
     std::vector<ListedName> list;
     for (std::size_t place = 0; place < folder.instruments().size(); ++place) {
         const standalone::ListedInstrument& listed = folder.instruments()[place];
         const bool isMeant = std::binary_search(meant.begin(), meant.end(), place);
-        if (isMeant || traded == nullptr || traded->lists.hold(listed)) {
+        if (isMeant ||
+            std::any_of(accountTypes.begin(), accountTypes.end(), [&](int type) { return isTradedBy(type, listed); })) {
             list.push_back({listed.record->market, listed.record->code, isMeant});
         }
     }
     return list;
+}
+
+/// " (stock, credit)", as the accounts of one part may all be behind the first few.
+std::string partsText(const Change& change) {
+    return change.parts.size() < 2 ? "" : fmt::format(" ({})", fmt::join(change.parts, ", "));
 }
 
 }  // namespace
@@ -57,7 +78,7 @@ FieldsOf<ChangeRow> changeFields() {
         {forPrograms("instruments"), [](const ChangeRow& row) { return Names(row.instruments); }},
         {forPrograms("from"), [](const ChangeRow& row) { return dayOrNothing(row.change.days.from); }},
         {forPrograms("until"), [](const ChangeRow& row) { return dayOrNothing(row.change.days.until); }},
-        {forPrograms("part"), [](const ChangeRow& row) { return difference(row).part; }},
+        {forPrograms("part"), [](const ChangeRow& row) { return fmt::format("{}", fmt::join(row.change.parts, " ")); }},
         {forPrograms("item"), [](const ChangeRow& row) { return difference(row).item; }},
         {forPrograms("rate"), [](const ChangeRow& row) { return textOrNothing(difference(row).column); }},
         {forPeople("Rate"), rateTitle},
@@ -95,12 +116,11 @@ ChangeRow changeRow(const Change& change, const ComparedFolder& before, const Co
         const qmservice::CInstrument& record = *before.instruments()[places.back()].record;
         row.instruments.push_back(instrumentText(record.market, record.code));
     }
-    const int accountType = before.accounts()[change.accounts.front()].record->accountType;
     const bool onAllDays = change.days.from == compared.from && change.days.until == compared.until;
     std::sort(places.begin(), places.end());
-    row.instrumentsShort = instrumentGroup(listOf(accountType, before, places));
+    row.instrumentsShort = instrumentGroup(listOf(typesOf(change.accounts, before), before, places));
     row.heading =
-        fmt::format("{}: {}{}{}", firstFew(row.accounts), row.instrumentsShort,
+        fmt::format("{}{}: {}{}{}", firstFew(row.accounts), partsText(change), row.instrumentsShort,
                     change.isInPart ? ", each account some of them" : "", onAllDays ? "" : ", " + change.days.text());
     return row;
 }

@@ -26,7 +26,8 @@ auto roughly(const Change& change) {
 
 bool sameChange(const Change& one, const Change& other) {
     const auto lists = [](const Change& change) {
-        return std::tie(change.accounts, change.difference.instruments, change.sourcesBefore, change.sourcesAfter);
+        return std::tie(change.accounts, change.difference.instruments, change.sourcesBefore, change.sourcesAfter,
+                        change.parts);
     };
     return changeOf(one.difference) == changeOf(other.difference) && lists(one) == lists(other);
 }
@@ -83,6 +84,7 @@ void ChangeList::add(const AccountSides& account, const std::vector<RateDifferen
         }
         Change& change = changes[place.first->second];
         change.accounts.push_back(account.before);
+        addMissingTexts(change.parts, {difference.part});
         addSources(difference.before, account.linesBefore, before, &InstrumentPlaces::before, change,
                    change.sourcesBefore);
         addSources(difference.after, account.linesAfter, after, &InstrumentPlaces::after, change, change.sourcesAfter);
@@ -148,6 +150,7 @@ std::vector<Change> joinedWhereTheyOverlap(std::vector<Change> changes) {
         addSorted(one.difference.instruments, changes[i].difference.instruments);
         addMissingTexts(one.sourcesBefore, changes[i].sourcesBefore);
         addMissingTexts(one.sourcesAfter, changes[i].sourcesAfter);
+        addMissingTexts(one.parts, changes[i].parts);
     }
     return all;
 }

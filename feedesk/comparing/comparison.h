@@ -16,7 +16,8 @@ struct Change {
     cost::DateRange days;
     std::vector<std::string> sourcesBefore;  ///< "fees/stock.csv:2", each once, in the order of the accounts
     std::vector<std::string> sourcesAfter;
-    bool isInPart = false;  ///< not each of the accounts has it for each of the instruments
+    bool isInPart = false;             ///< not each of the accounts has it for each of the instruments
+    std::vector<std::string> parts{};  ///< of the accounts' answers: several where they read the same limits
 };
 
 /// What only one of the folders has, or has of another kind.

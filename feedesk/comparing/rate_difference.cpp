@@ -98,6 +98,17 @@ void addLines(const AnsweredRate& from, AnsweredRate& to) {
     addMissing(to.instrumentLines, from.instrumentLines);
 }
 
+/// The part; where configured limits give the rate, their table, which several parts may read.
+std::string whoseOf(const RateDifference& difference) {
+    std::string tables;
+    for (const auto& [rate, folder] : {std::pair(&difference.before, "old"), std::pair(&difference.after, "new")}) {
+        if (rate->level == Level::kConfiguredLimit) {
+            tables += fmt::format("{} table {} ", folder, rate->instrumentLines.front().file);
+        }
+    }
+    return tables.empty() ? difference.part : tables;
+}
+
 Level levelOf(const FeeLine* line) { return line == nullptr ? Level::kNotSet : line->origin.level; }
 
 }  // namespace
@@ -132,14 +143,14 @@ std::string changeOf(const RateDifference& difference) {
     const auto textOf = [](const AnsweredRate& rate) {
         return fmt::format("{} {}", rate.value ? plainNumber(*rate.value) : "-", static_cast<int>(rate.level));
     };
-    return fmt::format("{}|{}|{}|{}|{}", difference.part, difference.item, difference.column, textOf(difference.before),
-                       textOf(difference.after));
+    return fmt::format("{}|{}|{}|{}|{}", whoseOf(difference), difference.item, difference.column,
+                       textOf(difference.before), textOf(difference.after));
 }
 
 std::vector<RateDifference> joined(std::vector<RateDifference> differences) {
     Connected same(differences.size());
     for (std::size_t i = 0; i < differences.size(); ++i) {
-        const std::string change = changeOf(differences[i]);
+        const std::string change = differences[i].part + '|' + changeOf(differences[i]);
         std::vector<std::string> lines = lineNames(differences[i].before, "old");
         const std::vector<std::string> linesAfter = lineNames(differences[i].after, "new");
         lines.insert(lines.end(), linesAfter.begin(), linesAfter.end());

@@ -44,7 +44,8 @@ struct LinePair {
 std::vector<RateDifference> differencesOf(const LinePair& lines, const AccountDayLines& linesBefore,
                                           const AccountDayLines& linesAfter);
 
-/// Equal for differences of one rate from the same value and level to the same value and level.
+/// Equal for differences of one rate from the same value and level to the same value and level: of one part, or of
+/// several that read the same table of limits.
 std::string changeOf(const RateDifference& difference);
 
 /// Differences of one account as few as they can be: those that are the same change and share a line, of either

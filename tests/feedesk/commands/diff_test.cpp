@@ -103,6 +103,34 @@ TEST_F(Diff, AccountsThatChangeAlikeShareARow) {
                                     "configured/stock.csv:2,"));
 }
 
+TEST_F(Diff, ChangedLimitThatStockAndCreditAccountsReadIsOneRow) {
+    for (const SampleFolder* folder : {&before, &after}) {
+        folder->write("market.toml", contentOf(folder->path() + "/market.toml") +
+                                         "[rates.credit]\nrate1 = { column = \"commission\" }\n");
+        folder->write("instruments/more.csv",
+                      "market,code,name,lists\nSZ,159915,x,stock credit\nSZ,159901,y,stock credit\n"
+                      "SZ,159902,z,stock\n");
+        folder->write("accounts.csv",
+                      "account,name,kind\nC100,融资户,credit\nS100,a,stock\nS200,b,stock\nS300,c,stock\nS400,d,stock\n"
+                      "S500,e,stock\nH100,f,hgt\nF100,g,futures\nF300,h,futures\nF400,i,futures\nO100,j,option\n");
+        folder->write("configured/stock.csv", "market,code,commission\nSZ,159915,0.0002\nSZ,159901,0.0002\n");
+    }
+    after.write("configured/stock.csv", "market,code,commission\nSZ,159915,0.0003\nSZ,159901,0.0003\n");
+    EXPECT_THAT(rows(),
+                ElementsAre("rate,C100 S100 S200 S300 S400 S500,SZ:159915 SZ:159901,2024-01-02,,credit stock,,"
+                            "commission,0.0002,0.0003,configured limit,configured/stock.csv:2 configured/stock.csv:3,"
+                            "configured limit,configured/stock.csv:2 configured/stock.csv:3,"));
+    EXPECT_THAT(diff("", "COLUMNS=150").out,
+                HasSubstr("\nC100, S100, S200 and 3 more (credit, stock): SZ:159901, SZ:159915\n"));
+    // The line alone is in common: what the accounts pay without it is not.
+    after.write("configured/stock.csv", "market,code,commission\nSZ,159915,0.0002\n");
+    after.write("fees/credit.csv", "account,market,code,commission\nC100,SZ,159901,0.0001\n");
+    before.write("fees/credit.csv", "account,market,code,commission\nC100,SZ,159901,0.0001\n");
+    EXPECT_THAT(rows(), testing::IsSupersetOf(
+                            {StartsWith("rate,C100,SZ:159901,2024-01-02,,credit,,commission,0.0002,0.0001,"),
+                             StartsWith("rate,S100,SZ:159901,2024-01-02,,stock,,commission,0.0002,0.0000341,")}));
+}
+
 TEST_F(Diff, RowsOfProgramsHaveCountsAndAShortFormToo) {
     std::string listed = "market,code,name,lists\n";
     for (int code = 1; code <= 5; ++code) {

@@ -1,6 +1,7 @@
 // What the comparison of two folders finds, held against every answer of both, asked one by one as `fee` does.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <tuple>
@@ -10,6 +11,7 @@
 #include "feedesk/session/running_engine.h"
 #include "feedesk/session/session.h"
 #include "feedesk/text/numbers.h"
+#include "standalone/families.h"
 #include "standalone/loader.h"
 #include "tests/feedesk/support/random_folder.h"
 
@@ -107,6 +109,13 @@ std::string textOf(const AnsweredRate& rate, bool isLevel) {
     return isLevel ? levelName(rate.level) : rate.value ? plainNumber(*rate.value) : "-";
 }
 
+/// Of a change that several parts have, the account's: that of its kind, where this trades one family alone.
+std::string partOf(const Change& change, const standalone::Account& account) {
+    const auto* const traded = standalone::tradedFamily(account.record->accountType);
+    const std::string own = traded == nullptr ? "stock" : traded->name;
+    return std::count(change.parts.begin(), change.parts.end(), own) != 0 ? own : change.difference.part;
+}
+
 /// What the comparison reports, spread out over days, accounts and instruments.
 Changes comparedChanges(const SampleFolder& folderBefore, const SampleFolder& folderAfter) {
     standalone::ContentNumbers numbers;
@@ -129,7 +138,7 @@ Changes comparedChanges(const SampleFolder& folderBefore, const SampleFolder& fo
                     const RateName name = {day,
                                            before.accounts()[account].record->accountId,
                                            record.market + ":" + record.code,
-                                           difference.part,
+                                           partOf(change, before.accounts()[account]),
                                            difference.item,
                                            difference.column};
                     if (change.days.contains(dayOf(day))) {
