@@ -109,7 +109,9 @@ ExitStatus reconcileStatement(Program& program, const ReconcileArguments& argume
                 remarks.notes.push_back(note);
             }
         }
-        remarks.notes.insert(remarks.notes.end(), proposals.withheld.begin(), proposals.withheld.end());
+        for (const auto* sentences : {&proposals.conditions, &proposals.withheld}) {
+            remarks.notes.insert(remarks.notes.end(), sentences->begin(), sentences->end());
+        }
         return remarks;
     });
     return found.agrees() ? kAnswered : kNoAnswer;

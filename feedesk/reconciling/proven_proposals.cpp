@@ -17,10 +17,16 @@ namespace {
 
 using Outcome = ReconciledOrder::Outcome;
 
+/// Whether the rate is the order's cause, or fits besides it.
+bool fitsBy(const std::shared_ptr<const SolvedRate>& rate, const ReconciledOrder& reconciled) {
+    const SolvedRates& besides = reconciled.ratesToo;
+    return rate == reconciled.solved || std::find(besides.begin(), besides.end(), rate) != besides.end();
+}
+
 /// Whether the order is one that the proposals are made for.
 bool isMeant(const ReconciledOrder& reconciled, const Proposals& proposals) {
     return std::any_of(proposals.lines.begin(), proposals.lines.end(), [&](const Proposal& each) {
-        return each.rate ? each.rate == reconciled.solved && each.where == replacedBySolved(reconciled).source
+        return each.rate ? fitsBy(each.rate, reconciled) && each.where == replacedBy(*each.rate, reconciled).source
                          : each.terms == reconciled.terms;
     });
 }
@@ -75,12 +81,34 @@ std::string withheldSentence(const SolvedRate& rate, const std::string& why) {
                        rate.instrument.empty() ? "" : " of " + rate.instrument, why);
 }
 
-}  // namespace
+/// The lines that are proposed for the rate, "fees/stock.csv:2 and fees/stock.csv:3"; empty where none is.
+std::string linesFor(const std::shared_ptr<const SolvedRate>& rate, const Proposals& proposals) {
+    std::vector<std::string> places;
+    for (const Proposal& each : proposals.lines) {
+        if (each.rate == rate) {
+            places.push_back(each.where);
+        }
+    }
+    return fmt::format("{}", fmt::join(places, " and "));
+}
 
-Proposals provenProposals(const Reconciliation& found, const Statement& statement, const std::string& account,
-                          const std::string& marketFolder) {
-    const Proof proof(found, statement, account, marketFolder);
-    Proposals all = proposalsFor({found.rates, found.terms}, account, marketFolder);
+/// A rate that is charged elsewhere in the folder may have been agreed on, or charged by mistake.
+void addConditions(const SolvedRates& ratesElsewhere, Proposals& proposals) {
+    for (const auto& rate : ratesElsewhere) {
+        const std::string places = linesFor(rate, proposals);
+        if (!places.empty()) {
+            proposals.conditions.push_back(fmt::format(
+                "change {} only where the {} {} was agreed on; where it was not, the broker made the mistake "
+                "that the cause names",
+                places, rate->sought.charge, rate->rate.text()));
+        }
+    }
+}
+
+/// All of what is wanted that holds, and why the rest does not.
+Proposals provenOf(const Wanted& wanted, const Proof& proof, const std::string& account,
+                   const std::string& marketFolder) {
+    Proposals all = proposalsFor(wanted, account, marketFolder);
     if (all.patch.empty() || !proof.against(all)) {
         return all;
     }
@@ -90,14 +118,14 @@ Proposals provenProposals(const Reconciliation& found, const Statement& statemen
         const Proposals proposals = proposalsFor(one, account, marketFolder);
         return proposals.patch.empty() ? std::nullopt : proof.against(proposals);
     };
-    for (const auto& rate : found.rates) {
+    for (const auto& rate : wanted.rates) {
         if (const auto why = whyNot({{rate}, {}})) {
             withheld.push_back(withheldSentence(*rate, *why));
         } else {
             kept.rates.push_back(rate);
         }
     }
-    for (const auto& terms : found.terms) {
+    for (const auto& terms : wanted.terms) {
         if (const auto why = whyNot({{}, {terms}})) {
             withheld.push_back(changedByHand(*terms, *why));
         } else {
@@ -110,6 +138,18 @@ Proposals provenProposals(const Reconciliation& found, const Statement& statemen
         withheld = {"no line is proposed: each of the changes would do alone, but with all of them " + *why};
     }
     std::copy(withheld.begin(), withheld.end(), std::back_inserter(proven.withheld));
+    return proven;
+}
+
+}  // namespace
+
+Proposals provenProposals(const Reconciliation& found, const Statement& statement, const std::string& account,
+                          const std::string& marketFolder) {
+    const Proof proof(found, statement, account, marketFolder);
+    Wanted wanted{found.rates, found.terms};
+    wanted.rates.insert(wanted.rates.end(), found.ratesElsewhere.begin(), found.ratesElsewhere.end());
+    Proposals proven = provenOf(wanted, proof, account, marketFolder);
+    addConditions(found.ratesElsewhere, proven);
     return proven;
 }
 

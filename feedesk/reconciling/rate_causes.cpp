@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <set>
 #include <string>
 #include <utility>
@@ -42,6 +43,12 @@ RateChanges takeLargest(RateChanges& changes) {
     RateChanges taken(std::make_move_iterator(others), std::make_move_iterator(changes.end()));
     changes.erase(others, changes.end());
     return taken;
+}
+
+/// Whether the cause is that rates were charged which the folder has in another place. A charge that is left out or
+/// doubled, or a schedule of other days, is no rate that anybody agreed on.
+bool isOfElsewhere(Cause cause) {
+    return cause == Cause::kOtherLevel || cause == Cause::kOtherAccount || cause == Cause::kOtherCategory;
 }
 
 std::string wouldFit(const std::vector<SolvedRate>& rates) {
@@ -164,6 +171,12 @@ void RateCauses::addBesidesLimit(ReconciledOrder& charged) {
 }
 
 void RateCauses::addBesidesCauses(const RateChanges& changes) {
+    std::map<const ReconciledOrder*, std::size_t> explained;  // by how many changes
+    for (const RateChange& change : changes) {
+        for (const ReconciledOrder* each : change.explained) {
+            ++explained[each];
+        }
+    }
     for (const RateChange& change : changes) {
         if (change.explained.size() < 2) {
             continue;
@@ -174,6 +187,12 @@ void RateCauses::addBesidesCauses(const RateChanges& changes) {
                 solved = solved ? solved : oneOf({change});
                 each->ratesToo.push_back(solved);
             }
+        }
+        const bool isElsewhere = std::all_of(
+            change.explained.begin(), change.explained.end(),
+            [&](const ReconciledOrder* each) { return isOfElsewhere(each->cause) && explained.at(each) == 1; });
+        if (isElsewhere && !change.solved.range.isOpenBelow()) {
+            ratesElsewhere.push_back(std::move(solved));
         }
     }
 }

@@ -35,6 +35,10 @@ public:
     /// Adds to orders that have another cause the changes that explain several orders, them among these.
     void addBesidesCauses(const RateChanges& changes);
 
+    /// Of those besides causes the rates that may have been agreed on: the folder has them in another place, which is
+    /// the orders' cause, and no rate of another charge explains these as well.
+    [[nodiscard]] const SolvedRates& takenElsewhere() const { return ratesElsewhere; }
+
     /// The rates that were given and hold from a day on.
     [[nodiscard]] const SolvedRates& taken() const { return rates; }
 
@@ -47,6 +51,7 @@ private:
     const Layout& layout;
     OtherTariffs& others;
     SolvedRates rates;
+    SolvedRates ratesElsewhere;
 };
 
 }  // namespace feedesk

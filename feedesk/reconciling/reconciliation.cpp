@@ -42,8 +42,7 @@ void addLastHypotheses(const Layout& layout, const OrdersByDay& orders) {
 
 }  // namespace
 
-const RateSource& replacedBySolved(const ReconciledOrder& reconciled) {
-    const SolvedRate& solved = *reconciled.solved;
+const RateSource& replacedBy(const SolvedRate& solved, const ReconciledOrder& reconciled) {
     for (const cost::ChargeLine& line :
          reconciled.tariff->planOf(reconciled.order.side(), reconciled.order.date()).lines) {
         const std::string& source = line.rate == nullptr ? line.term->where : line.rate->source;
@@ -131,6 +130,7 @@ void Reconciler::findCauses(const Statement& statement, Reconciliation& result) 
         }
     }
     result.rates = rates.taken();
+    result.ratesElsewhere = rates.takenElsewhere();
     result.terms = sharedTermsOf(orders);
 }
 

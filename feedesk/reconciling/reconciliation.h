@@ -53,13 +53,18 @@ struct ReconciledOrder {
     std::string remark;  ///< of what is not explained
 };
 
-/// What gives the rate in the folder that the order's solved one takes the place of.
-const RateSource& replacedBySolved(const ReconciledOrder& reconciled);
+/// What gives the rate in the folder that this one, of those that fit the order, takes the place of.
+const RateSource& replacedBy(const SolvedRate& solved, const ReconciledOrder& reconciled);
+/// The same of the order's solved one.
+inline const RateSource& replacedBySolved(const ReconciledOrder& reconciled) {
+    return replacedBy(*reconciled.solved, reconciled);
+}
 
 /// A statement and what the folder says of it, by the first lines of the orders.
 struct Reconciliation {
     std::vector<ReconciledOrder> orders;
-    SolvedRates rates;  ///< those that hold from a day on
+    SolvedRates rates;           ///< those that hold from a day on
+    SolvedRates ratesElsewhere;  ///< the same of orders that have other rates of the folder for their cause
     SharedTermsList terms;
 
     [[nodiscard]] std::size_t count(ReconciledOrder::Outcome outcome) const;

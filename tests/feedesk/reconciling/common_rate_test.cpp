@@ -21,7 +21,8 @@ struct RateCase {
 };
 
 /// Shanghai pays 0.025 % commission, Shenzhen 0.02 %, and sales 0.05 % stamp duty; until 2023-08-27 they were 0.03 %,
-/// 0.0287 % and 0.1 %. Of 600000 and 601398 the commission is 0.01 %, by a custom fee of their category.
+/// 0.0287 % and 0.1 %. Of 600000 and 601398 the commission is 0.01 %, by a custom fee of their category. Account S200
+/// pays 0.012 % in Shanghai.
 class CommonRate : public testing::TestWithParam<RateCase> {
 protected:
     CommonRate() {
@@ -35,7 +36,8 @@ protected:
                      "S100,SH,60*,0.00025,0,0.0005,2023-08-28,\n"
                      "S100,SZ,*,0.0002,0,0.0005,2023-08-28,\n"
                      "S100,SH,60*,0.0003,0,0.001,,2023-08-27\n"
-                     "S100,SZ,*,0.000287,0,0.001,,2023-08-27\n");
+                     "S100,SZ,*,0.000287,0,0.001,,2023-08-27\n"
+                     "S200,SH,60*,0.00012,0,0.0005,,\n");
         folder.write(
             "instruments/more.csv",
             "market,code,name,lists\nSH,601398,工商银行,stock\nSH,601088,中国神华,stock\nSZ,300750,宁德时代,stock\n");
@@ -120,8 +122,54 @@ INSTANTIATE_TEST_SUITE_P(
              "SH:600000 from 2024-01-02 on; the folder has 0.0001, custom/stock.csv:2",
              "no line is proposed for the commission of SH:600000 alone, as custom/stock.csv:2 is a line of several "
              "instruments and its table has no column for one"},
-            {}}),
+            {}},
+        RateCase{
+            "AnotherAccountsIsNamedBesideTheAccountAndProposedInCaseItWasAgreed",
+            "20240102,600519,买,100,1000,12.00,0,0,,1,-100012.00\n"
+            "20240103,600519,买,100,2000,24.00,0,0,,1,-200024.00\n",
+            {"Lines 2, 3: the rates and terms of account S200; also fits: the commission 0.00012 (any from "
+             "0.000119975 to 0.000120024999) fits all 2 lines from 2024-01-02 on; the folder has 0.00025, "
+             "fees/stock.csv:2",
+             "change fees/stock.csv:2 only where the commission 0.00012 was agreed on; where it was not, the broker "
+             "made the mistake that the cause names"},
+            {"S100,SH,60*,0.00025,0,0.0005,2023-08-28,2024-01-01", "S100,SH,60*,0.00012,0,0.0005,2024-01-02,"}},
+        RateCase{
+            "AnotherLevelsIsNamedBesideTheLevelAndProposedInCaseItWasAgreed",
+            "20240102,600000,买,100,1000,25.00,0,0,,1,-100025.00\n"
+            "20240103,601398,买,100,2000,50.00,0,0,,1,-200050.00\n",
+            {"Lines 2, 3: the rates of the own record, fees/stock.csv:2, which custom fee, custom/stock.csv:2 goes "
+             "before",
+             "change custom/stock.csv:2 only where the commission 0.00025 was agreed on"},
+            {"account,update,category,commission,stamp_duty,from,until", "S100,1,1,0.0001,0.0005,,2024-01-01",
+             "S100,1,1,0.00025,0.0005,2024-01-02,"}},
+        RateCase{"AnotherAccountsOfASingleTradeIsNotProposed",
+                 "20240102,600519,买,100,1000,12.00,0,0,,1,-100012.00\n"
+                 "20240103,600519,买,100,100,2.50,0,0,,1,-10002.50\n",
+                 {"Line 2: the rates and terms of account S200"},
+                 {}},
+        RateCase{"AnotherAccountsBesidesATradeThatPaysTheFoldersIsNotProposed",
+                 "20240102,600519,买,100,1000,12.00,0,0,,1,-100012.00\n"
+                 "20240103,600519,买,100,2000,50.00,0,0,,1,-200050.00\n"
+                 "20240104,600519,买,100,3000,36.00,0,0,,1,-300036.00\n"
+                 "20240105,600519,买,100,2000,50.00,0,0,,1,-200050.00\n",
+                 {"Lines 2, 4: the rates and terms of account S200"},
+                 {}}),
     [](const auto& param) { return std::string(param.param.name); });
+
+// A net that is higher says nothing of the charge: the transfer fee 0.00015 would fit as well.
+TEST_F(CommonRate, OfElsewhereIsNotProposedWhereAnotherChargesRateFitsToo) {
+    folder.write("fees/stock.csv",
+                 "account,market,code,commission,transfer_fee,stamp_duty\n"
+                 "S100,SH,60*,0.00025,0.00001,0.0005\nS200,SH,60*,0.0004,0.00001,0.0005\n");
+    folder.writeStatement(
+        "日期,代码,买卖,数量,价格,笔数,发生\n"
+        "20240102,600519,买,100,1000,1,-100041.00\n"
+        "20240103,600519,买,100,2000,1,-200082.00\n");
+    const Outcome outcome = folder.reconcile("--patch " + folder.patchFile());
+    EXPECT_NE(unfolded(outcome.out).find("Lines 2, 3: the rates and terms of account S200"), std::string::npos)
+        << outcome.out;
+    EXPECT_FALSE(std::filesystem::exists(folder.patchFile())) << outcome.out;
+}
 
 }  // namespace
 }  // namespace feedesk::test
