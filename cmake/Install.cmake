@@ -64,11 +64,19 @@ function(feecenter_install_library)
 endfunction()
 
 # What the author of a host reads, in folders that stand to each other as here, so that the links between them lead somewhere.
-# The other pages show what the bundled market answers, whose data have terms of their own.
+# The other pages show what the bundled market answers, whose data have terms of their own: they are named, and not linked.
 function(feecenter_install_pages)
-  set(pages architecture host-guide packaging surprising-rules)
-  list(TRANSFORM pages REPLACE "(.+)" "${PROJECT_SOURCE_DIR}/docs/\\1.md")
-  install(FILES ${pages} DESTINATION ${installed_pages}/docs COMPONENT development)
+  set(pages architecture.md host-guide.md market-folder.md packaging.md surprising-rules.md)
+  file(GLOB others RELATIVE ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/docs/*.md)
+  list(REMOVE_ITEM others ${pages})
+  list(JOIN others "|" others)
+  foreach(page IN LISTS pages)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/${page})
+    file(READ ${PROJECT_SOURCE_DIR}/docs/${page} text)
+    string(REGEX REPLACE "\\[([^]]+)\\]\\((${others}|\\.\\./(tests/)?README\\.md)(#[^)]*)?\\)" "\\1" text "${text}")
+    file(WRITE ${PROJECT_BINARY_DIR}/pages/${page} "${text}")
+  endforeach()
+  install(DIRECTORY ${PROJECT_BINARY_DIR}/pages/ DESTINATION ${installed_pages}/docs COMPONENT development)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${installed_pages} COMPONENT development)
 endfunction()
 

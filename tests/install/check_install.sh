@@ -96,7 +96,12 @@ prints() {
 examples=$place/examples
 cp -r "$installed/share/doc/feecenter/examples" "$examples"
 diff -r "$source/examples" "$examples" || fail "the installed examples (>) are not those of the project (<)"
-[[ -e $installed/share/doc/feecenter/docs/host-guide.md ]] || fail "the guide for hosts is not installed"
+guide=$installed/share/doc/feecenter/docs/host-guide.md
+[[ -e $guide ]] || fail "the guide for hosts is not installed"
+lost=$(cd "${guide%/*}/.." && grep -roE --include='*.md' '\]\([^)#]+' . | while IFS=: read -r page link; do
+  [[ $link == *://* || -e ${page%/*}/${link#](} ]] || echo "$page: ${link#](}"
+done)
+[[ -z $lost ]] || fail "these links of the installed pages lead nowhere: $lost"
 
 # with_cmake EXAMPLE COMPILER [OPTIONS...]
 with_cmake() {
