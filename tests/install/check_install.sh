@@ -136,6 +136,20 @@ records_are_taken() {
     { echo "$1 leaves the records out of a program that names none of them" && return 1; }
 }
 
+# The guide's way to a host in a folder of one's own, by the files as it prints them.
+by_the_guide() {
+  local folder=$place/my-host
+  mkdir "$folder"
+  awk '/^```/ { inside = $0 == "```cmake own-host" || $0 == "```cmake promises"; next } inside' "$guide" >"$folder/CMakeLists.txt"
+  awk '/^```/ { inside = $0 == "```cpp promises"; next } inside' "$guide" >"$folder/promises.cpp"
+  cp "$examples/host/main.cpp" "$folder"
+  must "the guide's project: configuring" "$cmake" -S "$folder" -B "$folder/build" -G Ninja -DCMAKE_CXX_COMPILER="$1" \
+    -DCMAKE_PREFIX_PATH="$installed" &&
+    must "the guide's project: building" "$cmake" --build "$folder/build" -j1 &&
+    must "the guide's host" prints host "$folder/build/my-host" &&
+    must "the guide's promises" "$folder/build/promises"
+}
+
 # The examples' host and its own record operations keep what a host promises, by the installed suite.
 promises() {
   PKG_CONFIG_PATH=$installed/lib/pkgconfig must "linking the conformance suite" \
@@ -245,6 +259,7 @@ lane() {
     wrong=0
     lane g++
     count in_full g++
+    count by_the_guide g++
     exit "$wrong"
   ) &
   lanes=($!)
