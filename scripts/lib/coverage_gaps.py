@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Prints a table of each folder, and each line and branch that no test took; scripts/coverage runs it.
 
-    scripts/coverage_gaps.py BRANCHES LINES
+    scripts/lib/coverage_gaps.py BRANCHES LINES
 
 Reads what llvm-cov exports as JSON and as lcov. The counts of all instantiations of a template are added. Fails when
 feecenter/ is not taken whole.
@@ -14,7 +14,7 @@ import sys
 
 WHOLE = "feecenter"  # every line and branch of it is to be taken
 
-_ROOT = pathlib.Path(__file__).resolve().parent.parent
+_ROOT = pathlib.Path(__file__).resolve().parents[2]
 _ROW = "{:<42} {:>5} {:>5} {:>6}   {:>5} {:>5} {:>6}"
 
 
