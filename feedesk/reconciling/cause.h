@@ -59,6 +59,7 @@ struct Explanation {
     std::string key;       ///< the same for the same change on another order
     std::string sentence;  ///< "the schedule of 2022-04-29 until 2023-08-27"
     TermCells cells{};     ///< where the change is one of terms: what would make the folder say it
+    std::string wider{};   ///< the same for the same change where it leads to something else on another order; or empty
 };
 
 using Explanations = std::vector<Explanation>;

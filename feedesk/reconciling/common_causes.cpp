@@ -47,7 +47,8 @@ bool isOfTerm(const Explanation& each) {
 }
 
 bool isSame(const Explanation& one, const Explanation& other) {
-    return one.cause == other.cause && one.key == other.key;
+    const bool isSameAsWidely = !one.wider.empty() && one.wider == other.wider;
+    return one.cause == other.cause && (one.key == other.key || isSameAsWidely);
 }
 
 bool has(const Explanations& explanations, const Explanation& wanted) {

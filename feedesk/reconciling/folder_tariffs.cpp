@@ -104,6 +104,7 @@ OtherTariffList FolderTariffs::otherLevels(const Disputed& disputed) {
     }
     OtherTariffList list;
     std::string above = inputOf(disputed.charged.tariff);
+    std::string ignored = inputLevelOf(disputed.charged.tariff);
     for (std::size_t step = 0; step < keptLines.size(); ++step) {
         // What the answer names is taken away, and the fee center says which input is next.
         const auto current = excerpts.tariffsFrom(excerpt.market(keptLines), date, {question}).front();
@@ -124,8 +125,9 @@ OtherTariffList FolderTariffs::otherLevels(const Disputed& disputed) {
         if (auto next = excerpts.tariffsFrom(excerpt.market(keptLines), date, {question}).front()) {
             const std::string input = inputOf(*next);
             list.push_back(
-                {input, fmt::format("the rates of the {}, which {} goes before", input, above), *next, date});
+                {input, fmt::format("the rates of the {}, which {} goes before", input, above), *next, date, ignored});
             above = input;
+            ignored += ", " + inputLevelOf(*next);
         }
     }
     return list;

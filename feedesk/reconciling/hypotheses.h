@@ -20,7 +20,8 @@ struct OtherTariff {
     std::string key;
     std::string sentence;
     cost::Tariff tariff;
-    cost::Date date;  ///< as of which the tariff is
+    cost::Date date;      ///< as of which the tariff is
+    std::string wider{};  ///< as Explanation::wider
 };
 
 using OtherTariffList = std::vector<OtherTariff>;

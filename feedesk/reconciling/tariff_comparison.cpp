@@ -26,6 +26,11 @@ bool chargeAlike(const cost::Tariff& one, const cost::Tariff& other) {
     return sameRates(one.rates(), other.rates());
 }
 
+std::string inputLevelOf(const cost::Tariff& tariff) {
+    const auto& charges = tariff.rates().charges;
+    return charges.empty() ? "" : charges.front().level;
+}
+
 std::string inputOf(const cost::Tariff& tariff) {
     const auto& charges = tariff.rates().charges;
     if (charges.empty()) {

@@ -12,6 +12,9 @@ namespace feedesk {
 /// Whether two tariffs of one schedule charge alike.
 bool chargeAlike(const cost::Tariff& one, const cost::Tariff& other);
 
+/// "custom fee"; empty for a tariff without rates.
+std::string inputLevelOf(const cost::Tariff& tariff);
+
 /// "custom fee, custom/stock.csv:18"; empty for a tariff without rates.
 std::string inputOf(const cost::Tariff& tariff);
 

@@ -22,18 +22,19 @@ std::vector<cost::Trade> tradesOn(cost::Date date, const Order& order) {
 }  // namespace
 
 void Trial::note(Cause cause, const std::string& key, const std::string& sentence,
-                 const std::optional<Amounts>& amounts, TermCells cells) {
+                 const std::optional<Amounts>& amounts, TermCells cells, const std::string& wider) {
     // Of alike changes, such as charging as one of two funds is charged, the first is named.
     const bool isKnown = std::any_of(found.begin(), found.end(),
                                      [&](const Explanation& each) { return each.cause == cause && each.key == key; });
     if (!isKnown && amounts && agree(order().stated, *amounts, layout)) {
-        found.push_back({cause, key, sentence, std::move(cells)});
+        found.push_back({cause, key, sentence, std::move(cells), wider});
     }
 }
 
 void Trial::noteEach(Cause cause, const OtherTariffList& list) {
     for (const OtherTariff& other : list) {
-        note(cause, other.key, other.sentence, amountsIfAny(tradesOn(other.date, order()), other.tariff));
+        note(cause, other.key, other.sentence, amountsIfAny(tradesOn(other.date, order()), other.tariff), {},
+             other.wider);
     }
 }
 

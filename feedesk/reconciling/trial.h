@@ -29,7 +29,7 @@ public:
 
     /// Keeps the change as an explanation when every figure of the statement agrees with its amounts.
     void note(Cause cause, const std::string& key, const std::string& sentence, const std::optional<Amounts>& amounts,
-              TermCells cells = {});
+              TermCells cells = {}, const std::string& wider = "");
     /// The same of each tariff.
     void noteEach(Cause cause, const OtherTariffList& list);
 
