@@ -8,14 +8,14 @@ namespace {
 
 constexpr std::string_view kPlainSigns = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./:@%+=,-";
 
-bool isPlain(char byte) {
+bool needsNoQuotes(char byte) {
     return static_cast<unsigned char>(byte) >= 0x80U || kPlainSigns.find(byte) != std::string_view::npos;
 }
 
 }  // namespace
 
 std::string shellWord(const std::string& text) {
-    if (!text.empty() && std::all_of(text.begin(), text.end(), isPlain)) {
+    if (!text.empty() && std::all_of(text.begin(), text.end(), needsNoQuotes)) {
         return text;
     }
     std::string quoted = "'";
