@@ -51,6 +51,11 @@ bool isOfElsewhere(Cause cause) {
     return cause == Cause::kOtherLevel || cause == Cause::kOtherAccount || cause == Cause::kOtherCategory;
 }
 
+/// Whether it is a rate that the folder has in another place, and not on other days alone.
+bool isOfFolder(const SolvedRate& solved) {
+    return solved.isKnown && solved.knownFrom.empty() && !solved.range.isOpenBelow();
+}
+
 std::string wouldFit(const std::vector<SolvedRate>& rates) {
     std::vector<std::string> each;
     std::transform(rates.begin(), rates.end(), std::back_inserter(each), [](const SolvedRate& rate) {
@@ -191,7 +196,7 @@ void RateCauses::addBesidesCauses(const RateChanges& changes) {
         const bool isElsewhere = std::all_of(
             change.explained.begin(), change.explained.end(),
             [&](const ReconciledOrder* each) { return isOfElsewhere(each->cause) && explained.at(each) == 1; });
-        if (isElsewhere && !change.solved.range.isOpenBelow()) {
+        if (isElsewhere && isOfFolder(*solved)) {
             ratesElsewhere.push_back(std::move(solved));
         }
     }

@@ -96,23 +96,37 @@ std::optional<cost::Date> endOf(const RateChanges& changes) {
     return last;
 }
 
-/// One change in place of the cluster's, on the same days for all their lines, where it explains all that they do; else
-/// theirs.
-RateChanges oneOrAll(Cluster cluster, const Layout& layout) {
-    if (cluster.changes.size() < 2) {
-        return std::move(cluster.changes);
-    }
-    auto change = lastChangeOf(joined(linesOf(cluster.changes)), layout, cluster.range, endOf(cluster.changes));
-    if (!change || explainedBy({*change}) != explainedBy(cluster.changes)) {
-        return std::move(cluster.changes);
+/// One change in place of several, on the same days for all their lines; nothing where none explains all that they do.
+std::optional<RateChange> oneFor(const RateChanges& changes, const RateRange& range, const Layout& layout) {
+    auto change = lastChangeOf(joined(linesOf(changes)), layout, range, endOf(changes));
+    if (!change || explainedBy({*change}) != explainedBy(changes)) {
+        return std::nullopt;
     }
     SolvedRate& solved = change->solved;
-    solved.sources = sourcesOf(cluster.changes);
+    solved.sources = sourcesOf(changes);
     for (RateSource& each : solved.sources) {
         each.days = {solved.from, solved.until};
     }
     change->line = nullptr;
-    return {std::move(*change)};
+    return change;
+}
+
+/// Whether it has an end, and one order alone shows it.
+bool isSingle(const RateChange& change) { return change.solved.until && change.explained.size() < kFewestOfReach; }
+
+/// One change in place of the cluster's where there is one; else those of several orders.
+RateChanges oneOrAll(Cluster cluster, const Layout& layout) {
+    for (bool withSingles : {true, false}) {
+        if (!withSingles) {
+            RateChanges& all = cluster.changes;
+            all.erase(std::remove_if(all.begin(), all.end(), isSingle), all.end());
+        }
+        auto one = cluster.changes.size() < 2 ? std::nullopt : oneFor(cluster.changes, cluster.range, layout);
+        if (one) {
+            return {std::move(*one)};
+        }
+    }
+    return std::move(cluster.changes);
 }
 
 /// The orders before the day.
@@ -123,10 +137,11 @@ OrdersByDay before(const std::optional<cost::Date>& day, OrdersByDay orders) {
     return orders;
 }
 
-/// The rates of a line that ended before its last orders, each of which explains several of these.
-RateChanges endedChanges(const ChargedLine& line, OrdersByDay left, const Layout& layout) {
+/// The rates of a line that ended before its last orders, each of which explains several of these; those of one order
+/// go to the singles.
+RateChanges endedChanges(const ChargedLine& line, OrdersByDay left, const Layout& layout, RateChanges& singles) {
     RateChanges ended;
-    for (std::size_t misses = 0; misses < kMostMisses && left.size() >= kFewestOfReach;) {
+    for (std::size_t misses = 0; misses < kMostMisses && !left.empty();) {
         if (!HeldOrder(*left.back(), line.sought, layout).range()) {
             left.pop_back();
             continue;
@@ -135,8 +150,8 @@ RateChanges endedChanges(const ChargedLine& line, OrdersByDay left, const Layout
         auto change = lastChangeOf(line, layout, {}, last);
         const bool isFound = change && change->explained.size() >= kFewestOfReach;
         left = before(isFound ? *change->solved.from : last, std::move(left));
-        if (isFound) {
-            ended.push_back(std::move(*change));
+        if (change) {
+            (isFound ? ended : singles).push_back(std::move(*change));
         }
         misses += isFound ? 0 : 1;
     }
@@ -179,16 +194,22 @@ const RateChanges& RateSearch::changes() {
         RateChanges single;
         for (const Kept& each : found) {
             single.insert(single.end(), each.changes.begin(), each.changes.end());
+            single.insert(single.end(), each.singles.begin(), each.singles.end());
         }
         all = joinedWhereOneFits(std::move(single));
     }
     return all;
 }
 
-void RateSearch::search(const ChargedLine& line, Kept& kept) {
+void RateSearch::search(const ChargedLine& line, Kept& kept) const {
     if (kept.openOrders == 0) {
         return;
     }
+    searchWithSingles(line, kept);
+    removeExplainedBy(explainedBy(kept.changes), kept.singles);
+}
+
+void RateSearch::searchWithSingles(const ChargedLine& line, Kept& kept) const {
     RateChanges ofLine;
     if (auto change = lastChangeOf(line, layout)) {
         ofLine.push_back(std::move(*change));
@@ -209,7 +230,8 @@ void RateSearch::search(const ChargedLine& line, Kept& kept) {
         }
     }
     RateChanges ended =
-        endedChanges(line, before(ofLine.empty() ? std::nullopt : ofLine.front().solved.from, std::move(rest)), layout);
+        endedChanges(line, before(ofLine.empty() ? std::nullopt : ofLine.front().solved.from, std::move(rest)), layout,
+                     kept.singles);
     ended.erase(std::remove_if(ended.begin(), ended.end(),
                                [&](const RateChange& each) { return !isOfMore(each, kept.changes); }),
                 ended.end());

@@ -20,7 +20,8 @@ public:
 
     /// The rates that fit differing orders without a cause: of one line of the folder, from a day on or between two
     /// days; of one instrument alone, where that explains orders which the line as a whole does not, at least two; of
-    /// several lines, where one rate explains all that the rates of each of them do.
+    /// several lines, where one rate explains all that the rates of each of them do. What ends has two orders at least,
+    /// of one line or of several.
     const RateChanges& changes();
 
 private:
@@ -28,9 +29,11 @@ private:
         std::size_t openOrders = 0;
         std::deque<ChargedLine> ofInstruments;
         RateChanges changes;
+        RateChanges singles;  // rates that ended before the last orders, and of which one order alone is
     };
 
-    void search(const ChargedLine& line, Kept& kept);
+    void search(const ChargedLine& line, Kept& kept) const;
+    void searchWithSingles(const ChargedLine& line, Kept& kept) const;
     [[nodiscard]] RateChanges joinedWhereOneFits(RateChanges changes) const;
 
     const ChargedLines& lines;

@@ -113,6 +113,19 @@ INSTANTIATE_TEST_SUITE_P(
                   "2024-01-02 until 2024-01-04; the folder has 0.00025, fees/stock.csv:2"},
                  {"S100,SH,60*,0.00025,0,0.0005,2023-08-28,2024-01-01",
                   "S100,SH,60*,0.0004,0,0.0005,2024-01-02,2024-01-04", "S100,SH,60*,0.00025,0,0.0005,2024-01-05,"}},
+        // In Shenzhen one trade alone has it.
+        RateCase{
+            "ARateThatEndedIsOfTheOtherLineToo",
+            "20240102,600519,买,100,1000,40.00,0,0,,1,-100040.00\n"
+            "20240103,300750,买,100,1000,40.00,0,0,,1,-100040.00\n"
+            "20240104,600519,买,100,2000,80.00,0,0,,1,-200080.00\n"
+            "20240108,300750,买,100,1000,20.00,0,0,,1,-100020.00\n"
+            "20240108,600519,买,100,1000,25.00,0,0,,1,-100025.00\n",
+            {"Lines 2, 3, 4: the commission 0.0004 (any from 0.000399975 to 0.000400024999) fits all 3 lines from "
+             "2024-01-02 until 2024-01-04; the folder has 0.0002, fees/stock.csv:3; and 0.00025, fees/stock.csv:2"},
+            {"S100,SH,60*,0.00025,0,0.0005,2023-08-28,2024-01-01", "S100,SH,60*,0.0004,0,0.0005,2024-01-02,2024-01-04",
+             "S100,SH,60*,0.00025,0,0.0005,2024-01-05,", "S100,SZ,*,0.0002,0,0.0005,2023-08-28,2024-01-01",
+             "S100,SZ,*,0.0004,0,0.0005,2024-01-02,2024-01-04", "S100,SZ,*,0.0002,0,0.0005,2024-01-05,"}},
         RateCase{
             "OneInstrumentOfACategoryHasNoLine",
             "20240102,600000,买,100,1000,40.00,0,0,,1,-100040.00\n"
@@ -155,6 +168,24 @@ INSTANTIATE_TEST_SUITE_P(
                  {"Lines 2, 4: the rates and terms of account S200"},
                  {}}),
     [](const auto& param) { return std::string(param.param.name); });
+
+TEST_F(CommonRate, ThatEndedIsNotOfALineThatPaysAnother) {
+    const Outcome outcome = folder.reconcileLines(
+        "20240102,600519,买,100,1000,40.00,0,0,,1,-100040.00\n"
+        "20240103,300750,买,100,1000,31.00,0,0,,1,-100031.00\n"
+        "20240104,600519,买,100,2000,80.00,0,0,,1,-200080.00\n"
+        "20240108,300750,买,100,1000,20.00,0,0,,1,-100020.00\n"
+        "20240108,600519,买,100,1000,25.00,0,0,,1,-100025.00\n");
+    const std::string text = unfolded(outcome.out);
+    EXPECT_NE(text.find("Lines 2, 4: the commission 0.0004 (any from 0.000399975 to 0.000400024999) fits all 2 lines "
+                        "from 2024-01-02 until 2024-01-04; the folder has 0.00025, fees/stock.csv:2"),
+              std::string::npos)
+        << text;
+    EXPECT_NE(text.find("Line 3: the commission 0.00031 (any from 0.00030995 to 0.000310049999) fits this trade, and "
+                        "not line 5 of 2024-01-08"),
+              std::string::npos)
+        << text;
+}
 
 // A net that is higher says nothing of the charge: the transfer fee 0.00015 would fit as well.
 TEST_F(CommonRate, OfElsewhereIsNotProposedWhereAnotherChargesRateFitsToo) {
