@@ -104,14 +104,12 @@ ExitStatus reconcileStatement(Program& program, const ReconcileArguments& argume
         remarks.footing = causeSentences(found, statement);
         remarks.footing.insert(remarks.footing.begin(), sumText(found));
         for (const std::string& note : {signsNote(statement), passedOverNote(statement), repeatedNote(statement),
-                                        patchNote(arguments, proposals, program.session.folder)}) {
+                                        patchNote(arguments, proposals, program.session.folder), proposals.condition}) {
             if (!note.empty()) {
                 remarks.notes.push_back(note);
             }
         }
-        for (const auto* sentences : {&proposals.conditions, &proposals.withheld}) {
-            remarks.notes.insert(remarks.notes.end(), sentences->begin(), sentences->end());
-        }
+        remarks.notes.insert(remarks.notes.end(), proposals.withheld.begin(), proposals.withheld.end());
         return remarks;
     });
     return found.agrees() ? kAnswered : kNoAnswer;

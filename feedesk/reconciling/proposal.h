@@ -25,7 +25,7 @@ struct Proposals {
     std::string patch;                         ///< for `patch -p1` in the market folder; empty when nothing is proposed
     std::map<std::string, std::string> files;  ///< the changed ones with their new texts
     std::vector<std::string> withheld;         ///< of what has no proposal: why, a sentence each
-    std::vector<std::string> conditions;  ///< of what is proposed besides a cause: when it is right, a sentence each
+    std::string condition;  ///< when what is proposed besides a cause is right, a sentence; empty where nothing is
 };
 
 /// What of an account's statement lines may be proposed for.

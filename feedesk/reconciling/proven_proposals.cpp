@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <set>
 #include <system_error>
 #include <vector>
 
@@ -81,28 +82,27 @@ std::string withheldSentence(const SolvedRate& rate, const std::string& why) {
                        rate.instrument.empty() ? "" : " of " + rate.instrument, why);
 }
 
-/// The lines that are proposed for the rate, "fees/stock.csv:2 and fees/stock.csv:3"; empty where none is.
-std::string linesFor(const std::shared_ptr<const SolvedRate>& rate, const Proposals& proposals) {
+/// Rates that are charged elsewhere in the folder may have been agreed on, or charged by mistake.
+void addCondition(const SolvedRates& ratesElsewhere, Proposals& proposals) {
     std::vector<std::string> places;
+    std::set<const SolvedRate*> proposed;
     for (const Proposal& each : proposals.lines) {
-        if (each.rate == rate) {
-            places.push_back(each.where);
+        if (std::find(ratesElsewhere.begin(), ratesElsewhere.end(), each.rate) != ratesElsewhere.end()) {
+            proposed.insert(each.rate.get());
+            if (std::find(places.begin(), places.end(), each.where) == places.end()) {
+                places.push_back(each.where);
+            }
         }
     }
-    return fmt::format("{}", fmt::join(places, " and "));
-}
-
-/// A rate that is charged elsewhere in the folder may have been agreed on, or charged by mistake.
-void addConditions(const SolvedRates& ratesElsewhere, Proposals& proposals) {
-    for (const auto& rate : ratesElsewhere) {
-        const std::string places = linesFor(rate, proposals);
-        if (!places.empty()) {
-            proposals.conditions.push_back(fmt::format(
-                "change {} only where the {} {} was agreed on; where it was not, the broker made the mistake "
-                "that the cause names",
-                places, rate->sought.charge, rate->rate.text()));
-        }
+    if (proposed.empty()) {
+        return;
     }
+    const SolvedRate& first = **proposed.begin();
+    const std::string agreed = proposed.size() == 1 ? fmt::format("the {} {} was agreed on; where it was not",
+                                                                  first.sought.charge, first.rate.text())
+                                                    : "these rates were agreed on; where they were not";
+    proposals.condition = fmt::format("change {} only where {}, the broker made the mistake that the cause names",
+                                      fmt::join(places, " and "), agreed);
 }
 
 /// All of what is wanted that holds, and why the rest does not.
@@ -149,7 +149,7 @@ Proposals provenProposals(const Reconciliation& found, const Statement& statemen
     Wanted wanted{found.rates, found.terms};
     wanted.rates.insert(wanted.rates.end(), found.ratesElsewhere.begin(), found.ratesElsewhere.end());
     Proposals proven = provenOf(wanted, proof, account, marketFolder);
-    addConditions(found.ratesElsewhere, proven);
+    addCondition(found.ratesElsewhere, proven);
     return proven;
 }
 
