@@ -16,7 +16,8 @@ struct Snapshot;
 /// not. Immutable, cheap to copy, safe from any thread.
 using PreparedMarket = std::shared_ptr<const Snapshot>;
 
-/// Copies the market and shares its records; no instrument or account may be without its record.
+/// Copies the market and shares its records; no instrument or account may be without its record. Throws nothing but
+/// std::bad_alloc.
 PreparedMarket prepared(const Market& market);
 
 /// Puts a market into the process's services: catalogue, accounts, trade units, configured limits, categories, foreign
@@ -25,16 +26,17 @@ PreparedMarket prepared(const Market& market);
 /// so does every later call to any service. `market` may not be empty. Safe from any thread; throws nothing.
 void install(PreparedMarket market) noexcept;
 
-/// The same with a market that is not prepared. When memory runs out the services keep what they hold.
+/// The same with a market that is not prepared. Throws std::bad_alloc when memory runs out; the services then keep what
+/// they hold.
 void install(const Market& market);
 
-/// Empties the services that install() fills.
+/// Empties the services that install() fills, in one step. Throws as install() does.
 void uninstall();
 
 /// Starts the engine that runs the strands, with `threads` threads of its own. Strands exist, and take jobs, before it
 /// runs and after it has stopped; their jobs wait. An exception that leaves a job is reported on standard error, and
-/// the jobs after it run. Throws std::invalid_argument for fewer than one thread and std::logic_error when the engine
-/// runs already.
+/// the jobs after it run. Throws std::invalid_argument for fewer than one thread, std::logic_error when the engine runs
+/// already, and std::system_error, with no thread running, when the system gives too few.
 void startEngine(int threads);
 
 /// Finishes the jobs that are queued and stops the threads; the engine can be started again. Nothing happens when it
