@@ -46,7 +46,7 @@ public:
 
     /// Fills `instruments` with every instrument of the lists in the mask, bits of InstrumentList, in any order.
     /// The fee center passes an empty vector each time.
-    virtual void getInstrumentList(std::vector<boost::shared_ptr<CInstrument>>& instruments, int kindMask) = 0;
+    virtual void getInstrumentList(std::vector<boost::shared_ptr<CInstrument>>& instruments, int listMask) = 0;
 };
 
 /// The host's account store.

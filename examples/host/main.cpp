@@ -94,9 +94,9 @@ public:
         instruments.clear();  // futures, of which this host has none
     }
 
-    void getInstrumentList(std::vector<shared_ptr<CInstrument>>& instruments, int kindMask) override {
+    void getInstrumentList(std::vector<shared_ptr<CInstrument>>& instruments, int listMask) override {
         instruments.clear();
-        if ((kindMask & kStockList) != 0) {
+        if ((listMask & kStockList) != 0) {
             instruments.push_back(theInstrument);
         }
     }

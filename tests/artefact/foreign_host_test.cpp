@@ -70,7 +70,7 @@ public:
         instruments = foreignHost().futures[type];
     }
     void getInstrumentList(std::vector<boost::shared_ptr<qmservice::CInstrument>>& instruments,
-                           int /*kindMask*/) override {
+                           int /*listMask*/) override {
         for (const auto& entry : foreignHost().catalogue) {
             instruments.push_back(entry.second);
         }

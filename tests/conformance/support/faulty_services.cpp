@@ -67,21 +67,21 @@ public:
         }
     }
 
-    void getInstrumentList(std::vector<boost::shared_ptr<CInstrument>>& instruments, int kindMask) override {
+    void getInstrumentList(std::vector<boost::shared_ptr<CInstrument>>& instruments, int listMask) override {
         const bool forgets =
-            breaks("catalogue.lists-repeat") && kindMask == kCreditList && callsSoFar<Catalogue>() % 2 == 0;
-        const bool severalLists = (kindMask & (kindMask - 1)) != 0;
+            breaks("catalogue.lists-repeat") && listMask == kCreditList && callsSoFar<Catalogue>() % 2 == 0;
+        const bool severalLists = (listMask & (listMask - 1)) != 0;
         if (severalLists && breaks("catalogue.mask-joins-lists")) {
             return;
         }
         for (const auto& listed : host().instruments) {
-            const bool wanted = (listed.lists & kindMask) != 0;
+            const bool wanted = (listed.lists & listMask) != 0;
             const bool left = breaks("catalogue.listed-where-named") && listed.instrument->market == "HK";
             if (wanted && !forgets && !left) {
                 instruments.push_back(listed.instrument);
             }
         }
-        if (breaks("catalogue.listed-is-known") && (kindMask & kSgtList) != 0) {
+        if (breaks("catalogue.listed-is-known") && (listMask & kSgtList) != 0) {
             instruments.push_back(boost::make_shared<CInstrument>());
             instruments.back()->market = "HK";
             instruments.back()->code = "09999";
