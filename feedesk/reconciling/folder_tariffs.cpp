@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "feedesk/reconciling/representatives.h"
 #include "feedesk/reconciling/tariff_comparison.h"
 
 namespace feedesk {
@@ -152,13 +151,21 @@ OtherTariffList FolderTariffs::otherAccounts(const Disputed& disputed) {
     return list;
 }
 
+/// It takes a look at every instrument of the folder.
+const std::vector<Representative>& FolderTariffs::representativesIn(cost::Family family) {
+    const auto known = representatives.find(family);
+    return known != representatives.end()
+               ? known->second
+               : representatives.emplace(family, representativesOf(family, session.market())).first->second;
+}
+
 OtherTariffList FolderTariffs::otherCategories(const Disputed& disputed) {
     const cost::Date date = disputed.order.date();
     const cost::Tariff& own = disputed.charged.tariff;
-    const std::vector<Representative> representatives = representativesOf(own.place().family, session.market());
+    const std::vector<Representative>& kinds = representativesIn(own.place().family);
     std::vector<Question> questions;
-    questions.reserve(representatives.size());
-    for (const Representative& each : representatives) {
+    questions.reserve(kinds.size());
+    for (const Representative& each : kinds) {
         questions.push_back(each.question);
     }
     const auto tariffs = excerpts.tariffsFrom(excerpts.excerptOf(account, questions).marketOn(date), date, questions);
@@ -170,8 +177,7 @@ OtherTariffList FolderTariffs::otherCategories(const Disputed& disputed) {
         if (!tariff || chargeAlike(*tariff, own) || std::any_of(list.begin(), list.end(), isLike)) {
             continue;
         }
-        list.push_back({categoryKeyOf(*tariff, representatives[i].categories),
-                        categorySentenceOf(*tariff, representatives[i].categories),
+        list.push_back({categoryKeyOf(*tariff, kinds[i].categories), categorySentenceOf(*tariff, kinds[i].categories),
                         cost::Tariff(tariff->place(), own.contract(), tariff->rates(), tariff->terms()), date});
     }
     return list;

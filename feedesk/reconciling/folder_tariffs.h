@@ -8,6 +8,7 @@
 
 #include "feedesk/reconciling/excerpt_tariffs.h"
 #include "feedesk/reconciling/hypotheses.h"
+#include "feedesk/reconciling/representatives.h"
 
 namespace feedesk {
 
@@ -34,12 +35,16 @@ private:
     OtherTariffList otherAccounts(const Disputed& disputed);
     OtherTariffList otherCategories(const Disputed& disputed);
 
+    /// The instruments of the family that stand for all of them.
+    const std::vector<Representative>& representativesIn(cost::Family family);
+
     /// The days for which the schedules of the place's family and market are known, cut at the folder's change dates.
     [[nodiscard]] std::vector<cost::DateRange> intervals(const cost::Place& place) const;
 
     Session& session;
     std::string account;
     std::map<Key, OtherTariffList> lists;
+    std::map<cost::Family, std::vector<Representative>> representatives;  // of families that were asked for
     ExcerptTariffs excerpts;
 };
 
