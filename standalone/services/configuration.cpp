@@ -25,7 +25,10 @@ Configuration::Configuration(const Market& market)
         marketUnits.emplace(place.market, place.tradeUnit);
     }
     for (const ListedInstrument& listed : market.instruments) {
-        instrumentUnits.add(listed.record->market, listed.record->code, listed.tradeUnit);
+        const qmservice::CInstrument& instrument = *listed.record;
+        if (listed.tradeUnit != marketUnit(instrument.market)) {
+            instrumentUnits.add(instrument.market, instrument.code, listed.tradeUnit);
+        }
     }
     addLimits(stockLimits, market.stockLimits);
     addLimits(hgtLimits, market.hgtLimits);

@@ -32,7 +32,8 @@ private:
     [[nodiscard]] int marketUnit(const std::string& market) const;
 
     boost::unordered_map<std::string, int> marketUnits;
-    InstrumentTable<int> instrumentUnits;  // of instruments that have a unit of their own
+    // Of the instruments whose unit is not their market's. They are few, and a small table stays in the caches.
+    InstrumentTable<int> instrumentUnits;
     Limits<qmservice::CStkExchangeRateLimit> stockLimits;
     Limits<qmservice::CCustomHGTExchangeRateLimit> hgtLimits;
     Limits<qmservice::CCustomSgtExchangeRateLimit> sgtLimits;
