@@ -8,6 +8,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <boost/version.hpp>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
@@ -27,6 +28,7 @@ int runBenchmarks(int argc, char** argv) {
     bench::registerBulks();
     bench::registerParts();
     benchmark::Initialize(&argc, argv);
+    benchmark::AddCustomContext("boost", BOOST_LIB_VERSION);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;
     }

@@ -60,8 +60,8 @@ void askForTradeUnit(benchmark::State& state) {
     }
 }
 
-void add(const char* name, void (*part)(benchmark::State&)) {
-    benchmark::RegisterBenchmark((std::string("part/") + name).c_str(), part);
+benchmark::internal::Benchmark* add(const char* name, void (*part)(benchmark::State&)) {
+    return benchmark::RegisterBenchmark((std::string("part/") + name).c_str(), part);
 }
 
 }  // namespace
@@ -69,6 +69,12 @@ void add(const char* name, void (*part)(benchmark::State&)) {
 void registerParts() {
     add("boost::shared_mutex, taken shared", takeLock<boost::shared_lock<boost::shared_mutex>>);
     add("std::shared_mutex, taken shared", takeLock<std::shared_lock<std::shared_mutex>>);
+    add("boost::shared_mutex, two threads together", takeLock<boost::shared_lock<boost::shared_mutex>>)
+        ->Threads(2)
+        ->UseRealTime();
+    add("std::shared_mutex, two threads together", takeLock<std::shared_lock<std::shared_mutex>>)
+        ->Threads(2)
+        ->UseRealTime();
     add("an answer made and freed", makeAnswer);
     add("account and instrument shared", shareRecords);
     add("host: hash and instrument", askForInstrument);

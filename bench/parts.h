@@ -4,7 +4,8 @@
 namespace bench {
 
 /// Registers the parts that a lookup is made of and that no fee center can leave out: the lock, the answer's memory,
-/// the host. Names are "part/NAME".
+/// the host. A lock is also taken by two threads together: of these the time on the wall between two takings of both
+/// counts. Names are "part/NAME".
 void registerParts();
 
 }  // namespace bench

@@ -64,7 +64,7 @@ def read(folder):
     for run in (run for file in files for run in file["benchmarks"]):
         kind, name, *rest = run["name"].split("/")
         if kind == "part":
-            parts[name]["ns"].append(run["cpu_time"])
+            parts[name]["ns"].append(run["cpu_time" if run["threads"] == 1 else "real_time"])
             continue
         times = {who: float(ns) for who, ns in run.items() if who not in _OWN}
         for who, ns in times.items():

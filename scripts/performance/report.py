@@ -95,11 +95,11 @@ def machine(results):
 
     info = pathlib.Path("/proc/cpuinfo").read_text(encoding="utf-8")
     model = re.search(r"^model name\s*: (.*)$", info, re.M)
-    boost = first_line("dpkg-query", "-W", "-f", "${Version}\n", "libboost-dev")
     context = results.compiler_context
+    boost = context["boost"].replace("_", ".")
     return (
         f"Measured on {context['date'][:10]}: {model[1] if model else platform.machine()}, {context['num_cpus']} processors that "
-        f"other work shared, Linux {platform.release().split('-')[0]}, {first_line('g++', '--version')}, `-O3`, Debian's Boost {boost}."
+        f"other work shared, Linux {platform.release().split('-')[0]}, {first_line('g++', '--version')}, `-O3`, Boost {boost}."
     )
 
 
