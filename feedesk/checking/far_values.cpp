@@ -35,7 +35,7 @@ std::string distanceText(double value, const Values& values, std::size_t begin, 
     const double higher = hasHigher ? ratio(values[end], value) : 0;
     return hasLower && (!hasHigher || lower <= higher)
                ? fmt::format("{} times the next lower one, {}", times(lower), plainNumber(values[begin - 1]))
-               : fmt::format("a {}th of the next higher one, {}", times(higher), plainNumber(values[end]));
+               : fmt::format("the next higher one, {}, is {} times as much", plainNumber(values[end]), times(higher));
 }
 
 }  // namespace

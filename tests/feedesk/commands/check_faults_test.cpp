@@ -204,7 +204,7 @@ const std::vector<Fault>& faults() {
          "far-term",
          "warning",
          "charges.csv,7",
-         "the maximum 10 of commission is far from all others: a 10th of the next higher one, 100"},
+         "the maximum 10 of commission is far from all others: the next higher one, 100, is 10 times as much"},
         {"RoundingUnlikeTheOthers",
          {{"charges.csv", "commission,both,turnover,,order,CNY,2026-09-01,,,",
            "commission,both,turnover,,order,CNY,2026-09-01,,,0.01 half_up"},
@@ -295,7 +295,7 @@ const std::vector<Fault>& faults() {
          "far-rate",
          "warning",
          "fees/stock.csv,5",
-         "a 10th of the next higher one"},
+         "is 10 times as much"},
         {"MarginFarFromTheOthers",
          {{"fees/margin.csv", "rb27*,2,0.08,0.08", "rb27*,2,0.008,0.08"}},
          "far-rate",
@@ -317,8 +317,8 @@ const std::vector<Fault>& faults() {
          "far-rate",
          "warning",
          "fees/margin.csv,2",
-         "long_by_money 0.008 is far from all other rates of its column for rb of SHFE: a 8.8th of the next higher "
-         "one, 0.07"},
+         "long_by_money 0.008 is far from all other rates of its column for rb of SHFE: the next higher one, 0.07, "
+         "is 8.8 times as much"},
         {"OldDuty",
          {{"fees/stock.csv", "S200,SZ,*,,0.0003,0.0005", "S200,SZ,*,,0.0003,0.001"}},
          "old-duty",
