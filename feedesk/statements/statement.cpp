@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 #include <variant>
 
@@ -64,20 +65,23 @@ private:
         return std::count_if(cells->begin(), cells->end(), [](const std::string& each) { return !each.empty(); }) < 2;
     }
 
-    /// Whether the line says nothing of a trade, as one of sums without a word before them.
-    [[nodiscard]] bool isNameless() const {
-        const auto isEmpty = [&](TradeFact fact) {
-            const std::size_t column = *header.of(fact);
-            return column >= cells->size() || cell(column).empty();
-        };
-        return isEmpty(TradeFact::kDate) && isEmpty(TradeFact::kCode) && isEmpty(TradeFact::kOperation);
+    [[nodiscard]] std::string_view textOf(TradeFact fact) const {
+        const std::size_t column = *header.of(fact);
+        return column < cells->size() ? std::string_view(cell(column)) : std::string_view();
+    }
+
+    /// Whether the line says neither what was traded nor how, as a sum of all or of a day, wherever its word is and
+    /// however it is written. No code is without a digit.
+    [[nodiscard]] bool namesNoTrade() const {
+        return textOf(TradeFact::kOperation).empty() &&
+               textOf(TradeFact::kCode).find_first_of("0123456789") == std::string_view::npos;
     }
 
     /// A line of sums or remarks: it begins as one, names no trade, has no more than one cell filled, or is drawn.
     [[nodiscard]] bool isFooter() const {
         const auto first =
             std::find_if(cells->begin(), cells->end(), [](const std::string& each) { return !each.empty(); });
-        if (first == cells->end() || fewCellsAreFilled() || isNameless() ||
+        if (first == cells->end() || fewCellsAreFilled() || namesNoTrade() ||
             first->find_first_not_of("-=") == std::string::npos) {
             return true;
         }
@@ -97,6 +101,12 @@ private:
         std::vector<std::string> words;
         for (const auto& [each, side] : layout.operations) {
             words.push_back(each);
+        }
+        if (word.empty()) {
+            throw WrongCell{title(TradeFact::kOperation),
+                            fmt::format("is empty, and the line has a code and a quantity: what was done was expected, "
+                                        "one of {}; fill it in",
+                                        standalone::oneOf(words, 8))};
         }
         throw WrongCell{title(TradeFact::kOperation),
                         fmt::format("holds {}, which the layout {} does not know, only {}; add it to the layout's "

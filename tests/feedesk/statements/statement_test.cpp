@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -83,6 +84,23 @@ TEST(Statement, PassesOverSumsWithoutAWord) {
     EXPECT_EQ(found.statement.lines.size(), 1U);
     EXPECT_EQ(passedOver(found.statement), "3 4");
     EXPECT_TRUE(found.wrong.empty());
+}
+
+TEST(Statement, PassesOverSumsHoweverTheyAreWritten) {
+    const std::string sums = "\t100\t\t502.00\t5.00\t0\t.01\t0\t-507.01\t";
+    const Read found = read({kHeader, "合  计\t\t\t" + sums, "【本日合计】\t\t\t" + sums, "20210304\t小计\t\t" + sums,
+                             "20210304\t\t当日小计\t" + sums, "20210304\t\t\t" + sums, kTrade});
+    EXPECT_EQ(found.statement.lines.size(), 1U);
+    EXPECT_EQ(passedOver(found.statement), "2 3 4 5 6");
+    EXPECT_TRUE(found.wrong.empty());
+}
+
+TEST(Statement, RefusesATradeWithoutAnOperation) {
+    const Read found = read({kHeader, "20210304\t000001\t平安银行\t\t100\t5.02\t502\t5\t0\t.01\t0\t-507.01\t1"});
+    EXPECT_TRUE(found.statement.passedOver.empty());
+    ASSERT_EQ(found.wrong.size(), 1U);
+    EXPECT_EQ(found.wrong[0].column, "操作");
+    EXPECT_THAT(found.wrong[0].sentence, testing::StartsWith("is empty, and the line has a code and a quantity"));
 }
 
 // What nobody put into the layout is no trade either when nothing was traded; with a quantity it must be known.
