@@ -90,6 +90,7 @@ ExitStatus reconcileStatement(Program& program, const ReconcileArguments& argume
     Session& session = program.open();
     const standalone::Account& account = session.account(arguments.account);
     const Statement statement = readStatement(arguments.statement, session.layouts());
+    refuseUnknownCharges(statement.layout, session.folder());
     const Reconciliation found = Reconciler(session, arguments.account).reconcile(statement);
     const Proposals proposals = provenProposals(found, statement, arguments.account, program.session.folder);
     if (!arguments.patch.empty() && !proposals.patch.empty()) {

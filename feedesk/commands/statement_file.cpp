@@ -3,13 +3,17 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <set>
+#include <utility>
 
+#include "cost/rates.h"
 #include "feedesk/failure.h"
 #include "feedesk/statements/encoding.h"
 #include "feedesk/terminal/messages.h"
 #include "feedesk/text/numbers.h"
 #include "feedesk/text/text.h"
 #include "standalone/market_files.h"
+#include "standalone/text/wording.h"
 
 namespace feedesk {
 namespace {
@@ -39,7 +43,39 @@ void refuseWrongLines(const std::vector<WrongLine>& wrong, const std::string& fi
     }
 }
 
+/// What a charge may be called in the folder, each once.
+std::vector<std::string> chargeNamesOf(const standalone::MarketFolder& folder) {
+    std::set<std::string> names(cost::kCommissionNames.begin(), cost::kCommissionNames.end());
+    for (const auto& [family, rates] : folder.everyDay().rateNames) {
+        for (const standalone::NamedRate& rate : rates) {
+            names.insert(rate.column);
+        }
+    }
+    for (const cost::Term& term : folder.schedule().terms()) {
+        names.insert(term.charge);
+    }
+    return {names.begin(), names.end()};
+}
+
 }  // namespace
+
+void refuseUnknownCharges(const Layout& layout, const standalone::MarketFolder& folder) {
+    const std::vector<std::string> known = chargeNamesOf(folder);
+    for (const ChargeColumn& column : layout.charges) {
+        for (const auto& [key, charges] : {std::pair("charges", &column.charges), std::pair("all_in", &column.allIn)}) {
+            for (const std::string& charge : *charges) {
+                if (!std::binary_search(known.begin(), known.end(), charge)) {
+                    throw Failure(
+                        kBadInput,
+                        fmt::format("the layout {}: {} of [charges.{}] holds {}, which is neither a charge of "
+                                    "{} nor a rate; correct it{}",
+                                    layout.name, key, column.name, echoed(charge), standalone::files::kCharges,
+                                    standalone::suggestion(charge, known)));
+                }
+            }
+        }
+    }
+}
 
 Statement readStatement(const StatementFile& file, const FolderLayouts& folder) {
     const std::vector<Layout> layouts = layoutsFor(file, folder);

@@ -408,6 +408,26 @@ TEST_F(Reconcile, RefusesWrongQuestionsInOneSentence) {
     }
 }
 
+// Every line would differ, and nothing would explain it.
+TEST_F(Reconcile, RefusesALayoutWithAChargeThatTheFolderDoesNotHave) {
+    for (const auto& [key, lines] : std::vector<std::pair<std::string, std::string>>{
+             {"charges", "charges = \"comission\"\n"},
+             {"all_in", "charges = \"commission\"\nall_in = \"comission\"\n"}}) {
+        folder.write(
+            "layouts/other.toml",
+            "format = 1\ntitle = \"other\"\n[columns]\ndate = \"日期\"\ncode = \"代码\"\noperation = \"买卖\"\n"
+            "quantity = \"数量\"\nprice = \"价格\"\n[operations]\nbuy = \"买\"\nsell = \"卖\"\n"
+            "[charges.commission]\ncolumn = \"佣金\"\n" +
+                lines);
+        folder.writeStatement("日期,代码,买卖,数量,价格,佣金\n20240102,600519,买,100,1000,31\n");
+        const Outcome outcome = folder.reconcile("--layout other");
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.err, "feedesk: the layout other: " + key +
+                                   " of [charges.commission] holds comission, which is neither a charge of "
+                                   "charges.csv nor a rate; correct it; did you mean \"commission\"?\n");
+    }
+}
+
 TEST_F(Reconcile, WritesOverNothingThatItReads) {
     folder.writeStatement("日期,代码,买卖,数量,价格,佣金\n20240102,600519,买,100,1000,31\n");
     const std::string file = folder.statementFile();
