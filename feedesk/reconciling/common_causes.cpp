@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace feedesk {
 namespace {
@@ -125,19 +126,41 @@ void takeCausesOfTerms(const OrdersByDay& orders) {
     }
 }
 
-std::vector<CommonCause> commonCausesOf(const OrdersByDay& orders) {
+std::vector<OrdersByDay> byFolderLines(const OrdersByDay& orders) {
     std::map<std::string, OrdersByDay> kinds;
     for (ReconciledOrder* each : openOf(orders)) {
         kinds[folderLinesOf(*each)].push_back(each);
     }
+    std::vector<OrdersByDay> all;
+    all.reserve(kinds.size());
+    std::transform(kinds.begin(), kinds.end(), std::back_inserter(all), [](const auto& each) { return each.second; });
+    return all;
+}
+
+std::vector<CommonCause> commonCausesOf(const OrdersByDay& orders) {
     std::vector<CommonCause> causes;
-    for (const auto& [name, kind] : kinds) {
+    for (OrdersByDay& kind : byFolderLines(orders)) {
         const std::optional<Explanation> common = kind.size() > 1 ? commonOf(kind, isNone) : std::nullopt;
         if (common) {
-            causes.push_back({kind, *common});
+            causes.push_back({std::move(kind), *common});
         }
     }
     return causes;
+}
+
+/// Of changes that differ by their line alone, such as a fee left out in two markets, each is the same for a broker.
+std::size_t mostOfOneCause(const OrdersByDay& orders) {
+    std::map<Cause, std::size_t> explained;
+    std::size_t most = 0;
+    for (const ReconciledOrder* order : orders) {
+        std::set<Cause> causes;
+        std::transform(order->alsoFit.begin(), order->alsoFit.end(), std::inserter(causes, causes.end()),
+                       [](const Explanation& each) { return each.cause; });
+        for (const Cause each : causes) {
+            most = std::max(most, ++explained[each]);
+        }
+    }
+    return most;
 }
 
 bool haveCauseInCommon(const OrdersByDay& orders) { return commonOf(orders, isNone).has_value(); }

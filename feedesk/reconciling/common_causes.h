@@ -1,6 +1,7 @@
 #ifndef FEEDESK_RECONCILING_COMMON_CAUSES_H
 #define FEEDESK_RECONCILING_COMMON_CAUSES_H
 
+#include <cstddef>
 #include <vector>
 
 #include "feedesk/reconciling/charged_lines.h"
@@ -23,6 +24,12 @@ void takeCauseOfAll(const OrdersByDay& orders);
 /// Of the differing orders that the same lines of the folder charge, two or more, the first cause that explains them
 /// all, where there is one.
 std::vector<CommonCause> commonCausesOf(const OrdersByDay& orders);
+
+/// The differing orders without a cause, those together that the same lines of the folder charge.
+std::vector<OrdersByDay> byFolderLines(const OrdersByDay& orders);
+
+/// How many of the orders are explained by the one kind of change that explains most of them.
+std::size_t mostOfOneCause(const OrdersByDay& orders);
 
 /// Whether one change explains each of the orders.
 bool haveCauseInCommon(const OrdersByDay& orders);

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <map>
 #include <set>
@@ -30,6 +31,44 @@ bool mayBeItsFills(const ReconciledOrder& charged, const Layout& layout) {
 /// Whether only another rate explains the order.
 bool needsRate(const ReconciledOrder& charged, const Layout& layout) {
     return charged.isOpen() && charged.alsoFit.empty() && !mayBeItsFills(charged, layout);
+}
+
+/// How many trades at least a rate explains beyond what one cause does, to go before that: a single one may be
+/// another fault, which the rate fits by chance.
+constexpr std::size_t kFewestBeyondACause = 2;
+
+/// Orders that the same lines of the folder charge.
+struct OrdersOfKind {
+    OrdersByDay orders;
+    std::size_t byOneCause;  ///< how many of them the kind of change explains that explains most
+};
+
+std::vector<OrdersOfKind> chargedTogether(const OrdersByDay& orders) {
+    std::vector<OrdersByDay> together = byFolderLines(orders);
+    std::vector<OrdersOfKind> all;
+    all.reserve(together.size());
+    for (OrdersByDay& each : together) {
+        const std::size_t most = mostOfOneCause(each);
+        all.push_back({std::move(each), most});
+    }
+    return all;
+}
+
+/// How many orders the change explains more than the best single cause of each line of the folder does; 0 where such a
+/// cause explains more.
+std::size_t beyondCauses(const RateChange& change, const std::vector<OrdersOfKind>& kinds) {
+    const std::set<const ReconciledOrder*> explained(change.explained.begin(), change.explained.end());
+    std::size_t beyond = 0;
+    for (const OrdersOfKind& kind : kinds) {
+        const auto count = static_cast<std::size_t>(std::count_if(
+            kind.orders.begin(), kind.orders.end(),
+            [&](const ReconciledOrder* each) { return !each->alsoFit.empty() && explained.count(each) != 0; }));
+        if (count != 0 && count < kind.byOneCause) {
+            return 0;
+        }
+        beyond += count == 0 ? 0 : count - kind.byOneCause;
+    }
+    return beyond;
 }
 
 /// Takes the changes out that explain the most orders, all the same ones.
@@ -78,11 +117,18 @@ Explanation fillByFill(const ReconciledOrder& charged) {
 }  // namespace
 
 void RateCauses::removeNeedless(RateChanges& changes) const {
-    const auto isNeedless = [&](const RateChange& change) {
-        return std::none_of(change.explained.begin(), change.explained.end(),
-                            [&](const ReconciledOrder* each) { return needsRate(*each, layout); });
-    };
-    changes.erase(std::remove_if(changes.begin(), changes.end(), isNeedless), changes.end());
+    const auto needless = std::stable_partition(changes.begin(), changes.end(), [&](const RateChange& change) {
+        return std::any_of(change.explained.begin(), change.explained.end(),
+                           [&](const ReconciledOrder* each) { return needsRate(*each, layout); });
+    });
+    const bool mayGoBefore = std::any_of(needless, changes.end(), [](const RateChange& change) {
+        return change.explained.size() > kFewestBeyondACause && !haveCauseInCommon(change.explained);
+    });
+    const std::vector<OrdersOfKind> kinds = mayGoBefore ? chargedTogether(orders) : std::vector<OrdersOfKind>();
+    changes.erase(
+        std::remove_if(needless, changes.end(),
+                       [&](const RateChange& change) { return beyondCauses(change, kinds) < kFewestBeyondACause; }),
+        changes.end());
 }
 
 std::vector<SolvedRate> RateCauses::ratesOf(const ReconciledOrder& charged) {
@@ -116,9 +162,9 @@ void RateCauses::takeBefore(const std::vector<CommonCause>& commonCauses, RateCh
         const std::set<const ReconciledOrder*> explained(change.explained.begin(), change.explained.end());
         const auto isExplained = [&](const ReconciledOrder* each) { return explained.count(each) != 0; };
         const auto isMetInPart = [&](const CommonCause& common) {
-            const auto& orders = common.orders;
-            return std::any_of(orders.begin(), orders.end(), isExplained) &&
-                   !std::all_of(orders.begin(), orders.end(), isExplained);
+            const auto& met = common.orders;
+            return std::any_of(met.begin(), met.end(), isExplained) &&
+                   !std::all_of(met.begin(), met.end(), isExplained);
         };
         return explained.size() < 2 || haveCauseInCommon(change.explained) ||
                std::any_of(commonCauses.begin(), commonCauses.end(), isMetInPart);

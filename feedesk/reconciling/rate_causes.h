@@ -12,15 +12,17 @@ namespace feedesk {
 /// Gives differing orders the rates that are their causes.
 class RateCauses {
 public:
-    /// All three must outlive it.
-    RateCauses(const ChargedLines& chargedLines, const Layout& statementLayout, OtherTariffs& otherTariffs)
-        : lines(chargedLines), layout(statementLayout), others(otherTariffs) {}
+    /// All of them must outlive it; the orders are those of the lines.
+    RateCauses(const OrdersByDay& ordersByDay, const ChargedLines& chargedLines, const Layout& statementLayout,
+               OtherTariffs& otherTariffs)
+        : orders(ordersByDay), lines(chargedLines), layout(statementLayout), others(otherTariffs) {}
 
     /// Takes those of the changes that explain several orders which no single change explains together, and each of the
     /// common causes that it meets as a whole: what explains all lines goes before what explains a part of them.
     void takeBefore(const std::vector<CommonCause>& commonCauses, RateChanges changes);
 
-    /// Takes the changes, those first that explain most. Each explains at least one order that no single change does.
+    /// Takes the changes, those first that explain most. Each explains at least one order that no single change does,
+    /// or two at least that go without the cause which explains most orders of their line of the folder.
     /// Where the rates of several charges explain the same orders, the first of them is given and says so; of a single
     /// order none is.
     void take(RateChanges changes);
@@ -47,6 +49,7 @@ private:
     [[nodiscard]] std::vector<SolvedRate> ratesOf(const ReconciledOrder& charged);
     [[nodiscard]] std::shared_ptr<const SolvedRate> oneOf(const RateChanges& changes);
 
+    const OrdersByDay& orders;
     const ChargedLines& lines;
     const Layout& layout;
     OtherTariffs& others;

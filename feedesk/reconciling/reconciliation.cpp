@@ -100,7 +100,7 @@ void Reconciler::findCauses(const Statement& statement, Reconciliation& result) 
     addLastHypotheses(layout, orders);
     const ChargedLines lines(orders);
     RateSearch search(lines, layout);
-    RateCauses rates(lines, layout, others);
+    RateCauses rates(orders, lines, layout, others);
     const RateChanges ofAll = search.changes();
     takeCausesOfTerms(orders);
     takeCauseOfAll(orders);

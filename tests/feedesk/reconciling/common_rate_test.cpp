@@ -202,5 +202,55 @@ TEST_F(CommonRate, OfElsewhereIsNotProposedWhereAnotherChargesRateFitsToo) {
     EXPECT_FALSE(std::filesystem::exists(folder.patchFile())) << outcome.out;
 }
 
+/// Sums alone. Account S100 pays 0.01 % commission, at least 5, and 0.002 % transfer fee; S200 pays 0.008 % in 600519.
+/// With 0.008 % an order costs as much as without the transfer fee where both commissions are above 5.
+class RateOfLinesWithSeveralCauses : public CommonRate {
+protected:
+    Outcome reconciled(const std::string& lines) {
+        folder.write("charges.csv",
+                     "family,charge,side,basis,minimum,per,rounding,currency,source,checked\n"
+                     "stock,commission,both,turnover,5,order,0.01 half_up,CNY,test,2024-01-02\n"
+                     "stock,stamp_duty,sell,turnover,,order,0.01 half_up,CNY,test,2024-01-02\n"
+                     "stock,transfer_fee,both,turnover,,order,0.01 half_up,CNY,test,2024-01-02\n");
+        folder.write("fees/stock.csv",
+                     "account,market,code,commission,transfer_fee,stamp_duty,from,until\n"
+                     "S100,SH,60*,0.0001,0.00002,0.0005,,\nS200,SH,600519,0.00008,0.00002,0.0005,,\n");
+        folder.writeStatement(
+            "日期,代码,买卖,数量,价格,笔数,发生\n"
+            "20240102,601088,买,100,1000,1,-100010.00\n"
+            "20240103,601088,买,100,2000,1,-200020.00\n" +
+            lines);
+        return folder.reconcile("--patch " + folder.patchFile());
+    }
+};
+
+// 55000 and 60000 pay the minimum of 5, and 1.10 and 1.20: with the transfer fee left out they would pay 5.50 and 6.00.
+TEST_F(RateOfLinesWithSeveralCauses, GoesBeforeThemWhereItExplainsAll) {
+    const Outcome outcome = reconciled(
+        "20240104,600519,买,100,550,1,-55006.10\n"
+        "20240105,600519,买,100,600,1,-60006.20\n");
+    EXPECT_NE(unfolded(outcome.out)
+                  .find("Lines 2, 3, 4, 5: the commission 0.00008 (any from 0.000079975 to 0.000080024999) fits all 4 "
+                        "lines from 2024-01-02 on; the folder has 0.0001, fees/stock.csv:2; also fits"),
+              std::string::npos)
+        << outcome.out;
+    EXPECT_EQ(folder.addedByPatch(), (std::vector<std::string>{"S100,SH,60*,0.0001,0.00002,0.0005,,2024-01-01",
+                                                               "S100,SH,60*,0.00008,0.00002,0.0005,2024-01-02,"}));
+}
+
+TEST_F(RateOfLinesWithSeveralCauses, GoesBehindThemWhereOneTradeAloneHasAnother) {
+    const Outcome outcome = reconciled("20240104,600519,买,100,550,1,-55006.10\n");
+    const std::string text = unfolded(outcome.out);
+    EXPECT_NE(text.find("Lines 2, 3: the transfer_fee (charges.csv:4) left out"), std::string::npos) << outcome.out;
+    EXPECT_NE(text.find("Line 4: the rates and terms of account S200"), std::string::npos) << outcome.out;
+}
+
+// 110000 pay 13.20 in the folder, 11.00 without the transfer fee and 11.00 with 0.008 % commission.
+TEST_F(RateOfLinesWithSeveralCauses, GoesBehindTheOneThatExplainsAll) {
+    const Outcome outcome = reconciled("20240104,600519,买,100,1100,1,-110011.00\n");
+    EXPECT_NE(unfolded(outcome.out).find("Lines 2, 3, 4: the transfer_fee (charges.csv:4) left out"), std::string::npos)
+        << outcome.out;
+}
+
 }  // namespace
 }  // namespace feedesk::test
