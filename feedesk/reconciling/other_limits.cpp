@@ -150,4 +150,19 @@ void addOtherLimits(const OrdersByDay& orders, const Layout& layout) {
     }
 }
 
+void addLimitsOfOne(ReconciledOrder& charged, const Layout& layout) {
+    for (const SaidOfTerm& all : saidOfTerms({&charged})) {
+        const Said& said = all.said.front();
+        const auto limit = limitOf(said, all.term);
+        if (!limit) {
+            continue;
+        }
+        const bool isInPlaceOfOwn =
+            limit->limit == Limit::kLeast && isBoundByMinimum(said, all.term) && limit->amount.isWhole();
+        if (isInPlaceOfOwn || isUsual(*limit)) {
+            note(charged, *limit, all.term, layout);
+        }
+    }
+}
+
 }  // namespace feedesk

@@ -10,6 +10,10 @@ namespace feedesk {
 /// the very same, or one costs an amount that brokers have for a minimum, such as 5.
 void addOtherLimits(const OrdersByDay& orders, const Layout& layout);
 
+/// Adds the minimum or maximum that the order alone would show, to go beside a rate which later orders refute as well:
+/// a usual amount, or one in whole money in place of the folder's minimum.
+void addLimitsOfOne(ReconciledOrder& charged, const Layout& layout);
+
 }  // namespace feedesk
 
 #endif  // FEEDESK_RECONCILING_OTHER_LIMITS_H

@@ -12,6 +12,7 @@
 
 #include "feedesk/reconciling/fill_amounts.h"
 #include "feedesk/reconciling/known_rates.h"
+#include "feedesk/reconciling/other_limits.h"
 
 namespace feedesk {
 namespace {
@@ -201,6 +202,9 @@ void RateCauses::takeOfOrder(ReconciledOrder& charged) {
     if (fitting.size() > 1) {
         charged.remark = wouldFit(fitting);
     } else if (!fitting.empty()) {
+        if (fitting.front().against) {
+            addLimitsOfOne(charged, layout);
+        }
         charged.cause = Cause::kOtherRate;
         charged.solved = std::make_shared<const SolvedRate>(std::move(fitting.front()));
     }

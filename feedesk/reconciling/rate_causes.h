@@ -29,6 +29,7 @@ public:
 
     /// Gives the order, which no single change explains, its fills charged one by one where the range of these may be
     /// the cause, or else the rate that fits it alone; or says in its remark that the rates of several charges do.
+    /// Where a later order has another rate, adds the minimum or maximum that fits it alone as well.
     void takeOfOrder(ReconciledOrder& charged);
 
     /// Where the order alone has another minimum or maximum for its cause, adds the rates that fit it as well.

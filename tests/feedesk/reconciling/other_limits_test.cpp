@@ -83,10 +83,28 @@ INSTANTIATE_TEST_SUITE_P(
                   "20240104,000001,买,100,20,5.00,0,0,,1,-2005.00\n",
                   "Lines 3, 4: a least commission of 5, where charges.csv:3 has none"},
         // The next order pays 0.20 as in the folder.
-        LimitCase{"NoMinimumThatALaterOrderDoesNotPay",
+        LimitCase{"ARateBeforeAMinimumWhereALaterOrderPaysNeither",
                   "20240102,000001,买,100,12.5,10.00,0,0,,1,-1260.00\n"
                   "20240103,000001,买,100,10,.20,0,0,,1,-1000.20\n",
                   "Line 2: the commission 0.008 (any from 0.007996 to 0.008003999999) fits this trade, and not line 3"},
+        // 2399 x 0.0002 = 0.48.
+        LimitCase{"AMinimumBesideARateThatALineOfTheDayRefutes",
+                  "20240102,000001,买,100,26.26,10.00,0,0,,1,-2636.00\n"
+                  "20240102,000001,买,100,23.99,.48,0,0,,1,-2399.48\n",
+                  "fits this trade, and not line 3 of the same day; the folder has 0.0002, configured/stock.csv:2; "
+                  "also fits: a least commission of 10, where charges.csv:3 has none"},
+        LimitCase{
+            "AMinimumInWholeMoneyBesideARateThatALaterLineRefutes",
+            "20240102,600519,买,100,32.11,6.00,0,0,,1,-3217.00\n"
+            "20240103,600519,买,100,32.11,5.00,0,0,,1,-3216.00\n",
+            "and not line 3 of 2024-01-03; the folder has 0.00025, fees/stock.csv:2; also fits: a least commission "
+            "of 6 and not 5 (charges.csv:2)"},
+        // 160550 x 0.00025 = 40.14.
+        LimitCase{"AMaximumBesideARateThatALaterLineRefutes",
+                  "20240102,600519,买,100,1605.50,30.00,0,0,,1,-160580.00\n"
+                  "20240103,600519,买,100,1605.50,40.14,0,0,,1,-160590.14\n",
+                  "and not line 3 of 2024-01-03; the folder has 0.00025, fees/stock.csv:2; also fits: a highest "
+                  "commission of 30, where charges.csv:2 has none"},
         // Both pay the minimum of 5: 60000 x 0.000083416666 is less than 5.005.
         LimitCase{"NoMaximumWhereALowerRateCostsTheMinimum",
                   "20240102,600519,买,100,600,5.00,0,0,,1,-60005.00\n"
@@ -133,6 +151,15 @@ INSTANTIATE_TEST_SUITE_P(
                   "20240104,600000,买,100,600,10.00,0,0,,1,-60010.00\n",
                   "Lines 2, 3, 4: a least commission of 10 and not 5 (charges.csv:2)"}),
     [](const auto& param) { return std::string(param.param.name); });
+
+TEST_F(OtherLimits, AreNotNamedBesideARateWhereTheAmountIsNotUsual) {
+    const Outcome outcome = folder.reconcileLines(
+        "20240102,000001,买,100,1000,31.00,0,0,,1,-100031.00\n"
+        "20240103,000001,买,100,1000,20.00,0,0,,1,-100020.00\n");
+    const std::string text = unfolded(outcome.out);
+    EXPECT_NE(text.find("Line 2: the commission 0.00031"), std::string::npos) << outcome.out;
+    EXPECT_EQ(text.find("also fits"), std::string::npos) << outcome.out;
+}
 
 }  // namespace
 }  // namespace feedesk::test
