@@ -98,6 +98,9 @@ std::optional<cost::Date> endOf(const RateChanges& changes) {
 
 /// One change in place of several, on the same days for all their lines; nothing where none explains all that they do.
 std::optional<RateChange> oneFor(const RateChanges& changes, const RateRange& range, const Layout& layout) {
+    if (changes.size() < 2) {
+        return std::nullopt;
+    }
     auto change = lastChangeOf(joined(linesOf(changes)), layout, range, endOf(changes));
     if (!change || explainedBy({*change}) != explainedBy(changes)) {
         return std::nullopt;
@@ -116,17 +119,14 @@ bool isSingle(const RateChange& change) { return change.solved.until && change.e
 
 /// One change in place of the cluster's where there is one; else those of several orders.
 RateChanges oneOrAll(Cluster cluster, const Layout& layout) {
-    for (bool withSingles : {true, false}) {
-        if (!withSingles) {
-            RateChanges& all = cluster.changes;
-            all.erase(std::remove_if(all.begin(), all.end(), isSingle), all.end());
-        }
-        auto one = cluster.changes.size() < 2 ? std::nullopt : oneFor(cluster.changes, cluster.range, layout);
-        if (one) {
-            return {std::move(*one)};
-        }
+    RateChanges& all = cluster.changes;
+    auto one = oneFor(all, cluster.range, layout);
+    const auto singles = one ? all.end() : std::remove_if(all.begin(), all.end(), isSingle);
+    if (singles != all.end()) {
+        all.erase(singles, all.end());
+        one = oneFor(all, cluster.range, layout);
     }
-    return std::move(cluster.changes);
+    return one ? RateChanges{std::move(*one)} : std::move(all);
 }
 
 /// The orders before the day.

@@ -68,7 +68,7 @@ Session::Session(const SessionOptions& options)
 
 void Session::begin(const std::optional<cost::Date>& date) {
     askedDay = dayOf(date, days);
-    tally = Tally();
+    queriesAsked = 0;
     asked = &centerOf(askedDay);
     while (centers.size() > kKeptIntervals) {
         dropOldest();
@@ -186,7 +186,7 @@ Replies Session::fees(const Account& account, const std::vector<Question>& quest
         const InPart asking("asking");
         fees = center.ask(account, questions);
     }
-    tally.queries += questions.size();
+    queriesAsked += questions.size();
     return traced(account, questions, fees);
 }
 
@@ -199,7 +199,7 @@ std::optional<Replies> Session::listedFees(const Account& account, const PickFee
         const InPart asking("asking");
         fees = center.list(account);
     }
-    ++tally.queries;
+    ++queriesAsked;
     if (!fees) {
         return {};
     }
@@ -242,7 +242,7 @@ DatedFee Session::feeOn(cost::Date date, const std::string& accountId, const Que
         const InPart asking("asking");
         fees = center.ask(account, {question});
     }
-    ++tally.queries;
+    ++queriesAsked;
     const InPart tracing("tracing");
     std::optional<Answer> answer = std::move(center.traced(account, {question}, fees).front());
     return answer ? DatedFee{fees.front(), std::move(*answer), &center.market()} : DatedFee{{}, {}, &center.market()};
@@ -273,7 +273,7 @@ std::string Session::summary() const {
         records += counts.records;
         customFees += counts.customFees;
     }
-    const std::string queries = tally.queries == 1 ? "1 query" : grouped(tally.queries) + " queries";
+    const std::string queries = queriesAsked == 1 ? "1 query" : grouped(queriesAsked) + " queries";
     return fmt::format("loaded {}, {}, {}, {}; answered {}", counted(market().instruments.size(), "instrument"),
                        counted(market().accounts.size(), "account"), counted(records, "fee record"),
                        counted(customFees, "custom fee"), queries);

@@ -27,11 +27,6 @@ struct SessionOptions {
     std::optional<cost::Date> date{};  ///< empty: as the folder says
 };
 
-/// What a session has done so far.
-struct Tally {
-    std::size_t queries = 0;
-};
-
 /// What a fee center said to some questions.
 struct Replies {
     std::vector<Answer> answers;       ///< in the order of the questions
@@ -149,7 +144,7 @@ private:
     Replies traced(const standalone::Account& account, const std::vector<Question>& questions,
                    const IntervalCenter::Fees& fees);
 
-    Tally tally;
+    std::size_t queriesAsked = 0;  // since begin()
     standalone::MarketFolder days;
     std::optional<FolderLayouts> readLayouts;
     cost::Date askedDay;
